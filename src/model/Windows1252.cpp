@@ -1,0 +1,99 @@
+#include "model/Windows1252.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+
+namespace pirol {
+namespace {
+
+/// What the codes 80 to 9F stand for; all other codes stand for the character of the same number.
+constexpr std::array<char16_t, 32> upperControls = {
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D,
+    0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A,
+    0x0153, 0x009D, 0x017E, 0x0178};
+
+constexpr char replacement = '?';
+
+bool IsAscii(char byte) {
+    return static_cast<unsigned char>(byte) < 0x80;
+}
+
+void AppendUtf8(std::string& out, char16_t character) {
+    const auto byte = [&out](unsigned value) { out += static_cast<char>(value); };
+    if (character < 0x800) {
+        byte(0xC0u | (character >> 6u));
+    } else {
+        byte(0xE0u | (character >> 12u));
+        byte(0x80u | ((character >> 6u) & 0x3Fu));
+    }
+    byte(0x80u | (character & 0x3Fu));
+}
+
+/// A character read from UTF-8 and the number of bytes it took; `valid` is false for a byte that starts none.
+struct Decoded {
+    std::uint32_t character;
+    std::size_t length;
+    bool valid;
+};
+
+Decoded DecodeOne(std::string_view text) {
+    const auto byte = [&text](std::size_t index) { return static_cast<unsigned char>(text[index]); };
+    const unsigned first = byte(0);
+    const std::size_t length = first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : 2;
+    constexpr Decoded invalid{0, 1, false};
+    if (first < 0xC2 || first > 0xF4 || text.size() < length)
+        return invalid;
+    std::uint32_t character = first & (0xFFu >> (length + 1));
+    for (std::size_t index = 1; index < length; ++index) {
+        if ((byte(index) & 0xC0u) != 0x80u)
+            return invalid;
+        character = (character << 6u) | (byte(index) & 0x3Fu);
+    }
+    constexpr std::array<std::uint32_t, 5> smallest = {0, 0, 0x80, 0x800, 0x10000};
+    const bool surrogate = character >= 0xD800 && character <= 0xDFFF;
+    if (character < smallest[length] || character > 0x10FFFF || surrogate)
+        return invalid;
+    return {character, length, true};
+}
+
+char EncodeOne(std::uint32_t character) {
+    if (character >= 0xA0 && character <= 0xFF)
+        return static_cast<char>(character);
+    const auto found = std::find(upperControls.begin(), upperControls.end(), character);
+    return found == upperControls.end() ? replacement : static_cast<char>(0x80 + (found - upperControls.begin()));
+}
+
+} // namespace
+
+std::string FromWindows1252(std::string_view bytes) {
+    const auto wide = std::count_if(bytes.begin(), bytes.end(), [](char byte) { return !IsAscii(byte); });
+    std::string out;
+    out.reserve(bytes.size() + 2 * static_cast<std::size_t>(wide));
+    for (const char byte : bytes) {
+        const auto code = static_cast<unsigned char>(byte);
+        if (IsAscii(byte))
+            out += byte;
+        else
+            AppendUtf8(out, code < 0xA0 ? upperControls[code - 0x80u] : code);
+    }
+    return out;
+}
+
+std::string ToWindows1252(std::string_view utf8) {
+    std::string out;
+    out.reserve(utf8.size());
+    while (!utf8.empty()) {
+        if (IsAscii(utf8.front())) {
+            out += utf8.front();
+            utf8.remove_prefix(1);
+            continue;
+        }
+        const Decoded decoded = DecodeOne(utf8);
+        out += decoded.valid ? EncodeOne(decoded.character) : replacement;
+        utf8.remove_prefix(decoded.length);
+    }
+    return out;
+}
+
+} // namespace pirol
