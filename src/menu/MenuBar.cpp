@@ -1,0 +1,105 @@
+#include "menu/MenuBar.h"
+
+#include "model/Conversions.h"
+#include "model/RuntimeError.h"
+
+#include <utility>
+
+namespace pirol {
+namespace {
+
+constexpr std::string_view subMenuDeclaration = "    Menue hatMenueTemp;\r\n";
+
+std::string_view FieldAt(std::span<const std::string_view> fields, std::size_t index) {
+    if (index >= fields.size())
+        throw RuntimeError(RuntimeError::IndexOutOfRange);
+    return fields[index];
+}
+
+} // namespace
+
+cMenu& MenuBar::Append(std::string caption, std::string name) {
+    cMenu& menu = menus_.emplace_back();
+    menu.Caption = std::move(caption);
+    menu.Name = std::move(name);
+    return menu;
+}
+
+cMenu* MenuBar::ReturnMenuPerTag(std::string_view tag) {
+    for (cMenu& menu : menus_)
+        if (cMenu* found = menu.ReturnMenuPerTag(tag))
+            return found;
+    return nullptr;
+}
+
+void MenuBar::DeletePerTag(std::string_view tag) {
+    for (cMenu& menu : menus_) {
+        const cMenu* found = menu.ReturnMenuPerTag(tag);
+        if (found == nullptr)
+            continue;
+        if (found == &menu)
+            menus_.erase(PlaceOf(menus_, menu));
+        else
+            menu.DeletePerTag(tag);
+        return;
+    }
+}
+
+void MenuBar::MoveItemPerTag(std::string_view tag, std::string_view direction) {
+    for (cMenu& menu : menus_) {
+        const cMenu* found = menu.ReturnMenuPerTag(tag);
+        if (found == nullptr)
+            continue;
+        if (found == &menu)
+            MoveAmongSiblings(menus_, menu, direction);
+        else
+            menu.MoveItemPerTag(tag, direction);
+        return;
+    }
+}
+
+std::string MenuBar::GenerateCode(MenuSection section) const {
+    std::string code;
+    if (section == MenuSection::Init)
+        code = subMenuDeclaration;
+    for (const cMenu& menu : menus_) {
+        switch (section) {
+        case MenuSection::Init:
+            code += menu.GenerateMenuInitCode();
+            break;
+        case MenuSection::Main:
+            code += menu.GenerateMenuCode();
+            break;
+        case MenuSection::Events:
+            code += menu.GenerateMenuEventCode();
+            break;
+        }
+    }
+    return code;
+}
+
+std::string MenuBar::CreatePRLString() const {
+    std::string lines;
+    for (const cMenu& menu : menus_)
+        lines += menu.CreatePRLString(0);
+    return lines;
+}
+
+void MenuBarReader::AddLine(std::span<const std::string_view> fields) {
+    const int depth = ToInt16(FieldAt(fields, 0));
+    const int type = ToInt16(FieldAt(fields, 1));
+    if (type == cMenu::Menu) {
+        const std::string_view name = FieldAt(fields, 2);
+        path_ = {&bar_.Append(std::string(FieldAt(fields, 3)), std::string(name))};
+        return;
+    }
+    if (type < cMenu::Menu || type > cMenu::Separator || depth < 1 || static_cast<std::size_t>(depth) > path_.size())
+        throw RuntimeError(RuntimeError::IndexOutOfRange);
+    if (depth > maxDepth)
+        throw RuntimeError(RuntimeError::OutOfMemory);
+    const std::string_view caption = type == cMenu::Separator ? std::string_view() : FieldAt(fields, 2);
+    path_.resize(static_cast<std::size_t>(depth));
+    path_.push_back(path_.back()->AddEntry(std::string(caption), type));
+}
+
+} // namespace pirol

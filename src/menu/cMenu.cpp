@@ -1,0 +1,220 @@
+#include "menu/cMenu.h"
+
+#include "model/Conversions.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace pirol {
+namespace {
+
+/// The one variable through which the generated program builds all its submenus.
+constexpr std::string_view subMenuVariable = "hatMenueTemp";
+
+struct Spelling {
+    std::string_view text;
+    std::string_view inJava;
+};
+
+constexpr Spelling spellings[] = {
+    {"Ä", "Ae"}, {"ä", "ae"}, {"Ö", "Oe"}, {"ö", "oe"}, {"Ü", "Ue"}, {"ü", "ue"},
+    {"ß", "ss"}, {" ", ""},   {"-", ""},   {".", ""},   {"\\", ""},  {"#", ""},
+};
+
+} // namespace
+
+cMenu::cMenu(const cMenu& other)
+    : Caption(other.Caption), Name(other.Name), Tag(other.Tag), EntryType(other.EntryType), children_(other.children_) {
+    AdoptChildren();
+}
+
+cMenu::cMenu(cMenu&& other) noexcept
+    : Caption(std::move(other.Caption)), Name(std::move(other.Name)), Tag(std::move(other.Tag)),
+      EntryType(other.EntryType), children_(std::move(other.children_)) {
+    AdoptChildren();
+}
+
+cMenu& cMenu::operator=(const cMenu& other) {
+    if (this != &other)
+        *this = cMenu(other);
+    return *this;
+}
+
+cMenu& cMenu::operator=(cMenu&& other) noexcept {
+    if (this == &other)
+        return *this;
+    // The other node may be one of our own descendants: our old children must live until it has given up all it has.
+    std::list<cMenu> children = std::move(other.children_);
+    Caption = std::move(other.Caption);
+    Name = std::move(other.Name);
+    Tag = std::move(other.Tag);
+    EntryType = other.EntryType;
+    children_.swap(children);
+    AdoptChildren();
+    return *this;
+}
+
+bool operator==(const cMenu& a, const cMenu& b) {
+    return a.EntryType == b.EntryType && a.Caption == b.Caption && a.Name == b.Name && a.children_ == b.children_;
+}
+
+void cMenu::AdoptChildren() noexcept {
+    for (cMenu& child : children_)
+        child.parent_ = this;
+}
+
+cMenu* cMenu::AddEntry(std::string caption, std::int32_t entryType, std::string_view afterTag) {
+    auto place = children_.end();
+    if (afterTag != atEnd) {
+        const cMenu* found = ReturnMenuPerTag(afterTag);
+        if (found == nullptr || found->parent_ != this)
+            return nullptr;
+        place = std::next(PlaceOf(children_, *found));
+    }
+    cMenu& child = *children_.emplace(place);
+    child.Caption = entryType == Separator ? std::string(separatorCaption) : std::move(caption);
+    child.EntryType = entryType;
+    child.parent_ = this;
+    return &child;
+}
+
+std::string cMenu::GenerateMenuInitCode() const {
+    return std::string("    Menue ").append(Name).append(";").append(lineEnd);
+}
+
+std::string cMenu::GenerateMenuCode() const {
+    std::string code;
+    AppendMenuCode(code);
+    return code;
+}
+
+std::string cMenu::GenerateMenuEventCode() const {
+    std::string code;
+    AppendMenuEventCode(code);
+    return code;
+}
+
+std::string_view cMenu::ParentName() const {
+    return parent_ != nullptr ? std::string_view(parent_->Name) : std::string_view();
+}
+
+std::string_view cMenu::EventPrefix() const {
+    return EntryType == SubMenu ? ParentName() : Name;
+}
+
+void cMenu::AppendMenuCode(std::string& code) const {
+    constexpr std::string_view indent = "        ";
+    const std::string_view target = EntryType == SubMenu ? subMenuVariable : std::string_view(Name);
+    if (EntryType == Menu)
+        code.append(indent).append(Name).append(" = new Menue(\"").append(Caption).append("\");").append(lineEnd);
+    else if (EntryType == SubMenu)
+        code.append(indent)
+            .append(subMenuVariable)
+            .append(" = ")
+            .append(ParentName())
+            .append(".neuesUntermenue(\"")
+            .append(Caption)
+            .append("\");")
+            .append(lineEnd);
+
+    for (const cMenu& child : children_) {
+        if (child.EntryType == Entry)
+            code.append(indent)
+                .append(target)
+                .append(".haengeZeileAn(\"")
+                .append(child.Caption)
+                .append("\", \"")
+                .append(EventPrefix())
+                .append(CleanString(child.Caption))
+                .append("\");")
+                .append(lineEnd);
+        else if (child.EntryType == Separator)
+            code.append(indent).append(target).append(".haengeTrennungAn();").append(lineEnd);
+        else if (child.EntryType == SubMenu)
+            child.AppendMenuCode(code);
+    }
+}
+
+void cMenu::AppendMenuEventCode(std::string& code) const {
+    for (const cMenu& child : children_) {
+        if (child.EntryType == Entry)
+            code.append("    public void ")
+                .append(EventPrefix())
+                .append(CleanString(child.Caption))
+                .append("()\r\n    {\r\n\r\n    }\r\n\r\n");
+        else if (child.EntryType == SubMenu)
+            child.AppendMenuEventCode(code);
+    }
+}
+
+std::string cMenu::CleanString(std::string_view text) {
+    std::string clean(text);
+    for (const Spelling& spelling : spellings)
+        clean = ReplaceAll(clean, spelling.text, spelling.inJava);
+    return clean;
+}
+
+cMenu* cMenu::ReturnMenuPerTag(std::string_view tag) {
+    if ((EntryType == Menu || EntryType == SubMenu) && Tag == tag)
+        return this;
+    for (cMenu& child : children_) {
+        if (child.Tag == tag)
+            return &child;
+        if (child.EntryType != SubMenu)
+            continue;
+        if (cMenu* found = child.ReturnMenuPerTag(tag))
+            return found;
+    }
+    return nullptr;
+}
+
+void cMenu::DeletePerTag(std::string_view tag) {
+    const cMenu* found = ReturnMenuPerTag(tag);
+    if (found == nullptr || found == this)
+        return;
+    std::list<cMenu>& siblings = found->parent_->children_;
+    siblings.erase(PlaceOf(siblings, *found));
+}
+
+void cMenu::MoveItemPerTag(std::string_view tag, std::string_view direction) {
+    const cMenu* found = ReturnMenuPerTag(tag);
+    if (found != nullptr && found != this)
+        MoveAmongSiblings(found->parent_->children_, *found, direction);
+}
+
+std::string cMenu::CreatePRLString(std::int32_t level) const {
+    std::string lines;
+    AppendPRLString(lines, level);
+    return lines;
+}
+
+void cMenu::AppendPRLString(std::string& lines, std::int32_t level) const {
+    lines.append(std::to_string(EntryType == Menu ? 0 : level))
+        .append(1, fieldSeparator)
+        .append(std::to_string(EntryType));
+    if (EntryType == Menu)
+        lines.append(1, fieldSeparator).append(Name);
+    if (EntryType != Separator)
+        lines.append(1, fieldSeparator).append(Caption);
+    lines.append(lineEnd);
+    for (const cMenu& child : children_)
+        if (child.EntryType != Menu)
+            child.AppendPRLString(lines, level + 1);
+}
+
+std::list<cMenu>::iterator PlaceOf(std::list<cMenu>& siblings, const cMenu& node) {
+    return std::find_if(siblings.begin(), siblings.end(), [&node](const cMenu& sibling) { return &sibling == &node; });
+}
+
+void MoveAmongSiblings(std::list<cMenu>& siblings, const cMenu& node, std::string_view direction) {
+    const auto place = PlaceOf(siblings, node);
+    if (place == siblings.end())
+        return;
+    if (direction == cMenu::up && place != siblings.begin())
+        siblings.splice(std::prev(place), siblings, place);
+    else if (direction == cMenu::down && std::next(place) != siblings.end())
+        siblings.splice(place, siblings, std::next(place));
+}
+
+} // namespace pirol
