@@ -1,3 +1,240 @@
-int main() {
-    return 0;
+// pirol-cli: what the designer does with files, without a window.
+
+#include "codegen/JavaGenerator.h"
+#include "codegen/JavaImport.h"
+#include "codegen/JavaText.h"
+#include "codegen/ProjectExport.h"
+#include "model/FileAccess.h"
+#include "model/RuntimeError.h"
+#include "model/Windows1252.h"
+#include "project/HashFunction.h"
+#include "project/ProjectFile.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#ifdef _WIN32
+#include <fcntl.h>
+#include <io.h>
+#include <shellapi.h>
+#include <windows.h>
+#endif
+
+namespace {
+
+using namespace pirol;
+
+enum ExitStatus { done = 0, refused = 1, wrongCall = 2 };
+
+constexpr std::string_view usage =
+    "Aufruf:\n"
+    "  pirol-cli generate P.prl [--menu] [--sql] [-o DATEI]   Java-Quelltext erzeugen\n"
+    "  pirol-cli import SuMAnwendung.java -o P.prl            Java-Quelltext in ein Projekt einlesen\n"
+    "  pirol-cli export P.prl ORDNER [--menu] [--sql]         BlueJ-Projektordner anlegen\n"
+    "  pirol-cli copy P.prl ZIEL.prl                          Projekt laden und speichern\n"
+    "  pirol-cli check P.prl ...                              zeigen, was das Projekt enthält\n"
+    "  pirol-cli hash DATEI                                   Inhalts-Hash der Datei ausgeben\n"
+    "  pirol-cli --help | --version\n"
+    "\n"
+    "--menu und --sql erzeugen auch die Menüleiste und den Datenbankzugriff.\n"
+    "Ohne -o geht der Quelltext an die Standardausgabe.\n";
+
+/// The call does not look as it should.
+struct UsageError {
+    std::string message;
+};
+
+/// The project file's hash does not match.
+struct Refusal {};
+
+/// The words of a call: files and folders in order, and the options.
+struct Arguments {
+    std::vector<std::string> names;
+    CodeOptions code;
+    std::optional<std::string> output;
+};
+
+/// Which options a command knows and how many names it wants.
+struct Command {
+    std::string_view name;
+    std::size_t fewestNames;
+    std::size_t mostNames;
+    bool codeOptions;
+    bool outputOption;
+    void (*run)(const Arguments&);
+};
+
+void Print(std::FILE* stream, std::string_view text) {
+    if (std::fwrite(text.data(), 1, text.size(), stream) != text.size() || std::fflush(stream) != 0)
+        throw RuntimeError(RuntimeError::DeviceError);
+}
+
+ProjectModel Load(const std::string& name) {
+    ProjectModel model;
+    if (ReadPRLFile(PathOf(name), model) == ReadResult::Refused)
+        throw Refusal();
+    return model;
+}
+
+void Save(const std::string& name, const ProjectModel& model) {
+    const std::string bytes = GeneratePRLCode(model);
+    UnderLabel("Main.File.PRL.GeneratePRLCode", [&] { ReplaceFileBytes(PathOf(name), bytes); });
+}
+
+void Generate(const Arguments& arguments) {
+    const std::string bytes = ToWindows1252(GenerateCode(Load(arguments.names[0]), arguments.code));
+    UnderLabel("Main.Project.Export", [&] {
+        if (arguments.output)
+            ReplaceFileBytes(PathOf(*arguments.output), bytes);
+        else
+            Print(stdout, bytes);
+    });
+}
+
+void Import(const Arguments& arguments) {
+    if (!arguments.output)
+        throw UsageError{"import braucht -o P.prl."};
+    const std::string source = UnderLabel("Main.File.Import.Analyse",
+                                          [&] { return FromWindows1252(ReadFileBytes(PathOf(arguments.names[0]))); });
+    ProjectModel model;
+    AnalyseCode(source, model);
+    Save(*arguments.output, model);
+}
+
+void Export(const Arguments& arguments) {
+    ExportBlueJProject(PathOf(arguments.names[1]), GenerateCode(Load(arguments.names[0]), arguments.code));
+}
+
+void Copy(const Arguments& arguments) {
+    Save(arguments.names[1], Load(arguments.names[0]));
+}
+
+std::size_t CountEntries(const cMenu& menu) {
+    std::size_t count = 0;
+    for (const cMenu& child : menu.Children())
+        count += 1 + CountEntries(child);
+    return count;
+}
+
+std::string Description(const ProjectModel& model) {
+    std::string text;
+    Append(text, "Fenster: ", model.WindowWidth(), " x ", model.WindowHeight(), "\n", "Autor: ", model.Author(), "\n");
+    for (const KindRow& row : KindRows())
+        Append(text, row.javaClass, ": ", model.ElementCount(row.kind) - 1, "\n");
+    std::size_t entries = 0;
+    for (const cMenu& menu : model.Menus().Menus())
+        entries += CountEntries(menu);
+    Append(text, "Menüs: ", model.Menus().Menus().size(), "\n", "Menüeinträge: ", entries, "\n");
+    const SQLSettings& sql = model.Sql();
+    Append(text, "Datenbank: ", sql.UsesDatabase() ? Concatenate(sql.Database, " auf ", sql.Server) : "keine", "\n");
+    return text;
+}
+
+void Check(const Arguments& arguments) {
+    for (const std::string& name : arguments.names) {
+        if (arguments.names.size() > 1)
+            Print(stdout, Concatenate("Projekt: ", name, "\n"));
+        Print(stdout, Description(Load(name)));
+    }
+}
+
+void Hash(const Arguments& arguments) {
+    Print(stdout, HashFunction(ReadFileBytes(PathOf(arguments.names[0]))) + "\n");
+}
+
+constexpr std::size_t any = static_cast<std::size_t>(-1);
+
+constexpr Command commands[] = {
+    {"generate", 1, 1, true, true, Generate}, {"import", 1, 1, false, true, Import},
+    {"export", 2, 2, true, false, Export},    {"copy", 2, 2, false, false, Copy},
+    {"check", 1, any, false, false, Check},   {"hash", 1, 1, false, false, Hash},
+};
+
+Arguments ParseArguments(const Command& command, std::span<const std::string> words) {
+    Arguments arguments;
+    for (auto word = words.begin(); word != words.end(); ++word) {
+        if (command.codeOptions && *word == "--menu") {
+            arguments.code.menu = true;
+        } else if (command.codeOptions && *word == "--sql") {
+            arguments.code.database = true;
+        } else if (command.outputOption && *word == "-o") {
+            if (++word == words.end() || arguments.output)
+                throw UsageError{"-o braucht genau einen Dateinamen."};
+            arguments.output = *word;
+        } else if (word->starts_with('-') && word->size() > 1) {
+            throw UsageError{Concatenate("Unbekannte Option: ", *word)};
+        } else {
+            arguments.names.push_back(*word);
+        }
+    }
+    if (arguments.names.size() < command.fewestNames || arguments.names.size() > command.mostNames)
+        throw UsageError{Concatenate("Falsche Anzahl von Angaben für ", command.name, ".")};
+    return arguments;
+}
+
+void RunCall(std::span<const std::string> words) {
+    if (words.empty())
+        throw UsageError{"Es fehlt ein Befehl."};
+    if (words.size() == 1 && words[0] == "--help")
+        return Print(stdout, usage);
+    if (words.size() == 1 && words[0] == "--version")
+        return Print(stdout, "pirol-cli " PIROL_VERSION "\n");
+    const auto* const command = std::find_if(std::begin(commands), std::end(commands),
+                                             [&](const Command& candidate) { return candidate.name == words[0]; });
+    if (command == std::end(commands))
+        throw UsageError{Concatenate("Unbekannter Befehl: ", words[0])};
+    command->run(ParseArguments(*command, words.subspan(1)));
+}
+
+/// The words of the call in UTF-8.
+std::vector<std::string> Words(int argc, char** argv) {
+#ifdef _WIN32
+    // Windows gives main the words in the system code page, which loses what it lacks.
+    wchar_t** wide = CommandLineToArgvW(GetCommandLineW(), &argc);
+    std::vector<std::string> words;
+    for (int index = 1; index < argc; ++index)
+        words.push_back(TextOf(wide[index]));
+    LocalFree(wide);
+    return words;
+#else
+    return {argv + std::min(argc, 1), argv + argc};
+#endif
+}
+
+void UseBytesAndUtf8() {
+#ifdef _WIN32
+    // The source goes out byte for byte, without a second CR before each line end.
+    _setmode(_fileno(stdout), _O_BINARY);
+    SetConsoleOutputCP(CP_UTF8);
+#endif
+}
+
+int Fail(ExitStatus status, std::string_view message) {
+    std::fprintf(stderr, "%.*s\n", static_cast<int>(message.size()), message.data());
+    return status;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    UseBytesAndUtf8();
+    try {
+        RunCall(Words(argc, argv));
+        return done;
+    } catch (const UsageError& error) {
+        return Fail(wrongCall, Concatenate(error.message, "\n", usage));
+    } catch (const Refusal&) {
+        return Fail(refused, damagedProjectMessage);
+    } catch (const RuntimeError& error) {
+        return Fail(refused, error.what());
+    } catch (const std::bad_alloc&) {
+        return Fail(refused, RuntimeError(RuntimeError::OutOfMemory).what());
+    } catch (const std::exception& error) {
+        return Fail(refused, error.what());
+    }
 }

@@ -85,22 +85,30 @@ std::string_view FlagText(bool flag) {
     return flag ? "Wahr" : "Falsch";
 }
 
-std::vector<std::string_view> Split(std::string_view text, std::string_view separator) {
+std::vector<std::string_view> Split(std::string_view text, char separator, std::size_t mostPieces) {
     std::vector<std::string_view> pieces;
-    std::size_t begin = 0;
-    for (std::size_t end = text.find(separator); end != std::string_view::npos; end = text.find(separator, begin)) {
-        pieces.push_back(text.substr(begin, end - begin));
-        begin = end + separator.size();
+    while (pieces.size() < mostPieces) {
+        const std::size_t end = text.find(separator);
+        pieces.push_back(text.substr(0, end));
+        if (end == std::string_view::npos)
+            break;
+        text.remove_prefix(end + 1);
     }
-    pieces.push_back(text.substr(begin));
     return pieces;
 }
 
 std::vector<std::string> ListItems(std::string_view list) {
+    std::vector<std::string> items;
     if (list.empty())
-        return {};
-    const std::vector<std::string_view> items = Split(list, {&fieldSeparator, 1});
-    return {items.begin(), items.end()};
+        return items;
+    // Reserved exactly: a damaged file may hold a list of millions.
+    items.reserve(static_cast<std::size_t>(std::count(list.begin(), list.end(), fieldSeparator)) + 1);
+    for (std::size_t end = list.find(fieldSeparator); end != std::string_view::npos; end = list.find(fieldSeparator)) {
+        items.emplace_back(list.substr(0, end));
+        list.remove_prefix(end + 1);
+    }
+    items.emplace_back(list);
+    return items;
 }
 
 std::string JoinList(const std::vector<std::string>& items) {

@@ -32,8 +32,10 @@ bool ConvertToBoolean(std::string_view text);
 /// The text of a flag in files, the same on every system: "Wahr" or "Falsch".
 std::string_view FlagText(bool flag);
 
-/// The pieces between the separators, as views into the text; one empty piece for an empty text.
-std::vector<std::string_view> Split(std::string_view text, std::string_view separator);
+/// The pieces between the separators, as views into the text; one empty piece for an empty text. What follows the last
+/// piece wanted is left out.
+std::vector<std::string_view> Split(std::string_view text, char separator,
+                                    std::size_t mostPieces = std::string_view::npos);
 
 /// The items of a list as it is held in memory, separated by code 0; an empty text holds no items.
 std::vector<std::string> ListItems(std::string_view list);

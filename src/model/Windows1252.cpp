@@ -58,7 +58,7 @@ Decoded DecodeOne(std::string_view text) {
 }
 
 char EncodeOne(std::uint32_t character) {
-    if (character >= 0xA0 && character <= 0xFF)
+    if (character < 0x80 || (character >= 0xA0 && character <= 0xFF))
         return static_cast<char>(character);
     const auto found = std::find(upperControls.begin(), upperControls.end(), character);
     return found == upperControls.end() ? replacement : static_cast<char>(0x80 + (found - upperControls.begin()));
@@ -80,20 +80,18 @@ std::string FromWindows1252(std::string_view bytes) {
     return out;
 }
 
-std::string ToWindows1252(std::string_view utf8) {
-    std::string out;
-    out.reserve(utf8.size());
-    while (!utf8.empty()) {
-        if (IsAscii(utf8.front())) {
-            out += utf8.front();
-            utf8.remove_prefix(1);
-            continue;
-        }
-        const Decoded decoded = DecodeOne(utf8);
-        out += decoded.valid ? EncodeOne(decoded.character) : replacement;
-        utf8.remove_prefix(decoded.length);
+std::string ToWindows1252(std::string utf8) {
+    // The encoded text is never longer, so it is written over the part that has been read.
+    std::string_view rest = utf8;
+    std::size_t length = 0;
+    while (!rest.empty()) {
+        const Decoded decoded =
+            IsAscii(rest.front()) ? Decoded{static_cast<unsigned char>(rest.front()), 1, true} : DecodeOne(rest);
+        utf8[length++] = decoded.valid ? EncodeOne(decoded.character) : replacement;
+        rest.remove_prefix(decoded.length);
     }
-    return out;
+    utf8.resize(length);
+    return utf8;
 }
 
 } // namespace pirol

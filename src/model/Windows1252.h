@@ -13,7 +13,7 @@ namespace pirol {
 std::string FromWindows1252(std::string_view bytes);
 
 /// Encodes UTF-8 as Windows-1252. A character that Windows-1252 lacks becomes "?", and so does every byte that is not
-/// part of well-formed UTF-8. Linear in the length.
-std::string ToWindows1252(std::string_view utf8);
+/// part of well-formed UTF-8. Linear in the length; a text that is moved in is encoded in place.
+std::string ToWindows1252(std::string utf8);
 
 } // namespace pirol

@@ -40,14 +40,14 @@ struct Control {
     /// bad field have their new values then. Surplus fields are ignored.
     void LoadFromPRL(std::span<const std::string_view> fields);
 
+    bool operator==(const Control&) const = default;
+
   protected:
     Control() = default;
     Control(const Control&) = default;
     Control(Control&&) = default;
     Control& operator=(const Control&) = default;
     Control& operator=(Control&&) = default;
-    bool operator==(const Control&) const = default;
-
     /// Left, top, width and height, separated by commas.
     std::string Box(int left, int top) const;
     /// The creation statement of the kind's Java class with the text between its parentheses.

@@ -24,7 +24,7 @@ std::vector<cRadioButton> RadioButtonsOf(std::string_view list) {
     std::vector<cRadioButton> rows;
     if (list.empty())
         return rows;
-    const std::vector<std::string_view> values = Split(list, {&fieldSeparator, 1});
+    const std::vector<std::string_view> values = Split(list, fieldSeparator);
     if (values.size() % valuesPerRow != 0)
         throw RuntimeError(RuntimeError::IndexOutOfRange);
     rows.reserve(values.size() / valuesPerRow);

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "model/ProjectModel.h"
+
+#include <string>
+
+namespace pirol {
+
+/// The code menu's two check items.
+struct CodeOptions {
+    bool menu = false;     ///< write the menu bar
+    bool database = false; ///< write the database access
+};
+
+/// The complete source of SuMAnwendung.java, UTF-8 with CR LF and no line end after the closing brace.
+/// Names and texts are written as they are, whether or not Java accepts them. Linear in the size of the design.
+/// Raises RuntimeError under the label "Main.File.Java.GenerateCode".
+std::string GenerateCode(const ProjectModel& model, CodeOptions options);
+
+} // namespace pirol

@@ -1,0 +1,182 @@
+#include "model/FileAccess.h"
+
+#include "model/RuntimeError.h"
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <memory>
+#include <optional>
+#include <random>
+#include <system_error>
+
+#ifdef _WIN32
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
+
+namespace pirol {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// No file that belongs to a project comes near; whoever offers an endless device or a wrong file gets a clear error
+/// instead of a machine without memory. The content hash is not defined for longer texts either.
+constexpr std::size_t largestFile = std::size_t{1} << 29u;
+
+struct CloseFile {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using File = std::unique_ptr<std::FILE, CloseFile>;
+
+std::error_code LastError() {
+    return {errno, std::generic_category()};
+}
+
+File TryOpen(const fs::path& path, const char* mode) {
+#ifdef _WIN32
+    const std::string narrow(mode);
+    return File(_wfopen(path.c_str(), std::wstring(narrow.begin(), narrow.end()).c_str()));
+#else
+    return File(std::fopen(path.c_str(), mode));
+#endif
+}
+
+/// When a file cannot be made, what is missing is its folder.
+RuntimeError WriteError(const std::error_code& code) {
+    if (code == std::errc::no_such_file_or_directory)
+        return RuntimeError(RuntimeError::PathNotFound);
+    return RuntimeError::OfFile(code);
+}
+
+File OpenForWriting(const fs::path& path, const char* mode) {
+    File file = TryOpen(path, mode);
+    if (file == nullptr)
+        throw WriteError(LastError());
+    return file;
+}
+
+void SyncToDisk(std::FILE* file) {
+#ifdef _WIN32
+    const int result = _commit(_fileno(file));
+#else
+    const int result = fsync(fileno(file));
+#endif
+    // Pipes and devices cannot be synchronised and need not be.
+    if (result != 0 && errno != EINVAL && errno != ENOTSUP)
+        throw WriteError(LastError());
+}
+
+/// Writes all bytes and sees them to the disk; every failure on the way, the last one at closing included, is an error.
+void WriteAndClose(File file, std::string_view bytes) {
+    if (std::fwrite(bytes.data(), 1, bytes.size(), file.get()) != bytes.size() || std::fflush(file.get()) != 0)
+        throw WriteError(LastError());
+    SyncToDisk(file.get());
+    if (std::fclose(file.release()) != 0)
+        throw WriteError(LastError());
+}
+
+/// Removes a half-written file unless it was kept.
+class TemporaryFile {
+  public:
+    explicit TemporaryFile(fs::path path) : path_(std::move(path)) {}
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+    ~TemporaryFile() {
+        std::error_code ignored;
+        if (!kept_)
+            fs::remove(path_, ignored);
+    }
+    const fs::path& Path() const { return path_; }
+    void Keep() { kept_ = true; }
+
+  private:
+    fs::path path_;
+    bool kept_ = false;
+};
+
+fs::path NameBeside(const fs::path& path) {
+    std::random_device random;
+    fs::path name = ".";
+    name += path.filename();
+    name += "." + std::to_string(random()) + ".tmp";
+    return path.parent_path() / name;
+}
+
+/// The regular file that the path names through any links, or nothing when there is none yet.
+std::optional<fs::path> ExistingFile(const fs::path& path) {
+    std::error_code error;
+    fs::path resolved = fs::canonical(path, error);
+    if (error)
+        return std::nullopt;
+    return resolved;
+}
+
+} // namespace
+
+fs::path PathOf(std::string_view utf8) {
+    return {std::u8string(utf8.begin(), utf8.end())};
+}
+
+std::string TextOf(const fs::path& path) {
+    const std::u8string text = path.u8string();
+    return {text.begin(), text.end()};
+}
+
+std::string ReadFileBytes(const fs::path& path) {
+    const File file = TryOpen(path, "rb");
+    if (file == nullptr)
+        throw RuntimeError::OfFile(LastError());
+    std::string bytes;
+    std::error_code unknownSize;
+    const std::uintmax_t size = fs::file_size(path, unknownSize);
+    if (!unknownSize && size <= largestFile)
+        bytes.reserve(static_cast<std::size_t>(size));
+    std::array<char, 65536> block;
+    while (const std::size_t count = std::fread(block.data(), 1, block.size(), file.get())) {
+        if (bytes.size() + count > largestFile)
+            throw RuntimeError(RuntimeError::OutOfMemory);
+        bytes.append(block.data(), count);
+    }
+    if (std::ferror(file.get()) != 0)
+        throw RuntimeError::OfFile(LastError());
+    return bytes;
+}
+
+void ReplaceFileBytes(const fs::path& path, std::string_view bytes) {
+    const std::optional<fs::path> existing = ExistingFile(path);
+    if (existing) {
+        // Opening it shows whether it may be written at all; renaming over it would not ask.
+        File writable = OpenForWriting(*existing, "r+b");
+        if (!fs::is_regular_file(*existing))
+            return WriteAndClose(std::move(writable), bytes);
+    }
+    const fs::path target = existing.value_or(path);
+    const fs::path beside = NameBeside(target);
+    File file = OpenForWriting(beside, "wbx");
+    TemporaryFile temporary(beside);
+    WriteAndClose(std::move(file), bytes);
+    std::error_code error;
+    if (existing)
+        fs::permissions(temporary.Path(), fs::status(target).permissions(), error);
+    fs::rename(temporary.Path(), target, error);
+    if (error)
+        throw WriteError(error);
+    temporary.Keep();
+}
+
+void OverwriteFileBytes(const fs::path& path, std::string_view bytes) {
+    File file = TryOpen(path, "r+b");
+    if (file == nullptr && errno == ENOENT)
+        file = OpenForWriting(path, "wbx");
+    if (file == nullptr)
+        throw WriteError(LastError());
+    WriteAndClose(std::move(file), bytes);
+}
+
+void CreateFileBytes(const fs::path& path, std::string_view bytes) {
+    WriteAndClose(OpenForWriting(path, "wbx"), bytes);
+}
+
+} // namespace pirol

@@ -1,0 +1,143 @@
+#pragma once
+
+#include "designer/controls/Control.h"
+#include "designer/controls/dAuswahl.h"
+#include "designer/controls/dBild.h"
+#include "designer/controls/dButton.h"
+#include "designer/controls/dEtikett.h"
+#include "designer/controls/dFortschritt.h"
+#include "designer/controls/dMusik.h"
+#include "designer/controls/dOptionsgruppe.h"
+#include "designer/controls/dPassword.h"
+#include "designer/controls/dRegler.h"
+#include "designer/controls/dSchalter.h"
+#include "designer/controls/dTabelle.h"
+#include "designer/controls/dText.h"
+#include "designer/controls/dVideo.h"
+#include "designer/controls/dZeichenbereich.h"
+#include "designer/controls/dZeilenbereich.h"
+#include "menu/MenuBar.h"
+#include "model/ComponentKind.h"
+#include "model/Rectangle.h"
+#include "sql/SQLModule.h"
+
+#include <compare>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <tuple>
+#include <utility>
+#include <vector>
+
+namespace pirol {
+
+/// Addresses one element of a kind's array. Element 0 is the kind's hidden template; placed components start at 1.
+struct ComponentRef {
+    ComponentKind kind;
+    std::size_t index;
+
+    auto operator<=>(const ComponentRef&) const = default;
+};
+
+/// What an operation of the model changed.
+struct Change {
+    enum class What { Component, Window, Menus, Sql, Everything };
+
+    What what;
+    ComponentRef component = {}; ///< of a changed component
+    Rectangle before = {};       ///< where that component was; where it is now the component itself tells
+};
+
+/// The whole design: window, components, menu bar and SQL settings. An ordinary value that can be copied and compared;
+/// changed mark, file path and pending announcements are no part of the comparison.
+class ProjectModel {
+  public:
+    static constexpr std::int16_t defaultWidth = 640;
+    static constexpr std::int16_t defaultHeight = 480;
+
+    ProjectModel();
+
+    // The designed window, in pixels, and who made it.
+    std::int16_t WindowWidth() const { return windowWidth_; }
+    std::int16_t WindowHeight() const { return windowHeight_; }
+    const std::string& Author() const { return author_; }
+    void SetWindowSize(std::int16_t width, std::int16_t height);
+    void SetAuthor(std::string_view author);
+
+    /// The number of elements of a kind, the hidden template and hidden elements included.
+    std::size_t ElementCount(ComponentKind kind) const;
+    /// Raises RuntimeError::IndexOutOfRange when there is no such element. Constant time.
+    const Control& Element(ComponentRef component) const;
+    /// All elements but the templates in the order in which they were created, hidden ones included.
+    const std::vector<ComponentRef>& CreationOrder() const { return creationOrder_; }
+    /// Where the element lies; an empty rectangle when it is hidden or gone.
+    Rectangle VisibleBox(ComponentRef component) const;
+
+    /// Calls `function(const Control&)` for every visible component, kind by kind, each in creation order.
+    template <class Function>
+    void ForEachVisible(Function&& function) const {
+        const auto visit = [&function](const auto& elements) {
+            for (std::size_t index = 1; index < elements.size(); ++index)
+                if (elements[index].Visible)
+                    function(static_cast<const Control&>(elements[index]));
+        };
+        std::apply([&visit](const auto&... arrays) { (visit(arrays), ...); }, elements_);
+    }
+
+    /// Appends a visible element with its control's defaults.
+    ComponentRef AddElement(ComponentKind kind);
+    /// Makes room for elements that will be added. A hint that spares memory; it changes nothing.
+    void ReserveElements(ComponentKind kind, std::size_t count);
+    /// Appends a visible element as the user places it: named and captioned with the number of elements its array held,
+    /// at the given position. Multimedia kinds keep their own size, all others take the rectangle's.
+    /// Raises RuntimeError::Overflow when the rectangle leaves the 16-bit range.
+    ComponentRef PlaceComponent(ComponentKind kind, const Rectangle& box);
+    /// Gives an element for changing it and announces that.
+    Control& EditElement(ComponentRef component);
+    /// Hides a component. When no element of its kind is visible any more they are all removed, so that the kind's
+    /// numbering starts again at 1; for sliders and progress bars it never does.
+    void DeleteComponent(ComponentRef component);
+
+    const MenuBar& Menus() const { return menus_; }
+    MenuBar& EditMenus();
+    const SQLSettings& Sql() const { return sql_; }
+    SQLSettings& EditSql();
+
+    /// Makes the design empty. The SQL settings stay: a new project goes on with the database of the last one.
+    void Reset();
+
+    /// Whether the design was changed since it was last loaded, saved or emptied, and the file it belongs to (UTF-8,
+    /// empty for none). Both only inform: no command asks because of them.
+    bool IsChanged() const { return changed_; }
+    const std::string& FilePath() const { return filePath_; }
+    void MarkUnchanged(std::string_view filePath);
+
+    /// What changed since the last call, each operation once; a single Everything when there was too much to list.
+    std::vector<Change> TakeChanges() { return std::exchange(changes_, {}); }
+
+    bool operator==(const ProjectModel& other) const;
+
+  private:
+    void Announce(const Change& change);
+
+    using Elements =
+        std::tuple<std::vector<dEtikett>, std::vector<dButton>, std::vector<dText>, std::vector<dZeichenbereich>,
+                   std::vector<dZeilenbereich>, std::vector<dPassword>, std::vector<dSchalter>,
+                   std::vector<dOptionsgruppe>, std::vector<dAuswahl>, std::vector<dRegler>, std::vector<dFortschritt>,
+                   std::vector<dTabelle>, std::vector<dBild>, std::vector<dMusik>, std::vector<dVideo>>;
+    static_assert(std::tuple_size_v<Elements> == kindCount);
+
+    std::int16_t windowWidth_ = defaultWidth;
+    std::int16_t windowHeight_ = defaultHeight;
+    std::string author_;
+    Elements elements_;
+    std::vector<ComponentRef> creationOrder_;
+    MenuBar menus_;
+    SQLSettings sql_;
+
+    bool changed_ = false;
+    std::string filePath_;
+    std::vector<Change> changes_;
+};
+
+} // namespace pirol

@@ -1,0 +1,18 @@
+#pragma once
+
+namespace pirol {
+
+/// A rectangle in pixels of the designed window.
+struct Rectangle {
+    int left = 0;
+    int top = 0;
+    int width = 0;
+    int height = 0;
+
+    int Right() const { return left + width; }
+    int Bottom() const { return top + height; }
+    bool Contains(int x, int y) const { return x >= left && x < Right() && y >= top && y < Bottom(); }
+    bool operator==(const Rectangle&) const = default;
+};
+
+} // namespace pirol

@@ -1,0 +1,239 @@
+#include "project/ProjectFile.h"
+
+#include "codegen/JavaText.h"
+#include "model/Conversions.h"
+#include "model/FileAccess.h"
+#include "model/Oddities.h"
+#include "model/RuntimeError.h"
+#include "model/Windows1252.h"
+#include "project/HashFunction.h"
+
+#include <array>
+#include <optional>
+
+namespace pirol {
+namespace {
+
+constexpr std::string_view windowMarker = "#Begin.Pirol.Window";
+constexpr std::string_view componentsMarker = "#Begin.Pirol.Components";
+constexpr std::string_view menuMarker = "#Begin.Pirol.Menu";
+constexpr std::string_view sqlMarker = "#Begin.Pirol.SQL";
+constexpr std::string_view hashMarker = "#Begin.Pirol.Hash";
+
+/// More fields than any line has; the rest of a damaged line is not worth cutting up.
+constexpr std::size_t mostFields = 32;
+
+constexpr std::size_t firstComponentLine = 5;
+
+std::string SqlNumbers(const SQLSettings& sql) {
+    std::string line;
+    for (const std::int16_t number : sql.Flags)
+        Append(line, line.empty() ? "" : ";", number);
+    return line;
+}
+
+/// The five SQL texts in the order of the file.
+constexpr std::array sqlTexts = {&SQLSettings::Server, &SQLSettings::User, &SQLSettings::Password,
+                                 &SQLSettings::Database, &SQLSettings::TableName};
+
+std::string AllButTheHash(const ProjectModel& model) {
+    std::string text;
+    Append(text, windowMarker, lineEnd, model.WindowWidth(), lineEnd, model.WindowHeight(), lineEnd, model.Author(),
+           lineEnd, componentsMarker, lineEnd);
+    model.ForEachVisible(
+        [&text](const Control& control) { text += control.CreatePRLString(control.Left, control.Top); });
+    Append(text, menuMarker, lineEnd, model.Menus().CreatePRLString(), sqlMarker, lineEnd);
+    for (const auto sqlText : sqlTexts)
+        Append(text, model.Sql().*sqlText, lineEnd);
+    Append(text, SqlNumbers(model.Sql()), lineEnd, hashMarker, lineEnd);
+    return text;
+}
+
+/// A file's text line by line. Views into the bytes, so that a file of any size costs nothing to cut up.
+class Lines {
+  public:
+    /// The lines of the bytes; the last one is the hash and cannot be taken.
+    explicit Lines(std::string_view bytes) {
+        if (bytes.empty())
+            throw RuntimeError(RuntimeError::IndexOutOfRange);
+        const std::size_t lastEnd = bytes.rfind(lineEnd);
+        const std::size_t hashBegin = lastEnd == std::string_view::npos ? 0 : lastEnd + lineEnd.size();
+        hashed_ = bytes.substr(0, hashBegin);
+        hash_ = bytes.substr(hashBegin);
+        rest_ = bytes;
+    }
+
+    bool HashMatches() const { return HashFunction(hashed_) == hash_; }
+
+    /// The next line without its end. The hash is the last line that can be taken.
+    /// Raises RuntimeError::IndexOutOfRange behind it.
+    std::string_view Take() {
+        if (ended_)
+            throw RuntimeError(RuntimeError::IndexOutOfRange);
+        const std::size_t end = rest_.find(lineEnd);
+        const std::string_view line = rest_.substr(0, end);
+        ended_ = end == std::string_view::npos;
+        rest_.remove_prefix(ended_ ? rest_.size() : end + lineEnd.size());
+        ++index_;
+        return line;
+    }
+
+    /// The index of the line that Take will give next.
+    std::size_t Index() const { return index_; }
+    std::string_view Rest() const { return rest_; }
+    std::size_t Count() const { return CountOf(hashed_, lineEnd) + 1; }
+
+  private:
+    static std::size_t CountOf(std::string_view text, std::string_view what) {
+        std::size_t count = 0;
+        for (std::size_t hit = text.find(what); hit != std::string_view::npos; hit = text.find(what, hit + what.size()))
+            ++count;
+        return count;
+    }
+
+    std::string_view hashed_;
+    std::string_view hash_;
+    std::string_view rest_;
+    std::size_t index_ = 0;
+    bool ended_ = false;
+};
+
+/// Shows progress when somebody wants to see it.
+class Progress {
+  public:
+    Progress(LoadingProgress* shown, std::size_t lines) : shown_(shown) {
+        if (shown_ != nullptr)
+            shown_->SetMaximum(static_cast<int>(lines) - 2);
+    }
+    void Caption(std::string_view caption) const {
+        if (shown_ != nullptr)
+            shown_->SetCaption(caption);
+    }
+    void Value(const Lines& lines) const {
+        if (shown_ != nullptr)
+            shown_->SetValue(static_cast<int>(lines.Index()));
+    }
+
+  private:
+    LoadingProgress* shown_;
+};
+
+std::optional<ComponentKind> KindOfLine(std::string_view line) {
+    const std::string_view code = line.substr(0, line.find(fieldSeparator));
+    for (const KindRow& row : KindRows())
+        if (code == std::to_string(static_cast<int>(row.kind)))
+            return oddities::CrossTextAreas(row.kind);
+    return std::nullopt;
+}
+
+/// Makes room for exactly the components to come; growing array by array would take several times the memory.
+void ReserveComponents(Lines lines, ProjectModel& model) {
+    std::array<std::size_t, kindCount> counts = {};
+    std::string_view rest = lines.Rest();
+    rest = rest.substr(0, rest.find(menuMarker));
+    for (std::size_t end = rest.find(lineEnd); end != std::string_view::npos; end = rest.find(lineEnd)) {
+        if (const auto kind = KindOfLine(rest.substr(0, end)))
+            ++counts[Position(*kind)];
+        rest.remove_prefix(end + lineEnd.size());
+    }
+    for (const KindRow& row : KindRows())
+        model.ReserveElements(row.kind, counts[Position(row.kind)]);
+}
+
+void ReadWindow(Lines& lines, ProjectModel& model) {
+    lines.Take();
+    const std::int16_t width = ToInt16(lines.Take());
+    const std::int16_t height = ToInt16(lines.Take());
+    model.SetWindowSize(width, height);
+    model.SetAuthor(FromWindows1252(lines.Take()));
+}
+
+void ReadComponents(Lines& lines, ProjectModel& model, const Progress& progress) {
+    while (lines.Index() < firstComponentLine)
+        lines.Take();
+    ReserveComponents(lines, model);
+    for (std::string_view line = lines.Take(); line != menuMarker; line = lines.Take()) {
+        progress.Value(lines);
+        if (const auto kind = KindOfLine(line)) {
+            const std::string text = FromWindows1252(line);
+            Control& element = model.EditElement(model.AddElement(*kind));
+            element.LoadFromPRL(Split(text, fieldSeparator, mostFields));
+        }
+    }
+}
+
+void ReadMenus(Lines& lines, ProjectModel& model, const Progress& progress) {
+    MenuBarReader menus(model.EditMenus());
+    for (std::string_view line = lines.Take(); line != sqlMarker; line = lines.Take()) {
+        progress.Value(lines);
+        const std::string text = FromWindows1252(line);
+        menus.AddLine(Split(text, fieldSeparator, mostFields));
+    }
+}
+
+void ReadSqlNumbers(std::string_view line, SQLSettings& sql) {
+    if (line.empty())
+        return;
+    std::size_t index = 0;
+    for (const std::string_view number : Split(line, ';')) {
+        if (index == sql.Flags.size())
+            throw RuntimeError(RuntimeError::IndexOutOfRange);
+        sql.Flags[index++] = ToInt16(number);
+    }
+}
+
+void ReadSql(Lines& lines, ProjectModel& model, const Progress& progress) {
+    SQLSettings& sql = model.EditSql();
+    std::size_t position = 0;
+    for (std::string_view line = lines.Take(); line != hashMarker; line = lines.Take()) {
+        progress.Value(lines);
+        if (position < sqlTexts.size())
+            sql.*sqlTexts[position] = FromWindows1252(line);
+        else if (position == sqlTexts.size())
+            ReadSqlNumbers(line, sql);
+        ++position;
+    }
+}
+
+ReadResult ReadLines(std::string_view bytes, ProjectModel& model, LoadingProgress* shown) {
+    Lines lines(bytes);
+    if (!lines.HashMatches())
+        return ReadResult::Refused;
+    ReadWindow(lines, model);
+    const Progress progress(shown, lines.Count());
+    progress.Caption("Lade Komponenten . . .");
+    ReadComponents(lines, model, progress);
+    progress.Caption("Lade Menüeinträge . . .");
+    ReadMenus(lines, model, progress);
+    progress.Caption("Lade SQL-Daten . . .");
+    ReadSql(lines, model, progress);
+    return ReadResult::Loaded;
+}
+
+constexpr std::string_view readLabel = "Main.File.PRL.ReadPRLFile";
+
+} // namespace
+
+std::string GeneratePRLCode(const ProjectModel& model) {
+    return UnderLabel("Main.File.PRL.GeneratePRLCode", [&model] {
+        std::string bytes = ToWindows1252(AllButTheHash(model));
+        return bytes += HashFunction(bytes);
+    });
+}
+
+ReadResult ReadPRLFile(const std::filesystem::path& path, ProjectModel& model, LoadingProgress* progress) {
+    model.Reset();
+    return UnderLabel(readLabel, [&] {
+        const ReadResult result = ReadLines(ReadFileBytes(path), model, progress);
+        if (result == ReadResult::Loaded)
+            model.MarkUnchanged(TextOf(path));
+        return result;
+    });
+}
+
+ReadResult ReadPRLBytes(std::string_view bytes, ProjectModel& model, LoadingProgress* progress) {
+    model.Reset();
+    return UnderLabel(readLabel, [&] { return ReadLines(bytes, model, progress); });
+}
+
+} // namespace pirol
