@@ -15,7 +15,6 @@ using State = std::array<Word, 5>;
 constexpr State initialState = {0x67452301, 0xEFCDAB89, 0x98BADCFE, 0x10325476, 0xC3D2E1F0};
 constexpr std::size_t wordSize = 4;
 constexpr std::size_t blockSize = 16 * wordSize;
-constexpr std::size_t roundCount = 80;
 constexpr std::size_t roundsPerGroup = 20;
 
 Word Choose(Word b, Word c, Word d) {
@@ -42,33 +41,51 @@ void StoreWord(Word word, char* bytes) {
         bytes[i] = static_cast<char>(word & 0xFF);
 }
 
-using Schedule = std::array<Word, roundCount>;
+/// The words of the message schedule, each made just before its round: the last sixteen are all that is ever needed.
+/// Making all eighty at once invites compilers to use vector code that waits for its own stores.
+class Schedule {
+  public:
+    explicit Schedule(const char* block) {
+        for (std::size_t i = 0; i < words_.size(); ++i)
+            words_[i] = LoadWord(block + i * wordSize);
+    }
 
-Schedule ScheduleOf(const char* block) {
-    Schedule words;
-    for (std::size_t i = 0; i < blockSize / wordSize; ++i)
-        words[i] = LoadWord(block + i * wordSize);
-    for (std::size_t i = blockSize / wordSize; i < words.size(); ++i)
-        words[i] = std::rotl(words[i - 3] ^ words[i - 8] ^ words[i - 14] ^ words[i - 16], 1);
-    return words;
+    Word At(std::size_t round) {
+        Word& word = words_[round % words_.size()];
+        if (round >= words_.size())
+            word = std::rotl(Earlier(round, 3) ^ Earlier(round, 8) ^ Earlier(round, 14) ^ word, 1);
+        return word;
+    }
+
+  private:
+    Word Earlier(std::size_t round, std::size_t distance) const { return words_[(round - distance) % words_.size()]; }
+
+    std::array<Word, blockSize / wordSize> words_;
+};
+
+/// One round. Instead of moving all five words one place on, the next round takes them in turned order.
+template <Word (*Function)(Word, Word, Word)>
+void RunRound(Word a, Word& b, Word c, Word d, Word& e, Word addend) {
+    e += std::rotl(a, 5) + Function(b, c, d) + addend;
+    b = std::rotl(b, 30);
 }
 
 /// The rounds of one group: all with the same function, a template argument so that it is inlined, and constant.
 template <Word (*Function)(Word, Word, Word)>
-void RunGroup(State& state, const Schedule& words, std::size_t group, Word constant) {
-    auto& [a, b, c, d, e] = state;
-    for (std::size_t i = group * roundsPerGroup; i < (group + 1) * roundsPerGroup; ++i) {
-        const Word next = std::rotl(a, 5) + Function(b, c, d) + e + words[i] + constant;
-        e = d;
-        d = c;
-        c = std::rotl(b, 30);
-        b = a;
-        a = next;
+void RunGroup(State& state, Schedule& words, std::size_t group, Word constant) {
+    auto [a, b, c, d, e] = state;
+    for (std::size_t i = group * roundsPerGroup; i < (group + 1) * roundsPerGroup; i += state.size()) {
+        RunRound<Function>(a, b, c, d, e, words.At(i) + constant);
+        RunRound<Function>(e, a, b, c, d, words.At(i + 1) + constant);
+        RunRound<Function>(d, e, a, b, c, words.At(i + 2) + constant);
+        RunRound<Function>(c, d, e, a, b, words.At(i + 3) + constant);
+        RunRound<Function>(b, c, d, e, a, words.At(i + 4) + constant);
     }
+    state = {a, b, c, d, e};
 }
 
 void AddBlock(State& hash, const char* block) {
-    const Schedule words = ScheduleOf(block);
+    Schedule words(block);
     State state = hash;
     RunGroup<Choose>(state, words, 0, 0x5A827999);
     RunGroup<Parity>(state, words, 1, 0x6ED9EBA1);
