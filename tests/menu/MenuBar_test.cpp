@@ -11,8 +11,8 @@ namespace {
 MenuBar BarOf(std::string_view lines) {
     MenuBar bar;
     MenuBarReader reader(bar);
-    for (const std::string_view line : Split(lines, "/"))
-        reader.AddLine(Split(line, "|"));
+    for (const std::string_view line : Split(lines, '/'))
+        reader.AddLine(Split(line, '|'));
     return bar;
 }
 
@@ -89,11 +89,11 @@ TEST(MenuBar, ReaderRefusesWhatFitsNowhere) {
         MenuBar bar;
         MenuBarReader reader(bar);
         if (!row.start.empty())
-            for (const std::string_view line : Split(row.start, "/"))
-                reader.AddLine(Split(line, "|"));
+            for (const std::string_view line : Split(row.start, '/'))
+                reader.AddLine(Split(line, '|'));
         const MenuBar before = bar;
         try {
-            reader.AddLine(Split(row.line, "|"));
+            reader.AddLine(Split(row.line, '|'));
             ADD_FAILURE() << "accepted " << row.line;
         } catch (const RuntimeError& error) {
             EXPECT_EQ(error.ErrorNumber(), row.number) << row.line;
@@ -107,11 +107,11 @@ TEST(MenuBar, ReaderRefusesWhatFitsNowhere) {
 TEST(MenuBar, ReaderLimitsDepth) {
     MenuBar bar = BarOf("0|0|a|A");
     MenuBarReader reader(bar);
-    reader.AddLine(Split("0|0|b|B", "|"));
+    reader.AddLine(Split("0|0|b|B", '|'));
     for (int depth = 1; depth <= MenuBarReader::maxDepth; ++depth)
-        reader.AddLine(Split(std::to_string(depth) + "|1|x", "|"));
+        reader.AddLine(Split(std::to_string(depth) + "|1|x", '|'));
     try {
-        reader.AddLine(Split(std::to_string(MenuBarReader::maxDepth + 1) + "|2|x", "|"));
+        reader.AddLine(Split(std::to_string(MenuBarReader::maxDepth + 1) + "|2|x", '|'));
         ADD_FAILURE() << "no limit";
     } catch (const RuntimeError& error) {
         EXPECT_EQ(error.ErrorNumber(), RuntimeError::OutOfMemory);
