@@ -1,0 +1,48 @@
+package sum.komponenten;
+
+import java.awt.Color;
+import java.util.ArrayList;
+import java.util.List;
+import javax.swing.JComboBox;
+
+public class Auswahl extends FokusKomponente {
+    private final JComboBox<String> box;
+
+    public Auswahl(double left, double top, double width, double height) {
+        this(new Box(), left, top, width, height);
+    }
+
+    private Auswahl(JComboBox<String> box, double left, double top, double width, double height) {
+        super(box, box, left, top, width, height);
+        this.box = box;
+        box.setBackground(Color.WHITE);
+        box.addActionListener(e -> raise("Geaendert"));
+    }
+
+    public void haengeAn(String entry) {
+        box.addItem(entry);
+    }
+
+    public void setzeBearbeiterGeaendert(String method) {
+        setHandler("Geaendert", method);
+    }
+
+    @Override
+    public String text() {
+        List<String> entries = new ArrayList<>();
+        for (int i = 0; i < box.getItemCount(); i++) {
+            entries.add(box.getItemAt(i));
+        }
+        return String.join("\1", entries);
+    }
+
+    /** Without entries there is nothing to unfold, and the arrow stays away until the first one comes. */
+    private static final class Box extends JComboBox<String> {
+        @Override
+        public void doLayout() {
+            if (getItemCount() > 0) {
+                super.doLayout();
+            }
+        }
+    }
+}

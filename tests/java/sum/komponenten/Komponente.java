@@ -1,0 +1,45 @@
+package sum.komponenten;
+
+import java.util.LinkedHashMap;
+import java.util.Map;
+import javax.swing.JComponent;
+import sum.intern.Application;
+
+/** Something placed in the window by its constructor's coordinates. */
+public abstract class Komponente {
+    private final JComponent view;
+    private final Map<String, String> handlers = new LinkedHashMap<>();
+
+    protected Komponente(JComponent view, double left, double top, double width, double height) {
+        this.view = view;
+        view.setBounds((int) Math.rint(left), (int) Math.rint(top), (int) Math.rint(width), (int) Math.rint(height));
+        JComponent content = Application.current().content();
+        content.add(view);
+        content.revalidate();
+        content.repaint();
+    }
+
+    /** The Swing component that covers the whole rectangle. */
+    public JComponent view() {
+        return view;
+    }
+
+    /** What the component was given to show; several values are separated by the character with code 1. */
+    public abstract String text();
+
+    /** The method registered for each event, by the event's word. */
+    public Map<String, String> handlers() {
+        return handlers;
+    }
+
+    protected void setHandler(String event, String method) {
+        handlers.put(event, method);
+    }
+
+    protected void raise(String event) {
+        String method = handlers.get(event);
+        if (method != null) {
+            Application.current().call(method);
+        }
+    }
+}

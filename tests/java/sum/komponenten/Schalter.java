@@ -1,0 +1,13 @@
+package sum.komponenten;
+
+import javax.swing.JCheckBox;
+
+public class Schalter extends Schaltflaeche {
+    public Schalter(double left, double top, double width, double height, String text) {
+        super(new JCheckBox(text), left, top, width, height);
+    }
+
+    public void schalteAn() {
+        button().setSelected(true);
+    }
+}

@@ -1,0 +1,35 @@
+package sum.multimedia;
+
+import java.awt.Graphics;
+import java.awt.Image;
+import javax.swing.ImageIcon;
+import javax.swing.JComponent;
+import sum.komponenten.Komponente;
+
+/** Shows an image file stretched over its rectangle; an unreadable file leaves it empty. */
+public class Bild extends Komponente {
+    private final String path;
+
+    public Bild(double left, double top, double width, double height, String path) {
+        super(new Canvas(new ImageIcon(path).getImage()), left, top, width, height);
+        this.path = path;
+    }
+
+    @Override
+    public String text() {
+        return path;
+    }
+
+    private static final class Canvas extends JComponent {
+        private final transient Image image;
+
+        Canvas(Image image) {
+            this.image = image;
+        }
+
+        @Override
+        protected void paintComponent(Graphics g) {
+            g.drawImage(image, 0, 0, getWidth(), getHeight(), this);
+        }
+    }
+}

@@ -1,0 +1,7 @@
+package sum.sql;
+
+public class SQLErgebnisliste {
+    public int zeilenAnzahl() {
+        return 0;
+    }
+}
