@@ -1,0 +1,83 @@
+#pragma once
+
+#include "menu/MenuBar.h"
+#include "model/Colour.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace pirol {
+
+/// A row of the menu editor's list.
+struct MenuRow {
+    std::string text;             ///< the caption behind four blanks for each level
+    std::optional<Colour> colour; ///< the text's colour; nothing: the list's own
+    cMenu* node;
+};
+
+/// The menu editor without its window: edits a menu bar in place and shows it as one indented list.
+/// Rows count from 1, as the tags of their nodes do; row 0 stands for none. Row numbers outside the list are ignored.
+/// The bar must outlive the editor and be changed only through it meanwhile.
+class MenuEditor {
+  public:
+    /// Opens the editor at depth 0 with nothing selected.
+    explicit MenuEditor(MenuBar& bar);
+
+    const std::vector<MenuRow>& Rows() const { return rows_; }
+
+    /// Rebuilds the rows and gives every node of the list its row number as tag. The operations below do so themselves.
+    void RefreshList();
+
+    /// The level at which the next node is placed: 0 in the menu bar, 1 in a menu, 2 in a submenu.
+    int Depth() const;
+    /// "Aktuelle Menütiefe: " and the depth.
+    std::string StatusText() const;
+
+    /// The name proposed for a caption while the option for menus is chosen; nothing while another one is.
+    static std::optional<std::string> ProposeName(std::int32_t option, std::string_view caption);
+
+    /// Adds a node of the type `option` (a cMenu::Type) where the selection is: a menu to the bar at depth 0; otherwise
+    /// as the last child of the selected menu or submenu, or directly after the selected entry or separator. The
+    /// selection stays. When that is not possible nothing changes and the message for the user is returned.
+    std::optional<std::string_view> Add(std::int32_t option, std::string caption, std::string name);
+
+    /// Selects the node of a row: new nodes go into it or, when it can hold none, behind it.
+    void SelectRow(std::size_t row);
+    /// The row of the selected node; 0 when nothing is selected.
+    std::size_t SelectedRow() const;
+
+    /// Goes one level up, to what holds the menu or submenu into which new nodes go. Nothing happens at depth 0.
+    /// Takes the option chosen so far and gives the one to choose now: menus at depth 0 and only there; where menus
+    /// are no longer possible, entries.
+    std::int32_t LevelUp(std::int32_t option);
+
+    /// Swap the row's node with its neighbour among its siblings, a top-level menu with the neighbouring menu. Give the
+    /// row at which the node is now.
+    std::size_t MoveUp(std::size_t row);
+    std::size_t MoveDown(std::size_t row);
+
+    /// Removes the row's node and all below it. If the selected node goes with it, what held the row's node is
+    /// selected.
+    void Delete(std::size_t row);
+
+    /// Makes the menu bar what it was when the editor was opened. Nothing is selected then.
+    void Cancel();
+
+  private:
+    cMenu* Container() const;
+    void AddRow(cMenu& node, std::size_t level);
+    std::optional<std::string_view> Refusal(std::int32_t option, std::string_view caption, std::string_view name) const;
+    std::size_t Move(std::size_t row, std::string_view direction);
+    std::size_t RowOf(const cMenu* node) const;
+
+    MenuBar& bar_;
+    MenuBar initial_;
+    cMenu* selected_ = nullptr;
+    std::vector<MenuRow> rows_;
+};
+
+} // namespace pirol
