@@ -100,7 +100,9 @@ fs::path NameBeside(const fs::path& path) {
     std::random_device random;
     fs::path name = ".";
     name += path.filename();
-    name += "." + std::to_string(random()) + ".tmp";
+    name += ".";
+    name += std::to_string(random());
+    name += ".tmp";
     return path.parent_path() / name;
 }
 
