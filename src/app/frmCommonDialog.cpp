@@ -1,0 +1,204 @@
+#include "app/frmCommonDialog.h"
+
+#include "model/Conversions.h"
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QFontDialog>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPushButton>
+#include <QTranslator>
+
+namespace pirol {
+namespace {
+
+QString ToText(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+/// The window that the user is working in; the dialogs open in its middle.
+QWidget* Owner() {
+    QWidget* const modal = QApplication::activeModalWidget();
+    return modal != nullptr ? modal : QApplication::activeWindow();
+}
+
+/// A pattern that means every file asks for a dot in the name here.
+QString ToPattern(const std::string& pattern) {
+    return pattern == "*.*" ? QStringLiteral("*") : ToText(pattern);
+}
+
+QStringList NameFilters(std::string_view filter) {
+    QStringList names;
+    for (const FileFilter& entry : FileFilters(filter)) {
+        QStringList patterns;
+        for (const std::string& pattern : entry.patterns)
+            patterns << ToPattern(pattern);
+        names << ToText(entry.text) + " (" + patterns.join(' ') + ")";
+    }
+    return names;
+}
+
+/// The dialog hides the patterns that NameFilters appends, so the user reads each filter's text as it stands.
+void SetUp(QFileDialog& dialog, const FileDialogSetup& setup) {
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    dialog.setNameFilters(NameFilters(setup.Filter));
+    if (!setup.FileName.empty())
+        dialog.selectFile(ToText(setup.FileName));
+}
+
+QString Title(const FileDialogSetup& setup, const QString& otherwise) {
+    return setup.Title.empty() ? otherwise : ToText(setup.Title);
+}
+
+std::string Run(QFileDialog& dialog) {
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return {};
+    return QDir::toNativeSeparators(dialog.selectedFiles().constFirst()).toStdString();
+}
+
+QString MessageText(std::string_view text) {
+    return ToText(ReplaceAll(text, lineEnd, "\n"));
+}
+
+QString ProgramName() {
+    const QString name = QGuiApplication::applicationDisplayName();
+    return name.isEmpty() ? QStringLiteral("Pirol") : name;
+}
+
+/// A message box whose text is shown as it is, whatever signs it holds.
+class Message : public QMessageBox {
+  public:
+    Message(Icon icon, const QString& title, std::string_view text)
+        : QMessageBox(icon, title, MessageText(text), NoButton, Owner()) {
+        setTextFormat(Qt::PlainText);
+        setObjectName("message");
+    }
+};
+
+void ShowMessage(QMessageBox::Icon icon, const QString& title, std::string_view text) {
+    Message message(icon, title, text);
+    message.setDefaultButton(message.addButton("OK", QMessageBox::AcceptRole));
+    message.exec();
+}
+
+constexpr std::uint32_t redMask = 0xFF;
+
+QColor ToColor(std::uint32_t color) {
+    return {static_cast<int>(color & redMask), static_cast<int>(color >> 8u & redMask),
+            static_cast<int>(color >> 16u & redMask)};
+}
+
+std::uint32_t FromColor(const QColor& color) {
+    return static_cast<std::uint32_t>(color.red()) | static_cast<std::uint32_t>(color.green()) << 8u |
+           static_cast<std::uint32_t>(color.blue()) << 16u;
+}
+
+PrintJob JobOf(const QPrinter& printer) {
+    PrintJob job;
+    if (printer.outputFormat() == QPrinter::PdfFormat)
+        job.PdfFile = printer.outputFileName().toStdString();
+    else
+        job.Printer = printer.printerName().toStdString();
+    job.Paper = printer.pageLayout().pageSize().key().toStdString();
+    job.Landscape = printer.pageLayout().orientation() == QPageLayout::Landscape;
+    job.Copies = printer.copyCount();
+    job.FirstPage = printer.fromPage();
+    job.LastPage = printer.toPage();
+    return job;
+}
+
+} // namespace
+
+void SpeakGerman(QCoreApplication& application) {
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    auto* const translator = new QTranslator(&application);
+    if (translator->load("qtbase_de", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(translator);
+}
+
+std::string frmCommonDialog::ShowOpen(const FileDialogSetup& setup) {
+    QFileDialog dialog(Owner(), Title(setup, "Öffnen"));
+    dialog.setObjectName("openDialog");
+    dialog.setAcceptMode(QFileDialog::AcceptOpen);
+    dialog.setFileMode((setup.Flags & FileDialogSetup::FileMustExist) != 0 ? QFileDialog::ExistingFile
+                                                                           : QFileDialog::AnyFile);
+    SetUp(dialog, setup);
+    return Run(dialog);
+}
+
+std::string frmCommonDialog::ShowSave(const FileDialogSetup& setup) {
+    QFileDialog dialog(Owner(), Title(setup, "Speichern unter"));
+    dialog.setObjectName("saveDialog");
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    SetUp(dialog, setup);
+    const bool folderMustExist = (setup.Flags & (FileDialogSetup::PathMustExist | FileDialogSetup::FileMustExist)) != 0;
+    for (std::string path = Run(dialog); !path.empty(); path = Run(dialog)) {
+        const QFileInfo folder(QFileInfo(ToText(path)).path());
+        if (!folderMustExist || folder.isDir())
+            return path;
+        Critical(dialog.windowTitle().toStdString(),
+                 "Der Ordner „" + QDir::toNativeSeparators(folder.filePath()).toStdString() + "“ ist nicht vorhanden.");
+    }
+    return {};
+}
+
+std::optional<std::uint32_t> frmCommonDialog::ShowColor(std::uint32_t current) {
+    QColorDialog dialog(ToColor(current), Owner());
+    dialog.setObjectName("colorDialog");
+    dialog.setWindowTitle("Farbe wählen");
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return FromColor(dialog.selectedColor());
+}
+
+std::optional<FontChoice> frmCommonDialog::ShowFont(const FontChoice& current) {
+    QFont font(ToText(current.Family));
+    font.setPointSizeF(current.PointSize);
+    font.setBold(current.Bold);
+    font.setItalic(current.Italic);
+    QFontDialog dialog(font, Owner());
+    dialog.setObjectName("fontDialog");
+    dialog.setWindowTitle("Schriftart wählen");
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    const QFont chosen = dialog.selectedFont();
+    return FontChoice{chosen.family().toStdString(), chosen.pointSizeF(), chosen.bold(), chosen.italic()};
+}
+
+std::optional<PrintJob> frmCommonDialog::ShowPrinter() {
+    QPrinter printer(QPrinter::HighResolution);
+    QPrintDialog dialog(&printer, Owner());
+    dialog.setObjectName("printDialog");
+    dialog.setWindowTitle("Drucken");
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return JobOf(printer);
+}
+
+void frmCommonDialog::Information(std::string_view text) {
+    ShowMessage(QMessageBox::Information, ProgramName(), text);
+}
+
+void frmCommonDialog::Critical(std::string_view title, std::string_view text) {
+    ShowMessage(QMessageBox::Critical, ToText(title), text);
+}
+
+bool frmCommonDialog::Question(std::string_view text) {
+    Message message(QMessageBox::Warning, ProgramName(), text);
+    const QPushButton* const yes = message.addButton("&Ja", QMessageBox::YesRole);
+    QPushButton* const no = message.addButton("&Nein", QMessageBox::NoRole);
+    message.setDefaultButton(no);
+    message.setEscapeButton(no);
+    message.exec();
+    return message.clickedButton() == yes;
+}
+
+} // namespace pirol
