@@ -1,0 +1,37 @@
+#pragma once
+
+#include "model/FileAccess.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <vector>
+
+namespace pirol::test {
+
+/// The folders of cases below tests/data, sorted by name.
+inline std::vector<std::filesystem::path> CaseFolders(const char* area) {
+    std::vector<std::filesystem::path> folders;
+    for (const auto& entry : std::filesystem::directory_iterator(std::filesystem::path(PIROL_TEST_DATA) / area))
+        folders.push_back(entry.path());
+    std::sort(folders.begin(), folders.end());
+    return folders;
+}
+
+/// A folder for the files of one test, empty at first and removed at the end.
+class ScratchFolder {
+  public:
+    ScratchFolder() {
+        std::string name = (std::filesystem::temp_directory_path() / "pirol-test-XXXXXX").string();
+        path_ = mkdtemp(name.data());
+    }
+    ScratchFolder(const ScratchFolder&) = delete;
+    ScratchFolder& operator=(const ScratchFolder&) = delete;
+    ~ScratchFolder() { std::filesystem::remove_all(path_); }
+
+    std::filesystem::path operator/(const char* name) const { return path_ / name; }
+
+  private:
+    std::filesystem::path path_;
+};
+
+} // namespace pirol::test

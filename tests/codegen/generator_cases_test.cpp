@@ -1,0 +1,91 @@
+#include "Cases.h"
+#include "codegen/JavaGenerator.h"
+#include "model/FileAccess.h"
+#include "model/RuntimeError.h"
+#include "model/Windows1252.h"
+#include "project/ProjectFile.h"
+
+#include <gtest/gtest.h>
+
+namespace pirol {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string GeneratedFrom(const fs::path& project, CodeOptions options) {
+    ProjectModel model;
+    EXPECT_EQ(ReadPRLFile(project, model), ReadResult::Loaded) << project;
+    return ToWindows1252(GenerateCode(model, options));
+}
+
+/// tests/data/generate/*: design.prl gives expected.java with the options of options.txt.
+TEST(JavaGenerator, Cases) {
+    for (const fs::path& folder : test::CaseFolders("generate")) {
+        const std::string options = ReadFileBytes(folder / "options.txt");
+        const CodeOptions code{options.find("--menu") != std::string::npos, options.find("--sql") != std::string::npos};
+        EXPECT_EQ(GeneratedFrom(folder / "design.prl", code), ReadFileBytes(folder / "expected.java")) << folder;
+    }
+}
+
+/// Each example stands beside its Java, generated with all it has.
+TEST(JavaGenerator, Examples) {
+    std::size_t examples = 0;
+    for (const auto& entry : fs::directory_iterator(PIROL_EXAMPLES)) {
+        fs::path project = entry.path();
+        if (project.extension() != ".prl")
+            continue;
+        ProjectModel model;
+        ASSERT_EQ(ReadPRLFile(project, model), ReadResult::Loaded) << project;
+        const CodeOptions code{!model.Menus().IsEmpty(), model.Sql().UsesDatabase()};
+        EXPECT_EQ(ToWindows1252(GenerateCode(model, code)), ReadFileBytes(project.replace_extension(".java")))
+            << project;
+        ++examples;
+    }
+    EXPECT_GE(examples, 5U);
+}
+
+TEST(JavaGenerator, WritesWhatTheProjectFileDoesNotHold) {
+    ProjectModel model;
+    const auto place = [&model](ComponentKind kind) -> Control& {
+        return model.EditElement(model.PlaceComponent(kind, {1, 2, 30, 40}));
+    };
+    static_cast<dPassword&>(place(ComponentKind::Password)).Caption = "geheim";
+    static_cast<dSchalter&>(place(ComponentKind::CheckBox)).Checked = true;
+    static_cast<dFortschritt&>(place(ComponentKind::ProgressBar)).Value = 42;
+    auto& group = static_cast<dOptionsgruppe&>(place(ComponentKind::OptionGroup));
+    group.OptionButtons.emplace_back();
+    group.EventClick = false;
+    const std::string source = GenerateCode(model, {});
+    for (const char* statement :
+         {"        hatPasswortfeld1.setzeInhalt(\"geheim\");\r\n", "        hatSchalter1.schalteAn();\r\n",
+          "        hatFortschrittsbalken1.setzeWert(42);\r\n",
+          "        hatRadioKnopf = new Radioknopf(1, 2, 150, 20, \"\");\r\n"
+          "        hatOptionsgruppe1.fuegeEin(hatRadioKnopf);\r\n"})
+        EXPECT_NE(source.find(statement), std::string::npos) << statement << source;
+    EXPECT_EQ(source.find("Geklickt"), std::string::npos);
+}
+
+TEST(JavaGenerator, SkipsDeletedComponents) {
+    ProjectModel model;
+    for (int placed = 0; placed < 2; ++placed)
+        model.PlaceComponent(ComponentKind::Button, {0, 0, 50, 50});
+    model.DeleteComponent({ComponentKind::Button, 1});
+    const std::string source = GenerateCode(model, {});
+    EXPECT_EQ(source.find("hatKnopf1"), std::string::npos);
+    EXPECT_NE(source.find("hatKnopf2"), std::string::npos);
+}
+
+TEST(JavaGenerator, ARadioButtonOutsideSixteenBitsIsAnError) {
+    ProjectModel model;
+    Control& group = model.EditElement(model.PlaceComponent(ComponentKind::OptionGroup, {32000, 0, 100, 100}));
+    static_cast<dOptionsgruppe&>(group).OptionButtons.emplace_back().Left = 1000;
+    try {
+        GenerateCode(model, {});
+        FAIL();
+    } catch (const RuntimeError& error) {
+        EXPECT_STREQ(error.what(), "Fehler 6: Überlauf (Main.File.Java.GenerateCode)");
+    }
+}
+
+} // namespace
+} // namespace pirol

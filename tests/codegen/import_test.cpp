@@ -1,0 +1,117 @@
+#include "Cases.h"
+#include "codegen/CallIndex.h"
+#include "codegen/JavaImport.h"
+#include "model/FileAccess.h"
+#include "model/RuntimeError.h"
+#include "model/Windows1252.h"
+#include "project/ProjectFile.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace pirol {
+namespace {
+
+std::string ErrorOf(const std::function<void()>& operation) {
+    try {
+        operation();
+    } catch (const RuntimeError& error) {
+        return error.what();
+    }
+    return {};
+}
+
+/// tests/data/import/*: SuMAnwendung.java gives expected.prl.
+TEST(JavaImport, Cases) {
+    for (const auto& folder : test::CaseFolders("import")) {
+        ProjectModel model;
+        AnalyseCode(FromWindows1252(ReadFileBytes(folder / "SuMAnwendung.java")), model);
+        EXPECT_EQ(GeneratePRLCode(model), ReadFileBytes(folder / "expected.prl")) << folder;
+    }
+}
+
+TEST(JavaImport, GetAllLinesFindsNamesAndArguments) {
+    const std::string_view nul("\0", 1);
+    const struct {
+        std::string source, entries;
+    } cases[] = {
+        {"", ""},
+        {"    hatK = new Knopf(1, \"a\");", "hatK,1, a"},
+        {"hatK = new Knopf();", "hatK,"},
+        {"x;\r\nhatK = new Knopf(1);", "hatK,1"},
+        {"a = new Knopf(1);\r\nb = new Knopf(2);", "a,1" + std::string(nul) + "b,2"},
+        {"a = new  Knopf(1); b =new Knopf(2); c = new Knopfe(3); d = new Knopf (4);", ""},
+        {"a = new Knopf(f(1);2);", "a,f(1"},
+    };
+    for (const auto& row : cases)
+        EXPECT_EQ(GetAllLines(row.source, "Knopf"), row.entries) << row.source;
+}
+
+TEST(JavaImport, GetValueFindsTheFirstCall) {
+    const std::string_view source = "xhatA.f(\"1\"); hatA.g(2); hatA.f(3); hatB.f(4";
+    EXPECT_EQ(GetValue(source, "hatA", "f", "0"), "1"); // a plain search, also inside longer names
+    EXPECT_EQ(GetValue(source, "hatC", "f", "640, 480"), "640, 480");
+    EXPECT_EQ(ErrorOf([&] { GetValue(source, "hatB", "f", ""); }),
+              "Fehler 5: Ungültiger Prozeduraufruf (Main.File.Import.GetValue)");
+}
+
+TEST(JavaImport, TheIndexFindsWhatAPlainSearchFinds) {
+    const std::string source = "a.f(1); aa.f(2); b.f(3); xb.f(4); .f(5); ba.f(6); a.fx(7); a.f(8);";
+    const std::vector<std::string_view> variables = {"a", "aa", "b", "c", "ba", ""};
+    CallIndex index(source, "f", variables);
+    for (const std::string_view variable : variables) {
+        EXPECT_EQ(index.GetValue(variable, "-"), GetValue(source, variable, "f", "-")) << variable;
+        std::vector<std::string> all;
+        const std::string call = std::string(variable) + ".f(";
+        for (std::size_t hit = source.find(call); hit != std::string::npos; hit = source.find(call, hit + 1))
+            all.push_back(source.substr(hit + call.size(), 1));
+        EXPECT_EQ(index.GetValues(variable), all) << variable;
+    }
+}
+
+TEST(JavaImport, BadArgumentsEndInAnErrorAndKeepWhatWasRead) {
+    const struct {
+        const char* source;
+        const char* error;
+    } cases[] = {
+        {"super(x, 480);", "Fehler 13: Typen unverträglich (Main.File.Import.Analyse)"},
+        {"super();", "Fehler 13: Typen unverträglich (Main.File.Import.Analyse)"},
+        {"super(640);", "Fehler 9: Index außerhalb des gültigen Bereichs (Main.File.Import.Analyse)"},
+        {"super(640, 40000);", "Fehler 6: Überlauf (Main.File.Import.Analyse)"},
+        {"super(640, 480", "Fehler 5: Ungültiger Prozeduraufruf (Main.File.Import.GetValue)"},
+        {"a = new Knopf(links, 0, 1, 1, \"\");", "Fehler 13: Typen unverträglich (Main.File.Import.Analyse)"},
+        {"a = new Knopf(1, 2, 3, 4);", "Fehler 9: Index außerhalb des gültigen Bereichs (Main.File.Import.Analyse)"},
+        {"a = new Knopf(1, 2", "Fehler 5: Ungültiger Prozeduraufruf (Main.File.Import.GetAllLines)"},
+        {"a = new Etikett(1,2,3,4,\"x\"); a.setzeAusrichtung(schief);",
+         "Fehler 13: Typen unverträglich (Main.File.Import.Analyse)"},
+        {"a = new Tabelle(1,2,3,4,5,99999);", "Fehler 6: Überlauf (Main.File.Import.Analyse)"},
+        {"hatDatenbank.verbindeMySQL(\"nur eine\");",
+         "Fehler 9: Index außerhalb des gültigen Bereichs (Main.File.Import.Analyse)"},
+    };
+    for (const auto& row : cases) {
+        ProjectModel model;
+        const std::string source = std::string("good = new Etikett(1, 2, 3, 4, \"x\"); ") + row.source;
+        EXPECT_EQ(ErrorOf([&] { AnalyseCode(source, model); }), row.error) << row.source;
+    }
+    ProjectModel model;
+    EXPECT_NE(ErrorOf([&] { AnalyseCode("a = new Knopf(1,2,3,4,\"\"); b = new Knopf(?,2,3,4,\"\");", model); }), "");
+    EXPECT_EQ(model.ElementCount(ComponentKind::Button), 3U);
+    EXPECT_FALSE(model.Element({ComponentKind::Button, 2}).Visible) << "the bad one must not be seen";
+}
+
+TEST(JavaImport, SourcesMadeToEatMemoryAreRefused) {
+    std::string overlapping;
+    for (int count = 0; count < 20000; ++count)
+        overlapping += "x = new Knopf( ";
+    std::string wide;
+    for (int count = 0; count < 100; ++count)
+        wide += "t = new Tabelle(0, 0, 0, 0, 1, 32767);";
+    for (const std::string& source : {overlapping + ");", wide}) {
+        ProjectModel model;
+        EXPECT_NE(ErrorOf([&] { AnalyseCode(source, model); }).find("Nicht genügend Speicher"), std::string::npos);
+    }
+}
+
+} // namespace
+} // namespace pirol

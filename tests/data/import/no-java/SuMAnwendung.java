@@ -1,0 +1,2 @@
+Dies ist kein Java.
+Sondern ein Brief.

@@ -1,0 +1,74 @@
+#include "Cases.h"
+#include "model/FileAccess.h"
+#include "model/RuntimeError.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace pirol {
+namespace {
+
+namespace fs = std::filesystem;
+
+int ErrorOf(const std::function<void()>& operation) {
+    try {
+        operation();
+    } catch (const RuntimeError& error) {
+        return error.ErrorNumber();
+    }
+    return 0;
+}
+
+std::size_t FilesIn(const fs::path& folder) {
+    return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder), {}));
+}
+
+TEST(FileAccess, ReplacingLeavesNoRemainderAndNoOtherFile) {
+    const test::ScratchFolder scratch;
+    const fs::path file = scratch / "a.prl";
+    ReplaceFileBytes(file, "a long text");
+    fs::permissions(file, fs::perms::owner_read | fs::perms::owner_write);
+    ReplaceFileBytes(file, std::string_view("x\0y", 3));
+    EXPECT_EQ(ReadFileBytes(file), std::string("x\0y", 3));
+    EXPECT_EQ(fs::status(file).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+    EXPECT_EQ(FilesIn(file.parent_path()), 1U);
+}
+
+TEST(FileAccess, ReplacingWritesThroughALink) {
+    const test::ScratchFolder scratch;
+    ReplaceFileBytes(scratch / "real", "old");
+    fs::create_symlink("real", scratch / "link");
+    ReplaceFileBytes(scratch / "link", "new");
+    EXPECT_TRUE(fs::is_symlink(scratch / "link"));
+    EXPECT_EQ(ReadFileBytes(scratch / "real"), "new");
+}
+
+TEST(FileAccess, OverwritingKeepsTheOldTail) {
+    const test::ScratchFolder scratch;
+    OverwriteFileBytes(scratch / "f", "0123456789");
+    OverwriteFileBytes(scratch / "f", "abc");
+    EXPECT_EQ(ReadFileBytes(scratch / "f"), "abc3456789");
+}
+
+TEST(FileAccess, EveryFailureHasItsNumber) {
+    const test::ScratchFolder scratch;
+    fs::create_directory(scratch / "folder");
+    CreateFileBytes(scratch / "file", "x");
+    const fs::path missing = scratch / "no" / "file";
+    EXPECT_EQ(ErrorOf([&] { ReadFileBytes(missing); }), 53);
+    EXPECT_EQ(ErrorOf([&] { ReadFileBytes(scratch / "folder"); }), 75);
+    EXPECT_EQ(ErrorOf([&] { ReadFileBytes(scratch / "file" / "below"); }), 76);
+    EXPECT_EQ(ErrorOf([&] { ReadFileBytes(scratch / std::string(300, 'x').c_str()); }), 52);
+    EXPECT_EQ(ErrorOf([] { ReadFileBytes("/dev/zero"); }), 7);
+    for (const auto write : {ReplaceFileBytes, OverwriteFileBytes}) {
+        EXPECT_EQ(ErrorOf([&] { write(missing, "x"); }), 76);
+        EXPECT_EQ(ErrorOf([&] { write(scratch / "folder", "x"); }), 75);
+        EXPECT_EQ(ErrorOf([&] { write("/dev/full", "x"); }), 61);
+    }
+    EXPECT_EQ(ErrorOf([&] { CreateFileBytes(scratch / "file", "y"); }), 75);
+    EXPECT_EQ(ReadFileBytes(scratch / "file"), "x");
+}
+
+} // namespace
+} // namespace pirol

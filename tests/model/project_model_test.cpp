@@ -1,0 +1,141 @@
+#include "model/Oddities.h"
+#include "model/ProjectModel.h"
+#include "model/RuntimeError.h"
+
+#include <gtest/gtest.h>
+
+namespace pirol {
+namespace {
+
+using enum ComponentKind;
+
+constexpr Rectangle box{10, 20, 200, 30};
+
+const std::string& NameOf(const ProjectModel& model, ComponentRef component) {
+    return model.Element(component).ObjectName;
+}
+
+TEST(ProjectModel, PlacesEveryKindWithItsNameCaptionAndSize) {
+    const struct {
+        ComponentKind kind;
+        const char* name;
+        const char* caption; // as the property list shows it, null for kinds without
+        int width, height;
+    } cases[] = {
+        {Label, "hatEtikett1", "Etikett 1", 200, 30},
+        {Button, "hatKnopf1", "Knopf", 200, 30},
+        {TextField, "hatTextfeld1", "Textfeld 1", 200, 30},
+        {CharField, "hatZeichenbereich1", "", 200, 30},
+        {RowField, "hatZeilenbereich1", "", 200, 30},
+        {Password, "hatPasswortfeld1", "", 200, 30},
+        {CheckBox, "hatSchalter1", "Schalter 1", 200, 30},
+        {OptionGroup, "hatOptionsgruppe1", nullptr, 200, 30},
+        {ComboBox, "hatAuswahl1", nullptr, 200, 30},
+        {Slider, "hatRegler1", nullptr, 200, 30},
+        {ProgressBar, "hatFortschrittsbalken1", nullptr, 200, 30},
+        {Table, "hatTabelle1", nullptr, 200, 30},
+        {Picture, "hatBild1", nullptr, 160, 120},
+        {Sound, "hatTon1", nullptr, 32, 32},
+        {Movie, "hatFilm1", nullptr, 160, 120},
+    };
+    ProjectModel model;
+    for (const auto& row : cases) {
+        const ComponentRef placed = model.PlaceComponent(row.kind, box);
+        const Control& control = model.Element(placed);
+        EXPECT_EQ(control.ObjectName, row.name);
+        EXPECT_EQ(control.Kind(), row.kind);
+        EXPECT_EQ(model.VisibleBox(placed), (Rectangle{10, 20, row.width, row.height})) << row.name;
+        const PropertyRow* caption = FindRow(control, "value");
+        ASSERT_EQ(caption != nullptr, row.caption != nullptr) << row.name;
+        if (caption != nullptr) {
+            EXPECT_EQ(caption->get(control), row.caption);
+        }
+    }
+    EXPECT_EQ(model.CreationOrder().size(), kindCount);
+}
+
+TEST(ProjectModel, HiddenElementsCountUntilTheKindIsEmpty) {
+    ProjectModel model;
+    for (int placed = 0; placed < 3; ++placed)
+        model.PlaceComponent(Label, box);
+    model.DeleteComponent({Label, 2});
+    EXPECT_EQ(NameOf(model, model.PlaceComponent(Label, box)), "hatEtikett4");
+    for (const std::size_t index : {1U, 3U, 4U})
+        model.DeleteComponent({Label, index});
+    EXPECT_EQ(model.ElementCount(Label), 1U);
+    EXPECT_TRUE(model.CreationOrder().empty());
+    EXPECT_EQ(NameOf(model, model.PlaceComponent(Label, box)), "hatEtikett1");
+}
+
+TEST(ProjectModel, SlidersAndProgressBarsGoOnCounting) {
+    for (const KindRow& row : KindRows()) {
+        ProjectModel model;
+        model.DeleteComponent(model.PlaceComponent(row.kind, box));
+        const bool goesOn = row.kind == Slider || row.kind == ProgressBar;
+        EXPECT_EQ(model.PlaceComponent(row.kind, box).index, goesOn ? 2U : 1U) << row.key;
+    }
+}
+
+TEST(ProjectModel, APlaceOutsideSixteenBitsChangesNothing) {
+    ProjectModel model;
+    EXPECT_THROW(model.PlaceComponent(Button, {40000, 0, 30, 30}), RuntimeError);
+    EXPECT_EQ(model, ProjectModel());
+    EXPECT_TRUE(model.CreationOrder().empty());
+}
+
+TEST(ProjectModel, ResetKeepsTheDatabase) {
+    ProjectModel model;
+    model.EditSql().Server = "localhost";
+    model.PlaceComponent(Button, box);
+    model.EditMenus().Append("Datei", "hatMenueDatei");
+    model.SetWindowSize(100, 100);
+    model.SetAuthor("x");
+    model.Reset();
+    ProjectModel expected;
+    expected.EditSql().Server = "localhost";
+    EXPECT_EQ(model, expected);
+    EXPECT_FALSE(model.IsChanged());
+}
+
+TEST(ProjectModel, AnnouncesWhatChanged) {
+    ProjectModel model;
+    const ComponentRef button = model.PlaceComponent(Button, box);
+    model.TakeChanges();
+    model.EditElement(button).Left = 500;
+    const std::vector<Change> changes = model.TakeChanges();
+    ASSERT_EQ(changes.size(), 1U);
+    EXPECT_EQ(changes[0].component, button);
+    EXPECT_EQ(changes[0].before, box);
+    EXPECT_TRUE(model.TakeChanges().empty());
+    for (int change = 0; change < 1000; ++change)
+        model.EditElement(button);
+    const std::vector<Change> many = model.TakeChanges();
+    ASSERT_EQ(many.size(), 1U);
+    EXPECT_EQ(many[0].what, Change::What::Everything);
+}
+
+TEST(ProjectModel, IsAValue) {
+    ProjectModel model;
+    const ComponentRef button = model.PlaceComponent(Button, box);
+    ProjectModel copy = model;
+    EXPECT_EQ(copy, model);
+    copy.EditElement(button).ObjectName = "hatAnderer";
+    EXPECT_NE(copy, model);
+    EXPECT_EQ(NameOf(model, button), "hatKnopf1");
+}
+
+TEST(ComponentKinds, AreFoundByEachOfTheirNames) {
+    for (const KindRow& row : KindRows()) {
+        EXPECT_EQ(KindByKey(row.key), row.kind);
+        EXPECT_EQ(KindByControl(row.control), row.kind);
+        EXPECT_EQ(KindByJavaClass(row.javaClass), row.kind);
+        EXPECT_EQ(KindByNumber(static_cast<int>(row.kind)), row.kind);
+    }
+    EXPECT_FALSE(KindByKey("Label") || KindByControl("") || KindByNumber(0) || KindByNumber(16));
+    EXPECT_EQ(oddities::CrossTextAreas(CharField), RowField);
+    EXPECT_EQ(oddities::CrossTextAreas(RowField), CharField);
+    EXPECT_EQ(oddities::CrossTextAreas(Label), Label);
+}
+
+} // namespace
+} // namespace pirol

@@ -1,0 +1,139 @@
+#include "Cases.h"
+#include "model/RuntimeError.h"
+#include "project/HashFunction.h"
+#include "project/ProjectFile.h"
+
+#include <gtest/gtest.h>
+
+namespace pirol {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string Signed(std::string text) {
+    return text + HashFunction(text);
+}
+
+/// What the user is told, or an empty text when the project was loaded.
+std::string OutcomeOf(std::string_view bytes, ProjectModel& model) {
+    try {
+        return ReadPRLBytes(bytes, model) == ReadResult::Loaded ? "" : std::string(damagedProjectMessage);
+    } catch (const RuntimeError& error) {
+        return error.what();
+    }
+}
+
+ProjectModel Read(const std::string& bytes) {
+    ProjectModel model;
+    EXPECT_EQ(OutcomeOf(bytes, model), "");
+    return model;
+}
+
+TEST(ProjectFile, AnEmptyDesignIsWrittenByteForByte) {
+    EXPECT_EQ(GeneratePRLCode(ProjectModel()),
+              Signed("#Begin.Pirol.Window\r\n640\r\n480\r\n\r\n#Begin.Pirol.Components\r\n#Begin.Pirol.Menu\r\n"
+                     "#Begin.Pirol.SQL\r\n\r\n\r\n\r\n\r\n\r\n0;0;0\r\n#Begin.Pirol.Hash\r\n"));
+}
+
+/// tests/data/errors/*: project.prl ends in the message of expected.txt.
+TEST(ProjectFile, DamagedFilesEndInTheirMessage) {
+    for (const fs::path& folder : test::CaseFolders("errors")) {
+        ProjectModel model;
+        EXPECT_EQ(OutcomeOf(ReadFileBytes(folder / "project.prl"), model), ReadFileBytes(folder / "expected.txt"))
+            << folder;
+    }
+}
+
+TEST(ProjectFile, ReadingTwiceGivesTheSameBytes) {
+    // Each pass crosses the text areas, so every second one is the file itself.
+    for (const fs::path& folder : test::CaseFolders("generate")) {
+        const std::string bytes = ReadFileBytes(folder / "design.prl");
+        EXPECT_EQ(GeneratePRLCode(Read(GeneratePRLCode(Read(bytes)))), bytes) << folder;
+    }
+}
+
+TEST(ProjectFile, TextAreasComeBackCrossed) {
+    ProjectModel model;
+    model.PlaceComponent(ComponentKind::CharField, {0, 0, 50, 50});
+    const ProjectModel read = Read(GeneratePRLCode(model));
+    EXPECT_EQ(read.ElementCount(ComponentKind::CharField), 1U);
+    EXPECT_EQ(read.Element({ComponentKind::RowField, 1}).ObjectName, "hatZeichenbereich1");
+}
+
+TEST(ProjectFile, HiddenComponentsAndSomeValuesAreNotKept) {
+    ProjectModel model;
+    for (int placed = 0; placed < 2; ++placed)
+        model.PlaceComponent(ComponentKind::CheckBox, {0, 0, 50, 50});
+    static_cast<dSchalter&>(model.EditElement({ComponentKind::CheckBox, 2})).Checked = true;
+    model.DeleteComponent({ComponentKind::CheckBox, 1});
+    const ProjectModel read = Read(GeneratePRLCode(model));
+    ASSERT_EQ(read.ElementCount(ComponentKind::CheckBox), 2U);
+    const auto& kept = static_cast<const dSchalter&>(read.Element({ComponentKind::CheckBox, 1}));
+    EXPECT_EQ(kept.ObjectName, "hatSchalter2");
+    EXPECT_FALSE(kept.Checked);
+}
+
+TEST(ProjectFile, WhatMayBeMissingOrForeignIsAccepted) {
+    const std::string sqlAndHash = "#Begin.Pirol.SQL\r\nserver\r\n#Begin.Pirol.Hash\r\n";
+    ProjectModel model;
+    model.EditSql().User = "kept from before";
+    model.EditSql().Flags = {1, 2, 3};
+    using std::string_literals::operator""s;
+    const std::string noMarkersAndFractions = "\r\n1,5\r\n 2.5 \r\nA\r\n\r\n";
+    const std::string linesOfNoKind = "0\0x\r\n16\r\n\r\n01\r\n"s;
+    const std::string bytes = Signed(noMarkersAndFractions + linesOfNoKind +
+                                     "#Begin.Pirol.Menu\r\n#Begin.Pirol.SQL\r\nserver\r\n#Begin.Pirol.Hash\r\n");
+    EXPECT_EQ(OutcomeOf(bytes, model), "");
+    EXPECT_EQ(model.WindowWidth(), 2);
+    EXPECT_EQ(model.WindowHeight(), 2);
+    EXPECT_TRUE(model.CreationOrder().empty());
+    EXPECT_EQ(model.Sql().Server, "server");
+    EXPECT_EQ(model.Sql().User, "kept from before");
+    EXPECT_EQ(model.Sql().Flags[2], 3);
+}
+
+TEST(ProjectFile, AfterAnErrorWhatWasReadBeforeStays) {
+    using std::string_literals::operator""s;
+    const std::string bytes = Signed("#Begin.Pirol.Window\r\n320\r\n240\r\nich\r\n#Begin.Pirol.Components\r\n"
+                                     "13\0001\0002\0003\0004\0hatBild1\0x.bmp\0surplus\r\n"s
+                                     "13\0001\0zwei\0003\0004\0hatBild2\0y.bmp\r\n"s
+                                     "#Begin.Pirol.Menu\r\n");
+    ProjectModel model;
+    EXPECT_NE(OutcomeOf(bytes, model), "");
+    EXPECT_EQ(model.WindowWidth(), 320);
+    EXPECT_EQ(model.Author(), "ich");
+    EXPECT_EQ(model.Element({ComponentKind::Picture, 1}).ObjectName, "hatBild1");
+    EXPECT_EQ(model.Element({ComponentKind::Picture, 2}).Left, 1);
+}
+
+TEST(ProjectFile, ARefusedFileLeavesAnEmptyDesign) {
+    ProjectModel model;
+    model.SetWindowSize(1, 1);
+    model.PlaceComponent(ComponentKind::Label, {0, 0, 50, 50});
+    EXPECT_EQ(OutcomeOf("x", model), damagedProjectMessage);
+    EXPECT_EQ(model, ProjectModel());
+}
+
+TEST(ProjectFile, LoadingTellsHowFarItIs) {
+    struct Log final : LoadingProgress {
+        std::string text;
+        void SetMaximum(int maximum) override { text += "max " + std::to_string(maximum); }
+        void SetValue(int value) override { text += " " + std::to_string(value); }
+        void SetCaption(std::string_view caption) override { text += "|" + std::string(caption); }
+    };
+    ProjectModel model;
+    model.PlaceComponent(ComponentKind::Label, {0, 0, 50, 50});
+    model.EditMenus().Append("Datei", "hatMenueDatei");
+    const test::ScratchFolder scratch;
+    const fs::path file = scratch / "p.prl";
+    ReplaceFileBytes(file, GeneratePRLCode(model));
+    Log log;
+    EXPECT_EQ(ReadPRLFile(file, model, &log), ReadResult::Loaded);
+    EXPECT_EQ(log.text,
+              "max 15|Lade Komponenten . . . 6|Lade Menüeinträge . . . 8|Lade SQL-Daten . . . 10 11 12 13 14 15");
+    EXPECT_EQ(model.FilePath(), file.string());
+    EXPECT_FALSE(model.IsChanged());
+}
+
+} // namespace
+} // namespace pirol
