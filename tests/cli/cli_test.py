@@ -1,0 +1,124 @@
+#!/usr/bin/env python3
+"""Calls pirol-cli as a user does and checks exit status, output, messages and what is left on disk.
+
+Usage: cli_test.py PIROL_CLI EXAMPLES
+"""
+import hashlib
+import pathlib
+import subprocess
+import sys
+import tempfile
+import unittest
+
+CLI = pathlib.Path(sys.argv[1]).resolve()
+EXAMPLES = pathlib.Path(sys.argv[2]).resolve()
+PROJECT = EXAMPLES / "Adressbuch.prl"
+INDEX_ERROR = "Fehler 9: Index außerhalb des gültigen Bereichs (Main.File.PRL.ReadPRLFile)\n"
+REFUSAL = ("Die .prl - Datei ist fehlerhaft oder wurde manuell verändert.\r\n"
+           "Der Ladevorgang wird abgebrochen!\n")
+
+
+def call(*words, **options):
+    return subprocess.run([CLI, *map(str, words)], capture_output=True, timeout=60, check=False, **options)
+
+
+class CliTest(unittest.TestCase):
+    def setUp(self):
+        scratch = tempfile.TemporaryDirectory()
+        self.addCleanup(scratch.cleanup)
+        self.folder = pathlib.Path(scratch.name)
+
+    def assert_call(self, words, status, stderr=None):
+        result = call(*words)
+        self.assertEqual(result.returncode, status, (words, result.stderr.decode()))
+        if stderr is not None:
+            self.assertEqual(result.stderr.decode(), stderr, words)
+        return result.stdout
+
+    def test_generate_writes_the_same_to_file_and_standard_output(self):
+        expected = PROJECT.with_suffix(".java").read_bytes()
+        self.assertEqual(self.assert_call(["generate", PROJECT, "--menu", "--sql"], 0), expected)
+        target = self.folder / "Größe x.java"
+        target.write_bytes(b"x" * 100000)
+        self.assert_call(["generate", "-o", target, "--sql", "--menu", PROJECT], 0)
+        self.assertEqual(target.read_bytes(), expected)
+        self.assertNotIn(b"Menue", self.assert_call(["generate", PROJECT], 0))
+
+    def test_copy_import_and_hash_agree(self):
+        java, copy, back = (self.folder / name for name in ("a.java", "copy.prl", "back.prl"))
+        self.assert_call(["copy", EXAMPLES / "Taschenrechner.prl", copy], 0)
+        self.assertEqual(copy.read_bytes(), (EXAMPLES / "Taschenrechner.prl").read_bytes())
+        self.assert_call(["generate", copy, "-o", java], 0)
+        self.assert_call(["import", java, "-o", back], 0)
+        description = self.assert_call(["check", back], 0).decode()
+        self.assertIn("Knopf: 17\n", description)
+        self.assertIn("Fenster: 340 x 420\n", description)
+        text = back.read_bytes()
+        self.assertEqual(text[-40:].decode(), hashlib.sha1(text[:-40]).hexdigest().upper())
+        self.assertEqual(self.assert_call(["hash", back], 0).decode(),
+                         hashlib.sha1(text).hexdigest().upper() + "\n")
+
+    def test_check_says_what_every_example_holds(self):
+        description = self.assert_call(["check", *sorted(EXAMPLES.glob("*.prl"))], 0).decode()
+        for line in ("Projekt: " + str(PROJECT), "Autor: Klasse 10b, Gruppe Müller/Weiß", "Menüs: 2",
+                     "Menüeinträge: 12", "Datenbank: schule auf localhost", "Tabelle: 1"):
+            self.assertIn(line + "\n", description)
+        self.assertTrue(all(": " in line for line in description.splitlines()), description)
+
+    def test_export_makes_a_folder_once(self):
+        folder = self.folder / "Mein Projekt"
+        self.assert_call(["export", PROJECT, folder, "--menu", "--sql"], 0)
+        sizes = {path.name: path.stat().st_size for path in folder.iterdir()}
+        java = PROJECT.with_suffix(".java").read_bytes()
+        self.assertEqual(sizes, {"bluej.pkg": 456, "bluej.pkh": 456, "Readme.txt": 524, "SuMAnwendung.ctxt": 388,
+                                 "SuMAnwendung.java": len(java)})
+        self.assertEqual((folder / "SuMAnwendung.java").read_bytes(), java)
+        self.assertTrue((folder / "bluej.pkg").read_bytes().endswith(b"target1.y=10\r\n\0\0\0"))
+        (folder / "bluej.pkg").write_bytes(b"mine")
+        self.assert_call(["export", PROJECT, folder], 1,
+                         "Fehler 75: Fehler beim Zugriff auf Pfad/Datei (Main.Project.Export)\n")
+        self.assertEqual((folder / "bluej.pkg").read_bytes(), b"mine")
+        self.assert_call(["export", PROJECT, self.folder / "no" / "folder"], 1,
+                         "Fehler 76: Pfad nicht gefunden (Main.Project.Export)\n")
+
+    def test_refused_projects_leave_the_output_untouched(self):
+        damaged, empty = self.folder / "damaged.prl", self.folder / "empty.prl"
+        damaged.write_bytes(PROJECT.read_bytes().replace(b"640", b"641", 1))
+        empty.write_bytes(b"")
+        for project, message in ((damaged, REFUSAL), (empty, INDEX_ERROR),
+                                 (self.folder, "Fehler 75: Fehler beim Zugriff auf Pfad/Datei "
+                                               "(Main.File.PRL.ReadPRLFile)\n"),
+                                 (self.folder / "none", "Fehler 53: Datei nicht gefunden "
+                                                        "(Main.File.PRL.ReadPRLFile)\n")):
+            target = self.folder / "target"
+            target.write_bytes(b"old")
+            for words in (["generate", project, "-o", target], ["copy", project, target],
+                          ["export", project, self.folder / "new"], ["check", project]):
+                self.assertEqual(self.assert_call(words, 1, message), b"")
+            self.assertEqual(target.read_bytes(), b"old")
+            self.assertFalse((self.folder / "new").exists())
+
+    def test_a_full_disk_is_reported(self):
+        for target, label in ((["generate", PROJECT, "-o", "/dev/full"], "Main.Project.Export"),
+                              (["copy", PROJECT, "/dev/full"], "Main.File.PRL.GeneratePRLCode")):
+            self.assert_call(target, 1, f"Fehler 61: Datenträger voll ({label})\n")
+        with open("/dev/full", "wb") as full:
+            result = subprocess.run([CLI, "generate", PROJECT], stdout=full, stderr=subprocess.PIPE, check=False)
+        self.assertEqual(result.returncode, 1)
+        self.assertIn("Fehler", result.stderr.decode())
+
+    def test_wrong_calls_are_explained(self):
+        for words in ([], ["paint"], ["generate"], ["generate", PROJECT, PROJECT], ["generate", PROJECT, "-o"],
+                      ["generate", PROJECT, "--fast"], ["import", PROJECT], ["copy", PROJECT],
+                      ["copy", PROJECT, "x", "--menu"], ["hash"], ["check"], ["export", PROJECT],
+                      ["--help", "x"]):
+            result = call(*words)
+            self.assertEqual(result.returncode, 2, words)
+            self.assertIn("pirol-cli generate P.prl [--menu] [--sql] [-o DATEI]", result.stderr.decode())
+            self.assertEqual(result.stdout, b"")
+        self.assertIn("Aufruf:", self.assert_call(["--help"], 0).decode())
+        self.assertRegex(self.assert_call(["--version"], 0).decode(), r"^pirol-cli \d+\.\d+\.\d+\n$")
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])
