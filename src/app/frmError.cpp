@@ -1,0 +1,97 @@
+#include "app/frmError.h"
+
+#include "app/ErrorReport.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QStyle>
+#include <QVBoxLayout>
+
+namespace pirol {
+namespace {
+
+/// The advice for a label, which knows LF only.
+QString AdviceText() {
+    return QString::fromStdString(ErrorAdvice()).replace("\r\n", "\n");
+}
+
+QPushButton* NewButton(const QString& name, const QString& caption, const QString& accessibleName) {
+    auto* button = new QPushButton(caption);
+    button->setObjectName(name);
+    button->setAccessibleName(accessibleName);
+    return button;
+}
+
+} // namespace
+
+frmError::frmError(const RuntimeError& error, QWidget* owner) : QDialog(owner), txtError_(new QPlainTextEdit) {
+    setObjectName("frmError");
+    setWindowTitle("Pirol - Fehlermeldung");
+
+    txtError_->setObjectName("txtError");
+    txtError_->setAccessibleName("Fehlerbericht");
+    txtError_->setReadOnly(true);
+    txtError_->setTabChangesFocus(true);
+    // The report is to be selected and copied with the keyboard too, so it shows its caret.
+    txtError_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    txtError_->setPlainText(
+        QString::fromStdString(ErrorReportText(error.ErrorNumber(), error.Description(), error.Label())));
+    txtError_->setMinimumHeight(txtError_->fontMetrics().lineSpacing() * 7);
+
+    auto* icon = new QLabel;
+    icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxCritical).pixmap(32, 32));
+    icon->setAlignment(Qt::AlignTop);
+
+    auto* lblHandling = new QLabel(AdviceText());
+    lblHandling->setObjectName("lblHandling");
+    lblHandling->setAccessibleName("Was Sie tun können");
+    lblHandling->setWordWrap(true);
+    lblHandling->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    lblHandling->setMinimumWidth(fontMetrics().averageCharWidth() * 64);
+    // At its narrowest the advice needs the most lines; a box layout alone would let it be cut off there.
+    lblHandling->setMinimumHeight(lblHandling->heightForWidth(lblHandling->minimumWidth()));
+
+    auto* cmdCopy = NewButton("cmdCopy", "&Kopieren", "Fehlerbericht kopieren");
+    auto* cmdClose = NewButton("cmdClose", "&Schließen", "Schließen");
+    cmdClose->setDefault(true);
+
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(cmdCopy);
+    buttons->addWidget(cmdClose);
+
+    auto* texts = new QVBoxLayout;
+    texts->addWidget(txtError_, 1);
+    texts->addWidget(lblHandling);
+
+    auto* report = new QHBoxLayout;
+    report->addWidget(icon);
+    report->addLayout(texts, 1);
+
+    auto* all = new QVBoxLayout(this);
+    all->addLayout(report, 1);
+    all->addLayout(buttons);
+
+    connect(cmdCopy, &QPushButton::clicked, this, &frmError::CopyReport);
+    connect(cmdClose, &QPushButton::clicked, this, &QDialog::accept);
+    cmdClose->setFocus();
+    QApplication::beep();
+}
+
+void frmError::CopyReport() {
+    QApplication::clipboard()->setText(txtError_->toPlainText());
+}
+
+bool ReportErrors(QWidget* owner, const std::function<void()>& operation) {
+    const std::optional<RuntimeError> error = ErrorOf(operation);
+    if (!error)
+        return true;
+    frmError(*error, owner).exec();
+    return false;
+}
+
+} // namespace pirol
