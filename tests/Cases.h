@@ -1,9 +1,11 @@
 #pragma once
 
 #include "model/FileAccess.h"
+#include "model/RuntimeError.h"
 
 #include <algorithm>
 #include <filesystem>
+#include <string>
 #include <vector>
 
 namespace pirol::test {
@@ -33,5 +35,16 @@ class ScratchFolder {
   private:
     std::filesystem::path path_;
 };
+
+/// The error in which an operation ends, in one line; empty when it succeeds.
+template <class Operation>
+std::string ErrorOf(Operation&& operation) {
+    try {
+        operation();
+    } catch (const RuntimeError& error) {
+        return error.what();
+    }
+    return {};
+}
 
 } // namespace pirol::test

@@ -99,10 +99,8 @@ void Generate(const Arguments& arguments) {
 void Import(const Arguments& arguments) {
     if (!arguments.output)
         throw UsageError{"import braucht -o P.prl."};
-    const std::string source = UnderLabel("Main.File.Import.Analyse",
-                                          [&] { return FromWindows1252(ReadFileBytes(PathOf(arguments.names[0]))); });
     ProjectModel model;
-    AnalyseCode(source, model);
+    AnalyseFile(PathOf(arguments.names[0]), model);
     Save(*arguments.output, model);
 }
 

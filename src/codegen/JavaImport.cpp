@@ -3,7 +3,9 @@
 #include "codegen/CallIndex.h"
 #include "codegen/JavaText.h"
 #include "model/Conversions.h"
+#include "model/FileAccess.h"
 #include "model/RuntimeError.h"
+#include "model/Windows1252.h"
 
 #include <algorithm>
 #include <deque>
@@ -12,6 +14,8 @@
 
 namespace pirol {
 namespace {
+
+constexpr std::string_view analyseLabel = "Main.File.Import.Analyse";
 
 /// The fields of one creation statement: the object name, then the constructor's arguments.
 class Fields {
@@ -297,10 +301,14 @@ std::string_view VariableBefore(std::string_view source, std::size_t equalsSign)
 } // namespace
 
 void AnalyseCode(std::string_view source, ProjectModel& model) {
-    UnderLabel("Main.File.Import.Analyse", [&] {
+    UnderLabel(analyseLabel, [&] {
         model.Reset();
         ImportAll(ReplaceAll(source, "\t", "    "), model);
     });
+}
+
+void AnalyseFile(const std::filesystem::path& path, ProjectModel& model) {
+    AnalyseCode(UnderLabel(analyseLabel, [&] { return FromWindows1252(ReadFileBytes(path)); }), model);
 }
 
 std::string GetAllLines(std::string_view source, std::string_view javaClass) {

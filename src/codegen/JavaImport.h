@@ -2,6 +2,7 @@
 
 #include "model/ProjectModel.h"
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -16,6 +17,9 @@ namespace pirol {
 /// Raises RuntimeError under the label of the operation that failed, "Main.File.Import.Analyse", one of those below or
 /// one of CallIndex; what was imported before stays. Time grows linearly with the source.
 void AnalyseCode(std::string_view source, ProjectModel& model);
+
+/// The same for a file, single-byte text in Windows-1252. A file that cannot be read leaves the design as it is.
+void AnalyseFile(const std::filesystem::path& path, ProjectModel& model);
 
 /// Every creation statement of a class: variable name, a comma and the argument text, without any double quotes; the
 /// entries are separated by code 0. Raises RuntimeError under "Main.File.Import.GetAllLines": InvalidCall when a

@@ -8,19 +8,10 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
-
 namespace pirol {
 namespace {
 
-std::string ErrorOf(const std::function<void()>& operation) {
-    try {
-        operation();
-    } catch (const RuntimeError& error) {
-        return error.what();
-    }
-    return {};
-}
+using test::ErrorOf;
 
 /// tests/data/import/*: SuMAnwendung.java gives expected.prl.
 TEST(JavaImport, Cases) {

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "app/cCommonDialog.h"
+#include "model/ProjectModel.h"
+#include "project/LoadingProgress.h"
+
+#include <span>
+#include <string>
+
+namespace pirol {
+
+/// The file menu's commands on the project file, with their questions in the order in which the user meets them. None
+/// asks whether unsaved changes should be kept. A cancelled dialog changes nothing.
+
+/// The project named on the command line, given as its words without the program's own: what stands there without any
+/// double quote. Empty when nothing was named.
+std::string ProjectOnCommandLine(std::span<const std::string> words);
+
+/// Loads a project file into the design; a refused one is reported in a message box and leaves the design empty.
+/// `progress` may be null. Raises what ReadPRLFile raises.
+void LoadProject(const std::string& path, ProjectModel& model, cCommonDialog& dialogs, LoadingProgress* progress);
+
+/// Lets the user choose a project file and loads it. True when one was chosen, whatever came of it.
+bool OpenProject(ProjectModel& model, cCommonDialog& dialogs, LoadingProgress* progress);
+
+/// Lets the user choose a file name, asks before an existing file is replaced, and writes the design. Whatever happens
+/// meanwhile, the old file or the new one is on disk, whole. True when the design was saved.
+/// Raises RuntimeError under the label "Main.File.PRL.GeneratePRLCode".
+bool SaveProject(ProjectModel& model, cCommonDialog& dialogs);
+
+} // namespace pirol

@@ -1,0 +1,170 @@
+#include "Cases.h"
+#include "codegen/ExportCommands.h"
+#include "FakeDialogs.h"
+#include "model/RuntimeError.h"
+#include "model/Windows1252.h"
+
+#include <gtest/gtest.h>
+
+namespace pirol {
+namespace {
+
+using test::ErrorOf;
+
+constexpr const char* blueJDialog = "save <> 2048 <>\n";
+constexpr const char* javaDialog =
+    "save <SuMAnwendung.java|SuMAnwendung.java|Alle Dateien (*.*)|*.*> 2048 <SuMAnwendung.java>\n";
+constexpr const char* textDialog = "save <Textdateien (*.txt)|*.txt|Alle Dateien (*.*)|*.*> 2048 <>\n";
+constexpr const char* importDialog = "open <SuMAnwendung.java|SuMAnwendung.java> 4096 <>\n";
+
+class ExportCommandsTest : public testing::Test {
+  protected:
+    ExportCommandsTest() {
+        model_.SetAuthor("Jürgen");
+        model_.PlaceComponent(ComponentKind::Button, {10, 20, 100, 30});
+        model_.EditMenus().Append("Datei", "hatMenueDatei");
+        CreateFileBytes(folder_ / "blue j", "");
+        std::filesystem::create_directory(folder_ / "directory");
+    }
+
+    std::string Path(const char* name) const { return TextOf(folder_ / name); }
+    std::string Source() const { return ToWindows1252(GenerateCode(model_, options_)); }
+
+    test::ScratchFolder folder_;
+    ProjectModel model_;
+    CodeOptions options_ = {.menu = true, .database = false};
+    test::FakeDialogs dialogs_;
+    test::FakeStarter starter_;
+};
+
+TEST_F(ExportCommandsTest, BlueJIsStartedWhenItsPathNamesAFile) {
+    const struct {
+        const char* folder;
+        std::string blueJ;
+        bool starts;
+    } cases[] = {
+        {"Projekt", "", false},
+        {"mit Leerzeichen", Path("blue j"), true},
+        {"Übung", Path("missing"), false},
+        {"noch eins", Path("directory"), false},
+    };
+    for (const auto& row : cases) {
+        dialogs_.paths = {Path(row.folder)};
+        starter_.started.clear();
+        ExportBlueJ(model_, options_, row.blueJ, dialogs_, starter_);
+        EXPECT_EQ(dialogs_.TakeSeen(), blueJDialog);
+        EXPECT_EQ(ReadFileBytes(folder_ / row.folder / "SuMAnwendung.java"), Source());
+        EXPECT_EQ(starter_.started,
+                  row.starts ? row.blueJ + " \"" + Path(row.folder) + "\" minimised\n" : std::string());
+    }
+}
+
+TEST_F(ExportCommandsTest, BlueJExportThatFails) {
+    CreateFileBytes(folder_ / "directory/keep", "x");
+    const struct {
+        const char* folder;
+        bool refuses;
+        const char* error;
+    } cases[] = {
+        {"directory", false, "Fehler 75: Fehler beim Zugriff auf Pfad/Datei (Main.Project.Export)"},
+        {"blue j", false, "Fehler 75: Fehler beim Zugriff auf Pfad/Datei (Main.Project.Export)"},
+        {"missing/new", false, "Fehler 76: Pfad nicht gefunden (Main.Project.Export)"},
+        {"new", true, "Fehler 70: Zugriff verweigert (Main.Project.Export)"},
+    };
+    for (const auto& row : cases) {
+        dialogs_.paths = {Path(row.folder)};
+        starter_.refuses = row.refuses;
+        EXPECT_EQ(ErrorOf([&] { ExportBlueJ(model_, options_, Path("blue j"), dialogs_, starter_); }), row.error)
+            << row.folder;
+    }
+    EXPECT_EQ(ReadFileBytes(folder_ / "directory/keep"), "x");
+    EXPECT_EQ(ReadFileBytes(folder_ / "new/SuMAnwendung.java"), Source()) << "the export is done when the start fails";
+}
+
+TEST_F(ExportCommandsTest, FilesAreOverwrittenFromTheBeginning) {
+    const struct {
+        void (*command)(const ProjectModel&, CodeOptions, cCommonDialog&);
+        const char* dialog;
+        std::string before;
+        std::string tail;
+    } cases[] = {
+        {ExportJava, javaDialog, "", ""},
+        {ExportText, textDialog, "short", ""},
+        {ExportJava, javaDialog, std::string(Source().size(), 'x') + "old end", "old end"},
+        {ExportText, textDialog, std::string(Source().size(), 'x') + "old end", "old end"},
+    };
+    for (const auto& row : cases) {
+        const auto path = folder_ / "SuMAnwendung.java";
+        ReplaceFileBytes(path, row.before);
+        row.command(model_, options_, dialogs_);
+        EXPECT_EQ(dialogs_.TakeSeen(), row.dialog) << "cancelled";
+        EXPECT_EQ(ReadFileBytes(path), row.before) << "cancelled";
+        dialogs_.paths = {TextOf(path)};
+        row.command(model_, options_, dialogs_);
+        EXPECT_EQ(dialogs_.TakeSeen(), row.dialog);
+        EXPECT_EQ(ReadFileBytes(path), Source() + row.tail);
+    }
+    dialogs_.paths = {Path("directory")};
+    EXPECT_EQ(ErrorOf([&] { ExportJava(model_, options_, dialogs_); }),
+              "Fehler 75: Fehler beim Zugriff auf Pfad/Datei (Main.Project.Export)");
+}
+
+TEST_F(ExportCommandsTest, StartBlueJ) {
+    const struct {
+        std::string blueJ;
+        std::string started;
+    } cases[] = {
+        {"", ""},
+        {Path("missing"), ""},
+        {Path("directory"), ""},
+        {Path("blue j"), Path("blue j") + " normal\n"},
+    };
+    for (const auto& row : cases) {
+        starter_.started.clear();
+        StartBlueJ(row.blueJ, starter_);
+        EXPECT_EQ(starter_.started, row.started) << row.blueJ;
+    }
+    starter_.refuses = true;
+    EXPECT_EQ(ErrorOf([&] { StartBlueJ(Path("blue j"), starter_); }),
+              "Fehler 70: Zugriff verweigert (Main.File.StartBlueJ)");
+    EXPECT_EQ(dialogs_.TakeSeen(), "");
+}
+
+TEST_F(ExportCommandsTest, ImportReadsBackWhatWasExported) {
+    dialogs_.paths = {Path("SuMAnwendung.java")};
+    ExportJava(model_, options_, dialogs_);
+    dialogs_.TakeSeen();
+
+    ProjectModel imported;
+    EXPECT_FALSE(ImportJava(imported, dialogs_));
+    EXPECT_EQ(imported, ProjectModel()) << "cancelled";
+    dialogs_.paths = {Path("SuMAnwendung.java")};
+    EXPECT_TRUE(ImportJava(imported, dialogs_));
+    EXPECT_EQ(dialogs_.TakeSeen(), std::string(importDialog) + importDialog);
+    EXPECT_EQ(imported.VisibleBox({ComponentKind::Button, 1}), (Rectangle{10, 20, 100, 30}));
+}
+
+TEST_F(ExportCommandsTest, ImportOfWhatIsNoJava) {
+    const ProjectModel before = model_;
+    CreateFileBytes(folder_ / "letter.java", std::string("Liebe Oma,\0\xFF danke!", 19));
+    CreateFileBytes(folder_ / "broken.java", "hatKnopf1 = new Knopf(eins, 2, 3, 4, \"\");");
+    const struct {
+        const char* name;
+        const char* error;
+        std::size_t menusLeft; ///< a file that could be read takes the place of the design
+    } cases[] = {
+        {"missing.java", "Fehler 53: Datei nicht gefunden (Main.File.Import.Analyse)", 1},
+        {"directory", "Fehler 75: Fehler beim Zugriff auf Pfad/Datei (Main.File.Import.Analyse)", 1},
+        {"letter.java", "", 0},
+        {"broken.java", "Fehler 13: Typen unverträglich (Main.File.Import.Analyse)", 0},
+    };
+    for (const auto& row : cases) {
+        ProjectModel model = before;
+        dialogs_.paths = {Path(row.name)};
+        EXPECT_EQ(ErrorOf([&] { ImportJava(model, dialogs_); }), row.error) << row.name;
+        EXPECT_EQ(model.Menus().Menus().size(), row.menusLeft) << row.name;
+    }
+}
+
+} // namespace
+} // namespace pirol
