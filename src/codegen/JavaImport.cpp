@@ -44,6 +44,7 @@ class Statements {
     }
     Statements(const Statements&) = delete;
     Statements& operator=(const Statements&) = delete;
+    ~Statements() = default;
 
     const std::vector<std::string_view>& Entries() const { return entries_; }
     std::vector<std::string_view> Names() const {

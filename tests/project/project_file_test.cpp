@@ -10,7 +10,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string Signed(std::string text) {
+std::string Signed(const std::string& text) {
     return text + HashFunction(text);
 }
 

@@ -90,6 +90,7 @@ class ControlTable {
     ControlTable(ComponentKind kind, std::vector<PropertyRow> rows);
     ControlTable(const ControlTable&) = delete;
     ControlTable& operator=(const ControlTable&) = delete;
+    ~ControlTable() = default;
 
     ComponentKind Kind() const { return kind_; }
     const std::vector<PropertyRow>& Rows() const { return rows_; }
