@@ -1,0 +1,389 @@
+#include "designer/DesignCanvas.h"
+
+#include "codegen/JavaText.h"
+#include "designer/Grid.h"
+#include "model/Conversions.h"
+#include "model/Oddities.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+
+namespace pirol {
+namespace {
+
+/// A drawn rectangle must exceed this both ways, so that a slip of the mouse places nothing.
+constexpr int largestSlip = 25;
+/// A component is dragged no smaller than this, in twips.
+constexpr int leastDraggedSize = 300;
+/// More changes than this are shown by painting everything.
+constexpr std::size_t mostChangesListed = 64;
+
+/// Where the keyboard places components and how large, in pixels.
+constexpr Rectangle keyboardBox = {20, 20, 120, 30};
+constexpr int keyboardPlaces = 10;
+
+std::string SizeText(int width, int height) {
+    return Concatenate("B = ", width, " / H = ", height);
+}
+
+/// The rectangle between two points; nothing when they lie in one row or column.
+std::optional<Rectangle> RectangleBetween(int x1, int y1, int x2, int y2) {
+    if (x1 == x2 || y1 == y2)
+        return std::nullopt;
+    return Rectangle{std::min(x1, x2), std::min(y1, y2), std::abs(x2 - x1), std::abs(y2 - y1)};
+}
+
+Rectangle ResizerOf(const Rectangle& box) {
+    return {box.Right() - DesignCanvas::resizerSize, box.Bottom() - DesignCanvas::resizerSize,
+            DesignCanvas::resizerSize, DesignCanvas::resizerSize};
+}
+
+} // namespace
+
+DesignCanvas::DesignCanvas(ProjectModel& model, std::function<void()> loadProperties)
+    : model_(model), loadProperties_(std::move(loadProperties)) {}
+
+std::int16_t DesignCanvas::SnapToGrid(double pixels) const {
+    return pirol::SnapToGrid(pixels, snapsToGrid_);
+}
+
+std::optional<ComponentRef> DesignCanvas::Selected() const {
+    const bool present = selected_ && selected_->index < model_.ElementCount(selected_->kind);
+    return present && model_.Element(*selected_).Visible ? selected_ : std::nullopt;
+}
+
+void DesignCanvas::Select(ComponentRef component) {
+    selected_ = component;
+    loadProperties_();
+}
+
+void DesignCanvas::Deselect() {
+    selected_.reset();
+    loadProperties_();
+}
+
+// --- The mouse anywhere -----------------------------------------------------------------------------------------
+
+void DesignCanvas::Press(int x, int y, MouseButton button) {
+    if (target_ == Target::None) {
+        const CanvasHit hit = HitTest(x, y);
+        targetComponent_ = hit.component;
+        target_ = hit.area == CanvasHit::Area::Canvas   ? Target::Canvas
+                  : hit.area == CanvasHit::Area::Border ? Target::Component
+                                                        : Target::Resizer;
+        if (target_ != Target::Canvas)
+            Select(targetComponent_);
+    }
+    const Rectangle box = model_.VisibleBox(targetComponent_);
+    if (target_ == Target::Canvas)
+        CanvasMouseDown(x, y, button);
+    else if (target_ == Target::Component)
+        MouseDown(button, (x - box.left) * twipsPerPixel, (y - box.top) * twipsPerPixel);
+    else
+        ResizerMouseDown(targetComponent_, button, x, y);
+}
+
+void DesignCanvas::Move(int x, int y) {
+    TakeInChanges();
+    const Rectangle box = model_.VisibleBox(targetComponent_);
+    if (target_ == Target::Component)
+        MouseMove(targetComponent_, (x - box.left) * twipsPerPixel, (y - box.top) * twipsPerPixel);
+    else if (target_ == Target::Resizer)
+        ResizerMouseMove(targetComponent_, x, y);
+    else if (target_ == Target::Canvas || HitTest(x, y).area == CanvasHit::Area::Canvas)
+        CanvasMouseMove(x, y);
+}
+
+void DesignCanvas::Release() {
+    TakeInChanges();
+    const Target target = std::exchange(target_, Target::None);
+    if (target == Target::Component)
+        MouseUp(targetComponent_);
+    else if (target == Target::Resizer)
+        ResizerMouseUp();
+    else if (target == Target::Canvas)
+        CanvasMouseUp();
+}
+
+CanvasHit DesignCanvas::HitTest(int x, int y) {
+    TakeInChanges();
+    const std::optional<ComponentRef> component = index_.TopmostAt(x, y);
+    if (!component)
+        return {};
+    const bool onResizer = !IsMultimedia(component->kind) && ResizerOf(model_.VisibleBox(*component)).Contains(x, y);
+    return {onResizer ? CanvasHit::Area::Resizer : CanvasHit::Area::Border, *component};
+}
+
+template <class Step>
+void DesignCanvas::RunGestureStep(Step&& step) {
+    try {
+        step();
+    } catch (...) {
+        EndGesture();
+        throw;
+    }
+}
+
+/// Leaves the design alone when the component lies there already: a mere click is no change of the design.
+void DesignCanvas::SetBox(ComponentRef component, const Rectangle& box) {
+    if (box == model_.VisibleBox(component))
+        return;
+    Control& control = model_.EditElement(component);
+    control.Left = ToInt16(box.left);
+    control.Top = ToInt16(box.top);
+    control.Width = ToInt16(box.width);
+    control.Height = ToInt16(box.height);
+}
+
+void DesignCanvas::EndGesture() {
+    drawing_ = false;
+    moving_ = false;
+    resizing_ = false;
+    frame_ = {0, 0, 1, 1};
+    frameVisible_ = false;
+    statusText_.clear();
+    target_ = Target::None;
+}
+
+// --- The empty canvas -------------------------------------------------------------------------------------------
+
+void DesignCanvas::CanvasMouseDown(int x, int y, MouseButton button) {
+    if (button != MouseButton::Left)
+        return;
+    drawing_ = true;
+    startX_ = x;
+    startY_ = y;
+    frame_ = {x, y, 1, 1};
+}
+
+void DesignCanvas::CanvasMouseMove(int x, int y) {
+    statusText_ = Concatenate(x, " / ", y);
+    if (!drawing_)
+        return;
+    frame_ = RectangleBetween(static_cast<int>(startX_), static_cast<int>(startY_), x, y).value_or(frame_);
+    frameVisible_ = true;
+    statusText_ = SizeText(frame_.width, frame_.height);
+}
+
+void DesignCanvas::CanvasMouseUp() {
+    drawing_ = false;
+    frameVisible_ = false;
+    statusText_.clear();
+    // A release that places nothing ends a click.
+    bool placed = false;
+    RunGestureStep([&] { placed = PlaceDrawnFrame(); });
+    if (!placed)
+        Deselect();
+}
+
+bool DesignCanvas::PlaceDrawnFrame() {
+    if (frame_.width <= largestSlip || frame_.height <= largestSlip)
+        return false;
+    frame_.left = SnapToGrid(frame_.left);
+    frame_.top = SnapToGrid(frame_.top);
+    frame_.height = SnapToGrid(frame_.height);
+    frame_.width = SnapToGrid(frame_.width);
+    const Rectangle drawn = std::exchange(frame_, {frame_.left, frame_.top, 1, 1});
+    if (!KindByNumber(currentKind_))
+        return false;
+    Place(drawn);
+    return true;
+}
+
+void DesignCanvas::Place(const Rectangle& box) {
+    if (const std::optional<ComponentKind> chosen = KindByNumber(currentKind_))
+        Select(model_.PlaceComponent(oddities::CrossTextAreas(*chosen), box));
+}
+
+// --- A component ------------------------------------------------------------------------------------------------
+
+void DesignCanvas::MouseDown(MouseButton button, double x, double y) {
+    if (button != MouseButton::Left || moving_)
+        return;
+    startX_ = x;
+    startY_ = y;
+    moving_ = true;
+}
+
+void DesignCanvas::MouseMove(ComponentRef component, double x, double y) {
+    if (!moving_ || (x == startX_ && y == startY_))
+        return;
+    RunGestureStep([&] {
+        Rectangle box = model_.VisibleBox(component);
+        box.left = ToInt16(box.left + (x - startX_) / twipsPerPixel);
+        box.top = ToInt16(box.top + (y - startY_) / twipsPerPixel);
+        SetBox(component, box);
+    });
+}
+
+void DesignCanvas::MouseUp(ComponentRef component) {
+    RunGestureStep([&] {
+        Rectangle box = model_.VisibleBox(component);
+        box.left = SnapToGrid(box.left);
+        box.top = SnapToGrid(box.top);
+        SetBox(component, box);
+    });
+    moving_ = false;
+    loadProperties_();
+}
+
+// --- A component's resize handle --------------------------------------------------------------------------------
+
+void DesignCanvas::ResizerMouseDown(ComponentRef component, MouseButton button, int x, int y) {
+    if (button != MouseButton::Left)
+        return;
+    const Rectangle resizer = ResizerOf(model_.VisibleBox(component));
+    resizing_ = true;
+    startX_ = (x - resizer.left) * twipsPerPixel;
+    startY_ = (y - resizer.top) * twipsPerPixel;
+}
+
+void DesignCanvas::ResizerMouseMove(ComponentRef component, int x, int y) {
+    if (!resizing_)
+        return;
+    Rectangle box = model_.VisibleBox(component);
+    const Rectangle resizer = ResizerOf(box);
+    const double growthX = (x - resizer.left) * twipsPerPixel - startX_;
+    const double growthY = (y - resizer.top) * twipsPerPixel - startY_;
+    RunGestureStep([&] {
+        if (box.width * twipsPerPixel + growthX > leastDraggedSize)
+            box.width = ToInt16(box.width + growthX / twipsPerPixel);
+        if (box.height * twipsPerPixel + growthY > leastDraggedSize)
+            box.height = ToInt16(box.height + growthY / twipsPerPixel);
+        SetBox(component, box);
+        // The handle looks at the candidates once more, with the sizes as they are now.
+        if (box.width * twipsPerPixel + growthX > leastDraggedSize ||
+            box.height * twipsPerPixel + growthY > leastDraggedSize)
+            ObjectResize(box.width, box.height);
+    });
+}
+
+void DesignCanvas::ResizerMouseUp() {
+    resizing_ = false;
+    ObjectResized();
+}
+
+void DesignCanvas::ObjectResize(int width, int height) {
+    statusText_ = SizeText(width, height);
+}
+
+void DesignCanvas::ObjectResized() {
+    statusText_.clear();
+    if (const std::optional<ComponentRef> selected = Selected()) {
+        Rectangle box = model_.VisibleBox(*selected);
+        box.width = SnapToGrid(box.width);
+        box.height = SnapToGrid(box.height);
+        SetBox(*selected, box);
+    }
+    loadProperties_();
+}
+
+// --- The keyboard -----------------------------------------------------------------------------------------------
+
+bool DesignCanvas::SelectNext(bool forward) {
+    const std::vector<ComponentRef>& order = model_.CreationOrder();
+    const auto isVisible = [this](ComponentRef component) { return model_.Element(component).Visible; };
+    const auto selectFirst = [&](auto begin, auto end) {
+        if (const std::optional<ComponentRef> selected = Selected())
+            begin = std::next(std::find(begin, end, *selected));
+        const auto next = std::find_if(begin, end, isVisible);
+        if (next == end)
+            return false;
+        Select(*next);
+        return true;
+    };
+    return forward ? selectFirst(order.begin(), order.end()) : selectFirst(order.rbegin(), order.rend());
+}
+
+int DesignCanvas::Stepped(int value, int steps) const {
+    if (steps == 0)
+        return value;
+    return SnapToGrid(value + steps * (snapsToGrid_ ? gridSpacing : 1));
+}
+
+int DesignCanvas::SteppedSize(int size, int steps) const {
+    const int stepped = Stepped(size, steps);
+    return steps > 0 || stepped * twipsPerPixel > leastDraggedSize ? stepped : size;
+}
+
+void DesignCanvas::MoveSelected(int stepsX, int stepsY) {
+    const std::optional<ComponentRef> selected = Selected();
+    if (!selected)
+        return;
+    Rectangle box = model_.VisibleBox(*selected);
+    box.left = Stepped(box.left, stepsX);
+    box.top = Stepped(box.top, stepsY);
+    SetBox(*selected, box);
+    loadProperties_();
+}
+
+void DesignCanvas::ResizeSelected(int stepsX, int stepsY) {
+    const std::optional<ComponentRef> selected = Selected();
+    if (!selected || IsMultimedia(selected->kind))
+        return;
+    Rectangle box = model_.VisibleBox(*selected);
+    box.width = SteppedSize(box.width, stepsX);
+    box.height = SteppedSize(box.height, stepsY);
+    SetBox(*selected, box);
+    loadProperties_();
+}
+
+void DesignCanvas::PlaceByKeyboard() {
+    Rectangle box = keyboardBox;
+    box.left += placedByKeyboard_ * gridSpacing;
+    box.top += placedByKeyboard_ * gridSpacing;
+    placedByKeyboard_ = (placedByKeyboard_ + 1) % keyboardPlaces;
+    Place(box);
+}
+
+void DesignCanvas::DeleteSelected() {
+    const std::optional<ComponentRef> selected = Selected();
+    if (!selected)
+        return;
+    EndGesture();
+    model_.DeleteComponent(*selected);
+    TakeInChanges();
+    Deselect();
+}
+
+void DesignCanvas::Escape() {
+    if (drawing_)
+        EndGesture();
+    else
+        Deselect();
+}
+
+// --- What the view needs ----------------------------------------------------------------------------------------
+
+std::vector<Change> DesignCanvas::TakeChanges() {
+    TakeInChanges();
+    return std::exchange(changes_, {});
+}
+
+std::vector<ComponentRef> DesignCanvas::Intersecting(const Rectangle& area) {
+    TakeInChanges();
+    return index_.Intersecting(area);
+}
+
+void DesignCanvas::TakeInChanges() {
+    for (const Change& change : model_.TakeChanges()) {
+        if (changes_.empty() || changes_.front().what != Change::What::Everything)
+            changes_.push_back(change);
+        if (change.what == Change::What::Everything) {
+            indexIsCurrent_ = false;
+            EndGesture();
+        } else if (change.what == Change::What::Component && indexIsCurrent_) {
+            index_.Update(model_, change.component);
+        }
+    }
+    const bool everything = std::any_of(changes_.begin(), changes_.end(),
+                                        [](const Change& change) { return change.what == Change::What::Everything; });
+    if (everything || changes_.size() > mostChangesListed)
+        changes_.assign(1, {Change::What::Everything});
+    if (!indexIsCurrent_)
+        index_.Rebuild(model_);
+    indexIsCurrent_ = true;
+}
+
+} // namespace pirol

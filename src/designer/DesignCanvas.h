@@ -1,0 +1,145 @@
+#pragma once
+
+#include "designer/ComponentIndex.h"
+#include "model/ProjectModel.h"
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace pirol {
+
+enum class MouseButton { Left, Other };
+
+/// What lies under the pointer.
+struct CanvasHit {
+    enum class Area {
+        Canvas,  ///< the empty canvas
+        Border,  ///< a component's face
+        Resizer, ///< the handle at a component's lower right corner
+    };
+
+    Area area = Area::Canvas;
+    ComponentRef component = {}; ///< unless it is the empty canvas
+};
+
+/// The gestures on the designed window: drawing, selecting, moving, resizing and deleting components with mouse or
+/// keyboard. Holds what the gestures need to know and changes the design through its operations only.
+/// Pointer positions are pixels of the canvas, or twips of a component where that is said.
+///
+/// Every operation that computes a position or size raises RuntimeError::Overflow when it leaves the 16-bit range. The
+/// gesture is over then, and the component stays as the last completed step left it. A gesture is also over when the
+/// design is emptied or loaded.
+class DesignCanvas {
+  public:
+    static constexpr int twipsPerPixel = 15;
+    /// The side of the square in a component's lower right corner that is its resize handle, in pixels.
+    static constexpr int resizerSize = 17;
+
+    /// `loadProperties` is called whenever the property list shall show the selected component anew: when the selection
+    /// changed and after every gesture.
+    DesignCanvas(ProjectModel& model, std::function<void()> loadProperties);
+
+    /// The number of the kind that the next drawn rectangle places; a number that belongs to no kind places nothing.
+    int CurrentKind() const { return currentKind_; }
+    void ChooseKind(int number) { currentKind_ = number; }
+
+    bool SnapsToGrid() const { return snapsToGrid_; }
+    void SetSnapsToGrid(bool on) { snapsToGrid_ = on; }
+    bool ShowsGrid() const { return showsGrid_; }
+    void SetShowsGrid(bool on) { showsGrid_ = on; }
+    /// The value on the grid when snapping is on, else on whole pixels.
+    std::int16_t SnapToGrid(double pixels) const;
+
+    bool IsDrawing() const { return drawing_; }
+    bool IsMoving() const { return moving_; }
+    bool IsResizing() const { return resizing_; }
+    /// The rectangle being drawn, and whether it is shown.
+    const Rectangle& Frame() const { return frame_; }
+    bool IsFrameVisible() const { return frameVisible_; }
+    /// The pointer's position or the size being drawn, German; for the status bar's third panel.
+    const std::string& StatusText() const { return statusText_; }
+
+    /// The component whose properties the property list shows; it is always one that can be seen.
+    std::optional<ComponentRef> Selected() const;
+    void Select(ComponentRef component);
+    void Deselect();
+
+    /// The mouse anywhere on the canvas. What is pressed receives the moves and the release, wherever they happen.
+    void Press(int x, int y, MouseButton button);
+    void Move(int x, int y);
+    void Release();
+    CanvasHit HitTest(int x, int y);
+
+    /// The mouse on one component, in twips from its upper left corner.
+    void MouseDown(MouseButton button, double x, double y);
+    void MouseMove(ComponentRef component, double x, double y);
+    void MouseUp(ComponentRef component);
+
+    /// Selects the component that was placed after (or before) the selected one, the first (or last) when none is.
+    /// False, with nothing changed, when there is no further one.
+    bool SelectNext(bool forward);
+    /// Moves the selected component, or its lower right corner, by that many steps; a step is a pixel, or reaches the
+    /// next grid position when snapping is on. A side can grow always and shrinks no further than the mouse shrinks it.
+    void MoveSelected(int stepsX, int stepsY);
+    void ResizeSelected(int stepsX, int stepsY);
+    /// Places a component of the current kind in a usual size beside the last one placed so, and selects it.
+    void PlaceByKeyboard();
+    void DeleteSelected();
+    /// Gives up drawing if that is going on, else deselects.
+    void Escape();
+
+    /// What changed in the design since the last call, by whomever.
+    std::vector<Change> TakeChanges();
+    /// The visible components that have a pixel in common with the area, in the order in which they are painted.
+    std::vector<ComponentRef> Intersecting(const Rectangle& area);
+
+  private:
+    enum class Target { None, Canvas, Component, Resizer };
+
+    void CanvasMouseDown(int x, int y, MouseButton button);
+    void CanvasMouseMove(int x, int y);
+    void CanvasMouseUp();
+    bool PlaceDrawnFrame();
+    void Place(const Rectangle& box);
+    void ResizerMouseDown(ComponentRef component, MouseButton button, int x, int y);
+    void ResizerMouseMove(ComponentRef component, int x, int y);
+    void ResizerMouseUp();
+    void ObjectResize(int width, int height);
+    void ObjectResized();
+    template <class Step>
+    void RunGestureStep(Step&& step);
+    void EndGesture();
+    void SetBox(ComponentRef component, const Rectangle& box);
+    int Stepped(int value, int steps) const;
+    int SteppedSize(int size, int steps) const;
+    void TakeInChanges();
+
+    ProjectModel& model_;
+    std::function<void()> loadProperties_;
+    ComponentIndex index_;
+    std::vector<Change> changes_ = {{Change::What::Everything}};
+    bool indexIsCurrent_ = false;
+
+    int currentKind_ = 1;
+    bool snapsToGrid_ = true;
+    bool showsGrid_ = true;
+
+    bool drawing_ = false;
+    bool moving_ = false;
+    bool resizing_ = false;
+    double startX_ = 0; ///< canvas pixels while drawing, twips of the component or of its handle otherwise
+    double startY_ = 0;
+    Rectangle frame_ = {0, 0, 1, 1};
+    bool frameVisible_ = false;
+    std::string statusText_;
+    std::optional<ComponentRef> selected_;
+
+    Target target_ = Target::None; ///< what the mouse was pressed on
+    ComponentRef targetComponent_ = {};
+    int placedByKeyboard_ = 0;
+};
+
+} // namespace pirol

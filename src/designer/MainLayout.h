@@ -1,0 +1,49 @@
+#pragma once
+
+#include "model/Rectangle.h"
+
+#include <cstdint>
+#include <optional>
+
+namespace pirol {
+
+/// Where the parts of the main window lie inside it and how far the canvas scrolls. All in pixels.
+struct MainLayout {
+    /// How a scroll bar is set up; its value begins at 0.
+    struct Bar {
+        Rectangle box; ///< within the frame
+        bool enabled = false;
+        std::int16_t maximum = 0; ///< in steps of scrollStep pixels
+    };
+
+    Rectangle frame;    ///< holds the canvas and both bars
+    Rectangle toolbar;  ///< left of the frame
+    Rectangle headings; ///< the row above frame, toolbar and list
+    Rectangle status;   ///< the row below
+    Rectangle list;     ///< the property list in the column at the right edge
+    Rectangle canvas;   ///< within the frame, before any scrolling
+    Bar vertical;
+    Bar horizontal;
+};
+
+constexpr int toolbarWidth = 150;
+constexpr int propertyColumnWidth = 220;
+constexpr int rowHeight = 20; ///< of the headings and of the status bar
+constexpr int barThickness = 20;
+constexpr int scrollStep = 8; ///< pixels per step of a scroll bar
+
+/// Lays out a main window of the given inner size around a canvas of the designed window's size.
+/// A canvas that fits is centred in what the scroll bars leave of the frame; one that does not begins at 0. Whether it
+/// fits is asked of the whole frame, so a canvas up to one bar's thickness too large is centred and lies under the bar.
+/// Sizes that would be negative in a small window come out as 0.
+MainLayout LayOutMainWindow(int innerWidth, int innerHeight, int designedWidth, int designedHeight);
+
+/// The canvas's left or top when its scroll bar stands at a value.
+/// Raises RuntimeError::Overflow when that is outside the 16-bit range.
+std::int16_t ScrolledPosition(int barValue);
+
+/// The outer size and position that a preset of the window menu (0 to 2) gives the main window on a screen of that
+/// size; nothing for any other number.
+std::optional<Rectangle> WindowPreset(int entry, int screenWidth, int screenHeight);
+
+} // namespace pirol

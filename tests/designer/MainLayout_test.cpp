@@ -1,0 +1,85 @@
+#include "designer/MainLayout.h"
+#include "model/RuntimeError.h"
+
+#include <gtest/gtest.h>
+
+namespace pirol {
+namespace {
+
+TEST(MainLayout, DividesTheWindow) {
+    const MainLayout layout = LayOutMainWindow(1000, 700, 640, 480);
+    EXPECT_EQ(layout.frame, (Rectangle{150, 20, 630, 660}));
+    EXPECT_EQ(layout.toolbar, (Rectangle{0, 20, 150, 660}));
+    EXPECT_EQ(layout.list, (Rectangle{780, 20, 220, 660}));
+    EXPECT_EQ(layout.headings, (Rectangle{0, 0, 1000, 20}));
+    EXPECT_EQ(layout.status, (Rectangle{0, 680, 1000, 20}));
+    EXPECT_EQ(layout.vertical.box, (Rectangle{610, 0, 20, 640}));
+    EXPECT_EQ(layout.horizontal.box, (Rectangle{0, 640, 610, 20}));
+}
+
+TEST(MainLayout, CentresOrScrollsEachDirectionByItself) {
+    const struct {
+        int room; ///< the frame's size
+        int designed;
+        int position;
+        bool scrolls;
+        int maximum;
+    } cases[] = {
+        {660, 480, 80, false, 0},
+        {660, 640, 0, false, 0},
+        {660, 641, 0, false, 0}, // half a pixel to the left
+                                 // rounds to even
+        {660, 643, -2, false, 0},
+        {660, 660, -10, false, 0}, // fits the frame, though not what the bar leaves of it
+        {660, 661, 0, true, 4},    // 21 / 8 + 1 = 3.625
+        {660, 668, 0, true, 4},    // 28 / 8 + 1 = 4.5, halves to even
+        {660, 676, 0, true, 6},    // 36 / 8 + 1 = 5.5
+        {660, 32767, 0, true, 4017},
+        {0, 1, 0, true, 4},
+        {-42, 240, 0, true, 39},
+        {660, 0, 320, false, 0},
+    };
+    for (const auto& [room, designed, position, scrolls, maximum] : cases) {
+        const MainLayout across = LayOutMainWindow(room + 370, 400, designed, 10);
+        EXPECT_EQ(across.canvas.left, position) << designed;
+        EXPECT_EQ(across.canvas.width, designed);
+        EXPECT_EQ(across.horizontal.enabled, scrolls) << designed;
+        EXPECT_EQ(across.horizontal.maximum, maximum) << designed;
+        EXPECT_FALSE(across.vertical.enabled);
+
+        const MainLayout down = LayOutMainWindow(800, room + 40, 10, designed);
+        EXPECT_EQ(down.canvas.top, position) << designed;
+        EXPECT_EQ(down.vertical.enabled, scrolls) << designed;
+        EXPECT_EQ(down.vertical.maximum, maximum) << designed;
+        EXPECT_FALSE(down.horizontal.enabled);
+    }
+}
+
+TEST(MainLayout, HasNoNegativeSizesInAWindowThatIsTooSmall) {
+    for (const int size : {0, 10, 39, 200, 369, 380}) {
+        const MainLayout layout = LayOutMainWindow(size, size, 640, 480);
+        for (const Rectangle& box :
+             {layout.frame, layout.toolbar, layout.list, layout.vertical.box, layout.horizontal.box}) {
+            EXPECT_GE(box.width, 0) << size;
+            EXPECT_GE(box.height, 0) << size;
+        }
+    }
+}
+
+TEST(MainLayout, ScrollsInStepsOfEightUpTo16Bits) {
+    EXPECT_EQ(ScrolledPosition(0), 0);
+    EXPECT_EQ(ScrolledPosition(3), -24);
+    EXPECT_EQ(ScrolledPosition(4095), -32760);
+    EXPECT_THROW(ScrolledPosition(4096), RuntimeError);
+}
+
+TEST(MainLayout, PresetsCentreTheWindowOnTheScreen) {
+    EXPECT_EQ(WindowPreset(0, 1920, 1080), (Rectangle{796, 376, 328, 328}));
+    EXPECT_EQ(WindowPreset(1, 1920, 1080), (Rectangle{636, 267, 648, 546}));
+    EXPECT_EQ(WindowPreset(2, 1920, 1080), (Rectangle{556, 207, 808, 666}));
+    EXPECT_EQ(WindowPreset(3, 1920, 1080), std::nullopt);
+    EXPECT_EQ(WindowPreset(-1, 1920, 1080), std::nullopt);
+}
+
+} // namespace
+} // namespace pirol
