@@ -121,6 +121,15 @@ std::string JoinList(const std::vector<std::string>& items) {
     return list;
 }
 
+std::string SingleLine(std::string_view text) {
+    constexpr char separators[] = {'\r', '\n', fieldSeparator, itemSeparator};
+    std::string line(text);
+    for (char& character : line)
+        if (std::find(std::begin(separators), std::end(separators), character) != std::end(separators))
+            character = ' ';
+    return line;
+}
+
 std::string_view TrimLeft(std::string_view text) {
     text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
     return text;

@@ -41,6 +41,9 @@ std::vector<std::string_view> Split(std::string_view text, char separator,
 std::vector<std::string> ListItems(std::string_view list);
 std::string JoinList(const std::vector<std::string>& items);
 
+/// The text as a single field of a project file can hold it: line breaks and the codes 0 and 1 become blanks.
+std::string SingleLine(std::string_view text);
+
 /// Without the blanks at the left end, or at both ends.
 std::string_view TrimLeft(std::string_view text);
 std::string_view Trim(std::string_view text);

@@ -1,0 +1,159 @@
+#include "designer/PropertyPanel.h"
+
+#include "designer/ListEditorModel.h"
+#include "model/Conversions.h"
+#include "model/RuntimeError.h"
+
+#include <algorithm>
+
+namespace pirol {
+namespace {
+
+constexpr std::string_view loadLabel = "Main.File.Properties.LoadProperties";
+constexpr std::string_view changeLabel = "Main.File.Properties.PropertyChanged";
+
+constexpr std::string_view ellipsis = "…";
+
+PropertyPanelRow Category(std::string_view key, std::string_view caption) {
+    return {key, caption, true, {}, {}, {}};
+}
+
+PropertyPanelRow RowFor(const Control& control, const PropertyRow& row) {
+    const PropertyKey& key = *row.key;
+    std::string value = row.get(control);
+    if (key.editor == EditorKind::Flag)
+        value = LowerCase(value);
+    return {key.key, key.label, false, std::move(value), key.editor, key.detail};
+}
+
+std::vector<PropertyPanelRow> RowsFor(const Control& control) {
+    std::vector<PropertyPanelRow> rows;
+    const auto add = [&](const PropertyRow& row) { rows.push_back(RowFor(control, row)); };
+
+    rows.push_back(Category("general", "Allgemein"));
+    const std::vector<PropertyRow>& common = CommonRows();
+    add(common.front());
+    rows.push_back(Category("position", "Position"));
+    std::for_each(common.begin() + 1, common.end(), add);
+
+    const std::vector<PropertyRow>& own = control.Table().Rows();
+    const auto firstEvent =
+        std::find_if(own.begin(), own.end(), [](const PropertyRow& row) { return row.isOn != nullptr; });
+    rows.push_back(Category("specific", "Objektspezifisch"));
+    std::for_each(own.begin(), firstEvent, add);
+    if (firstEvent != own.end())
+        rows.push_back(Category("events", "Ereignisse"));
+    std::for_each(firstEvent, own.end(), add);
+    return rows;
+}
+
+bool IsNameTaken(const ProjectModel& model, const Control& by, std::string_view name) {
+    bool taken = false;
+    model.ForEachVisible([&](const Control& other) { taken = taken || (&other != &by && other.ObjectName == name); });
+    return taken;
+}
+
+bool IsOneCharacter(std::string_view text) {
+    // Every byte of a character but its first one begins with the bits 10.
+    return std::count_if(text.begin(), text.end(), [](char byte) { return (byte & 0xC0) != 0x80; }) == 1;
+}
+
+std::string Refusal(const ProjectModel& model, const Control& control, std::string_view key, std::string_view value) {
+    if (key == keys::name.key && Trim(value).empty())
+        return "Der Name darf nicht leer sein.";
+    if (key == keys::name.key && IsNameTaken(model, control, value))
+        return "Dieser Name ist bereits vergeben.";
+    if (key == keys::passchar.key && !IsOneCharacter(value))
+        return "Das Passwortzeichen muss genau ein Zeichen sein.";
+    return {};
+}
+
+std::string OnOneLine(EditorKind editor, std::string_view text) {
+    if (editor != EditorKind::List)
+        return SingleLine(text);
+    std::vector<std::string> items = ListItems(text);
+    std::transform(items.begin(), items.end(), items.begin(), [](const std::string& item) { return SingleLine(item); });
+    return JoinList(items);
+}
+
+/// The value that a component of the kind holds after taking the text; raises what the component raises.
+std::string TakenValue(ComponentKind kind, const PropertyRow& row, std::string_view text) {
+    ProjectModel trial;
+    Control& control = trial.EditElement(trial.AddElement(kind));
+    row.set(control, text);
+    return row.get(control);
+}
+
+/// Cuts before the byte count, but never within a character.
+std::string Shortened(std::string_view text, std::size_t mostBytes) {
+    if (text.size() <= mostBytes)
+        return std::string(text);
+    while (mostBytes > 0 && (text[mostBytes] & 0xC0) == 0x80)
+        --mostBytes;
+    return std::string(text.substr(0, mostBytes)).append(ellipsis);
+}
+
+/// The captions of a list's rows, or what its first field holds when the rows have none.
+std::string ListSummary(const PropertyPanelRow& row, std::size_t mostBytes) {
+    if (row.value.empty())
+        return "(leer)";
+    const std::vector<FieldDescriptor> fields = ParseRowDescriptor(row.detail).fields;
+    const auto caption = std::find_if(fields.begin(), fields.end(),
+                                      [](const FieldDescriptor& field) { return field.label == keys::value.label; });
+    const auto column = static_cast<std::size_t>(caption == fields.end() ? 0 : caption - fields.begin());
+    // Every row shown takes a byte at least, so more rows than bytes are never needed.
+    const std::vector<std::string_view> values = Split(row.value, fieldSeparator, (mostBytes + 1) * fields.size());
+    std::string summary;
+    for (std::size_t value = column; value < values.size() && summary.size() <= mostBytes; value += fields.size())
+        summary.append(value == column ? "" : ", ").append(values[value]);
+    return summary;
+}
+
+} // namespace
+
+std::vector<PropertyPanelRow> LoadProperties(const ProjectModel& model, std::optional<ComponentRef> selected) {
+    return UnderLabel(loadLabel, [&] {
+        if (!selected)
+            return std::vector{Category("noobject", "Kein Objekt gewählt")};
+        return RowsFor(model.Element(*selected));
+    });
+}
+
+std::string PropertyChanged(ProjectModel& model, std::optional<ComponentRef> selected, std::string_view key,
+                            std::string_view value) {
+    return UnderLabel(changeLabel, [&]() -> std::string {
+        if (!selected)
+            return {};
+        const Control& control = model.Element(*selected);
+        const PropertyRow* row = FindRow(control, key);
+        if (row == nullptr)
+            return {};
+        const std::string text = OnOneLine(row->key->editor, value);
+        if (const std::string taken = TakenValue(selected->kind, *row, text); taken == row->get(control))
+            return {};
+        std::string refusal = Refusal(model, control, key, text);
+        if (refusal.empty())
+            row->set(model.EditElement(*selected), text);
+        return refusal;
+    });
+}
+
+std::vector<std::pair<std::string_view, std::string_view>> Choices(std::string_view detail) {
+    std::vector<std::pair<std::string_view, std::string_view>> choices;
+    const std::vector<std::string_view> parts = Split(detail, '|');
+    for (std::size_t part = 0; part + 1 < parts.size(); part += 2)
+        choices.emplace_back(parts[part], parts[part + 1]);
+    return choices;
+}
+
+std::string ShownText(const PropertyPanelRow& row, std::size_t mostBytes) {
+    if (row.editor == EditorKind::Choice)
+        for (const auto& [value, label] : Choices(row.detail))
+            if (value == row.value)
+                return std::string(label);
+    if (row.editor == EditorKind::List)
+        return Shortened(ListSummary(row, mostBytes), mostBytes);
+    return Shortened(row.value, mostBytes);
+}
+
+} // namespace pirol

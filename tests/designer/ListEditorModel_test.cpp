@@ -1,0 +1,134 @@
+#include "designer/controls/PropertyTable.h"
+#include "designer/ListEditorModel.h"
+#include "designer/ListText.h"
+#include "model/Conversions.h"
+#include "model/RuntimeError.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace pirol {
+namespace {
+
+constexpr std::string_view captionRows = "Spalte|Beschriftung|tString|";
+constexpr std::string_view mixedRows = "Zeile|Name|tString|neu|Zahl|tNumber|7|Schalter|tBoolean|True";
+
+std::string ListOf(const ListEditorModel& model) {
+    return ReplaceAll(model.ListText(), std::string_view(&fieldSeparator, 1), "/");
+}
+
+int ErrorIn(const std::function<void()>& operation) {
+    try {
+        operation();
+        return 0;
+    } catch (const RuntimeError& error) {
+        return error.ErrorNumber();
+    }
+}
+
+TEST(ListEditorModel, ReadsDescriptors) {
+    const RowDescriptor radio = ParseRowDescriptor(keys::optionbuttons.detail);
+    EXPECT_EQ(radio.label, "Radioknopf");
+    const std::vector<FieldDescriptor> fields = {
+        {"Name", FieldType::String, "hatRadioKnopf"},
+        {"Beschriftung", FieldType::String, ""},
+        {"Breite", FieldType::Number, "150"},
+        {"Höhe", FieldType::Number, "20"},
+        {"Links", FieldType::Number, "0"},
+        {"Oben", FieldType::Number, "0"},
+        {"Aktiviert", FieldType::Boolean, "Falsch"},
+    };
+    EXPECT_EQ(radio.fields, fields);
+    EXPECT_EQ(ParseRowDescriptor(captionRows), (RowDescriptor{"Spalte", {{"Beschriftung", FieldType::String, ""}}}));
+}
+
+TEST(ListEditorModel, RefusesDescriptors) {
+    const struct {
+        std::string_view descriptor;
+        int error;
+    } cases[] = {
+        {"", 9},
+        {"Spalte", 9},
+        {"Spalte|Beschriftung", 9},
+        {"Spalte|Beschriftung|tString", 9},
+        {"Spalte|Beschriftung|tString||Breite", 9},
+        {"Spalte|Beschriftung|string|", 13},
+        {"Spalte|Beschriftung|TString|", 13},
+        {"Spalte|Breite|tNumber|", 13},
+        {"Spalte|Breite|tNumber|40000", 6},
+    };
+    for (const auto& row : cases)
+        EXPECT_EQ(ErrorIn([&] { ParseRowDescriptor(row.descriptor); }), row.error) << row.descriptor;
+}
+
+TEST(ListEditorModel, ListsComeBackAsTheyWere) {
+    const struct {
+        std::string_view descriptor;
+        std::string_view list;
+        std::size_t rows;
+    } cases[] = {
+        {captionRows, "", 0},
+        {captionRows, "a", 1},
+        {captionRows, "a//b/", 4},
+        {mixedRows, "a/1/Wahr", 1},
+        {mixedRows, "a/1/Wahr//-5/Falsch", 2},
+    };
+    for (const auto& row : cases) {
+        const ListEditorModel model(row.descriptor, ListText(row.list));
+        EXPECT_EQ(model.RowCount(), row.rows) << row.list;
+        EXPECT_EQ(ListOf(model), row.list);
+    }
+    EXPECT_EQ(ErrorIn([] { ListEditorModel(mixedRows, ListText("a/1/Wahr/b")); }), 9);
+}
+
+TEST(ListEditorModel, EditsRows) {
+    using Edit = std::function<void(ListEditorModel&)>;
+    const struct {
+        std::string_view what;
+        Edit edit;
+        std::string_view list;
+    } cases[] = {
+        {"add", [](auto& model) { EXPECT_EQ(model.AddRow(), 3U); }, "a/1/Wahr/b/2/Falsch/c/3/Wahr/neu/7/Wahr"},
+        {"remove first", [](auto& model) { model.RemoveRow(0); }, "b/2/Falsch/c/3/Wahr"},
+        {"remove last", [](auto& model) { model.RemoveRow(2); }, "a/1/Wahr/b/2/Falsch"},
+        {"up", [](auto& model) { EXPECT_EQ(model.MoveUp(2), 1U); }, "a/1/Wahr/c/3/Wahr/b/2/Falsch"},
+        {"up at the top", [](auto& model) { EXPECT_EQ(model.MoveUp(0), 0U); }, "a/1/Wahr/b/2/Falsch/c/3/Wahr"},
+        {"down", [](auto& model) { EXPECT_EQ(model.MoveDown(0), 1U); }, "b/2/Falsch/a/1/Wahr/c/3/Wahr"},
+        {"down at the end", [](auto& model) { EXPECT_EQ(model.MoveDown(2), 2U); }, "a/1/Wahr/b/2/Falsch/c/3/Wahr"},
+        {"text", [](auto& model) { model.SetCell(1, 0, "Größe"); }, "a/1/Wahr/Größe/2/Falsch/c/3/Wahr"},
+        {"text with separators", [](auto& model) { model.SetCell(1, 0, std::string_view("x\0\1\r\ny", 6)); },
+         "a/1/Wahr/x    y/2/Falsch/c/3/Wahr"},
+        {"number", [](auto& model) { model.SetCell(0, 1, " 2,5 "); }, "a/2/Wahr/b/2/Falsch/c/3/Wahr"},
+        {"flag", [](auto& model) { model.SetCell(0, 2, "nein"); }, "a/1/Falsch/b/2/Falsch/c/3/Wahr"},
+    };
+    for (const auto& row : cases) {
+        ListEditorModel model(mixedRows, ListText("a/1/Wahr/b/2/Falsch/c/3/Wahr"));
+        row.edit(model);
+        EXPECT_EQ(ListOf(model), row.list) << row.what;
+    }
+}
+
+TEST(ListEditorModel, BadEditsChangeNothing) {
+    ListEditorModel model(mixedRows, ListText("a/1/Wahr"));
+    const struct {
+        std::function<void()> edit;
+        int error;
+    } cases[] = {
+        {[&] { model.SetCell(0, 1, "viel"); }, 13},
+        {[&] { model.SetCell(0, 1, ""); }, 13},
+        {[&] { model.SetCell(0, 1, "32768"); }, 6},
+        {[&] { model.SetCell(1, 0, "x"); }, 9},
+        {[&] { model.SetCell(0, 3, "x"); }, 9},
+        {[&] { static_cast<void>(model.Cell(1, 0)); }, 9},
+        {[&] { model.RemoveRow(1); }, 9},
+        {[&] { model.MoveUp(1); }, 9},
+        {[&] { model.MoveDown(1); }, 9},
+    };
+    for (const auto& row : cases)
+        EXPECT_EQ(ErrorIn(row.edit), row.error) << &row - cases;
+    EXPECT_EQ(ListOf(model), "a/1/Wahr");
+}
+
+} // namespace
+} // namespace pirol
