@@ -23,6 +23,21 @@ bool IsExistingFile(const std::filesystem::path& path) {
     return std::filesystem::exists(status) && !std::filesystem::is_directory(status);
 }
 
+/// The progress form lets the windows paint while the file is read. They must never meet a half-read design, so the
+/// design changes in one step at the end, be the end a good one or an error.
+ReadResult ReplaceDesign(const std::string& path, ProjectModel& model, LoadingProgress* progress) {
+    ProjectModel read;
+    read.EditSql() = model.Sql();
+    try {
+        const ReadResult result = ReadPRLFile(PathOf(path), read, progress);
+        model = std::move(read);
+        return result;
+    } catch (...) {
+        model = std::move(read);
+        throw;
+    }
+}
+
 } // namespace
 
 std::string ProjectOnCommandLine(std::span<const std::string> words) {
@@ -33,7 +48,7 @@ std::string ProjectOnCommandLine(std::span<const std::string> words) {
 }
 
 void LoadProject(const std::string& path, ProjectModel& model, cCommonDialog& dialogs, LoadingProgress* progress) {
-    if (ReadPRLFile(PathOf(path), model, progress) == ReadResult::Refused)
+    if (ReplaceDesign(path, model, progress) == ReadResult::Refused)
         dialogs.Critical("Fehler", damagedProjectMessage);
 }
 
