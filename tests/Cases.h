@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -23,8 +24,10 @@ inline std::vector<std::filesystem::path> CaseFolders(const char* area) {
 class ScratchFolder {
   public:
     ScratchFolder() {
-        std::string name = (std::filesystem::temp_directory_path() / "pirol-test-XXXXXX").string();
-        path_ = mkdtemp(name.data());
+        std::random_device random;
+        do
+            path_ = std::filesystem::temp_directory_path() / ("pirol-test-" + std::to_string(random()));
+        while (!std::filesystem::create_directory(path_));
     }
     ScratchFolder(const ScratchFolder&) = delete;
     ScratchFolder& operator=(const ScratchFolder&) = delete;

@@ -21,7 +21,6 @@
 #ifdef _WIN32
 #include <fcntl.h>
 #include <io.h>
-#include <shellapi.h>
 #include <windows.h>
 #endif
 
@@ -189,28 +188,45 @@ void RunCall(std::span<const std::string> words) {
     command->run(ParseArguments(*command, words.subspan(1)));
 }
 
-/// The words of the call in UTF-8.
-std::vector<std::string> Words(int argc, char** argv) {
 #ifdef _WIN32
-    // Windows gives main the words in the system code page, which loses what it lacks.
-    wchar_t** wide = CommandLineToArgvW(GetCommandLineW(), &argc);
+
+/// The words of the call in UTF-8. Windows gives main the words in the system code page, which loses what it lacks.
+std::vector<std::string> Words(int /*argc*/, char** /*argv*/) {
+    int count = 0;
+    wchar_t** wide = CommandLineToArgvW(GetCommandLineW(), &count);
     std::vector<std::string> words;
-    for (int index = 1; index < argc; ++index)
+    for (int index = 1; index < count; ++index)
         words.push_back(TextOf(wide[index]));
     LocalFree(wide);
     return words;
-#else
-    return {argv + std::min(argc, 1), argv + argc};
-#endif
 }
 
-void UseBytesAndUtf8() {
-#ifdef _WIN32
-    // The source goes out byte for byte, without a second CR before each line end.
-    _setmode(_fileno(stdout), _O_BINARY);
-    SetConsoleOutputCP(CP_UTF8);
-#endif
+/// Lets all output out byte for byte, without a second CR before a line end, to a console that reads UTF-8 meanwhile.
+class PlainOutput {
+  public:
+    PlainOutput() {
+        for (std::FILE* stream : {stdout, stderr})
+            _setmode(_fileno(stream), _O_BINARY);
+        SetConsoleOutputCP(CP_UTF8);
+    }
+    PlainOutput(const PlainOutput&) = delete;
+    PlainOutput& operator=(const PlainOutput&) = delete;
+    ~PlainOutput() { SetConsoleOutputCP(before_); }
+
+  private:
+    UINT before_ = GetConsoleOutputCP();
+};
+
+#else
+
+/// The words of the call in UTF-8.
+std::vector<std::string> Words(int argc, char** argv) {
+    return {argv + std::min(argc, 1), argv + argc};
 }
+
+struct PlainOutput {};
+
+#endif
 
 int Fail(ExitStatus status, std::string_view message) {
     std::fprintf(stderr, "%.*s\n", static_cast<int>(message.size()), message.data());
@@ -220,7 +236,7 @@ int Fail(ExitStatus status, std::string_view message) {
 } // namespace
 
 int main(int argc, char** argv) {
-    UseBytesAndUtf8();
+    [[maybe_unused]] const PlainOutput plainOutput;
     try {
         RunCall(Words(argc, argv));
         return done;

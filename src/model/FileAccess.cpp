@@ -11,7 +11,9 @@
 #include <system_error>
 
 #ifdef _WIN32
+#include <fcntl.h>
 #include <io.h>
+#include <sys/stat.h>
 #else
 #include <unistd.h>
 #endif
@@ -34,14 +36,60 @@ std::error_code LastError() {
     return {errno, std::generic_category()};
 }
 
-File TryOpen(const fs::path& path, const char* mode) {
+/// To read a file, to write into one that is there, to write one that must not be there yet.
+enum class Purpose { Read, Change, Create };
+
 #ifdef _WIN32
-    const std::string narrow(mode);
-    return File(_wfopen(path.c_str(), std::wstring(narrow.begin(), narrow.end()).c_str()));
-#else
-    return File(std::fopen(path.c_str(), mode));
-#endif
+
+struct OpenMode {
+    int flags;
+    const wchar_t* mode;
+};
+
+/// Not every version of the Windows library knows the mode that refuses existing files; the flag all of them know.
+constexpr OpenMode openModes[] = {
+    {_O_BINARY | _O_RDONLY, L"rb"},
+    {_O_BINARY | _O_RDWR, L"r+b"},
+    {_O_BINARY | _O_WRONLY | _O_CREAT | _O_EXCL, L"wb"},
+};
+
+/// The longest path that Windows takes from a program unless its administrator lifted that limit.
+constexpr std::size_t longestPath = 259;
+
+/// The Windows library calls several failures by one name; a second look at the path tells them apart.
+int PreciseError(const fs::path& path, int code) {
+    std::error_code ignored;
+    if (code == EACCES && fs::is_directory(path, ignored))
+        return EISDIR;
+    if (code == ENOENT && fs::absolute(path, ignored).native().size() > longestPath)
+        return ENAMETOOLONG;
+    if (code == ENOENT && fs::is_regular_file(path.parent_path(), ignored))
+        return ENOTDIR;
+    return code;
 }
+
+File TryOpen(const fs::path& path, Purpose purpose) {
+    const OpenMode& mode = openModes[static_cast<int>(purpose)];
+    const int descriptor = _wopen(path.c_str(), mode.flags, _S_IREAD | _S_IWRITE);
+    if (descriptor < 0) {
+        errno = PreciseError(path, errno);
+        return nullptr;
+    }
+    File file(_wfdopen(descriptor, mode.mode));
+    if (file == nullptr)
+        _close(descriptor);
+    return file;
+}
+
+#else
+
+constexpr const char* openModes[] = {"rb", "r+b", "wbx"};
+
+File TryOpen(const fs::path& path, Purpose purpose) {
+    return File(std::fopen(path.c_str(), openModes[static_cast<int>(purpose)]));
+}
+
+#endif
 
 /// When a file cannot be made, what is missing is its folder.
 RuntimeError WriteError(const std::error_code& code) {
@@ -50,8 +98,8 @@ RuntimeError WriteError(const std::error_code& code) {
     return RuntimeError::OfFile(code);
 }
 
-File OpenForWriting(const fs::path& path, const char* mode) {
-    File file = TryOpen(path, mode);
+File OpenForWriting(const fs::path& path, Purpose purpose) {
+    File file = TryOpen(path, purpose);
     if (file == nullptr)
         throw WriteError(LastError());
     return file;
@@ -127,7 +175,7 @@ std::string TextOf(const fs::path& path) {
 }
 
 std::string ReadFileBytes(const fs::path& path) {
-    const File file = TryOpen(path, "rb");
+    const File file = TryOpen(path, Purpose::Read);
     if (file == nullptr)
         throw RuntimeError::OfFile(LastError());
     std::string bytes;
@@ -150,13 +198,13 @@ void ReplaceFileBytes(const fs::path& path, std::string_view bytes) {
     const std::optional<fs::path> existing = ExistingFile(path);
     if (existing) {
         // Opening it shows whether it may be written at all; renaming over it would not ask.
-        File writable = OpenForWriting(*existing, "r+b");
+        File writable = OpenForWriting(*existing, Purpose::Change);
         if (!fs::is_regular_file(*existing))
             return WriteAndClose(std::move(writable), bytes);
     }
     const fs::path target = existing.value_or(path);
     const fs::path beside = NameBeside(target);
-    File file = OpenForWriting(beside, "wbx");
+    File file = OpenForWriting(beside, Purpose::Create);
     TemporaryFile temporary(beside);
     WriteAndClose(std::move(file), bytes);
     std::error_code error;
@@ -169,16 +217,16 @@ void ReplaceFileBytes(const fs::path& path, std::string_view bytes) {
 }
 
 void OverwriteFileBytes(const fs::path& path, std::string_view bytes) {
-    File file = TryOpen(path, "r+b");
+    File file = TryOpen(path, Purpose::Change);
     if (file == nullptr && errno == ENOENT)
-        file = OpenForWriting(path, "wbx");
+        file = OpenForWriting(path, Purpose::Create);
     if (file == nullptr)
         throw WriteError(LastError());
     WriteAndClose(std::move(file), bytes);
 }
 
 void CreateFileBytes(const fs::path& path, std::string_view bytes) {
-    WriteAndClose(OpenForWriting(path, "wbx"), bytes);
+    WriteAndClose(OpenForWriting(path, Purpose::Create), bytes);
 }
 
 } // namespace pirol

@@ -6,8 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#ifdef __linux__
 #include <sys/mount.h>
-#include <unistd.h>
+#endif
 
 namespace pirol {
 namespace {
@@ -119,6 +120,8 @@ TEST(FileCommands, SavingThatFailsLosesNothing) {
     EXPECT_EQ(ReadFileBytes(folder / "file"), "x");
 }
 
+#ifdef __linux__
+
 /// A file system of its own with hardly any room; only an administrator can make one.
 class SmallDisk {
   public:
@@ -159,6 +162,8 @@ TEST(FileCommands, FullDiskKeepsTheOldProject) {
     // Nothing half-written may fill what room is left.
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder / "disk"), {}), 1);
 }
+
+#endif
 
 /// Whoever changes the open project's file, the design in memory is what is saved, and only after the question.
 TEST(FileCommands, ChangesByAnotherProgram) {
