@@ -6,8 +6,8 @@ both cases) with fill, stroke, stroke-width and opacity. Strokes have round ends
 import math
 import re
 import struct
-import xml.etree.ElementTree
 import zlib
+from xml.etree import ElementTree
 
 SCANS_PER_PIXEL = 8  # scan lines that are averaged for one row of pixels; columns are covered exactly
 CURVE_STEPS = 16
@@ -47,9 +47,9 @@ def ico_bytes(pictures):
     return directory + b"".join(files)
 
 
-def render(svg_file, size):
-    """Draws a square SVG file as rows of (red, green, blue, alpha) pixels."""
-    root = xml.etree.ElementTree.parse(svg_file).getroot()
+def render(svg, size):
+    """Draws the text of a square SVG file as rows of (red, green, blue, alpha) pixels."""
+    root = ElementTree.fromstring(svg)
     left, top, width, _ = (float(word) for word in root.get("viewBox").split())
     pixels = [[(0.0, 0.0, 0.0, 0.0)] * size for _ in range(size)]
     scale = size / width

@@ -29,20 +29,49 @@ QImage DecodeBitmap(std::string_view name) {
     return image;
 }
 
-void AddSizes(QIcon& icon, std::string_view name, std::span<const int> sizes) {
-    for (const int size : sizes) {
-        const std::string fileName = std::string(name) + "_" + std::to_string(size) + ".png";
-        if (const QImage image = Decode(EmbeddedIcon(fileName), "PNG"); !image.isNull())
-            icon.addPixmap(QPixmap::fromImage(image));
+QImage DecodeIcon(std::string_view fileName) {
+    return Decode(EmbeddedIcon(fileName), "PNG").convertToFormat(QImage::Format_ARGB32_Premultiplied);
+}
+
+/// Keeps what was decoded, by name.
+class DecodedImages {
+  public:
+    explicit DecodedImages(QImage (*decode)(std::string_view)) : decode_(decode) {}
+
+    const QImage& operator[](std::string_view name) {
+        const auto found = images_.find(name);
+        return found != images_.end() ? found->second : images_.emplace(name, decode_(name)).first->second;
     }
+
+  private:
+    QImage (*decode_)(std::string_view);
+    std::map<std::string, QImage, std::less<>> images_;
+};
+
+const QImage& Icon(const std::string& fileName) {
+    static DecodedImages images(DecodeIcon);
+    return images[fileName];
+}
+
+void AddSizes(QIcon& icon, std::string_view name, std::span<const int> sizes) {
+    for (const int size : sizes)
+        if (const QImage& image = IconImage(name, size); !image.isNull())
+            icon.addPixmap(QPixmap::fromImage(image));
 }
 
 } // namespace
 
 const QImage& Bitmap(std::string_view name) {
-    static std::map<std::string, QImage, std::less<>> decoded;
-    const auto found = decoded.find(name);
-    return found != decoded.end() ? found->second : decoded.emplace(name, DecodeBitmap(name)).first->second;
+    static DecodedImages images(DecodeBitmap);
+    return images[name];
+}
+
+const QImage& LargeBitmap(std::string_view name) {
+    return Icon(std::string(name) + "_3x.png");
+}
+
+const QImage& IconImage(std::string_view name, int size) {
+    return Icon(std::string(name) + "_" + std::to_string(size) + ".png");
 }
 
 QIcon KindIcon(ComponentKind kind) {

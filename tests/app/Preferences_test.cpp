@@ -1,0 +1,144 @@
+#include "app/Preferences.h"
+#include "app/Registry.h"
+#include "model/FileAccess.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+
+namespace pirol {
+namespace {
+
+namespace fs = std::filesystem;
+
+#ifndef _WIN32
+
+constexpr const char* configVariable = "XDG_CONFIG_HOME";
+
+/// A user with a configuration folder of his own, empty at first.
+class Store : public testing::Test {
+  protected:
+    void SetUp() override {
+        std::string pattern = TextOf(fs::path(testing::TempDir()) / "pirol-XXXXXX");
+        folder_ = mkdtemp(pattern.data());
+        setenv(configVariable, folder_.c_str(), 1);
+    }
+
+    void TearDown() override {
+        unsetenv(configVariable);
+        fs::remove_all(folder_);
+    }
+
+    fs::path File() const { return folder_ / "Pirol" / "registry.conf"; }
+
+    void PutFile(std::string_view text) const {
+        fs::create_directories(File().parent_path());
+        ReplaceFileBytes(File(), text);
+    }
+
+    fs::path folder_;
+};
+
+using PreferencesStore = Store;
+
+TEST_F(Store, KeepsTypedValues) {
+    EXPECT_EQ(registry::ReadText("K", "T"), "");
+    EXPECT_EQ(registry::ReadText("K", "T", "default"), "default");
+    EXPECT_EQ(registry::ReadNumber("K", "N", 7), 7);
+
+    registry::WriteText("K", "T", "text\r\n\"ü\"\\");
+    registry::WriteNumber("K", "N", -2);
+    registry::WriteText("K", "Z", std::string_view("before\0behind", 13));
+    EXPECT_EQ(registry::ReadText("K", "T", "default"), "text\r\n\"ü\"\\");
+    EXPECT_EQ(registry::ReadNumber("K", "N", 7), -2);
+    EXPECT_EQ(registry::ReadText("K", "Z"), "before");
+
+    EXPECT_EQ(registry::ReadNumber("K", "T", 7), 7) << "text is no number";
+    EXPECT_EQ(registry::ReadText("K", "N", "default"), "default") << "a number is no text";
+    EXPECT_EQ(registry::ReadText("L", "T", "default"), "default");
+    registry::WriteNumber("K", "T", 3);
+    EXPECT_EQ(registry::ReadNumber("K", "T"), 3) << "the new type replaces the old one";
+}
+
+TEST_F(Store, FailsSilently) {
+    fs::create_directories(File());
+    registry::WriteText("K", "T", "text");
+    EXPECT_EQ(registry::ReadText("K", "T", "default"), "default") << "a folder in the file's place";
+    EXPECT_TRUE(fs::is_directory(File()));
+
+    fs::remove_all(folder_ / "Pirol");
+    ReplaceFileBytes(folder_ / "Pirol", "a file in the folder's place");
+    registry::WriteNumber("K", "N", 1);
+    EXPECT_EQ(registry::ReadNumber("K", "N", 7), 7);
+
+    setenv(configVariable, "relative", 1);
+    const char* homeBefore = std::getenv("HOME");
+    const std::string home = homeBefore != nullptr ? homeBefore : "";
+    setenv("HOME", "", 1);
+    registry::WriteNumber("K", "N", 1);
+    EXPECT_EQ(registry::ReadNumber("K", "N", 7), 7) << "a user without any folder";
+    EXPECT_FALSE(fs::exists("relative"));
+
+    setenv("HOME", (folder_ / "home").c_str(), 1);
+    registry::WriteNumber("K", "N", 1);
+    EXPECT_TRUE(fs::exists(folder_ / "home" / ".config" / "Pirol" / "registry.conf"));
+    setenv("HOME", home.c_str(), 1);
+}
+
+TEST_F(PreferencesStore, AreStoredUnderTheirNames) {
+    EXPECT_EQ(Preferences::Load(), Preferences{}) << "a new account";
+    const Preferences preferences = {"/opt/Blue J/bluej", 2, 0x00C08040};
+    preferences.Save();
+    EXPECT_EQ(Preferences::Load(), preferences);
+    EXPECT_EQ(ReadFileBytes(File()), "[Software\\Pirol]\n"
+                                     "\"GridColor\"=dword:00c08040\n"
+                                     "\"GridStyle\"=dword:00000002\n"
+                                     "\"BlueJPath\"=\"/opt/Blue J/bluej\"\n");
+}
+
+TEST_F(PreferencesStore, WrongValuesReadAsDefaults) {
+    const struct {
+        const char* lines;
+        Preferences loaded;
+    } cases[] = {
+        {"\"GridColor\"=\"255\"\n\"GridStyle\"=dword:1\n\"BlueJPath\"=dword:1\n", {"", 1, 0}},
+        {"\"GridColor\"=dword:ffffff\n\"GridStyle\"=\"2\"\n\"BlueJPath\"=\"x\"\n", {"x", 0, 0xFFFFFF}},
+        {"\"GridColor\"=dword:1000000\n\"GridStyle\"=dword:3\n", {"", 0, 0}},
+        {"\"GridColor\"=dword:ffffffff\n\"GridStyle\"=dword:ffffffff\n", {"", 0, 0}},
+        {"\"GridStyle\"=dword:10002\n", {"", 2, 0}},
+    };
+    for (const auto& row : cases) {
+        PutFile(std::string("[Software\\Pirol]\n") + row.lines);
+        EXPECT_EQ(Preferences::Load(), row.loaded) << row.lines;
+    }
+}
+
+TEST_F(PreferencesStore, BlueJPathIsCheckedByNameAndFile) {
+    const struct {
+        const char* name;
+        bool isRight;
+    } cases[] = {
+        {"bluej.exe", true}, {"BLUEJ.EXE", true}, {"MyBlueJ.exe", true}, {"bluej", true},  {"bluej.exe.lnk", false},
+        {"notbluej", false}, {"BlueJ", false},    {"luej.exe", false},   {"x.exe", false},
+    };
+    for (const auto& row : cases) {
+        const std::string path = TextOf(folder_ / row.name);
+        EXPECT_FALSE(IsBlueJProgram(path)) << "no such file yet";
+        ReplaceFileBytes(PathOf(path), "");
+        EXPECT_EQ(IsBlueJProgram(path), row.isRight) << row.name;
+        EXPECT_EQ(BlueJPathAfterBrowsing("old", path), row.isRight ? path : "old");
+        EXPECT_EQ(BlueJPathWarning(path).value_or(""),
+                  row.isRight ? ""
+                              : "Der BlueJ - Pfad ist fehlerhaft.\r\nEinige Funktionen können daher nicht arbeiten");
+    }
+    fs::create_directories(folder_ / "folder" / "bluej.exe");
+    EXPECT_FALSE(IsBlueJProgram(TextOf(folder_ / "folder" / "bluej.exe")));
+    EXPECT_FALSE(IsBlueJProgram(""));
+    EXPECT_TRUE(BlueJPathWarning(""));
+}
+
+#endif
+
+} // namespace
+} // namespace pirol
