@@ -304,7 +304,10 @@ std::string_view VariableBefore(std::string_view source, std::size_t equalsSign)
 void AnalyseCode(std::string_view source, ProjectModel& model) {
     UnderLabel(analyseLabel, [&] {
         model.Reset();
-        ImportAll(ReplaceAll(source, "\t", "    "), model);
+        if (source.find('\t') == std::string_view::npos)
+            ImportAll(source, model); // a large source is not worth copying for nothing
+        else
+            ImportAll(ReplaceAll(source, "\t", "    "), model);
     });
 }
 

@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <concepts>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -24,7 +25,14 @@ void Append(std::string& out, const Pieces&... pieces) {
 
 template <class... Pieces>
 std::string Concatenate(const Pieces&... pieces) {
+    const auto mostCharacters = [](const auto& piece) {
+        if constexpr (std::integral<std::remove_cvref_t<decltype(piece)>>)
+            return std::size_t{std::numeric_limits<std::remove_cvref_t<decltype(piece)>>::digits10} + 2;
+        else
+            return std::string_view(piece).size();
+    };
     std::string text;
+    text.reserve((mostCharacters(pieces) + ...));
     Append(text, pieces...);
     return text;
 }

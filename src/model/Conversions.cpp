@@ -34,6 +34,12 @@ bool RoundsUp(std::string_view fraction, bool odd) {
 } // namespace
 
 std::int16_t ToInt16(std::string_view text) {
+    // Files hold nearly nothing but plain numbers; all that looks different takes the way round.
+    std::int16_t plain = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), plain);
+    if (error == std::errc() && end == text.data() + text.size())
+        return plain;
+
     text = Trim(text);
     if (!HasNumberShape(text))
         throw RuntimeError(RuntimeError::TypeMismatch);
@@ -87,6 +93,8 @@ std::string_view FlagText(bool flag) {
 
 std::vector<std::string_view> Split(std::string_view text, char separator, std::size_t mostPieces) {
     std::vector<std::string_view> pieces;
+    const auto separators = static_cast<std::size_t>(std::count(text.begin(), text.end(), separator));
+    pieces.reserve(std::min(separators + 1, mostPieces));
     while (pieces.size() < mostPieces) {
         const std::size_t end = text.find(separator);
         pieces.push_back(text.substr(0, end));

@@ -5,6 +5,7 @@
 #include "model/RuntimeError.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace pirol {
 namespace {
@@ -95,9 +96,11 @@ ComponentRef ProjectModel::AddElement(ComponentKind kind) {
     return component;
 }
 
-void ProjectModel::ReserveElements(ComponentKind kind, std::size_t count) {
-    WithArray(elements_, kind, [count](auto& array) { array.reserve(array.size() + count); });
-    creationOrder_.reserve(creationOrder_.size() + count);
+void ProjectModel::ReserveElements(const std::array<std::size_t, kindCount>& counts) {
+    for (const KindRow& row : KindRows())
+        WithArray(elements_, row.kind,
+                  [count = counts[Position(row.kind)]](auto& array) { array.reserve(array.size() + count); });
+    creationOrder_.reserve(creationOrder_.size() + std::accumulate(counts.begin(), counts.end(), std::size_t{0}));
 }
 
 ComponentRef ProjectModel::PlaceComponent(ComponentKind kind, const Rectangle& box) {

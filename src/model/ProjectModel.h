@@ -21,6 +21,7 @@
 #include "model/Rectangle.h"
 #include "sql/SQLModule.h"
 
+#include <array>
 #include <compare>
 #include <cstdint>
 #include <string>
@@ -86,8 +87,8 @@ class ProjectModel {
 
     /// Appends a visible element with its control's defaults.
     ComponentRef AddElement(ComponentKind kind);
-    /// Makes room for elements that will be added. A hint that spares memory; it changes nothing.
-    void ReserveElements(ComponentKind kind, std::size_t count);
+    /// Makes room for elements that will be added, so many of each kind. A hint that spares memory; it changes nothing.
+    void ReserveElements(const std::array<std::size_t, kindCount>& counts);
     /// Appends a visible element as the user places it: named and captioned with the number of elements its array held,
     /// at the given position. Multimedia kinds keep their own size, all others take the rectangle's.
     /// Raises RuntimeError::Overflow when the rectangle leaves the 16-bit range.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstring>
 
 namespace pirol {
 namespace {
@@ -17,6 +18,20 @@ constexpr char replacement = '?';
 
 bool IsAscii(char byte) {
     return static_cast<unsigned char>(byte) < 0x80;
+}
+
+/// The number of ASCII characters before the first other one. Most text is nothing else, so eight are tested at a time.
+std::size_t AsciiLength(std::string_view text) {
+    constexpr std::uint64_t upperBits = 0x8080808080808080;
+    std::size_t length = 0;
+    for (std::uint64_t eight = 0; text.size() - length >= sizeof eight; length += sizeof eight) {
+        std::memcpy(&eight, text.data() + length, sizeof eight);
+        if ((eight & upperBits) != 0)
+            break;
+    }
+    while (length < text.size() && IsAscii(text[length]))
+        ++length;
+    return length;
 }
 
 void AppendUtf8(std::string& out, char16_t character) {
@@ -70,12 +85,15 @@ std::string FromWindows1252(std::string_view bytes) {
     const auto wide = std::count_if(bytes.begin(), bytes.end(), [](char byte) { return !IsAscii(byte); });
     std::string out;
     out.reserve(bytes.size() + 2 * static_cast<std::size_t>(wide));
-    for (const char byte : bytes) {
-        const auto code = static_cast<unsigned char>(byte);
-        if (IsAscii(byte))
-            out += byte;
-        else
-            AppendUtf8(out, code < 0xA0 ? upperControls[code - 0x80u] : code);
+    while (!bytes.empty()) {
+        const std::size_t plain = AsciiLength(bytes);
+        out.append(bytes, 0, plain);
+        bytes.remove_prefix(plain);
+        if (bytes.empty())
+            break;
+        const auto code = static_cast<unsigned char>(bytes.front());
+        AppendUtf8(out, code < 0xA0 ? upperControls[code - 0x80u] : code);
+        bytes.remove_prefix(1);
     }
     return out;
 }
@@ -85,8 +103,13 @@ std::string ToWindows1252(std::string utf8) {
     std::string_view rest = utf8;
     std::size_t length = 0;
     while (!rest.empty()) {
-        const Decoded decoded =
-            IsAscii(rest.front()) ? Decoded{static_cast<unsigned char>(rest.front()), 1, true} : DecodeOne(rest);
+        const std::size_t plain = AsciiLength(rest);
+        std::memmove(utf8.data() + length, rest.data(), plain);
+        length += plain;
+        rest.remove_prefix(plain);
+        if (rest.empty())
+            break;
+        const Decoded decoded = DecodeOne(rest);
         utf8[length++] = decoded.valid ? EncodeOne(decoded.character) : replacement;
         rest.remove_prefix(decoded.length);
     }

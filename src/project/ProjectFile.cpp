@@ -9,6 +9,7 @@
 #include "project/HashFunction.h"
 
 #include <array>
+#include <charconv>
 #include <optional>
 
 namespace pirol {
@@ -37,7 +38,10 @@ constexpr std::array sqlTexts = {&SQLSettings::Server, &SQLSettings::User, &SQLS
                                  &SQLSettings::Database, &SQLSettings::TableName};
 
 std::string AllButTheHash(const ProjectModel& model) {
+    // What a component's line usually takes; growing step by step would copy a large text several times.
+    constexpr std::size_t usualLength = 96;
     std::string text;
+    text.reserve(model.CreationOrder().size() * usualLength);
     Append(text, windowMarker, lineEnd, model.WindowWidth(), lineEnd, model.WindowHeight(), lineEnd, model.Author(),
            lineEnd, componentsMarker, lineEnd);
     model.ForEachVisible(
@@ -119,11 +123,14 @@ class Progress {
 };
 
 std::optional<ComponentKind> KindOfLine(std::string_view line) {
-    const std::string_view code = line.substr(0, line.find(fieldSeparator));
-    for (const KindRow& row : KindRows())
-        if (code == std::to_string(static_cast<int>(row.kind)))
-            return oddities::CrossTextAreas(row.kind);
-    return std::nullopt;
+    unsigned number = 0;
+    const auto [end, error] = std::from_chars(line.data(), line.data() + line.size(), number);
+    const bool codeEnds = end == line.data() + line.size() || *end == fieldSeparator;
+    // Only the code as it is written counts: "01" is none.
+    if (error != std::errc() || !codeEnds || line.front() == '0')
+        return std::nullopt;
+    const auto kind = KindByNumber(static_cast<int>(number));
+    return kind ? std::optional(oddities::CrossTextAreas(*kind)) : std::nullopt;
 }
 
 /// Makes room for exactly the components to come; growing array by array would take several times the memory.
@@ -136,8 +143,7 @@ void ReserveComponents(Lines lines, ProjectModel& model) {
             ++counts[Position(*kind)];
         rest.remove_prefix(end + lineEnd.size());
     }
-    for (const KindRow& row : KindRows())
-        model.ReserveElements(row.kind, counts[Position(row.kind)]);
+    model.ReserveElements(counts);
 }
 
 void ReadWindow(Lines& lines, ProjectModel& model) {

@@ -14,6 +14,19 @@ TEST(Windows1252, EveryByteSurvivesBothWays) {
     EXPECT_EQ(ToWindows1252(FromWindows1252(all)), all);
 }
 
+TEST(Windows1252, OtherCharactersAreFoundAtEveryPlace) {
+    for (std::size_t length = 1; length < 40; ++length) {
+        for (std::size_t place = 0; place < length; ++place) {
+            std::string bytes(length, 'x');
+            std::string utf8 = bytes;
+            bytes[place] = '\x80';
+            utf8.replace(place, 1, "€");
+            EXPECT_EQ(FromWindows1252(bytes), utf8);
+            EXPECT_EQ(ToWindows1252(utf8), bytes);
+        }
+    }
+}
+
 TEST(Windows1252, CharactersOutsideBecomeQuestionMarks) {
     const struct {
         std::string utf8, bytes;

@@ -80,7 +80,7 @@ TEST(ProjectFile, WhatMayBeMissingOrForeignIsAccepted) {
     model.EditSql().Flags = {1, 2, 3};
     using std::string_literals::operator""s;
     const std::string noMarkersAndFractions = "\r\n1,5\r\n 2.5 \r\nA\r\n\r\n";
-    const std::string linesOfNoKind = "0\0x\r\n16\r\n\r\n01\r\n"s;
+    const std::string linesOfNoKind = "0\0x\r\n16\r\n\r\n01\r\n1x\0a\r\n-1\r\n4294967297\r\n"s;
     const std::string bytes = Signed(noMarkersAndFractions + linesOfNoKind +
                                      "#Begin.Pirol.Menu\r\n#Begin.Pirol.SQL\r\nserver\r\n#Begin.Pirol.Hash\r\n");
     EXPECT_EQ(OutcomeOf(bytes, model), "");
