@@ -86,12 +86,18 @@ void Save(const std::string& name, const ProjectModel& model) {
 }
 
 void Generate(const Arguments& arguments) {
-    const std::string bytes = ToWindows1252(GenerateCode(Load(arguments.names[0]), arguments.code));
-    UnderLabel("Main.Project.Export", [&] {
+    constexpr std::string_view label = "Main.Project.Export";
+    const ProjectModel model = Load(arguments.names[0]);
+    const auto produce = [&](const ByteSink& write) {
+        WriteCode(model, arguments.code, [&](std::string_view piece) {
+            UnderLabel(label, [&] { write(ToWindows1252(std::string(piece))); });
+        });
+    };
+    UnderLabel(label, [&] {
         if (arguments.output)
-            ReplaceFileBytes(PathOf(*arguments.output), bytes);
+            ReplaceFile(PathOf(*arguments.output), produce);
         else
-            Print(stdout, bytes);
+            produce([](std::string_view bytes) { Print(stdout, bytes); });
     });
 }
 

@@ -6,65 +6,105 @@
 namespace pirol {
 namespace {
 
-/// Everything is appended to one string, section by section: the source is by far the largest thing in memory, and
-/// three texts joined at the end would need it twice.
-void AppendImports(std::string& out, const ProjectModel& model) {
-    Append(out,
-           "import sum.ereignis.*;\r\n"
-           "import sum.komponenten.*;\r\n"
-           "import sum.multimedia.*;\r\n",
-           GenerateSQLImport(model.Sql()),
-           "//import sum.werkzeuge.*;\r\n"
-           "\r\n");
+/// Collects the source into pieces worth writing away.
+class Output {
+  public:
+    explicit Output(const std::function<void(std::string_view)>& write) : write_(write) {}
+
+    template <class... Pieces>
+    void Append(const Pieces&... pieces) {
+        pirol::Append(piece_, pieces...);
+        if (piece_.size() >= pieceSize)
+            Flush();
+    }
+
+    void Flush() {
+        write_(piece_);
+        piece_.clear();
+    }
+
+  private:
+    static constexpr std::size_t pieceSize = 65536;
+
+    const std::function<void(std::string_view)>& write_;
+    std::string piece_;
+};
+
+/// A radio button outside the 16-bit range is all that can fail. That shows here, so that nobody has half a source.
+void CheckPlaces(const ProjectModel& model) {
+    for (std::size_t index = 1; index < model.ElementCount(ComponentKind::OptionGroup); ++index) {
+        const Control& group = model.Element({ComponentKind::OptionGroup, index});
+        if (group.Visible)
+            group.CreateInitText(group.Left, group.Top);
+    }
 }
 
-void AppendDeclarations(std::string& out, const ProjectModel& model, CodeOptions options) {
-    model.ForEachVisible([&out](const Control& control) { out += control.CreateHeaderText(); });
-    if (options.menu)
-        out += model.Menus().GenerateCode(MenuSection::Init);
-    if (options.database)
-        out += GenerateSQLInitCode();
+void AppendImports(Output& out, const ProjectModel& model) {
+    out.Append("import sum.ereignis.*;\r\n"
+               "import sum.komponenten.*;\r\n"
+               "import sum.multimedia.*;\r\n",
+               GenerateSQLImport(model.Sql()),
+               "//import sum.werkzeuge.*;\r\n"
+               "\r\n");
 }
 
-void AppendInitialisation(std::string& out, const ProjectModel& model, CodeOptions options) {
-    model.ForEachVisible([&out](const Control& control) { out += control.CreateInitText(control.Left, control.Top); });
+void AppendDeclarations(Output& out, const ProjectModel& model, CodeOptions options) {
+    model.ForEachVisible([&out](const Control& control) { out.Append(control.CreateHeaderText()); });
     if (options.menu)
-        out += model.Menus().GenerateCode(MenuSection::Main);
+        out.Append(model.Menus().GenerateCode(MenuSection::Init));
     if (options.database)
-        out += GenerateSQLCode(model.Sql());
+        out.Append(GenerateSQLInitCode());
 }
 
-void AppendEvents(std::string& out, const ProjectModel& model, CodeOptions options) {
-    model.ForEachVisible([&out](const Control& control) { out += control.CreateEventText(); });
+void AppendInitialisation(Output& out, const ProjectModel& model, CodeOptions options) {
+    model.ForEachVisible(
+        [&out](const Control& control) { out.Append(control.CreateInitText(control.Left, control.Top)); });
     if (options.menu)
-        out += model.Menus().GenerateCode(MenuSection::Events);
+        out.Append(model.Menus().GenerateCode(MenuSection::Main));
     if (options.database)
-        out += GenerateSQLMethods(model.Sql());
+        out.Append(GenerateSQLCode(model.Sql()));
+}
+
+void AppendEvents(Output& out, const ProjectModel& model, CodeOptions options) {
+    model.ForEachVisible([&out](const Control& control) { out.Append(control.CreateEventText()); });
+    if (options.menu)
+        out.Append(model.Menus().GenerateCode(MenuSection::Events));
+    if (options.database)
+        out.Append(GenerateSQLMethods(model.Sql()));
 }
 
 } // namespace
 
 std::string GenerateCode(const ProjectModel& model, CodeOptions options) {
-    return UnderLabel("Main.File.Java.GenerateCode", [&] {
-        std::string source;
-        AppendImports(source, model);
-        source += "public class SuMAnwendung extends EBAnwendung\r\n"
-                  "{\r\n"
-                  "    // Objekte\r\n";
-        AppendDeclarations(source, model, options);
-        Append(source,
-               "\r\n"
-               "    public SuMAnwendung()\r\n"
-               "    {\r\n"
-               "        // Initialisierung der Oberklasse\r\n"
-               "        super(",
-               model.WindowWidth(), ", ", model.WindowHeight(), ");\r\n");
-        AppendInitialisation(source, model, options);
-        source += "    }\r\n"
-                  "\r\n";
-        AppendEvents(source, model, options);
-        source += '}';
-        return source;
+    // What a component usually takes; growing step by step would copy a large source several times.
+    constexpr std::size_t usualLength = 512;
+    std::string source;
+    source.reserve(model.CreationOrder().size() * usualLength);
+    WriteCode(model, options, [&source](std::string_view piece) { source += piece; });
+    return source;
+}
+
+void WriteCode(const ProjectModel& model, CodeOptions options, const std::function<void(std::string_view)>& write) {
+    UnderLabel("Main.File.Java.GenerateCode", [&] {
+        CheckPlaces(model);
+        Output out(write);
+        AppendImports(out, model);
+        out.Append("public class SuMAnwendung extends EBAnwendung\r\n"
+                   "{\r\n"
+                   "    // Objekte\r\n");
+        AppendDeclarations(out, model, options);
+        out.Append("\r\n"
+                   "    public SuMAnwendung()\r\n"
+                   "    {\r\n"
+                   "        // Initialisierung der Oberklasse\r\n"
+                   "        super(",
+                   model.WindowWidth(), ", ", model.WindowHeight(), ");\r\n");
+        AppendInitialisation(out, model, options);
+        out.Append("    }\r\n"
+                   "\r\n");
+        AppendEvents(out, model, options);
+        out.Append("}");
+        out.Flush();
     });
 }
 

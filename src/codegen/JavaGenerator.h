@@ -2,7 +2,9 @@
 
 #include "model/ProjectModel.h"
 
+#include <functional>
 #include <string>
+#include <string_view>
 
 namespace pirol {
 
@@ -16,5 +18,10 @@ struct CodeOptions {
 /// Names and texts are written as they are, whether or not Java accepts them. Linear in the size of the design.
 /// Raises RuntimeError under the label "Main.File.Java.GenerateCode".
 std::string GenerateCode(const ProjectModel& model, CodeOptions options);
+
+/// The same source piece by piece, each of whole characters, for who writes it away: it is many times larger than the
+/// design and never in memory as a whole. Errors of the generator come before the first piece, those of `write` pass
+/// through.
+void WriteCode(const ProjectModel& model, CodeOptions options, const std::function<void(std::string_view)>& write);
 
 } // namespace pirol

@@ -5,7 +5,6 @@
 #include <array>
 #include <cstdint>
 #include <optional>
-#include <span>
 #include <unordered_map>
 #include <vector>
 
@@ -22,8 +21,8 @@ class ComponentIndex {
 
     /// The component that was placed last among those that cover the pixel.
     std::optional<ComponentRef> TopmostAt(int x, int y) const;
-    /// The components that have a pixel in common with one of the areas, in the order in which they were placed.
-    std::vector<ComponentRef> Intersecting(std::span<const Rectangle> areas) const;
+    /// The components that have a pixel in common with the area, in the order in which they were placed.
+    std::vector<ComponentRef> Intersecting(const Rectangle& area) const;
 
   private:
     struct Entry {
@@ -34,7 +33,7 @@ class ComponentIndex {
 
     Entry& EntryOf(ComponentRef component);
     const Entry& EntryOf(ComponentRef component) const;
-    void CollectIntersecting(const Rectangle& area, std::vector<ComponentRef>& found) const;
+    std::vector<ComponentRef>& PlaceOf(int cellX, int cellY);
     void Add(ComponentRef component, const Rectangle& box);
     void Remove(ComponentRef component, const Rectangle& box);
 

@@ -117,12 +117,20 @@ void SyncToDisk(std::FILE* file) {
 }
 
 /// Writes all bytes and sees them to the disk; every failure on the way, the last one at closing included, is an error.
-void WriteAndClose(File file, std::string_view bytes) {
-    if (std::fwrite(bytes.data(), 1, bytes.size(), file.get()) != bytes.size() || std::fflush(file.get()) != 0)
+void WriteAndClose(File file, const std::function<void(const ByteSink&)>& produce) {
+    produce([&file](std::string_view bytes) {
+        if (std::fwrite(bytes.data(), 1, bytes.size(), file.get()) != bytes.size())
+            throw WriteError(LastError());
+    });
+    if (std::fflush(file.get()) != 0)
         throw WriteError(LastError());
     SyncToDisk(file.get());
     if (std::fclose(file.release()) != 0)
         throw WriteError(LastError());
+}
+
+void WriteAndClose(File file, std::string_view bytes) {
+    WriteAndClose(std::move(file), [bytes](const ByteSink& write) { write(bytes); });
 }
 
 /// Removes a half-written file unless it was kept.
@@ -195,18 +203,22 @@ std::string ReadFileBytes(const fs::path& path) {
 }
 
 void ReplaceFileBytes(const fs::path& path, std::string_view bytes) {
+    ReplaceFile(path, [bytes](const ByteSink& write) { write(bytes); });
+}
+
+void ReplaceFile(const fs::path& path, const std::function<void(const ByteSink&)>& produce) {
     const std::optional<fs::path> existing = ExistingFile(path);
     if (existing) {
         // Opening it shows whether it may be written at all; renaming over it would not ask.
         File writable = OpenForWriting(*existing, Purpose::Change);
         if (!fs::is_regular_file(*existing))
-            return WriteAndClose(std::move(writable), bytes);
+            return WriteAndClose(std::move(writable), produce);
     }
     const fs::path target = existing.value_or(path);
     const fs::path beside = NameBeside(target);
     File file = OpenForWriting(beside, Purpose::Create);
     TemporaryFile temporary(beside);
-    WriteAndClose(std::move(file), bytes);
+    WriteAndClose(std::move(file), produce);
     std::error_code error;
     if (existing)
         fs::permissions(temporary.Path(), fs::status(target).permissions(), error);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -18,6 +19,13 @@ std::string ReadFileBytes(const std::filesystem::path& path);
 /// Replaces a file as one step: whatever happens meanwhile, the old content or the new one is on disk, whole.
 /// Keeps the permissions of the file that it replaces and writes through a symbolic link to what it names.
 void ReplaceFileBytes(const std::filesystem::path& path, std::string_view bytes);
+
+/// Takes the bytes of a file piece by piece.
+using ByteSink = std::function<void(std::string_view)>;
+
+/// The same for bytes that `produce` makes only while they are written. What it raises passes through; the old file
+/// stays then.
+void ReplaceFile(const std::filesystem::path& path, const std::function<void(const ByteSink&)>& produce);
 
 /// Writes from the beginning of the file, without cutting it off behind: what a longer file held there stays.
 void OverwriteFileBytes(const std::filesystem::path& path, std::string_view bytes);

@@ -79,12 +79,29 @@ TEST(JavaGenerator, ARadioButtonOutsideSixteenBitsIsAnError) {
     ProjectModel model;
     Control& group = model.EditElement(model.PlaceComponent(ComponentKind::OptionGroup, {32000, 0, 100, 100}));
     static_cast<dOptionsgruppe&>(group).OptionButtons.emplace_back().Left = 1000;
-    try {
-        GenerateCode(model, {});
-        FAIL();
-    } catch (const RuntimeError& error) {
-        EXPECT_STREQ(error.what(), "Fehler 6: Überlauf (Main.File.Java.GenerateCode)");
-    }
+    std::string written;
+    EXPECT_EQ(test::ErrorOf([&] { WriteCode(model, {}, [&](std::string_view piece) { written += piece; }); }),
+              "Fehler 6: Überlauf (Main.File.Java.GenerateCode)");
+    EXPECT_EQ(written, "") << "nobody may be left with half a source";
+    model.DeleteComponent({ComponentKind::OptionGroup, 1});
+    EXPECT_EQ(test::ErrorOf([&] { GenerateCode(model, {}); }), "");
+}
+
+TEST(JavaGenerator, PiecesMakeUpTheSource) {
+    ProjectModel model;
+    for (int placed = 0; placed < 2000; ++placed)
+        model.PlaceComponent(KindRows()[static_cast<std::size_t>(placed) % kindCount].kind, {0, 0, 50, 50});
+    std::string joined;
+    std::string encoded;
+    std::size_t pieces = 0;
+    WriteCode(model, {true, true}, [&](std::string_view piece) {
+        joined += piece;
+        encoded += ToWindows1252(std::string(piece));
+        ++pieces;
+    });
+    EXPECT_GT(pieces, 2U);
+    EXPECT_EQ(joined, GenerateCode(model, {true, true}));
+    EXPECT_EQ(encoded, ToWindows1252(joined));
 }
 
 } // namespace

@@ -33,6 +33,21 @@ TEST(FileAccess, ReplacingLeavesNoRemainderAndNoOtherFile) {
     EXPECT_EQ(FilesIn(file.parent_path()), 1U);
 }
 
+TEST(FileAccess, WhatFailsHalfWayLeavesTheOldFile) {
+    const test::ScratchFolder scratch;
+    const fs::path file = scratch / "a.java";
+    const auto failing = [](const ByteSink& write) {
+        write(std::string(100'000, 'x'));
+        throw RuntimeError(RuntimeError::Overflow);
+    };
+    EXPECT_EQ(ErrorOf([&] { ReplaceFile(file, failing); }), 6);
+    EXPECT_FALSE(fs::exists(file));
+    ReplaceFileBytes(file, "old");
+    EXPECT_EQ(ErrorOf([&] { ReplaceFile(file, failing); }), 6);
+    EXPECT_EQ(ReadFileBytes(file), "old");
+    EXPECT_EQ(FilesIn(file.parent_path()), 1U);
+}
+
 #ifndef _WIN32
 
 TEST(FileAccess, ReplacingKeepsThePermissions) {

@@ -82,4 +82,4 @@ void LoadingTest::RepaintsAtABoundedRate() {
 } // namespace pirol
 
 QTEST_MAIN(pirol::LoadingTest)
-#include "frmLoading_test.moc"
+#include "loading_test.moc"
