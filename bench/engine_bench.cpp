@@ -1,0 +1,164 @@
+// How fast the engine reads, checks, writes, generates and imports, and how that grows with the size of a design.
+
+#include "codegen/JavaGenerator.h"
+#include "codegen/JavaImport.h"
+#include "model/Conversions.h"
+#include "model/Windows1252.h"
+#include "project/HashFunction.h"
+#include "project/ProjectFile.h"
+
+#include <benchmark/benchmark.h>
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+namespace {
+
+using namespace pirol;
+
+constexpr CodeOptions everything{.menu = true, .database = true};
+
+/// What lists hold, by the key of their property.
+std::string ListOf(std::string_view key, std::size_t number) {
+    if (key != keys::optionbuttons.key)
+        return JoinList({"Äpfel", "Birnen", "Süßkirschen", "Weintrauben"});
+    std::vector<cRadioButton> buttons(3);
+    for (std::size_t place = 0; place < buttons.size(); ++place) {
+        buttons[place].Name = "hatRadioKnopf" + std::to_string(number) + "Nr" + std::to_string(place);
+        buttons[place].Caption = "Möglichkeit";
+        buttons[place].Top = static_cast<std::int16_t>(10 * place);
+    }
+    return JoinRadioButtons(buttons);
+}
+
+/// A design in which the fifteen kinds take turns, every second event is on and a menu has an entry for every hundred
+/// components.
+ProjectModel MixedDesign(std::size_t count) {
+    ProjectModel model;
+    model.SetAuthor("Jörg Müller");
+    bool on = false;
+    for (std::size_t index = 0; index < count; ++index) {
+        const auto left = static_cast<int>(index % 50 * 10);
+        const auto top = static_cast<int>(index / 50 % 3000 * 10);
+        const ComponentRef component = model.PlaceComponent(KindRows()[index % kindCount].kind, {left, top, 120, 40});
+        Control& element = model.EditElement(component);
+        for (const PropertyRow& row : element.Table().Rows()) {
+            if (row.isOn != nullptr)
+                row.set(element, FlagText(on = !on));
+            else if (row.key->editor == EditorKind::List)
+                row.set(element, ListOf(row.key->key, component.index));
+            else if (row.key->editor == EditorKind::File)
+                row.set(element, "C:\\Bilder\\Übung.jpg");
+        }
+    }
+    cMenu& menu = model.EditMenus().Append("Datei", "hatMenueDatei");
+    for (std::size_t entry = 0; entry < count / 100; ++entry)
+        menu.AddEntry("Öffnen ...", cMenu::Entry);
+    return model;
+}
+
+std::size_t Components(const benchmark::State& state) {
+    return static_cast<std::size_t>(state.range(0));
+}
+
+/// Tells the time per component and the size that the time grows with.
+void CountComponents(benchmark::State& state) {
+    state.SetComplexityN(state.range(0));
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
+void CountBytes(benchmark::State& state, const std::string& bytes) {
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(bytes.size()));
+}
+
+void CheckHash(benchmark::State& state) {
+    const std::string bytes = GeneratePRLCode(MixedDesign(Components(state)));
+    while (state.KeepRunning())
+        benchmark::DoNotOptimize(HashFunction(bytes));
+    CountComponents(state);
+    CountBytes(state, bytes);
+}
+
+void ReadProject(benchmark::State& state) {
+    const std::string bytes = GeneratePRLCode(MixedDesign(Components(state)));
+    while (state.KeepRunning()) {
+        ProjectModel model;
+        if (ReadPRLBytes(bytes, model) != ReadResult::Loaded)
+            state.SkipWithError("the project was refused");
+    }
+    CountComponents(state);
+    CountBytes(state, bytes);
+}
+
+void WriteProject(benchmark::State& state) {
+    const ProjectModel model = MixedDesign(Components(state));
+    while (state.KeepRunning())
+        benchmark::DoNotOptimize(GeneratePRLCode(model));
+    CountComponents(state);
+}
+
+/// As pirol-cli writes it: encoded piece by piece.
+void Generate(const ProjectModel& model) {
+    WriteCode(model, everything,
+              [](std::string_view piece) { benchmark::DoNotOptimize(ToWindows1252(std::string(piece))); });
+}
+
+void GenerateJava(benchmark::State& state) {
+    const ProjectModel model = MixedDesign(Components(state));
+    while (state.KeepRunning())
+        Generate(model);
+    CountComponents(state);
+}
+
+/// What "pirol-cli generate" does, without process and files.
+void ReadAndGenerate(benchmark::State& state) {
+    const std::string bytes = GeneratePRLCode(MixedDesign(Components(state)));
+    while (state.KeepRunning()) {
+        ProjectModel model;
+        ReadPRLBytes(bytes, model);
+        Generate(model);
+    }
+    CountComponents(state);
+}
+
+void ImportJava(benchmark::State& state) {
+    const std::string source = GenerateCode(MixedDesign(Components(state)), everything);
+    while (state.KeepRunning()) {
+        ProjectModel model;
+        AnalyseCode(source, model);
+    }
+    CountComponents(state);
+    CountBytes(state, source);
+}
+
+/// The same for a source of a given number of bytes.
+void ImportBytes(benchmark::State& state) {
+    std::size_t components = 1000;
+    const std::size_t wanted = static_cast<std::size_t>(state.range(0));
+    const std::size_t thousand = GenerateCode(MixedDesign(components), everything).size();
+    components = components * wanted / thousand;
+    const std::string source = GenerateCode(MixedDesign(components), everything);
+    while (state.KeepRunning()) {
+        ProjectModel model;
+        AnalyseCode(source, model);
+    }
+    state.SetComplexityN(state.range(0));
+    CountBytes(state, source);
+}
+
+void DesignSizes(benchmark::internal::Benchmark* benchmark) {
+    benchmark->Arg(1'000)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond)->Complexity(benchmark::oN);
+}
+
+BENCHMARK(CheckHash)->Apply(DesignSizes);
+BENCHMARK(ReadProject)->Apply(DesignSizes);
+BENCHMARK(WriteProject)->Apply(DesignSizes);
+BENCHMARK(GenerateJava)->Apply(DesignSizes);
+BENCHMARK(ReadAndGenerate)->Apply(DesignSizes);
+BENCHMARK(ImportJava)->Apply(DesignSizes);
+BENCHMARK(ImportBytes)->Arg(1'000'000)->Arg(10'000'000)->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+BENCHMARK_MAIN();
