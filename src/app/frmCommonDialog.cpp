@@ -1,6 +1,6 @@
 #include "app/frmCommonDialog.h"
 
-#include "model/Conversions.h"
+#include "designer/view/FormParts.h"
 
 #include <QApplication>
 #include <QColorDialog>
@@ -17,10 +17,6 @@
 
 namespace pirol {
 namespace {
-
-QString ToText(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 /// The window that the user is working in; the dialogs open in its middle.
 QWidget* Owner() {
@@ -63,10 +59,6 @@ std::string Run(QFileDialog& dialog) {
     return QDir::toNativeSeparators(dialog.selectedFiles().constFirst()).toStdString();
 }
 
-QString MessageText(std::string_view text) {
-    return ToText(ReplaceAll(text, lineEnd, "\n"));
-}
-
 QString ProgramName() {
     const QString name = QGuiApplication::applicationDisplayName();
     return name.isEmpty() ? QStringLiteral("Pirol") : name;
@@ -76,7 +68,7 @@ QString ProgramName() {
 class Message : public QMessageBox {
   public:
     Message(Icon icon, const QString& title, std::string_view text)
-        : QMessageBox(icon, title, MessageText(text), NoButton, Owner()) {
+        : QMessageBox(icon, title, ToLines(text), NoButton, Owner()) {
         setTextFormat(Qt::PlainText);
         setObjectName("message");
     }
@@ -86,18 +78,6 @@ void ShowMessage(QMessageBox::Icon icon, const QString& title, std::string_view 
     Message message(icon, title, text);
     message.setDefaultButton(message.addButton("OK", QMessageBox::AcceptRole));
     message.exec();
-}
-
-constexpr std::uint32_t redMask = 0xFF;
-
-QColor ToColor(std::uint32_t color) {
-    return {static_cast<int>(color & redMask), static_cast<int>(color >> 8u & redMask),
-            static_cast<int>(color >> 16u & redMask)};
-}
-
-std::uint32_t FromColor(const QColor& color) {
-    return static_cast<std::uint32_t>(color.red()) | static_cast<std::uint32_t>(color.green()) << 8u |
-           static_cast<std::uint32_t>(color.blue()) << 16u;
 }
 
 PrintJob JobOf(const QPrinter& printer) {

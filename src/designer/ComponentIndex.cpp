@@ -90,35 +90,36 @@ std::optional<ComponentRef> ComponentIndex::TopmostAt(int x, int y) const {
     return topmost;
 }
 
-std::vector<ComponentRef> ComponentIndex::Intersecting(const Rectangle& area) const {
+std::vector<ComponentRef> ComponentIndex::Intersecting(std::span<const Rectangle> areas) const {
     std::vector<ComponentRef> found;
+    for (const Rectangle& area : areas)
+        CollectIntersecting(area, found);
+    std::sort(found.begin(), found.end(),
+              [this](ComponentRef a, ComponentRef b) { return EntryOf(a).order < EntryOf(b).order; });
+    found.erase(std::unique(found.begin(), found.end()), found.end());
+    return found;
+}
+
+void ComponentIndex::CollectIntersecting(const Rectangle& area, std::vector<ComponentRef>& found) const {
     if (IsEmpty(area))
-        return found;
+        return;
     for (const ComponentRef component : large_)
         if (EntryOf(component).box.Intersects(area))
             found.push_back(component);
     const CellRange wanted(area);
-    const auto look = [&](int x, int y) {
+    ForEachCell(wanted, [&](int x, int y) {
         const auto cell = cells_.find(CellKey(x, y));
         if (cell == cells_.end())
             return;
         for (const ComponentRef component : cell->second) {
             const Rectangle& box = EntryOf(component).box;
             const CellRange covered(box);
-            // A component is taken from the first cell that it shares with the area, so it is found once.
+            // Taken from the first cell that it shares with the area, so that few are found twice.
             if (x == std::max(covered.left, wanted.left) && y == std::max(covered.top, wanted.top) &&
                 box.Intersects(area))
                 found.push_back(component);
         }
-    };
-    ForEachCell(wanted, look);
-    std::sort(found.begin(), found.end(),
-              [this](ComponentRef a, ComponentRef b) { return EntryOf(a).order < EntryOf(b).order; });
-    return found;
-}
-
-std::vector<ComponentRef>& ComponentIndex::PlaceOf(int cellX, int cellY) {
-    return cells_[CellKey(cellX, cellY)];
+    });
 }
 
 void ComponentIndex::Add(ComponentRef component, const Rectangle& box) {
@@ -128,7 +129,7 @@ void ComponentIndex::Add(ComponentRef component, const Rectangle& box) {
     if (range.Count() > mostCells)
         large_.push_back(component);
     else
-        ForEachCell(range, [&](int x, int y) { PlaceOf(x, y).push_back(component); });
+        ForEachCell(range, [&](int x, int y) { cells_[CellKey(x, y)].push_back(component); });
 }
 
 void ComponentIndex::Remove(ComponentRef component, const Rectangle& box) {

@@ -5,6 +5,7 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <unordered_map>
 #include <vector>
 
@@ -21,8 +22,8 @@ class ComponentIndex {
 
     /// The component that was placed last among those that cover the pixel.
     std::optional<ComponentRef> TopmostAt(int x, int y) const;
-    /// The components that have a pixel in common with the area, in the order in which they were placed.
-    std::vector<ComponentRef> Intersecting(const Rectangle& area) const;
+    /// The components that have a pixel in common with one of the areas, in the order in which they were placed.
+    std::vector<ComponentRef> Intersecting(std::span<const Rectangle> areas) const;
 
   private:
     struct Entry {
@@ -33,7 +34,7 @@ class ComponentIndex {
 
     Entry& EntryOf(ComponentRef component);
     const Entry& EntryOf(ComponentRef component) const;
-    std::vector<ComponentRef>& PlaceOf(int cellX, int cellY);
+    void CollectIntersecting(const Rectangle& area, std::vector<ComponentRef>& found) const;
     void Add(ComponentRef component, const Rectangle& box);
     void Remove(ComponentRef component, const Rectangle& box);
 

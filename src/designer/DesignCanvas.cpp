@@ -48,7 +48,8 @@ std::int16_t DesignCanvas::SnapToGrid(double pixels) const {
     return pirol::SnapToGrid(pixels, snapsToGrid_);
 }
 
-std::optional<ComponentRef> DesignCanvas::Selected() const {
+std::optional<ComponentRef> DesignCanvas::Selected() {
+    TakeInChanges();
     const bool present = selected_ && selected_->index < model_.ElementCount(selected_->kind);
     return present && model_.Element(*selected_).Visible ? selected_ : std::nullopt;
 }
@@ -361,9 +362,9 @@ std::vector<Change> DesignCanvas::TakeChanges() {
     return std::exchange(changes_, {});
 }
 
-std::vector<ComponentRef> DesignCanvas::Intersecting(const Rectangle& area) {
+std::vector<ComponentRef> DesignCanvas::Intersecting(std::span<const Rectangle> areas) {
     TakeInChanges();
-    return index_.Intersecting(area);
+    return index_.Intersecting(areas);
 }
 
 void DesignCanvas::TakeInChanges() {
@@ -372,6 +373,7 @@ void DesignCanvas::TakeInChanges() {
             changes_.push_back(change);
         if (change.what == Change::What::Everything) {
             indexIsCurrent_ = false;
+            selected_.reset();
             EndGesture();
         } else if (change.what == Change::What::Component && indexIsCurrent_) {
             index_.Update(model_, change.component);

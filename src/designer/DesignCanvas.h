@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -30,8 +31,8 @@ struct CanvasHit {
 /// Pointer positions are pixels of the canvas, or twips of a component where that is said.
 ///
 /// Every operation that computes a position or size raises RuntimeError::Overflow when it leaves the 16-bit range. The
-/// gesture is over then, and the component stays as the last completed step left it. A gesture is also over when the
-/// design is emptied or loaded.
+/// gesture is over then, and the component stays as the last completed step left it. When the design is
+/// emptied or loaded, gesture and selection end.
 class DesignCanvas {
   public:
     static constexpr int twipsPerPixel = 15;
@@ -63,7 +64,7 @@ class DesignCanvas {
     const std::string& StatusText() const { return statusText_; }
 
     /// The component whose properties the property list shows; it is always one that can be seen.
-    std::optional<ComponentRef> Selected() const;
+    std::optional<ComponentRef> Selected();
     void Select(ComponentRef component);
     void Deselect();
 
@@ -93,8 +94,9 @@ class DesignCanvas {
 
     /// What changed in the design since the last call, by whomever.
     std::vector<Change> TakeChanges();
-    /// The visible components that have a pixel in common with the area, in the order in which they are painted.
-    std::vector<ComponentRef> Intersecting(const Rectangle& area);
+    /// The visible components that have a pixel in common with one of the areas, in the order in which they are
+    /// painted.
+    std::vector<ComponentRef> Intersecting(std::span<const Rectangle> areas);
 
   private:
     enum class Target { None, Canvas, Component, Resizer };

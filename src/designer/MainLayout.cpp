@@ -63,6 +63,12 @@ std::int16_t ScrolledPosition(int barValue) {
     return ToInt16(-ToInt16(barValue * scrollStep));
 }
 
+int BarValueToShow(int begin, int end, int room, int barValue, int barMaximum) {
+    const int last = std::max(begin, 0) / scrollStep;                          // beyond, the beginning is hidden
+    const int first = (std::max(end - room, 0) + scrollStep - 1) / scrollStep; // before, the end is hidden
+    return std::clamp(std::min(std::max(barValue, first), last), 0, barMaximum);
+}
+
 std::optional<Rectangle> WindowPreset(int entry, int screenWidth, int screenHeight) {
     if (entry < 0 || entry >= static_cast<int>(std::size(presets)))
         return std::nullopt;

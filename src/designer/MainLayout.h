@@ -42,6 +42,10 @@ MainLayout LayOutMainWindow(int innerWidth, int innerHeight, int designedWidth, 
 /// Raises RuntimeError::Overflow when that is outside the 16-bit range.
 std::int16_t ScrolledPosition(int barValue);
 
+/// The value nearest to a scroll bar's present one at which the pixels from `begin` to `end` of the canvas lie within
+/// the room that the frame leaves; their beginning comes first when they do not fit.
+int BarValueToShow(int begin, int end, int room, int barValue, int barMaximum);
+
 /// The outer size and position that a preset of the window menu (0 to 2) gives the main window on a screen of that
 /// size; nothing for any other number.
 std::optional<Rectangle> WindowPreset(int entry, int screenWidth, int screenHeight);

@@ -272,12 +272,16 @@ TEST_F(DesignCanvasTest, FindsWhatLinearSearchFinds) {
             canvas.DeleteSelected();
         }
         const Rectangle area = {next(3000) - 1000, next(3000) - 1000, 1 + next(500), 1 + next(500)};
+        const Rectangle areas[] = {area, {area.left + 100, area.top - 50, 300, 70}};
         std::vector<ComponentRef> expected;
-        for (const ComponentRef candidate : model.CreationOrder())
-            if (model.VisibleBox(candidate).Intersects(area))
+        for (const ComponentRef candidate : model.CreationOrder()) {
+            const Rectangle box = model.VisibleBox(candidate);
+            if (box.Intersects(areas[0]) || box.Intersects(areas[1]))
                 expected.push_back(candidate);
-        EXPECT_EQ(canvas.Intersecting(area), expected);
-        const auto at = canvas.Intersecting({area.left, area.top, 1, 1});
+        }
+        EXPECT_EQ(canvas.Intersecting(areas), expected);
+        const Rectangle pixel[] = {{area.left, area.top, 1, 1}};
+        const std::vector<ComponentRef> at = canvas.Intersecting(pixel);
         const CanvasHit hit = canvas.HitTest(area.left, area.top);
         EXPECT_EQ(hit.area == CanvasHit::Area::Canvas, at.empty());
         if (!at.empty()) {

@@ -73,6 +73,20 @@ TEST(MainLayout, ScrollsInStepsOfEightUpTo16Bits) {
     EXPECT_THROW(ScrolledPosition(4096), RuntimeError);
 }
 
+TEST(MainLayout, ScrollsNoFurtherThanNeededToShowSomething) {
+    const struct {
+        int begin;
+        int end;
+        int value;
+        int expected;
+    } cases[] = {
+        {0, 30, 0, 0},     {0, 30, 9, 0},     {79, 90, 9, 9},    {71, 90, 9, 8},      {150, 170, 9, 9},
+        {170, 173, 9, 10}, {170, 180, 9, 10}, {300, 900, 9, 37}, {2000, 2010, 9, 40}, {-50, -20, 9, 0},
+    };
+    for (const auto& [begin, end, value, expected] : cases)
+        EXPECT_EQ(BarValueToShow(begin, end, 100, value, 40), expected) << begin;
+}
+
 TEST(MainLayout, PresetsCentreTheWindowOnTheScreen) {
     EXPECT_EQ(WindowPreset(0, 1920, 1080), (Rectangle{796, 376, 328, 328}));
     EXPECT_EQ(WindowPreset(1, 1920, 1080), (Rectangle{636, 267, 648, 546}));

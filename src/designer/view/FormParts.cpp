@@ -6,6 +6,11 @@
 #include <QPushButton>
 
 namespace pirol {
+namespace {
+
+constexpr std::uint32_t byteMask = 0xFF;
+
+} // namespace
 
 QString ToText(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
@@ -13,6 +18,16 @@ QString ToText(std::string_view text) {
 
 QString ToLines(std::string_view text) {
     return ToText(ReplaceAll(text, lineEnd, "\n"));
+}
+
+QColor ToColor(std::uint32_t color) {
+    return {static_cast<int>(color & byteMask), static_cast<int>(color >> 8u & byteMask),
+            static_cast<int>(color >> 16u & byteMask)};
+}
+
+std::uint32_t FromColor(const QColor& color) {
+    return static_cast<std::uint32_t>(color.red()) | static_cast<std::uint32_t>(color.green()) << 8u |
+           static_cast<std::uint32_t>(color.blue()) << 16u;
 }
 
 QPushButton* NewButton(const char* name, const QString& caption, const QString& toolTip) {

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <QColor>
 #include <QString>
 #include <QWidget>
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -17,6 +19,10 @@ QString ToText(std::string_view text);
 
 /// The same with the line ends that labels know.
 QString ToLines(std::string_view text);
+
+/// A colour with red in the low byte, and back.
+QColor ToColor(std::uint32_t color);
+std::uint32_t FromColor(const QColor& color);
 
 /// Gives a widget its name and the name that a screen reader says; gives the widget back.
 template <class Widget>

@@ -82,4 +82,4 @@ void LoadingTest::RepaintsAtABoundedRate() {
 } // namespace pirol
 
 QTEST_MAIN(pirol::LoadingTest)
-#include "loading_test.moc"
+#include "frmLoading_test.moc"

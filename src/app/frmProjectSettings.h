@@ -1,0 +1,36 @@
+#pragma once
+
+#include "app/ProjectSettings.h"
+
+#include <QDialog>
+
+class QLineEdit;
+
+namespace pirol {
+
+/// The dialog for the designed window's size and author. Width and height keep their proportion while they are typed.
+class frmProjectSettings : public QDialog {
+    Q_OBJECT
+
+  public:
+    frmProjectSettings(const WindowSettings& stored, QWidget* owner);
+
+    /// What the user accepted; the stored settings before that.
+    const WindowSettings& Settings() const { return settings_; }
+
+    /// Takes the entries over and closes, or reports the error in them and stays open.
+    void accept() override;
+
+  private:
+    QLineEdit* NewField(const char* name, const QString& accessibleName, const QString& toolTip,
+                        void (ProjectSettings::*change)(const std::string&));
+    void ShowTexts();
+
+    ProjectSettings entered_;
+    WindowSettings settings_;
+    QLineEdit* txtWidth_;
+    QLineEdit* txtHeight_;
+    QLineEdit* txtAuthor_;
+};
+
+} // namespace pirol

@@ -1,0 +1,36 @@
+#include "app/frmCommonDialog.h"
+#include "designer/view/Bitmaps.h"
+#include "designer/view/frmMain.h"
+#include "project/FileCommands.h"
+
+#include <QApplication>
+
+#include <string>
+#include <vector>
+
+namespace {
+
+std::string ProjectOf(const QStringList& arguments) {
+    std::vector<std::string> words;
+    for (const QString& argument : arguments.mid(1))
+        words.push_back(argument.toStdString());
+    return pirol::ProjectOnCommandLine(words);
+}
+
+} // namespace
+
+int main(int argumentCount, char* arguments[]) {
+    QApplication::setStyle("Fusion");
+    QApplication application(argumentCount, arguments);
+    QApplication::setApplicationName("Pirol");
+    QApplication::setApplicationVersion(PIROL_VERSION);
+    QApplication::setWindowIcon(pirol::ProgramIcon());
+    pirol::SpeakGerman(application);
+
+    pirol::frmCommonDialog dialogs;
+    pirol::frmMain mainWindow(dialogs);
+    mainWindow.show();
+    if (const std::string path = ProjectOf(QApplication::arguments()); !path.empty())
+        mainWindow.ReadPRLFile(path);
+    return QApplication::exec();
+}

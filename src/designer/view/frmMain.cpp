@@ -1,0 +1,217 @@
+#include "designer/view/frmMain.h"
+
+#include "app/frmError.h"
+#include "codegen/JavaImport.h"
+#include "designer/MainLayout.h"
+#include "designer/view/FormParts.h"
+#include "designer/view/picContainer.h"
+#include "designer/view/tbComponents.h"
+#include "project/FileCommands.h"
+#include "project/frmLoading.h"
+#include "project/ProjectFile.h"
+
+#include <QAction>
+#include <QEvent>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QScreen>
+#include <QScrollBar>
+#include <QShortcut>
+#include <QStatusBar>
+
+namespace pirol {
+namespace {
+
+/// The first window shows a designed window of the usual size whole.
+constexpr QSize firstSize(1080, 680);
+
+QRect ToRect(const Rectangle& box) {
+    return {box.left, box.top, box.width, box.height};
+}
+
+QScrollBar* NewBar(const char* name, const QString& accessibleName, Qt::Orientation orientation, QWidget* parent) {
+    return Named(new QScrollBar(orientation, parent), name, accessibleName);
+}
+
+QLabel* NewHeading(const char* name, const QString& text, QWidget* parent) {
+    auto* label = Named(new QLabel(text, parent), name, text);
+    label->setIndent(8);
+    QFont font = label->font();
+    font.setBold(true);
+    label->setFont(font);
+    return label;
+}
+
+void SetUp(QScrollBar* scrollBar, const MainLayout::Bar& bar, int room) {
+    const QSignalBlocker quiet(scrollBar);
+    scrollBar->setGeometry(ToRect(bar.box));
+    scrollBar->setEnabled(bar.enabled);
+    scrollBar->setRange(0, bar.maximum);
+    scrollBar->setPageStep(std::max(room / scrollStep, 1));
+    scrollBar->setValue(0);
+}
+
+void SetText(QLabel* label, const QString& text) {
+    if (label->text() != text)
+        label->setText(text);
+}
+
+} // namespace
+
+frmMain::frmMain(cCommonDialog& dialogs) : dialogs_(dialogs), canvas_(model_, [this] { LoadProperties(); }) {
+    setObjectName("frmMain");
+    BuildSurface();
+    BuildStatusBar();
+    BuildMenus();
+    connect(new QShortcut(Qt::Key_Delete, this), &QShortcut::activated, this,
+            [this] { Run([this] { canvas_.DeleteSelected(); }); });
+    resize(firstSize.boundedTo(QGuiApplication::primaryScreen()->availableSize()));
+    picContainer_->setFocus();
+    ShowDesign();
+}
+
+void frmMain::BuildSurface() {
+    surface_ = new QWidget;
+    surface_->installEventFilter(this);
+    setCentralWidget(surface_);
+
+    lblComponents_ = NewHeading("lblComponents", "Komponenten", surface_);
+    lblWindow_ = NewHeading("lblWindow", {}, surface_);
+    lblProperties_ = NewHeading("lblProperties", "Eigenschaften", surface_);
+
+    tbComponents_ = new tbComponents(surface_);
+    connect(tbComponents_, &tbComponents::ButtonClicked, this, &frmMain::ChooseKindByToolbar);
+
+    picFrame_ = Named(new QWidget(surface_), "picFrame", "Rahmen der Entwurfsfläche");
+    picFrame_->setAutoFillBackground(true);
+    picFrame_->setBackgroundRole(QPalette::Midlight);
+    viewport_ = new QWidget(picFrame_);
+    picContainer_ = new picContainer(canvas_, model_, viewport_);
+    connect(picContainer_, &picContainer::Handled, this, &frmMain::ShowDesign);
+    connect(picContainer_, &picContainer::EnterPressed, this, [this] { plProperties_->setFocus(Qt::TabFocusReason); });
+
+    vScroll_ = NewBar("vScroll", "Entwurfsfläche senkrecht rollen", Qt::Vertical, picFrame_);
+    hScroll_ = NewBar("hScroll", "Entwurfsfläche waagerecht rollen", Qt::Horizontal, picFrame_);
+    for (QScrollBar* bar : {vScroll_, hScroll_})
+        connect(bar, &QScrollBar::valueChanged, this, [this] { Run([this] { ShowScrolledCanvas(); }); });
+
+    plProperties_ = Named(new QWidget(surface_), "plProperties", "Eigenschaften");
+}
+
+void frmMain::BuildStatusBar() {
+    statusBar()->setObjectName("sbStatus");
+    statusBar()->setFixedHeight(rowHeight);
+    statusBar()->setSizeGripEnabled(false);
+    constexpr int widths[] = {0, 330, 150};
+    for (int i = 0; i < 3; ++i) {
+        panels_[i] = Named(new QLabel, QString("sbPanel%1").arg(i + 1).toLatin1().constData(), {});
+        panels_[i]->setFixedWidth(widths[i]);
+        statusBar()->addPermanentWidget(panels_[i]);
+    }
+}
+
+// --- Laying out and scrolling -----------------------------------------------------------------------------------
+
+bool frmMain::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == surface_ && event->type() == QEvent::Resize)
+        LayOut();
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void frmMain::LayOut() {
+    designedSize_ = QSize(model_.WindowWidth(), model_.WindowHeight());
+    const MainLayout layout = LayOutMainWindow(surface_->width(), surface_->height() + rowHeight, designedSize_.width(),
+                                               designedSize_.height());
+    const QRect headings = ToRect(layout.headings);
+    lblComponents_->setGeometry(headings.x(), headings.y(), layout.toolbar.width, headings.height());
+    lblWindow_->setGeometry(layout.frame.left, headings.y(), layout.frame.width, headings.height());
+    lblProperties_->setGeometry(layout.list.left, headings.y(), layout.list.width, headings.height());
+    tbComponents_->setGeometry(ToRect(layout.toolbar));
+    plProperties_->setGeometry(ToRect(layout.list));
+    picFrame_->setGeometry(ToRect(layout.frame));
+    viewport_->setGeometry(0, 0, layout.vertical.box.left, layout.horizontal.box.top);
+    SetUp(vScroll_, layout.vertical, viewport_->height());
+    SetUp(hScroll_, layout.horizontal, viewport_->width());
+    picContainer_->setGeometry(ToRect(layout.canvas));
+    lblWindow_->setText(QString("Fenster: B = %1 / H = %2").arg(designedSize_.width()).arg(designedSize_.height()));
+}
+
+void frmMain::ShowScrolledCanvas() {
+    const int left = hScroll_->isEnabled() ? ScrolledPosition(hScroll_->value()) : picContainer_->x();
+    const int top = vScroll_->isEnabled() ? ScrolledPosition(vScroll_->value()) : picContainer_->y();
+    picContainer_->move(left, top);
+}
+
+void frmMain::ScrollToSelection() {
+    const std::optional<ComponentRef> selected = canvas_.Selected();
+    if (!selected)
+        return;
+    const Rectangle box = model_.VisibleBox(*selected);
+    hScroll_->setValue(
+        BarValueToShow(box.left, box.Right(), viewport_->width(), hScroll_->value(), hScroll_->maximum()));
+    vScroll_->setValue(
+        BarValueToShow(box.top, box.Bottom(), viewport_->height(), vScroll_->value(), vScroll_->maximum()));
+}
+
+// --- Bringing the window up to date -----------------------------------------------------------------------------
+
+bool frmMain::Run(const std::function<void()>& operation) {
+    const bool done = ReportErrors(this, operation);
+    ShowDesign();
+    return done;
+}
+
+void frmMain::ShowDesign() {
+    const std::vector<Change> changes = canvas_.TakeChanges();
+    picContainer_->ShowChanges(changes);
+    if (designedSize_ != QSize(model_.WindowWidth(), model_.WindowHeight()))
+        LayOut();
+    setWindowModified(model_.IsChanged());
+    const QString path = ToText(model_.FilePath());
+    const QString title = (path.isEmpty() ? "Neues Projekt" : QFileInfo(path).fileName()) + "[*] – Pirol";
+    if (windowTitle() != title)
+        setWindowTitle(title);
+    ShowStatus();
+}
+
+void frmMain::ShowStatus() {
+    QString selection = "Kein Objekt gewählt";
+    if (const std::optional<ComponentRef> selected = canvas_.Selected()) {
+        const Control& control = model_.Element(*selected);
+        selection = QString("%1 (%2)").arg(ToText(control.ObjectName), ToText(RowOf(control.Kind()).menuLabel));
+    }
+    SetText(panels_[1], selection);
+    SetText(panels_[2], ToText(canvas_.StatusText()));
+}
+
+// --- The operations of consequence ------------------------------------------------------------------------------
+
+std::string frmMain::GenerateCode() {
+    std::string source;
+    Run([&] { source = pirol::GenerateCode(model_, options_); });
+    return source;
+}
+
+std::string frmMain::GeneratePRLCode() {
+    std::string bytes;
+    Run([&] { bytes = pirol::GeneratePRLCode(model_); });
+    return bytes;
+}
+
+void frmMain::ReadPRLFile(const std::string& path) {
+    Run([&] {
+        frmLoading progress(this);
+        LoadProject(path, model_, dialogs_, &progress);
+    });
+    LoadProperties();
+}
+
+void frmMain::AnalyseCode(const std::string& source) {
+    Run([&] { pirol::AnalyseCode(source, model_); });
+    LoadProperties();
+}
+
+void frmMain::LoadProperties() {}
+
+} // namespace pirol

@@ -1,0 +1,117 @@
+#pragma once
+
+#include "app/cCommonDialog.h"
+#include "codegen/JavaGenerator.h"
+#include "designer/DesignCanvas.h"
+#include "model/ProjectModel.h"
+
+#include <QMainWindow>
+#include <QSize>
+
+#include <functional>
+#include <span>
+#include <string>
+
+class QAction;
+class QLabel;
+class QMenu;
+class QScrollBar;
+
+namespace pirol {
+
+class picContainer;
+class tbComponents;
+
+/// The main window. It owns the design and everything around it: toolbar, canvas with its scroll bars, property list,
+/// status bar and the menu with every command of the program. A command is a function of the same name; one that has
+/// no function yet is disabled.
+class frmMain : public QMainWindow {
+    Q_OBJECT
+
+  public:
+    explicit frmMain(cCommonDialog& dialogs);
+
+    ProjectModel& Model() { return model_; }
+    DesignCanvas& Canvas() { return canvas_; }
+    const CodeOptions& Options() const { return options_; }
+
+    // The operations of consequence. Each runs under its error label, shows the error report when it fails, and brings
+    // the window up to date.
+
+    /// The generated source; empty when it failed.
+    std::string GenerateCode();
+    /// The project file's bytes; empty when it failed.
+    std::string GeneratePRLCode();
+    /// Loads a project file in place of the design.
+    void ReadPRLFile(const std::string& path);
+    /// Fills the design from Java source.
+    void AnalyseCode(const std::string& source);
+    /// Shows the properties of the selected component.
+    void LoadProperties();
+
+    /// Runs an operation, shows the error report when it fails, and brings the window up to date with the design.
+    /// False when it failed.
+    bool Run(const std::function<void()>& operation);
+    /// Brings the window up to date with the design, the selection and the canvas's state.
+    void ShowDesign();
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    struct CommandRow;
+    struct CommandTable;
+
+    void BuildMenus();
+    void BuildSurface();
+    void BuildStatusBar();
+    void AddCommand(QMenu* menu, const CommandRow& row);
+    void AddKindCommands(QMenu* menu);
+    QAction* Command(const QString& name) const;
+
+    void LayOut();
+    void ShowScrolledCanvas();
+    void ScrollToSelection();
+    void ShowStatus();
+
+    void CheckKindEntry(int entry);
+    void ChooseKindByToolbar(int button);
+    void ChooseKindByMenu(int entry);
+    void ApplyWindowPreset(int entry);
+    void RefreshCodeMenu();
+
+    // The commands.
+    void mnuFileNew();
+    void mnuFileOpen();
+    void mnuFileSave();
+    void mnuFileEnd();
+    void mnuViewShowGrid();
+    void mnuObjectsGrid();
+    void mnuCodeMenu();
+    void mnuCodeSQL();
+    void mnuWindowSize0();
+    void mnuWindowSize1();
+    void mnuWindowSize2();
+
+    cCommonDialog& dialogs_;
+    ProjectModel model_;
+    CodeOptions options_;
+    DesignCanvas canvas_;
+    bool choosingByMenu_ = false; ///< keeps the toolbar's click from running the menu's logic again
+
+    QWidget* surface_ = nullptr;
+    QLabel* lblComponents_ = nullptr;
+    QLabel* lblWindow_ = nullptr;
+    QLabel* lblProperties_ = nullptr;
+    tbComponents* tbComponents_ = nullptr;
+    QWidget* picFrame_ = nullptr;
+    QWidget* viewport_ = nullptr;
+    picContainer* picContainer_ = nullptr;
+    QScrollBar* vScroll_ = nullptr;
+    QScrollBar* hScroll_ = nullptr;
+    QWidget* plProperties_ = nullptr;
+    QLabel* panels_[3] = {};
+    QSize designedSize_; ///< for which the window is laid out
+};
+
+} // namespace pirol

@@ -1,0 +1,185 @@
+#include "designer/view/picContainer.h"
+
+#include "app/frmError.h"
+#include "designer/Grid.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPaintEvent>
+
+namespace pirol {
+namespace {
+
+/// Borders and handles may reach this far out of what they belong to.
+constexpr int borderReach = 2;
+
+QRect ToRect(const Rectangle& box) {
+    return {box.left, box.top, box.width, box.height};
+}
+
+std::vector<Rectangle> AreasOf(const QRegion& region) {
+    std::vector<Rectangle> areas;
+    for (const QRect& rect : region)
+        areas.push_back({rect.left(), rect.top(), rect.width(), rect.height()});
+    return areas;
+}
+
+MouseButton ButtonOf(const QMouseEvent& event) {
+    return event.button() == Qt::LeftButton ? MouseButton::Left : MouseButton::Other;
+}
+
+} // namespace
+
+picContainer::picContainer(DesignCanvas& canvas, const ProjectModel& model, QWidget* parent)
+    : QWidget(parent), canvas_(canvas), model_(model) {
+    setObjectName("picContainer");
+    setAccessibleName("Entwurfsfläche");
+    setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+void picContainer::SetGrid(int style, const QColor& color) {
+    gridStyle_ = style;
+    gridColor_ = color;
+    update();
+}
+
+void picContainer::Run(const std::function<void()>& gesture) {
+    ReportErrors(window(), gesture);
+    emit Handled();
+}
+
+// --- Mouse and keyboard -----------------------------------------------------------------------------------------
+
+void picContainer::mousePressEvent(QMouseEvent* event) {
+    Run([&] { canvas_.Press(event->pos().x(), event->pos().y(), ButtonOf(*event)); });
+}
+
+void picContainer::mouseMoveEvent(QMouseEvent* event) {
+    Run([&] { canvas_.Move(event->pos().x(), event->pos().y()); });
+    if (event->buttons() == Qt::NoButton)
+        ShowCursor(event->pos());
+}
+
+void picContainer::mouseReleaseEvent(QMouseEvent* event) {
+    Run([&] { canvas_.Release(); });
+    ShowCursor(event->pos());
+}
+
+void picContainer::ShowCursor(const QPoint& position) {
+    using enum CanvasHit::Area;
+    const CanvasHit::Area area = canvas_.HitTest(position.x(), position.y()).area;
+    const Qt::CursorShape shape = area == Canvas   ? Qt::CrossCursor
+                                  : area == Border ? Qt::SizeAllCursor
+                                                   : Qt::SizeFDiagCursor;
+    if (cursor().shape() != shape)
+        setCursor(shape);
+}
+
+void picContainer::keyPressEvent(QKeyEvent* event) {
+    const struct {
+        Qt::Key key;
+        int x;
+        int y;
+    } arrows[] = {{Qt::Key_Left, -1, 0}, {Qt::Key_Right, 1, 0}, {Qt::Key_Up, 0, -1}, {Qt::Key_Down, 0, 1}};
+    for (const auto& arrow : arrows)
+        if (event->key() == arrow.key) {
+            const bool resize = event->modifiers().testFlag(Qt::ShiftModifier);
+            Run([&] { resize ? canvas_.ResizeSelected(arrow.x, arrow.y) : canvas_.MoveSelected(arrow.x, arrow.y); });
+            return;
+        }
+    switch (event->key()) {
+    case Qt::Key_Escape:
+        Run([&] { canvas_.Escape(); });
+        break;
+    case Qt::Key_Insert:
+        Run([&] { canvas_.PlaceByKeyboard(); });
+        break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        emit EnterPressed();
+        break;
+    default:
+        QWidget::keyPressEvent(event);
+    }
+}
+
+bool picContainer::focusNextPrevChild(bool next) {
+    bool selected = false;
+    Run([&] { selected = canvas_.SelectNext(next); });
+    return selected || QWidget::focusNextPrevChild(next);
+}
+
+// --- Painting ---------------------------------------------------------------------------------------------------
+
+void picContainer::ShowChanges(std::span<const Change> changes) {
+    for (const Change& change : changes)
+        if (change.what == Change::What::Everything) {
+            update();
+        } else if (change.what == Change::What::Component) {
+            update(ToRect(change.before));
+            update(ToRect(model_.VisibleBox(change.component)));
+        }
+    const std::optional<ComponentRef> selected = canvas_.Selected();
+    const Rectangle selection = selected ? model_.VisibleBox(*selected) : Rectangle{};
+    if (selection != shownSelection_) {
+        update(ToRect(shownSelection_).adjusted(-borderReach, -borderReach, borderReach, borderReach));
+        update(ToRect(selection).adjusted(-borderReach, -borderReach, borderReach, borderReach));
+        shownSelection_ = selection;
+    }
+    const Rectangle frame = canvas_.IsFrameVisible() ? canvas_.Frame() : Rectangle{};
+    if (frame != shownFrame_) {
+        UpdateFrame(shownFrame_);
+        UpdateFrame(frame);
+        shownFrame_ = frame;
+    }
+}
+
+/// Only the outline: what lies within the frame stays on the screen.
+void picContainer::UpdateFrame(const Rectangle& frame) {
+    const QRect outline = ToRect(frame);
+    if (!outline.isEmpty())
+        update(QRegion(outline) - QRegion(outline.adjusted(1, 1, -1, -1)));
+}
+
+void picContainer::paintEvent(QPaintEvent* event) {
+    const std::vector<Rectangle> areas = AreasOf(event->region());
+    QPainter painter(this);
+    for (const QRect& rect : event->region())
+        painter.fillRect(rect, Qt::white);
+    if (canvas_.ShowsGrid())
+        PaintGrid(painter, areas);
+    for (const ComponentRef component : canvas_.Intersecting(areas)) {
+        const Control& control = model_.Element(component);
+        const QRect box(control.Left, control.Top, control.Width, control.Height);
+        painter.fillRect(box, QColor(238, 238, 238));
+        painter.drawRect(box.adjusted(0, 0, -1, -1));
+        painter.drawText(box, Qt::AlignCenter, QString::fromStdString(control.ObjectName));
+    }
+    PaintSelection(painter);
+    PaintFrame(painter);
+}
+
+void picContainer::PaintGrid(QPainter& painter, std::span<const Rectangle> areas) {
+    for (const Rectangle& area : areas)
+        for (const Rectangle& mark : GridMarks(gridStyle_, width(), height(), area))
+            painter.fillRect(ToRect(mark), gridColor_);
+}
+
+void picContainer::PaintSelection(QPainter& painter) {
+    if (const std::optional<ComponentRef> selected = canvas_.Selected()) {
+        painter.setPen(QPen(Qt::blue, 1, Qt::DashLine));
+        painter.drawRect(ToRect(model_.VisibleBox(*selected)).adjusted(0, 0, -1, -1));
+    }
+}
+
+void picContainer::PaintFrame(QPainter& painter) {
+    if (!canvas_.IsFrameVisible())
+        return;
+    painter.setPen(QPen(palette().color(QPalette::Highlight), 1));
+    painter.drawRect(ToRect(canvas_.Frame()).adjusted(0, 0, -1, -1));
+}
+
+} // namespace pirol
