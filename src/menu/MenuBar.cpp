@@ -8,7 +8,17 @@
 namespace pirol {
 namespace {
 
-constexpr std::string_view subMenuDeclaration = "    Menue hatMenueTemp;\r\n";
+/// What a section begins with and what every menu adds to it; in the order of MenuSection.
+struct SectionRow {
+    std::string_view start;
+    std::string (cMenu::*generate)() const;
+};
+
+constexpr SectionRow sections[] = {
+    {"    Menue hatMenueTemp;\r\n", &cMenu::GenerateMenuInitCode},
+    {{}, &cMenu::GenerateMenuCode},
+    {{}, &cMenu::GenerateMenuEventCode},
+};
 
 std::string_view FieldAt(std::span<const std::string_view> fields, std::size_t index) {
     if (index >= fields.size())
@@ -59,21 +69,12 @@ void MenuBar::MoveItemPerTag(std::string_view tag, std::string_view direction) {
 }
 
 std::string MenuBar::GenerateCode(MenuSection section) const {
-    std::string code;
-    if (section == MenuSection::Init)
-        code = subMenuDeclaration;
+    const SectionRow& row = sections[static_cast<std::size_t>(section)];
+    std::string code(row.start);
     for (const cMenu& menu : menus_) {
-        switch (section) {
-        case MenuSection::Init:
-            code += menu.GenerateMenuInitCode();
-            break;
-        case MenuSection::Main:
-            code += menu.GenerateMenuCode();
-            break;
-        case MenuSection::Events:
-            code += menu.GenerateMenuEventCode();
-            break;
-        }
+        code += (menu.*row.generate)();
+        if (code.size() > cMenu::largestCode)
+            throw RuntimeError(RuntimeError::OutOfMemory);
     }
     return code;
 }

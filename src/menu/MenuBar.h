@@ -39,6 +39,7 @@ class MenuBar {
     void MoveItemPerTag(std::string_view tag, std::string_view direction);
 
     /// The Java text of all menus for one section, lines of CR LF.
+    /// Raises RuntimeError::OutOfMemory beyond cMenu::largestCode.
     std::string GenerateCode(MenuSection section) const;
 
     /// All lines of the project file's menu section.

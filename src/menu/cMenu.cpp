@@ -1,6 +1,8 @@
 #include "menu/cMenu.h"
 
+#include "codegen/JavaText.h"
 #include "model/Conversions.h"
+#include "model/RuntimeError.h"
 
 #include <algorithm>
 #include <iterator>
@@ -11,6 +13,7 @@ namespace {
 
 /// The one variable through which the generated program builds all its submenus.
 constexpr std::string_view subMenuVariable = "hatMenueTemp";
+constexpr std::string_view indent = "        ";
 
 struct Spelling {
     std::string_view text;
@@ -21,6 +24,11 @@ constexpr Spelling spellings[] = {
     {"Ä", "Ae"}, {"ä", "ae"}, {"Ö", "Oe"}, {"ö", "oe"}, {"Ü", "Ue"}, {"ü", "ue"},
     {"ß", "ss"}, {" ", ""},   {"-", ""},   {".", ""},   {"\\", ""},  {"#", ""},
 };
+
+void CheckCodeSize(const std::string& code) {
+    if (code.size() > cMenu::largestCode)
+        throw RuntimeError(RuntimeError::OutOfMemory);
+}
 
 } // namespace
 
@@ -80,7 +88,7 @@ cMenu* cMenu::AddEntry(std::string caption, std::int32_t entryType, std::string_
 }
 
 std::string cMenu::GenerateMenuInitCode() const {
-    return std::string("    Menue ").append(Name).append(";").append(lineEnd);
+    return FieldDeclaration("Menue", Name);
 }
 
 std::string cMenu::GenerateMenuCode() const {
@@ -104,47 +112,32 @@ std::string_view cMenu::EventPrefix() const {
 }
 
 void cMenu::AppendMenuCode(std::string& code) const {
-    constexpr std::string_view indent = "        ";
     const std::string_view target = EntryType == SubMenu ? subMenuVariable : std::string_view(Name);
     if (EntryType == Menu)
-        code.append(indent).append(Name).append(" = new Menue(\"").append(Caption).append("\");").append(lineEnd);
+        Append(code, indent, Name, " = new Menue(", Quoted(Caption), ");\r\n");
     else if (EntryType == SubMenu)
-        code.append(indent)
-            .append(subMenuVariable)
-            .append(" = ")
-            .append(ParentName())
-            .append(".neuesUntermenue(\"")
-            .append(Caption)
-            .append("\");")
-            .append(lineEnd);
+        Append(code, indent, subMenuVariable, " = ", ParentName(), ".neuesUntermenue(", Quoted(Caption), ");\r\n");
 
     for (const cMenu& child : children_) {
         if (child.EntryType == Entry)
-            code.append(indent)
-                .append(target)
-                .append(".haengeZeileAn(\"")
-                .append(child.Caption)
-                .append("\", \"")
-                .append(EventPrefix())
-                .append(CleanString(child.Caption))
-                .append("\");")
-                .append(lineEnd);
+            Append(code, indent, target, ".haengeZeileAn(", Quoted(child.Caption), ", \"", EventPrefix(),
+                   CleanString(child.Caption), "\");\r\n");
         else if (child.EntryType == Separator)
-            code.append(indent).append(target).append(".haengeTrennungAn();").append(lineEnd);
+            Append(code, indent, target, ".haengeTrennungAn();\r\n");
         else if (child.EntryType == SubMenu)
             child.AppendMenuCode(code);
+        CheckCodeSize(code);
     }
 }
 
 void cMenu::AppendMenuEventCode(std::string& code) const {
     for (const cMenu& child : children_) {
         if (child.EntryType == Entry)
-            code.append("    public void ")
-                .append(EventPrefix())
-                .append(CleanString(child.Caption))
-                .append("()\r\n    {\r\n\r\n    }\r\n\r\n");
+            Append(code, "    public void ", EventPrefix(), CleanString(child.Caption),
+                   "()\r\n    {\r\n\r\n    }\r\n\r\n");
         else if (child.EntryType == SubMenu)
             child.AppendMenuEventCode(code);
+        CheckCodeSize(code);
     }
 }
 
@@ -190,14 +183,13 @@ std::string cMenu::CreatePRLString(std::int32_t level) const {
 }
 
 void cMenu::AppendPRLString(std::string& lines, std::int32_t level) const {
-    lines.append(std::to_string(EntryType == Menu ? 0 : level))
-        .append(1, fieldSeparator)
-        .append(std::to_string(EntryType));
+    constexpr std::string_view separator(&fieldSeparator, 1);
+    Append(lines, EntryType == Menu ? 0 : level, separator, EntryType);
     if (EntryType == Menu)
-        lines.append(1, fieldSeparator).append(Name);
+        Append(lines, separator, Name);
     if (EntryType != Separator)
-        lines.append(1, fieldSeparator).append(Caption);
-    lines.append(lineEnd);
+        Append(lines, separator, Caption);
+    lines += lineEnd;
     for (const cMenu& child : children_)
         if (child.EntryType != Menu)
             child.AppendPRLString(lines, level + 1);

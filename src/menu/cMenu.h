@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <list>
 #include <string>
@@ -42,6 +43,10 @@ class cMenu {
     static constexpr std::string_view up = "UP";
     static constexpr std::string_view down = "DOWN";
 
+    /// The bytes of Java from which on no more is generated. Every line repeats the menu's name, so a file of a few
+    /// megabytes can ask for more text than any memory holds; half a million ordinary entries stay below this.
+    static constexpr std::size_t largestCode = std::size_t{1} << 26U;
+
     cMenu() = default;
     /// A copy stands alone: it has no Parent, whatever the original has.
     cMenu(const cMenu& other);
@@ -74,6 +79,7 @@ class cMenu {
 
     /// Java, lines of CR LF: the declaration of this menu's field; the statements that build this menu and all below
     /// it; an empty method for every entry below it. Captions are written as they are, without escaping.
+    /// The latter two raise RuntimeError::OutOfMemory beyond largestCode.
     std::string GenerateMenuInitCode() const;
     std::string GenerateMenuCode() const;
     std::string GenerateMenuEventCode() const;

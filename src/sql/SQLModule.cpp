@@ -1,5 +1,7 @@
 #include "sql/SQLModule.h"
 
+#include "codegen/JavaText.h"
+
 namespace pirol {
 namespace {
 
@@ -32,39 +34,38 @@ std::string GenerateSQLImport(const SQLSettings& settings) {
 }
 
 std::string GenerateSQLInitCode() {
-    return "    Datenbank hatDatenbank;\r\n"
-           "    SQLErgebnisliste hatErgebnisliste;\r\n";
+    return FieldDeclaration("Datenbank", "hatDatenbank") + FieldDeclaration("SQLErgebnisliste", "hatErgebnisliste");
 }
 
 std::string GenerateSQLCode(const SQLSettings& settings) {
-    return "        hatDatenbank = new Datenbank();\r\n"
-           "        hatErgebnisliste = null;\r\n"
-           "\r\n"
-           "        if (VerbindeMitDatenbank())\r\n"
-           "        {\r\n"
-           "            hatDatenbank.sendeSQL(\"SELECT * FROM " +
-           settings.TableName +
-           "\");\r\n"
-           "            hatErgebnisliste = hatDatenbank.ergebnis();\r\n"
-           "        }\r\n";
+    return Concatenate("        hatDatenbank = new Datenbank();\r\n"
+                       "        hatErgebnisliste = null;\r\n"
+                       "\r\n"
+                       "        if (VerbindeMitDatenbank())\r\n"
+                       "        {\r\n"
+                       "            hatDatenbank.sendeSQL(\"SELECT * FROM ",
+                       settings.TableName,
+                       "\");\r\n"
+                       "            hatErgebnisliste = hatDatenbank.ergebnis();\r\n"
+                       "        }\r\n");
 }
 
 std::string GenerateSQLMethods(const SQLSettings& settings) {
-    constexpr std::string_view separator = "\", \"";
-    std::string code = "    public boolean VerbindeMitDatenbank()\r\n"
-                       "    {\r\n"
-                       "        String lFehler;\r\n"
-                       "        lFehler = hatDatenbank.verbindeMySQL(\"";
     // Database first, then server: the order the library's call expects.
-    code.append(settings.Database).append(separator).append(settings.Server).append(separator);
-    code.append(settings.User).append(separator).append(settings.Password);
+    const std::string arguments = Concatenate(Quoted(settings.Database), ", ", Quoted(settings.Server), ", ",
+                                              Quoted(settings.User), ", ", Quoted(settings.Password));
     // The comparisons are by reference on purpose, as every program made so far has them.
-    code += "\");\r\n"
-            "        if(lFehler != \"\")\r\n"
-            "            System.out.println(lFehler);\r\n"
-            "        return lFehler == \"\";\r\n"
-            "    }\r\n"
-            "\r\n";
+    std::string code = Concatenate("    public boolean VerbindeMitDatenbank()\r\n"
+                                   "    {\r\n"
+                                   "        String lFehler;\r\n"
+                                   "        lFehler = hatDatenbank.verbindeMySQL(",
+                                   arguments,
+                                   ");\r\n"
+                                   "        if(lFehler != \"\")\r\n"
+                                   "            System.out.println(lFehler);\r\n"
+                                   "        return lFehler == \"\";\r\n"
+                                   "    }\r\n"
+                                   "\r\n");
     for (std::size_t i = 0; i < functions.size(); ++i)
         if (settings.HasFunction(i))
             code += functions[i].code;

@@ -171,6 +171,33 @@ TEST(MenuBar, CollectsTheThreeTexts) {
                                                      "    public void hatAAex()\r\n    {\r\n\r\n    }\r\n\r\n");
 }
 
+TEST(MenuBar, LimitsTheTextThatNamesMultiply) {
+    const std::string longName(cMenu::largestCode / 4, 'n');
+    MenuBar oneMenu;
+    cMenu& menu = oneMenu.Append("M", longName);
+    MenuBar manyMenus;
+    for (int i = 0; i < 4; ++i) {
+        menu.AddEntry("E", cMenu::Entry);
+        manyMenus.Append("M", longName);
+    }
+    const struct {
+        const MenuBar& bar;
+        MenuSection section;
+    } cases[] = {
+        {oneMenu, MenuSection::Main},
+        {oneMenu, MenuSection::Events},
+        {manyMenus, MenuSection::Init},
+    };
+    for (const auto& row : cases) {
+        try {
+            row.bar.GenerateCode(row.section);
+            ADD_FAILURE() << static_cast<int>(row.section);
+        } catch (const RuntimeError& error) {
+            EXPECT_EQ(error.ErrorNumber(), RuntimeError::OutOfMemory);
+        }
+    }
+}
+
 TEST(MenuBar, IsAValueWithStableMenus) {
     MenuBar bar;
     EXPECT_TRUE(bar.IsEmpty());
