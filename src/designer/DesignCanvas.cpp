@@ -34,7 +34,7 @@ std::optional<Rectangle> RectangleBetween(int x1, int y1, int x2, int y2) {
     return Rectangle{std::min(x1, x2), std::min(y1, y2), std::abs(x2 - x1), std::abs(y2 - y1)};
 }
 
-Rectangle ResizerOf(const Rectangle& box) {
+Rectangle ResizerIn(const Rectangle& box) {
     return {box.Right() - DesignCanvas::resizerSize, box.Bottom() - DesignCanvas::resizerSize,
             DesignCanvas::resizerSize, DesignCanvas::resizerSize};
 }
@@ -112,8 +112,15 @@ CanvasHit DesignCanvas::HitTest(int x, int y) {
     const std::optional<ComponentRef> component = index_.TopmostAt(x, y);
     if (!component)
         return {};
-    const bool onResizer = !IsMultimedia(component->kind) && ResizerOf(model_.VisibleBox(*component)).Contains(x, y);
+    const std::optional<Rectangle> resizer = ResizerOf(*component);
+    const bool onResizer = resizer && resizer->Contains(x, y);
     return {onResizer ? CanvasHit::Area::Resizer : CanvasHit::Area::Border, *component};
+}
+
+std::optional<Rectangle> DesignCanvas::ResizerOf(ComponentRef component) const {
+    if (IsMultimedia(component.kind))
+        return std::nullopt;
+    return ResizerIn(model_.VisibleBox(component));
 }
 
 template <class Step>
@@ -234,7 +241,7 @@ void DesignCanvas::MouseUp(ComponentRef component) {
 void DesignCanvas::ResizerMouseDown(ComponentRef component, MouseButton button, int x, int y) {
     if (button != MouseButton::Left)
         return;
-    const Rectangle resizer = ResizerOf(model_.VisibleBox(component));
+    const Rectangle resizer = ResizerIn(model_.VisibleBox(component));
     resizing_ = true;
     startX_ = (x - resizer.left) * twipsPerPixel;
     startY_ = (y - resizer.top) * twipsPerPixel;
@@ -244,7 +251,7 @@ void DesignCanvas::ResizerMouseMove(ComponentRef component, int x, int y) {
     if (!resizing_)
         return;
     Rectangle box = model_.VisibleBox(component);
-    const Rectangle resizer = ResizerOf(box);
+    const Rectangle resizer = ResizerIn(box);
     const double growthX = (x - resizer.left) * twipsPerPixel - startX_;
     const double growthY = (y - resizer.top) * twipsPerPixel - startY_;
     RunGestureStep([&] {

@@ -73,6 +73,8 @@ class DesignCanvas {
     void Move(int x, int y);
     void Release();
     CanvasHit HitTest(int x, int y);
+    /// The resize handle of a visible component; nothing for multimedia kinds, which are not resized on the canvas.
+    std::optional<Rectangle> ResizerOf(ComponentRef component) const;
 
     /// The mouse on one component, in twips from its upper left corner.
     void MouseDown(MouseButton button, double x, double y);

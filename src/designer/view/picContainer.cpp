@@ -2,6 +2,7 @@
 
 #include "app/frmError.h"
 #include "designer/Grid.h"
+#include "designer/view/PaintingFunctions.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -151,13 +152,8 @@ void picContainer::paintEvent(QPaintEvent* event) {
         painter.fillRect(rect, Qt::white);
     if (canvas_.ShowsGrid())
         PaintGrid(painter, areas);
-    for (const ComponentRef component : canvas_.Intersecting(areas)) {
-        const Control& control = model_.Element(component);
-        const QRect box(control.Left, control.Top, control.Width, control.Height);
-        painter.fillRect(box, QColor(238, 238, 238));
-        painter.drawRect(box.adjusted(0, 0, -1, -1));
-        painter.drawText(box, Qt::AlignCenter, QString::fromStdString(control.ObjectName));
-    }
+    for (const ComponentRef component : canvas_.Intersecting(areas))
+        PaintControl(painter, model_.Element(component));
     PaintSelection(painter);
     PaintFrame(painter);
 }
@@ -169,10 +165,12 @@ void picContainer::PaintGrid(QPainter& painter, std::span<const Rectangle> areas
 }
 
 void picContainer::PaintSelection(QPainter& painter) {
-    if (const std::optional<ComponentRef> selected = canvas_.Selected()) {
-        painter.setPen(QPen(Qt::blue, 1, Qt::DashLine));
-        painter.drawRect(ToRect(model_.VisibleBox(*selected)).adjusted(0, 0, -1, -1));
-    }
+    const std::optional<ComponentRef> selected = canvas_.Selected();
+    if (!selected)
+        return;
+    PaintSelectionBorder(painter, model_.VisibleBox(*selected));
+    if (const std::optional<Rectangle> handle = canvas_.ResizerOf(*selected))
+        PaintResizeHandle(painter, *handle);
 }
 
 void picContainer::PaintFrame(QPainter& painter) {
