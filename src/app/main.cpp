@@ -28,7 +28,7 @@ int main(int argumentCount, char* arguments[]) {
     pirol::SpeakGerman(application);
 
     pirol::frmCommonDialog dialogs;
-    pirol::frmMain mainWindow(dialogs);
+    pirol::frmMain mainWindow(dialogs, pirol::Preferences::Load());
     mainWindow.show();
     if (const std::string path = ProjectOf(QApplication::arguments()); !path.empty())
         mainWindow.ReadPRLFile(path);

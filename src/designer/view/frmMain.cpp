@@ -59,7 +59,8 @@ void SetText(QLabel* label, const QString& text) {
 
 } // namespace
 
-frmMain::frmMain(cCommonDialog& dialogs) : dialogs_(dialogs), canvas_(model_, [this] { LoadProperties(); }) {
+frmMain::frmMain(cCommonDialog& dialogs, const Preferences& preferences)
+    : dialogs_(dialogs), canvas_(model_, [this] { LoadProperties(); }) {
     setObjectName("frmMain");
     BuildSurface();
     BuildStatusBar();
@@ -67,8 +68,15 @@ frmMain::frmMain(cCommonDialog& dialogs) : dialogs_(dialogs), canvas_(model_, [t
     connect(new QShortcut(Qt::Key_Delete, this), &QShortcut::activated, this,
             [this] { Run([this] { canvas_.DeleteSelected(); }); });
     resize(firstSize.boundedTo(QGuiApplication::primaryScreen()->availableSize()));
+    SetPreferences(preferences);
     picContainer_->setFocus();
     ShowDesign();
+}
+
+void frmMain::SetPreferences(const Preferences& preferences) {
+    preferences_ = preferences;
+    const auto part = [color = preferences.GridColor](int shift) { return static_cast<int>(color >> shift & 0xFF); };
+    picContainer_->SetGrid(preferences.GridStyle, QColor(part(0), part(8), part(16)));
 }
 
 void frmMain::BuildSurface() {
@@ -89,6 +97,7 @@ void frmMain::BuildSurface() {
     viewport_ = new QWidget(picFrame_);
     picContainer_ = new picContainer(canvas_, model_, viewport_);
     connect(picContainer_, &picContainer::Handled, this, &frmMain::ShowDesign);
+    connect(picContainer_, &picContainer::SelectionMovedByKey, this, &frmMain::ScrollToSelection);
     connect(picContainer_, &picContainer::EnterPressed, this, [this] { plProperties_->setFocus(Qt::TabFocusReason); });
 
     vScroll_ = NewBar("vScroll", "Entwurfsfläche senkrecht rollen", Qt::Vertical, picFrame_);

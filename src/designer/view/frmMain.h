@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/cCommonDialog.h"
+#include "app/Preferences.h"
 #include "codegen/JavaGenerator.h"
 #include "designer/DesignCanvas.h"
 #include "model/ProjectModel.h"
@@ -29,11 +30,14 @@ class frmMain : public QMainWindow {
     Q_OBJECT
 
   public:
-    explicit frmMain(cCommonDialog& dialogs);
+    explicit frmMain(cCommonDialog& dialogs, const Preferences& preferences = {});
 
     ProjectModel& Model() { return model_; }
     DesignCanvas& Canvas() { return canvas_; }
     const CodeOptions& Options() const { return options_; }
+    const Preferences& CurrentPreferences() const { return preferences_; }
+    /// Takes over what the user prefers now; a grid that is shown is drawn anew.
+    void SetPreferences(const Preferences& preferences);
 
     // The operations of consequence. Each runs under its error label, shows the error report when it fails, and brings
     // the window up to date.
@@ -96,6 +100,7 @@ class frmMain : public QMainWindow {
     cCommonDialog& dialogs_;
     ProjectModel model_;
     CodeOptions options_;
+    Preferences preferences_;
     DesignCanvas canvas_;
     bool choosingByMenu_ = false; ///< keeps the toolbar's click from running the menu's logic again
 

@@ -2,12 +2,16 @@
 
 #include "app/frmError.h"
 #include "designer/Grid.h"
+#include "designer/view/CanvasAccessible.h"
 #include "designer/view/PaintingFunctions.h"
 
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPaintEvent>
+
+#include <algorithm>
 
 namespace pirol {
 namespace {
@@ -19,10 +23,12 @@ QRect ToRect(const Rectangle& box) {
     return {box.left, box.top, box.width, box.height};
 }
 
+/// What must be painted so that the region is right: on a scaled screen the region's edges are rounded, so a pixel
+/// more.
 std::vector<Rectangle> AreasOf(const QRegion& region) {
     std::vector<Rectangle> areas;
     for (const QRect& rect : region)
-        areas.push_back({rect.left(), rect.top(), rect.width(), rect.height()});
+        areas.push_back({rect.left() - 1, rect.top() - 1, rect.width() + 2, rect.height() + 2});
     return areas;
 }
 
@@ -39,6 +45,7 @@ picContainer::picContainer(DesignCanvas& canvas, const ProjectModel& model, QWid
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
+    InstallCanvasAccessibility();
 }
 
 void picContainer::SetGrid(int style, const QColor& color) {
@@ -50,6 +57,11 @@ void picContainer::SetGrid(int style, const QColor& color) {
 void picContainer::Run(const std::function<void()>& gesture) {
     ReportErrors(window(), gesture);
     emit Handled();
+}
+
+void picContainer::RunKey(const std::function<void()>& gesture) {
+    Run(gesture);
+    emit SelectionMovedByKey();
 }
 
 // --- Mouse and keyboard -----------------------------------------------------------------------------------------
@@ -88,7 +100,7 @@ void picContainer::keyPressEvent(QKeyEvent* event) {
     for (const auto& arrow : arrows)
         if (event->key() == arrow.key) {
             const bool resize = event->modifiers().testFlag(Qt::ShiftModifier);
-            Run([&] { resize ? canvas_.ResizeSelected(arrow.x, arrow.y) : canvas_.MoveSelected(arrow.x, arrow.y); });
+            RunKey([&] { resize ? canvas_.ResizeSelected(arrow.x, arrow.y) : canvas_.MoveSelected(arrow.x, arrow.y); });
             return;
         }
     switch (event->key()) {
@@ -96,7 +108,7 @@ void picContainer::keyPressEvent(QKeyEvent* event) {
         Run([&] { canvas_.Escape(); });
         break;
     case Qt::Key_Insert:
-        Run([&] { canvas_.PlaceByKeyboard(); });
+        RunKey([&] { canvas_.PlaceByKeyboard(); });
         break;
     case Qt::Key_Return:
     case Qt::Key_Enter:
@@ -109,7 +121,7 @@ void picContainer::keyPressEvent(QKeyEvent* event) {
 
 bool picContainer::focusNextPrevChild(bool next) {
     bool selected = false;
-    Run([&] { selected = canvas_.SelectNext(next); });
+    RunKey([&] { selected = canvas_.SelectNext(next); });
     return selected || QWidget::focusNextPrevChild(next);
 }
 
@@ -123,13 +135,9 @@ void picContainer::ShowChanges(std::span<const Change> changes) {
             update(ToRect(change.before));
             update(ToRect(model_.VisibleBox(change.component)));
         }
-    const std::optional<ComponentRef> selected = canvas_.Selected();
-    const Rectangle selection = selected ? model_.VisibleBox(*selected) : Rectangle{};
-    if (selection != shownSelection_) {
-        update(ToRect(shownSelection_).adjusted(-borderReach, -borderReach, borderReach, borderReach));
-        update(ToRect(selection).adjusted(-borderReach, -borderReach, borderReach, borderReach));
-        shownSelection_ = selection;
-    }
+    if (!changes.empty())
+        visibleComponentsAreCurrent_ = false;
+    ShowSelection();
     const Rectangle frame = canvas_.IsFrameVisible() ? canvas_.Frame() : Rectangle{};
     if (frame != shownFrame_) {
         UpdateFrame(shownFrame_);
@@ -138,18 +146,57 @@ void picContainer::ShowChanges(std::span<const Change> changes) {
     }
 }
 
-/// Only the outline: what lies within the frame stays on the screen.
+void picContainer::ShowSelection() {
+    const std::optional<ComponentRef> selected = canvas_.Selected();
+    const Rectangle selection = selected ? model_.VisibleBox(*selected) : Rectangle{};
+    if (selection != shownSelection_) {
+        for (const Rectangle& box : {shownSelection_, selection})
+            update(ToRect(box).adjusted(-borderReach, -borderReach, borderReach, borderReach));
+        shownSelection_ = selection;
+    }
+    if (selected != shownComponent_) {
+        shownComponent_ = selected;
+        AnnounceSelection();
+    }
+}
+
+/// Screen readers say the component that has been selected.
+void picContainer::AnnounceSelection() {
+    if (!QAccessible::isActive() || !shownComponent_)
+        return;
+    const std::vector<ComponentRef>& components = VisibleComponents();
+    const auto place = std::find(components.begin(), components.end(), *shownComponent_);
+    QAccessibleEvent focus(this, QAccessible::Focus);
+    focus.setChild(static_cast<int>(place - components.begin()));
+    QAccessible::updateAccessibility(&focus);
+}
+
+const std::vector<ComponentRef>& picContainer::VisibleComponents() {
+    if (!visibleComponentsAreCurrent_) {
+        visibleComponents_.clear();
+        for (const ComponentRef component : model_.CreationOrder())
+            if (IsVisibleComponent(component))
+                visibleComponents_.push_back(component);
+        visibleComponentsAreCurrent_ = true;
+    }
+    return visibleComponents_;
+}
+
+bool picContainer::IsVisibleComponent(ComponentRef component) const {
+    return component.index < model_.ElementCount(component.kind) && model_.Element(component).Visible;
+}
+
+/// Only the outline, and what a scaled screen rounds it to: what lies within the frame stays on the screen.
 void picContainer::UpdateFrame(const Rectangle& frame) {
     const QRect outline = ToRect(frame);
     if (!outline.isEmpty())
-        update(QRegion(outline) - QRegion(outline.adjusted(1, 1, -1, -1)));
+        update(QRegion(outline.adjusted(-1, -1, 1, 1)) - QRegion(outline.adjusted(2, 2, -2, -2)));
 }
 
 void picContainer::paintEvent(QPaintEvent* event) {
     const std::vector<Rectangle> areas = AreasOf(event->region());
     QPainter painter(this);
-    for (const QRect& rect : event->region())
-        painter.fillRect(rect, Qt::white);
+    painter.fillRect(event->rect().adjusted(-1, -1, 1, 1), Qt::white);
     if (canvas_.ShowsGrid())
         PaintGrid(painter, areas);
     for (const ComponentRef component : canvas_.Intersecting(areas))
@@ -176,8 +223,9 @@ void picContainer::PaintSelection(QPainter& painter) {
 void picContainer::PaintFrame(QPainter& painter) {
     if (!canvas_.IsFrameVisible())
         return;
-    painter.setPen(QPen(palette().color(QPalette::Highlight), 1));
-    painter.drawRect(ToRect(canvas_.Frame()).adjusted(0, 0, -1, -1));
+    const QRect frame = ToRect(canvas_.Frame());
+    for (const QRect& side : QRegion(frame) - QRegion(frame.adjusted(1, 1, -1, -1)))
+        painter.fillRect(side, palette().color(QPalette::Highlight));
 }
 
 } // namespace pirol

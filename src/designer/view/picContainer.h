@@ -20,12 +20,20 @@ class picContainer : public QWidget {
     /// Style (0 to 2, others show no marks) and colour of the grid.
     void SetGrid(int style, const QColor& color);
 
+    DesignCanvas& Canvas() const { return canvas_; }
+    const ProjectModel& Model() const { return model_; }
+    /// All visible components in creation order.
+    const std::vector<ComponentRef>& VisibleComponents();
+    bool IsVisibleComponent(ComponentRef component) const;
+
     /// Repaints what differs from what the screen shows: the changed components, selection and drawing frame.
     void ShowChanges(std::span<const Change> changes);
 
   signals:
     /// Mouse or key did something with the canvas.
     void Handled();
+    /// A key selected, placed, moved or resized a component, which may lie outside what is seen.
+    void SelectionMovedByKey();
     void EnterPressed();
 
   protected:
@@ -38,18 +46,24 @@ class picContainer : public QWidget {
 
   private:
     void Run(const std::function<void()>& gesture);
+    void RunKey(const std::function<void()>& gesture);
     void ShowCursor(const QPoint& position);
     void PaintGrid(QPainter& painter, std::span<const Rectangle> areas);
     void PaintSelection(QPainter& painter);
     void PaintFrame(QPainter& painter);
+    void ShowSelection();
+    void AnnounceSelection();
     void UpdateFrame(const Rectangle& frame);
 
     DesignCanvas& canvas_;
     const ProjectModel& model_;
     int gridStyle_ = 0;
     QColor gridColor_ = Qt::black;
+    std::optional<ComponentRef> shownComponent_; ///< the selected one, as it was shown last
     Rectangle shownSelection_;
     Rectangle shownFrame_;
+    std::vector<ComponentRef> visibleComponents_;
+    bool visibleComponentsAreCurrent_ = false;
 };
 
 } // namespace pirol

@@ -2,6 +2,7 @@
 
 #include "designer/view/Bitmaps.h"
 
+#include <QScrollBar>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -40,11 +41,13 @@ tbComponents::tbComponents(QWidget* parent) : QScrollArea(parent) {
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    // A slim bar, so that the longest caption stays whole beside it.
+    verticalScrollBar()->setFixedWidth(8);
     setFocusPolicy(Qt::NoFocus);
 
     auto* column = new QWidget;
     auto* rows = new QVBoxLayout(column);
-    rows->setContentsMargins(4, 2, 4, 2);
+    rows->setContentsMargins(2, 2, 0, 2);
     rows->setSpacing(0);
     for (const KindRow& row : KindRows()) {
         QToolButton* button = NewButton(row);

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "designer/view/frmMain.h"
+#include "designer/view/picContainer.h"
+#include "FakeDialogs.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDialog>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QTest>
+#include <QTimer>
+#include <QToolButton>
+
+namespace pirol::test {
+
+/// A main window on the screen with the mouse and the keyboard of a user.
+struct MainWindow {
+    MainWindow() {
+        window.show();
+        window.resize(1080, 680);
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+    }
+
+    template <class Widget>
+    Widget* Find(const QString& name) {
+        return window.findChild<Widget*>(name);
+    }
+    QAction* Command(const QString& name) { return Find<QAction>(name); }
+
+    void Press(int x, int y) { QTest::mousePress(canvas, Qt::LeftButton, {}, {x, y}); }
+    void MoveTo(int x, int y) {
+        // QTest::mouseMove holds no button, and a drag needs one.
+        QMouseEvent move(QEvent::MouseMove, QPointF(x, y), canvas->mapToGlobal(QPointF(x, y)), Qt::NoButton,
+                         Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(canvas, &move);
+    }
+    void Release(int x, int y) { QTest::mouseRelease(canvas, Qt::LeftButton, {}, {x, y}); }
+    void Drag(int fromX, int fromY, int toX, int toY) {
+        Press(fromX, fromY);
+        MoveTo((fromX + toX) / 2, (fromY + toY) / 2);
+        MoveTo(toX, toY);
+        Release(toX, toY);
+    }
+    void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+    }
+
+    /// What the status bar's panel (1 to 3) shows.
+    QString Status(int panel) { return Find<QLabel>(QString("sbPanel%1").arg(panel))->text(); }
+
+    ComponentRef Selected() { return window.Canvas().Selected().value_or(ComponentRef{ComponentKind::Label, 0}); }
+    Rectangle SelectedBox() { return window.Model().VisibleBox(Selected()); }
+
+    /// Closes the error report that comes next and notes its text.
+    void ExpectError() {
+        errorText.clear();
+        QTimer::singleShot(0, [this] {
+            auto* report = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            QVERIFY2(report != nullptr && report->objectName() == "frmError", "no error report");
+            errorText = report->findChild<QPlainTextEdit*>("txtError")->toPlainText();
+            report->close();
+        });
+    }
+
+    FakeDialogs dialogs;
+    frmMain window{dialogs};
+    picContainer* canvas = Find<picContainer>("picContainer");
+    QString errorText;
+};
+
+} // namespace pirol::test
