@@ -38,9 +38,8 @@ std::vector<FileFilter> FileFilters(std::string_view filter);
 /// A typeface for printing.
 struct FontChoice {
     std::string Family;
+    std::string Style; ///< as the typeface itself calls it ("Bold Oblique"); empty for its usual one
     double PointSize = 10;
-    bool Bold = false;
-    bool Italic = false;
 
     bool operator==(const FontChoice&) const = default;
 };

@@ -141,16 +141,15 @@ std::optional<std::uint32_t> frmCommonDialog::ShowColor(std::uint32_t current) {
 
 std::optional<FontChoice> frmCommonDialog::ShowFont(const FontChoice& current) {
     QFont font(ToText(current.Family));
+    font.setStyleName(ToText(current.Style));
     font.setPointSizeF(current.PointSize);
-    font.setBold(current.Bold);
-    font.setItalic(current.Italic);
     QFontDialog dialog(font, Owner());
     dialog.setObjectName("fontDialog");
     dialog.setWindowTitle("Schriftart wählen");
     if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;
     const QFont chosen = dialog.selectedFont();
-    return FontChoice{chosen.family().toStdString(), chosen.pointSizeF(), chosen.bold(), chosen.italic()};
+    return FontChoice{chosen.family().toStdString(), chosen.styleName().toStdString(), chosen.pointSizeF()};
 }
 
 std::optional<PrintJob> frmCommonDialog::ShowPrinter() {

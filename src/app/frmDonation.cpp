@@ -39,6 +39,7 @@ frmDonation::frmDonation(QWidget* owner) : QDialog(owner) {
     all->addLayout(columns, 1);
     all->addSpacing(fontMetrics().lineSpacing() / 2);
     all->addWidget(cmdClose, 0, Qt::AlignRight);
+    all->setSizeConstraint(QLayout::SetFixedSize);
 }
 
 } // namespace pirol

@@ -45,7 +45,7 @@ class EvenTabBar : public QTabBar {
 
 class EvenTabWidget : public QTabWidget {
   public:
-    EvenTabWidget() { setTabBar(new EvenTabBar); }
+    EvenTabWidget() { setTabBar(Named(new EvenTabBar, "tabs", "Seiten der Optionen")); }
 };
 
 } // namespace

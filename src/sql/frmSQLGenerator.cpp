@@ -34,6 +34,15 @@ QLabel* NewNotes(const SQLWizardStep& step) {
     return notes;
 }
 
+/// The note that explains a field; a step with one field explains it in its first note.
+QString NoteOn(const SQLWizardStep& step, const QString& fieldName) {
+    const QString beginning = "- " + fieldName + ": ";
+    for (const std::string_view note : step.notes)
+        if (const QString text = ToText(note); text.startsWith(beginning))
+            return text.mid(beginning.size());
+    return ToText(step.notes.front());
+}
+
 } // namespace
 
 frmSQLGenerator::frmSQLGenerator(SQLSettings& settings, QWidget* owner)
@@ -75,8 +84,9 @@ QWidget* frmSQLGenerator::NewStep(const SQLWizardStep& step, bool withMethods) {
     auto* const group = new QGroupBox(ToText(step.heading));
     auto* const form = new QFormLayout(group);
     for (const SQLWizardField& field : step.fields) {
-        auto* const edit = Named(new QLineEdit(ToText(wizard_.Text(field))), field.control.data(),
-                                 ToText(field.label).trimmed().remove(':'));
+        const QString name = ToText(field.label).trimmed().remove(':');
+        auto* const edit = Named(new QLineEdit(ToText(wizard_.Text(field))), field.control.data(), name);
+        edit->setToolTip(NoteOn(step, name));
         edit->setEchoMode(field.unreadable ? QLineEdit::Password : QLineEdit::Normal);
         connect(edit, &QLineEdit::textChanged, this,
                 [this, &field](const QString& text) { wizard_.SetText(field, text.toStdString()); });
@@ -134,7 +144,6 @@ void frmSQLGenerator::ShowStep() {
     const QString caption = WithKey(wizard_.Step().forwardCaption);
     cmdStepForward_->setText(caption);
     cmdStepForward_->setAccessibleName(QString(caption).remove('&'));
-    steps_->currentWidget()->focusWidget();
     // Each step begins at its first field or its list.
     for (QWidget* const child : steps_->currentWidget()->findChildren<QWidget*>())
         if (child->focusPolicy() & Qt::TabFocus)

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QDialog>
 #include <QLineEdit>
 #include <QTest>
+#include <QTimer>
 
 namespace pirol::test {
 
@@ -31,6 +33,18 @@ inline void Type(const QWidget& form, const char* name, const QString& text) {
         QTest::keyClick(field, Qt::Key_Delete);
     for (const QChar sign : text)
         QTest::sendKeyEvent(QTest::Click, field, Qt::Key_unknown, QString(sign), Qt::NoModifier);
+}
+
+/// Answers the next modal dialog of this kind once it is shown; the test ends when none comes.
+template <class Dialog, class Answer>
+void WhenShown(Answer answer, int triesLeft = 500) {
+    QTimer::singleShot(10, [answer, triesLeft] {
+        if (auto* const dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget()))
+            return answer(*dialog);
+        if (triesLeft == 0)
+            qFatal("no %s is shown", Dialog::staticMetaObject.className());
+        WhenShown<Dialog>(answer, triesLeft - 1);
+    });
 }
 
 } // namespace pirol::test

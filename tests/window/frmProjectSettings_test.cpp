@@ -2,9 +2,7 @@
 #include "app/frmProjectSettings.h"
 #include "window/Forms.h"
 
-#include <QApplication>
 #include <QPlainTextEdit>
-#include <QTimer>
 
 namespace pirol {
 namespace {
@@ -95,10 +93,9 @@ void ProjectSettingsTest::ReportsASizeOutOfRange() {
     form.show();
     Type(form, "txtWidth", "32768");
     QString report;
-    QTimer::singleShot(0, [&report] {
-        auto* const error = qobject_cast<frmError*>(QApplication::activeModalWidget());
-        report = Part<QPlainTextEdit>(*error, "txtError")->toPlainText();
-        Click(*error, "cmdClose");
+    test::WhenShown<frmError>([&report](frmError& error) {
+        report = Part<QPlainTextEdit>(error, "txtError")->toPlainText();
+        Click(error, "cmdClose");
     });
     Click(form, "cmdAccept");
     QVERIFY2(report.startsWith("Fehlernummer: 6\nFehlerbeschreibung: Überlauf\n"), qPrintable(report));
