@@ -15,8 +15,6 @@
 namespace pirol {
 namespace {
 
-/// The empty menu bar above the components in the pictures of running programs.
-constexpr int menuBarHeight = 2;
 constexpr QRgb background = qRgb(255, 255, 255);
 
 enum class Letters { Hard, Smooth };
@@ -36,7 +34,7 @@ QImage Canvas(const QSize& size) {
     return image;
 }
 
-void PaintModel(QImage& image, const ProjectModel& model, Letters letters) {
+void PaintModel(QImage& image, const ProjectModel& model, int menuBarHeight, Letters letters) {
     QPainter painter(&image);
     painter.setRenderHint(QPainter::TextAntialiasing, letters == Letters::Smooth);
     painter.translate(0, menuBarHeight);
@@ -51,7 +49,7 @@ QImage Painted(const Control& control, const QSize& size) {
 }
 
 QRect BoxOf(const Control& control) {
-    return {control.Left, control.Top + menuBarHeight, control.Width, control.Height};
+    return {control.Left, control.Top, control.Width, control.Height};
 }
 
 /// The smallest rectangle around what is painted in the area, but for faces and the faintest edges of smooth letters.
@@ -82,11 +80,11 @@ double MeanDifference(const QImage& image, const QImage& other, const QRect& are
 }
 
 /// Says how the painting differs from the picture inside a component's box; empty when it does not.
-QString Difference(const QImage& painted, const QImage& expected, const Control& control, const Tolerance& tolerance) {
-    const QRect area = BoxOf(control).intersected(expected.rect());
+QString Difference(const QImage& painted, const QImage& expected, const QRect& area, const std::string& component,
+                   const Tolerance& tolerance) {
     const QRect box = PaintedBox(painted, area);
     const QRect expectedBox = PaintedBox(expected, area);
-    const QString name = QString::fromStdString(control.ObjectName);
+    const QString name = QString::fromStdString(component);
     if (box.top() != expectedBox.top() || box.bottom() != expectedBox.bottom() ||
         std::abs(box.left() - expectedBox.left()) > tolerance.boxDifference ||
         std::abs(box.right() - expectedBox.right()) > tolerance.boxDifference)
@@ -117,11 +115,15 @@ QString SaveBeside(const QImage& painted, const QImage& expected, const QString&
     return file;
 }
 
-ProjectModel Load(const QString& name) {
+/// The design as its program shows it at first, when no radio button is chosen yet.
+ProjectModel LoadAsStarted(const QString& file) {
     ProjectModel model;
-    const QString file = QStringLiteral(PIROL_TEST_DATA "/look/%1.prl").arg(name);
     if (ReadPRLFile(file.toStdString(), model) != ReadResult::Loaded)
         qFatal("damaged test data");
+    for (std::size_t index = 1; index < model.ElementCount(ComponentKind::OptionGroup); ++index)
+        for (cRadioButton& row :
+             static_cast<dOptionsgruppe&>(model.EditElement({ComponentKind::OptionGroup, index})).OptionButtons)
+            row.Selected = false;
     return model;
 }
 
@@ -199,37 +201,42 @@ class LookTest : public QObject {
     const std::vector<KindCase> cases_ = KindCases();
 
   private slots:
+    /// The pictures are made by tests/java/run_generated.py with --picture.
     void DesignsLookLikeTheirPrograms_data() {
-        QTest::addColumn<QString>("name");
-        QTest::newRow("all kinds") << "alle";
-        QTest::newRow("sizes and long texts") << "formen";
+        QTest::addColumn<QString>("project");
+        QTest::addColumn<QString>("picture");
+        QTest::addColumn<int>("menuBarHeight");
+        QTest::newRow("all kinds") << PIROL_TEST_DATA "/look/alle.prl"
+                                   << "alle" << 2;
+        QTest::newRow("sizes and long texts") << PIROL_TEST_DATA "/look/formen.prl"
+                                              << "formen" << 2;
+        QTest::newRow("an example") << PIROL_EXAMPLES "/Quiz.prl"
+                                    << "Quiz" << 21;
     }
 
     void DesignsLookLikeTheirPrograms() {
-        QFETCH(QString, name);
+        QFETCH(QString, project);
+        QFETCH(QString, picture);
+        QFETCH(int, menuBarHeight);
         const QImage expected =
-            QImage(QStringLiteral(PIROL_TEST_DATA "/look/%1.png").arg(name)).convertToFormat(QImage::Format_RGB32);
-        ProjectModel model = Load(name);
-        // A program starts with no radio button chosen, whatever the design shows.
-        for (std::size_t index = 1; index < model.ElementCount(ComponentKind::OptionGroup); ++index)
-            for (cRadioButton& row :
-                 static_cast<dOptionsgruppe&>(model.EditElement({ComponentKind::OptionGroup, index})).OptionButtons)
-                row.Selected = false;
-
+            QImage(QStringLiteral(PIROL_TEST_DATA "/look/%1.png").arg(picture)).convertToFormat(QImage::Format_RGB32);
+        const QRect content = expected.rect().adjusted(0, menuBarHeight, 0, 0);
+        const ProjectModel model = LoadAsStarted(project);
         for (const Tolerance& tolerance : tolerances) {
             QImage painted = Canvas(expected.size());
-            PaintModel(painted, model, tolerance.letters);
+            PaintModel(painted, model, menuBarHeight, tolerance.letters);
             QString differences;
-            QRegion outside(expected.rect().adjusted(0, menuBarHeight, 0, 0));
+            QRegion outside(content);
             model.ForEachVisible([&](const Control& control) {
-                differences += Difference(painted, expected, control, tolerance);
-                outside -= BoxOf(control);
+                const QRect area = BoxOf(control).translated(content.topLeft()).intersected(content);
+                differences += Difference(painted, expected, area, control.ObjectName, tolerance);
+                outside -= area;
             });
             for (const QRect& area : outside)
                 if (DifferentPixels(painted, expected, area) > 0)
                     differences += QStringLiteral("something is painted outside the components\n");
             if (!differences.isEmpty())
-                differences += SaveBeside(painted, expected, name);
+                differences += SaveBeside(painted, expected, picture);
             QVERIFY2(differences.isEmpty(), qPrintable(differences));
         }
     }
@@ -246,7 +253,7 @@ class LookTest : public QObject {
             control->Height = static_cast<std::int16_t>(size.height());
             const QImage image = Painted(*control, {200, 200});
             QRegion outside(image.rect());
-            outside -= QRect(control->Left, control->Top, control->Width, control->Height);
+            outside -= BoxOf(*control);
             for (const QRect& area : outside)
                 QCOMPARE(DifferentPixels(image, Canvas(image.size()), area), 0);
         }
