@@ -1,4 +1,5 @@
 #include "app/frmCommonDialog.h"
+#include "app/frmProgramStarter.h"
 #include "designer/view/Bitmaps.h"
 #include "designer/view/frmMain.h"
 #include "project/FileCommands.h"
@@ -28,7 +29,8 @@ int main(int argumentCount, char* arguments[]) {
     pirol::SpeakGerman(application);
 
     pirol::frmCommonDialog dialogs;
-    pirol::frmMain mainWindow(dialogs, pirol::Preferences::Load());
+    pirol::frmProgramStarter starter;
+    pirol::frmMain mainWindow(dialogs, starter, pirol::Preferences::Load());
     mainWindow.show();
     if (const std::string path = ProjectOf(QApplication::arguments()); !path.empty())
         mainWindow.ReadPRLFile(path);

@@ -65,7 +65,8 @@ struct MainWindow {
     }
 
     FakeDialogs dialogs;
-    frmMain window{dialogs};
+    FakeStarter starter;
+    frmMain window{dialogs, starter};
     picContainer* canvas = Find<picContainer>("picContainer");
     QString errorText;
 };

@@ -59,8 +59,8 @@ void SetText(QLabel* label, const QString& text) {
 
 } // namespace
 
-frmMain::frmMain(cCommonDialog& dialogs, const Preferences& preferences)
-    : dialogs_(dialogs), canvas_(model_, [this] { LoadProperties(); }) {
+frmMain::frmMain(cCommonDialog& dialogs, ProgramStarter& starter, const Preferences& preferences)
+    : dialogs_(dialogs), starter_(starter), canvas_(model_, [this] { LoadProperties(); }) {
     setObjectName("frmMain");
     BuildSurface();
     BuildStatusBar();
@@ -166,9 +166,16 @@ void frmMain::ScrollToSelection() {
 // --- Bringing the window up to date -----------------------------------------------------------------------------
 
 bool frmMain::Run(const std::function<void()>& operation) {
-    const bool done = ReportErrors(this, operation);
-    ShowDesign();
-    return done;
+    return ReportErrors(this, [&] {
+        // Behind a report the window shows the design as the failed operation left it.
+        try {
+            operation();
+        } catch (...) {
+            ShowDesign();
+            throw;
+        }
+        ShowDesign();
+    });
 }
 
 void frmMain::ShowDesign() {

@@ -2,6 +2,7 @@
 
 #include "app/cCommonDialog.h"
 #include "app/Preferences.h"
+#include "app/ProgramStarter.h"
 #include "codegen/JavaGenerator.h"
 #include "designer/DesignCanvas.h"
 #include "model/ProjectModel.h"
@@ -30,7 +31,7 @@ class frmMain : public QMainWindow {
     Q_OBJECT
 
   public:
-    explicit frmMain(cCommonDialog& dialogs, const Preferences& preferences = {});
+    frmMain(cCommonDialog& dialogs, ProgramStarter& starter, const Preferences& preferences = {});
 
     ProjectModel& Model() { return model_; }
     DesignCanvas& Canvas() { return canvas_; }
@@ -88,16 +89,28 @@ class frmMain : public QMainWindow {
     void mnuFileNew();
     void mnuFileOpen();
     void mnuFileSave();
+    void mnuFileImportJava();
+    void mnuFileStartBlueJ();
+    void mnuFileOptions();
     void mnuFileEnd();
     void mnuViewShowGrid();
     void mnuObjectsGrid();
+    void mnuProjectSettings();
+    void mnuProjectExportBlueJ();
+    void mnuProjectExportJava();
+    void mnuProjectExportText();
+    void mnuFunctionsMenuGenerator();
+    void mnuFunctionsSQLGenerator();
     void mnuCodeMenu();
     void mnuCodeSQL();
     void mnuWindowSize0();
     void mnuWindowSize1();
     void mnuWindowSize2();
+    void mnuHelpDonation();
+    void mnuHelpAbout();
 
     cCommonDialog& dialogs_;
+    ProgramStarter& starter_;
     ProjectModel model_;
     CodeOptions options_;
     Preferences preferences_;

@@ -37,10 +37,10 @@ struct frmMain::CommandTable {
         {"mnuFileOpen",        "Ö&ffnen …",               "open",        "Ctrl+O", "Öffnet eine Projektdatei", &frmMain::mnuFileOpen},
         {"mnuFileSave",        "&Speichern …",            "save",        "Ctrl+S", "Speichert den Entwurf in einer Projektdatei", &frmMain::mnuFileSave},
         {},
-        {"mnuFileImportJava",  "Java &importieren …",     "import",      "Ctrl+I", "Liest den Entwurf aus einer SuMAnwendung.java", nullptr},
-        {"mnuFileStartBlueJ",  "Blue&J starten",          "bluej",       "Ctrl+J", "Startet BlueJ", nullptr},
+        {"mnuFileImportJava",  "Java &importieren …",     "import",      "Ctrl+I", "Liest den Entwurf aus einer SuMAnwendung.java", &frmMain::mnuFileImportJava},
+        {"mnuFileStartBlueJ",  "Blue&J starten",          "bluej",       "Ctrl+J", "Startet BlueJ", &frmMain::mnuFileStartBlueJ},
         {},
-        {"mnuFileOptions",     "&Optionen …",             "preferences", "",       "Stellt das Gitternetz und den BlueJ-Pfad ein", nullptr},
+        {"mnuFileOptions",     "&Optionen …",             "preferences", "",       "Stellt das Gitternetz und den BlueJ-Pfad ein", &frmMain::mnuFileOptions},
         {},
         {"mnuFileEnd",         "&Beenden",                "exit",        "Ctrl+Q", "Beendet Pirol, ohne den Entwurf zu speichern", &frmMain::mnuFileEnd},
 
@@ -52,15 +52,15 @@ struct frmMain::CommandTable {
         {"mnuObjectsGrid",     "An &Raster ausrichten",   "snap",        "Ctrl+R", "Rundet Positionen und Größen auf zehn Pixel", &frmMain::mnuObjectsGrid, CommandRow::CheckItem},
 
         {"mnuProject", "&Projekt", "", "", "", nullptr, CommandRow::Menu},
-        {"mnuProjectSettings",    "&Einstellungen …",           "settings",   "Ctrl+E", "Ändert die Größe des Fensters und den Autor", nullptr},
+        {"mnuProjectSettings",    "&Einstellungen …",           "settings",   "Ctrl+E", "Ändert die Größe des Fensters und den Autor", &frmMain::mnuProjectSettings},
         {},
-        {"mnuProjectExportBlueJ", "Als &BlueJ-Projekt exportieren …", "bluej", "Ctrl+B", "Schreibt einen BlueJ-Projektordner", nullptr},
-        {"mnuProjectExportJava",  "Als &Java-Datei exportieren …", "export",  "",       "Schreibt den Quelltext in eine Java-Datei", nullptr},
-        {"mnuProjectExportText",  "Als &Textdatei exportieren …", "exporttext", "",     "Schreibt den Quelltext in eine Textdatei", nullptr},
+        {"mnuProjectExportBlueJ", "Als &BlueJ-Projekt exportieren …", "bluej", "Ctrl+B", "Schreibt einen BlueJ-Projektordner", &frmMain::mnuProjectExportBlueJ},
+        {"mnuProjectExportJava",  "Als &Java-Datei exportieren …", "export",  "",       "Schreibt den Quelltext in eine Java-Datei", &frmMain::mnuProjectExportJava},
+        {"mnuProjectExportText",  "Als &Textdatei exportieren …", "exporttext", "",     "Schreibt den Quelltext in eine Textdatei", &frmMain::mnuProjectExportText},
 
         {"mnuFunctions", "&Funktionen", "", "", "", nullptr, CommandRow::Menu},
-        {"mnuFunctionsMenuGenerator", "&Menü-Generator …", "menu",       "Ctrl+M", "Bearbeitet die Menüleiste des Programms", nullptr},
-        {"mnuFunctionsSQLGenerator",  "&SQL-Generator …",  "database",   "Ctrl+D", "Richtet den Zugriff auf eine Datenbank ein", nullptr},
+        {"mnuFunctionsMenuGenerator", "&Menü-Generator …", "menu",       "Ctrl+M", "Bearbeitet die Menüleiste des Programms", &frmMain::mnuFunctionsMenuGenerator},
+        {"mnuFunctionsSQLGenerator",  "&SQL-Generator …",  "database",   "Ctrl+D", "Richtet den Zugriff auf eine Datenbank ein", &frmMain::mnuFunctionsSQLGenerator},
 
         {"mnuCode", "&Code", "", "", "", nullptr, CommandRow::Menu},
         {"mnuCodeMenu",        "&Menüleiste erzeugen",    "",            "",       "Nimmt die Menüleiste in den Quelltext auf", &frmMain::mnuCodeMenu, CommandRow::CheckItem},
@@ -75,9 +75,9 @@ struct frmMain::CommandTable {
 
         {"mnuHelp", "&Hilfe", "", "", "", nullptr, CommandRow::Menu},
         {"mnuHelpHandbook",    "&Handbuch",               "help",        "F1",     "Öffnet das Handbuch", nullptr},
-        {"mnuHelpDonation",    "&Spenden …",              "donate",      "",       "Sagt, wie Sie Pirol unterstützen können", nullptr},
+        {"mnuHelpDonation",    "&Spenden …",              "donate",      "",       "Sagt, wie Sie Pirol unterstützen können", &frmMain::mnuHelpDonation},
         {},
-        {"mnuHelpAbout",       "Ü&ber Pirol …",           "about",       "",       "Zeigt die Version und die Lizenz", nullptr},
+        {"mnuHelpAbout",       "Ü&ber Pirol …",           "about",       "",       "Zeigt die Version und die Lizenz", &frmMain::mnuHelpAbout},
     };
 
     /// The captions of the kinds in the menu, with mnemonics that differ from each other and from the grid's.
