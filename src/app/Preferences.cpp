@@ -16,9 +16,6 @@ constexpr std::string_view blueJPathName = "BlueJPath";
 constexpr std::string_view gridStyleName = "GridStyle";
 constexpr std::string_view gridColorName = "GridColor";
 
-constexpr std::int16_t lastGridStyle = 2;
-constexpr std::uint32_t largestColour = 0xFFFFFF;
-
 constexpr std::string_view programName = "bluej.exe";
 #ifdef _WIN32
 constexpr bool onWindows = true;
@@ -39,13 +36,9 @@ const std::string_view blueJFilter = onWindows ? "BlueJ.exe|BlueJ.exe" : "BlueJ.
 Preferences Preferences::Load() {
     Preferences stored;
     stored.BlueJPath = registry::ReadText(key, blueJPathName);
-    // Narrowed as the number was when it was a 16-bit integer from the start: only its lower half counts.
-    const auto style = static_cast<std::int16_t>(registry::ReadNumber(key, gridStyleName));
-    if (style >= 0 && style <= lastGridStyle)
-        stored.GridStyle = style;
-    const auto colour = static_cast<std::uint32_t>(registry::ReadNumber(key, gridColorName));
-    if (colour <= largestColour)
-        stored.GridColor = colour;
+    // Only the lower half of the stored number counts. A style that the dialog does not offer stays: it draws no marks.
+    stored.GridStyle = static_cast<std::int16_t>(registry::ReadNumber(key, gridStyleName));
+    stored.GridColor = static_cast<std::uint32_t>(registry::ReadNumber(key, gridColorName));
     return stored;
 }
 

@@ -10,7 +10,7 @@ namespace pirol {
 /// What a user prefers for all projects. It is kept in the per-user store and read once, when the program starts.
 struct Preferences {
     std::string BlueJPath;       ///< the BlueJ program's file, UTF-8; empty when not known
-    std::int16_t GridStyle = 0;  ///< 0, 1 or 2: the option chosen in the dialog
+    std::int16_t GridStyle = 0;  ///< 0, 1 or 2: the option chosen in the dialog; any other draws no marks
     std::uint32_t GridColor = 0; ///< red in the low byte, then green and blue; 0 is black
 
     bool operator==(const Preferences&) const = default;

@@ -104,8 +104,8 @@ TEST_F(PreferencesStore, WrongValuesReadAsDefaults) {
     } cases[] = {
         {"\"GridColor\"=\"255\"\n\"GridStyle\"=dword:1\n\"BlueJPath\"=dword:1\n", {"", 1, 0}},
         {"\"GridColor\"=dword:ffffff\n\"GridStyle\"=\"2\"\n\"BlueJPath\"=\"x\"\n", {"x", 0, 0xFFFFFF}},
-        {"\"GridColor\"=dword:1000000\n\"GridStyle\"=dword:3\n", {"", 0, 0}},
-        {"\"GridColor\"=dword:ffffffff\n\"GridStyle\"=dword:ffffffff\n", {"", 0, 0}},
+        {"\"GridColor\"=dword:1000000\n\"GridStyle\"=dword:3\n", {"", 3, 0x1000000}},
+        {"\"GridColor\"=dword:ffffffff\n\"GridStyle\"=dword:ffffffff\n", {"", -1, 0xFFFFFFFF}},
         {"\"GridStyle\"=dword:10002\n", {"", 2, 0}},
     };
     for (const auto& row : cases) {
