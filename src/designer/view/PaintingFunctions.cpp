@@ -513,15 +513,17 @@ QPixmap PictureFile(const std::string& path, const QSize& size) {
 
 /// A box with the kind's picture, for what has nothing of its own to show.
 void PaintSymbol(QPainter& painter, const QRect& area, ComponentKind kind) {
-    constexpr int largest = 48;
     Fill(painter, area, face);
     PaintFrame(painter, area, outline);
-    const int side = std::min({largest, area.width() - 4, area.height() - 4});
-    if (side < 1)
+    constexpr int sides[] = {48, 32, 24, 16};
+    const int room = std::min(area.width(), area.height()) - 2;
+    const auto side = std::ranges::find_if(sides, [room](int candidate) { return candidate <= room; });
+    if (side == std::end(sides))
         return;
-    const QRect box(area.x() + (area.width() - side) / 2, area.y() + (area.height() - side) / 2, side, side);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.drawImage(box, IconImage(RowOf(kind).imageKey, largest));
+    const QRect box(area.x() + (area.width() - *side) / 2, area.y() + (area.height() - *side) / 2, *side, *side);
+    const bool asDrawn = painter.deviceTransform().m11() == 1;
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, !asDrawn);
+    painter.drawImage(box, IconImage(RowOf(kind).imageKey, asDrawn ? *side : sides[0]));
 }
 
 void Paint(QPainter& painter, const QRect& area, const dBild& picture) {
