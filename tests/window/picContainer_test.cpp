@@ -182,13 +182,24 @@ class PicContainerTest : public QObject {
         QVERIFY2(framed > 0 && framed < 20000, qPrintable(QString::number(framed)));
     }
 
+    void GesturesLeaveNoTracesOnTheScreen_data() {
+        QTest::addColumn<int>("crowd");
+        QTest::newRow("few components") << 0;
+        QTest::newRow("a crowd") << 150; // painted in layers while a gesture lasts
+    }
+
     /// What is on the screen after many small repaints is what one large repaint shows.
     void GesturesLeaveNoTracesOnTheScreen() {
+        QFETCH(int, crowd);
         MainWindow main;
+        for (int i = 0; i < crowd; ++i)
+            main.window.Model().PlaceComponent(KindRows()[static_cast<std::size_t>(i) % kindCount].kind,
+                                               {100 + i % 10 * 11, i / 10 * 13, 120, 60});
         for (int number = 1; number <= 15; ++number) {
             main.Command(QString("mnuObjectsObject%1").arg(number - 1))->trigger();
             main.Drag(number % 4 * 150 + 7, number / 4 * 110 + 7, number % 4 * 150 + 130, number / 4 * 110 + 90);
         }
+        main.window.ShowDesign();
         main.Command("mnuObjectsGrid")->trigger();
         const auto onScreen = [&main] {
             QApplication::processEvents();
@@ -199,19 +210,25 @@ class PicContainerTest : public QObject {
             main.canvas->update();
             QVERIFY2(pieceByPiece == onScreen(), when);
         };
-        main.Press(170, 20);
-        for (int step = 1; step < 20; ++step)
-            main.MoveTo(170 + step * 7, 20 + step * 3);
-        checkScreen("while moving");
-        main.Release(0, 0);
-        checkScreen("after moving");
+        for (const QPoint& grip : {QPoint(170, 20), QPoint(205, 75), QPoint(300, 200)}) {
+            main.Press(grip.x(), grip.y());
+            for (int step = 1; step < 20; ++step) {
+                main.MoveTo(grip.x() + step * 7, grip.y() + step * 3);
+                QApplication::processEvents();
+            }
+            checkScreen("while moving");
+            const QImage whileMoving = onScreen();
+            main.Release(0, 0);
+            QVERIFY2(whileMoving == onScreen(), "the end of the gesture changes nothing");
+            checkScreen("after moving");
+        }
         main.Press(635, 470);
-        for (int step = 1; step < 20; ++step)
+        for (const int step : {1, 5, 9, 14, 18, 19, 17, 12, 11, 10}) {
             main.MoveTo(635 - step * 31, 470 - step * 21);
-        for (int step = 20; step > 10; --step)
-            main.MoveTo(635 - step * 31, 470 - step * 21);
+            QApplication::processEvents();
+        }
         checkScreen("while drawing");
-        main.Release(400, 300);
+        main.Release(0, 0);
         checkScreen("after drawing");
         main.Key(Qt::Key_Tab);
         main.Key(Qt::Key_Delete);

@@ -12,12 +12,15 @@
 #include <QPaintEvent>
 
 #include <algorithm>
+#include <cmath>
 
 namespace pirol {
 namespace {
 
 /// Borders and handles may reach this far out of what they belong to.
 constexpr int borderReach = 2;
+/// More components than this are not painted anew for every mouse move.
+constexpr std::size_t mostPaintedEachMove = 16;
 
 QRect ToRect(const Rectangle& box) {
     return {box.left, box.top, box.width, box.height};
@@ -39,7 +42,9 @@ MouseButton ButtonOf(const QMouseEvent& event) {
 } // namespace
 
 picContainer::picContainer(DesignCanvas& canvas, const ProjectModel& model, QWidget* parent)
-    : QWidget(parent), canvas_(canvas), model_(model) {
+    : QWidget(parent), canvas_(canvas), model_(model),
+      layers_(canvas, model,
+              [this](QPainter& painter, std::span<const Rectangle> areas) { PaintBackground(painter, areas); }) {
     setObjectName("picContainer");
     setAccessibleName("Entwurfsfläche");
     setFocusPolicy(Qt::StrongFocus);
@@ -51,6 +56,7 @@ picContainer::picContainer(DesignCanvas& canvas, const ProjectModel& model, QWid
 void picContainer::SetGrid(int style, const QColor& color) {
     gridStyle_ = style;
     gridColor_ = color;
+    layers_.Drop();
     update();
 }
 
@@ -137,6 +143,12 @@ void picContainer::ShowChanges(std::span<const Change> changes) {
         }
     if (!changes.empty())
         visibleComponentsAreCurrent_ = false;
+    const bool inGesture = canvas_.IsMoving() || canvas_.IsResizing() || canvas_.IsDrawing();
+    const auto isOfGesture = [selected = canvas_.Selected()](const Change& change) {
+        return change.what == Change::What::Component && change.component == selected;
+    };
+    if (!inGesture || !std::all_of(changes.begin(), changes.end(), isOfGesture))
+        layers_.Drop();
     ShowSelection();
     const Rectangle frame = canvas_.IsFrameVisible() ? canvas_.Frame() : Rectangle{};
     if (frame != shownFrame_) {
@@ -196,16 +208,39 @@ void picContainer::UpdateFrame(const Rectangle& frame) {
 void picContainer::paintEvent(QPaintEvent* event) {
     const std::vector<Rectangle> areas = AreasOf(event->region());
     QPainter painter(this);
-    painter.fillRect(event->rect().adjusted(-1, -1, 1, 1), Qt::white);
-    if (canvas_.ShowsGrid())
-        PaintGrid(painter, areas);
-    for (const ComponentRef component : canvas_.Intersecting(areas))
-        PaintControl(painter, model_.Element(component));
+    if (FillLayersFor(areas)) {
+        layers_.Paint(painter, event->region());
+    } else {
+        PaintBackground(painter, areas);
+        for (const ComponentRef component : canvas_.Intersecting(areas))
+            PaintControl(painter, model_.Element(component));
+    }
     PaintSelection(painter);
     PaintFrame(painter);
 }
 
-void picContainer::PaintGrid(QPainter& painter, std::span<const Rectangle> areas) {
+/// True when a gesture is going on in a crowd. Layers cannot be cut along the pixels of a screen that is scaled by a
+/// fraction; there everything is painted anew.
+bool picContainer::FillLayersFor(std::span<const Rectangle> areas) {
+    const bool changing = canvas_.IsMoving() || canvas_.IsResizing();
+    const double pixelRatio = devicePixelRatioF();
+    if (!(changing || canvas_.IsDrawing()) || pixelRatio != std::floor(pixelRatio))
+        return false;
+    const QRect visible = visibleRegion().boundingRect();
+    const std::optional<ComponentRef> moving = changing ? canvas_.Selected() : std::nullopt;
+    if (layers_.AreFilledFor(visible, moving))
+        return true;
+    if (canvas_.Intersecting(areas).size() <= mostPaintedEachMove)
+        return false;
+    layers_.Fill(visible, moving, pixelRatio);
+    return true;
+}
+
+void picContainer::PaintBackground(QPainter& painter, std::span<const Rectangle> areas) const {
+    for (const Rectangle& area : areas)
+        painter.fillRect(ToRect(area), Qt::white);
+    if (!canvas_.ShowsGrid())
+        return;
     for (const Rectangle& area : areas)
         for (const Rectangle& mark : GridMarks(gridStyle_, width(), height(), area))
             painter.fillRect(ToRect(mark), gridColor_);

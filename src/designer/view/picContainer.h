@@ -1,6 +1,7 @@
 #pragma once
 
 #include "designer/DesignCanvas.h"
+#include "designer/view/CanvasLayers.h"
 
 #include <QColor>
 #include <QWidget>
@@ -48,7 +49,8 @@ class picContainer : public QWidget {
     void Run(const std::function<void()>& gesture);
     void RunKey(const std::function<void()>& gesture);
     void ShowCursor(const QPoint& position);
-    void PaintGrid(QPainter& painter, std::span<const Rectangle> areas);
+    bool FillLayersFor(std::span<const Rectangle> areas);
+    void PaintBackground(QPainter& painter, std::span<const Rectangle> areas) const;
     void PaintSelection(QPainter& painter);
     void PaintFrame(QPainter& painter);
     void ShowSelection();
@@ -62,6 +64,7 @@ class picContainer : public QWidget {
     std::optional<ComponentRef> shownComponent_; ///< the selected one, as it was shown last
     Rectangle shownSelection_;
     Rectangle shownFrame_;
+    CanvasLayers layers_;
     std::vector<ComponentRef> visibleComponents_;
     bool visibleComponentsAreCurrent_ = false;
 };
