@@ -7,8 +7,10 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QStyle>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace pirol {
@@ -40,6 +42,7 @@ frmError::frmError(const RuntimeError& error, QWidget* owner) : QDialog(owner), 
     txtError_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     txtError_->setPlainText(
         QString::fromStdString(ErrorReportText(error.ErrorNumber(), error.Description(), error.Label())));
+    txtError_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
     txtError_->setMinimumHeight(txtError_->fontMetrics().lineSpacing() * 7);
 
     auto* icon = new QLabel;
@@ -91,6 +94,17 @@ bool ReportErrors(QWidget* owner, const std::function<void()>& operation) {
     if (!error)
         return true;
     frmError(*error, owner).exec();
+    return false;
+}
+
+bool ReportErrorsLater(QWidget* owner, const std::function<void()>& operation) {
+    const std::optional<RuntimeError> error = ErrorOf(operation);
+    if (!error)
+        return true;
+    QTimer::singleShot(0, qApp, [error = *error, owner = QPointer<QWidget>(owner)] {
+        // A dialog that was closed by the same click can own nothing any more.
+        frmError(error, owner != nullptr && owner->isVisible() ? owner.data() : QApplication::activeWindow()).exec();
+    });
     return false;
 }
 

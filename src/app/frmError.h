@@ -26,4 +26,8 @@ class frmError : public QDialog {
 /// Runs an operation; when it fails, shows the error report modally in the middle of its owner and returns false.
 bool ReportErrors(QWidget* owner, const std::function<void()>& operation);
 
+/// The same, but the report appears only when the event that is being handled is done. For edits that end because a
+/// click moves the focus: a window opening in the middle of that would swallow the rest of the click.
+bool ReportErrorsLater(QWidget* owner, const std::function<void()>& operation);
+
 } // namespace pirol

@@ -10,7 +10,6 @@ namespace pirol {
 namespace {
 
 constexpr std::string_view loadLabel = "Main.File.Properties.LoadProperties";
-constexpr std::string_view changeLabel = "Main.File.Properties.PropertyChanged";
 
 constexpr std::string_view ellipsis = "…";
 
@@ -121,7 +120,7 @@ std::vector<PropertyPanelRow> LoadProperties(const ProjectModel& model, std::opt
 
 std::string PropertyChanged(ProjectModel& model, std::optional<ComponentRef> selected, std::string_view key,
                             std::string_view value) {
-    return UnderLabel(changeLabel, [&]() -> std::string {
+    return UnderLabel(propertyChangedLabel, [&]() -> std::string {
         if (!selected)
             return {};
         const Control& control = model.Element(*selected);

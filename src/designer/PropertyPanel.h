@@ -11,6 +11,9 @@
 
 namespace pirol {
 
+/// The error label of everything that edits a property.
+constexpr std::string_view propertyChangedLabel = "Main.File.Properties.PropertyChanged";
+
 /// One row of the property list. A category has key and caption only.
 struct PropertyPanelRow {
     std::string_view key;
@@ -32,8 +35,7 @@ std::vector<PropertyPanelRow> LoadProperties(const ProjectModel& model, std::opt
 /// Line breaks and the codes 0 and 1 divide project files, so each becomes a blank; within a list code 0 stays.
 /// Gives the German message to show when the design refuses the value (an empty name, one that is taken, a password
 /// character that is not one character); otherwise an empty text.
-/// Raises what ToInt16 and RadioButtonsOf raise, under "Main.File.Properties.PropertyChanged". Refused and bad values
-/// leave the design untouched, its changed mark too.
+/// Raises what ToInt16 and RadioButtonsOf raise, under propertyChangedLabel. Refused and bad values leave the design untouched, its changed mark too.
 std::string PropertyChanged(ProjectModel& model, std::optional<ComponentRef> selected, std::string_view key,
                             std::string_view value);
 

@@ -1,4 +1,5 @@
 #include "app/frmError.h"
+#include "window/ModalDialogs.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -8,6 +9,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include <memory>
 #include <new>
 
 namespace pirol {
@@ -16,19 +18,14 @@ namespace {
 /// Runs a failing operation and gives the report to `look` while it is on the screen; closes it with the given key.
 void WhileReported(QWidget& owner, const std::function<void()>& operation, const std::function<void(QDialog&)>& look,
                    Qt::Key key = Qt::Key_Return) {
-    bool seen = false;
-    QTimer::singleShot(0, &owner, [&] {
-        auto* form = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        if (form == nullptr)
-            return;
-        seen = true;
-        QVERIFY(QTest::qWaitForWindowActive(form));
-        look(*form);
-        QTest::keyClick(form->focusWidget(), key);
+    bool closed = false;
+    WhenDialogOpens([&](QDialog& form) {
+        look(form);
+        QTest::keyClick(form.focusWidget(), key);
+        closed = !form.isVisible();
     });
-    const bool succeeded = ReportErrors(&owner, operation);
-    QVERIFY(!succeeded);
-    QVERIFY(seen);
+    QVERIFY(!ReportErrors(&owner, operation));
+    QVERIFY(closed);
 }
 
 void FailWithLabel() {
@@ -41,6 +38,18 @@ class frmErrorTest : public QObject {
     Q_OBJECT
 
   private slots:
+    /// The report waits for the event that is being handled and comes even when its owner is gone by then.
+    void ReportsLater() {
+        auto owner = std::make_unique<QWidget>();
+        QVERIFY(ReportErrorsLater(owner.get(), [] {}));
+        bool seen = false;
+        WhenDialogOpens([&seen](QDialog&) { seen = true; });
+        QVERIFY(!ReportErrorsLater(owner.get(), FailWithLabel));
+        QVERIFY(QApplication::activeModalWidget() == nullptr);
+        owner.reset();
+        QTRY_VERIFY(seen);
+    }
+
     void SuccessShowsNothing() {
         QWidget owner;
         QTimer::singleShot(0, &owner, [] { QVERIFY(QApplication::activeModalWidget() == nullptr); });

@@ -1,0 +1,219 @@
+#include "designer/view/plProperties.h"
+
+#include "app/frmError.h"
+#include "designer/view/frmListEditor.h"
+#include "designer/view/PropertyDelegate.h"
+#include "designer/view/PropertyListModel.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QScrollBar>
+
+#include <algorithm>
+
+namespace pirol {
+namespace {
+
+/// The width of the widest caption that any kind of component shows.
+int WidestCaption(const QFontMetrics& font) {
+    const ProjectModel templates;
+    int widest = 0;
+    for (const KindRow& kind : KindRows())
+        for (const PropertyPanelRow& row : LoadProperties(templates, ComponentRef{kind.kind, 0}))
+            widest = std::max(widest, font.horizontalAdvance(QString::fromUtf8(row.caption)));
+    return widest;
+}
+
+QString KeyOf(const PropertyPanelRow& row) {
+    return QString::fromUtf8(row.key);
+}
+
+} // namespace
+
+plProperties::plProperties(QWidget* parent) : QTreeView(parent), model_(new PropertyListModel(this)) {
+    setObjectName("plProperties");
+    setAccessibleName("Eigenschaften");
+    setModel(model_);
+    setItemDelegate(new PropertyDelegate(this));
+
+    // The bands of the categories stand for the branches, so that captions begin at the edge.
+    setIndentation(0);
+    setRootIsDecorated(false);
+    setExpandsOnDoubleClick(false);
+    setUniformRowHeights(true);
+    setAllColumnsShowFocus(true);
+    setSelectionBehavior(SelectRows);
+    setVerticalScrollMode(ScrollPerPixel);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setTabKeyNavigation(false);
+    setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
+    header()->setStretchLastSection(true);
+    header()->setSectionsMovable(false);
+    header()->resizeSection(PropertyListModel::CaptionColumn,
+                            WidestCaption(fontMetrics()) + 2 * fontMetrics().height());
+
+    connect(model_, &PropertyListModel::PropertyEdited, this, &plProperties::PropertyEdited);
+    connect(model_, &PropertyListModel::modelAboutToBeReset, this, &plProperties::RememberPlace);
+    connect(model_, &PropertyListModel::modelReset, this, &plProperties::RestorePlace);
+    connect(this, &QTreeView::collapsed, this,
+            [this](const QModelIndex& index) { folded_.insert(KeyOf(model_->RowAt(index))); });
+    connect(this, &QTreeView::expanded, this,
+            [this](const QModelIndex& index) { folded_.remove(KeyOf(model_->RowAt(index))); });
+}
+
+void plProperties::ShowRows(std::vector<PropertyPanelRow> rows) {
+    model_->ShowRows(std::move(rows));
+}
+
+void plProperties::FinishEditing() {
+    if (state() != EditingState)
+        return;
+    if (QWidget* editor = indexWidget(currentIndex().siblingAtColumn(PropertyListModel::ValueColumn))) {
+        commitData(editor);
+        closeEditor(editor, QAbstractItemDelegate::NoHint);
+    }
+}
+
+QSize plProperties::sizeHint() const {
+    constexpr int valueCharacters = 27; // the longest name that a component gets when it is placed
+    const int captions = header()->sectionSize(PropertyListModel::CaptionColumn);
+    return {captions + fontMetrics().averageCharWidth() * valueCharacters, QTreeView::sizeHint().height()};
+}
+
+void plProperties::RememberPlace() {
+    // A list without a component has no place worth keeping.
+    if (model_->rowCount(model_->index(0, 0)) > 0)
+        scrollPosition_ = verticalScrollBar()->value();
+    hadFocus_ = hasFocus() || isAncestorOf(QApplication::focusWidget());
+}
+
+void plProperties::RestorePlace() {
+    for (int row = 0; row < model_->rowCount(); ++row) {
+        const QModelIndex category = model_->index(row, 0);
+        setFirstColumnSpanned(row, {}, true);
+        setExpanded(category, !folded_.contains(KeyOf(model_->RowAt(category))));
+    }
+
+    QModelIndex current = model_->IndexOf(currentKey_);
+    if (!current.isValid())
+        current = model_->index(0, PropertyListModel::ValueColumn, model_->index(0, 0));
+    if (current.isValid())
+        selectionModel()->setCurrentIndex(current, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    executeDelayedItemsLayout();
+    verticalScrollBar()->setValue(scrollPosition_);
+    // The editor that had it is gone.
+    if (hadFocus_)
+        setFocus();
+}
+
+bool plProperties::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
+    if (!index.isValid())
+        return QTreeView::edit(index, trigger, event);
+    const PropertyPanelRow& row = model_->RowAt(index);
+    if (!row.isCategory && row.editor == EditorKind::List && (trigger == EditKeyPressed || trigger == DoubleClicked)) {
+        OpenDialog(index);
+        return true;
+    }
+    // Whichever column the user is in, it is the value that is edited.
+    return QTreeView::edit(index.siblingAtColumn(PropertyListModel::ValueColumn), trigger, event);
+}
+
+void plProperties::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QTreeView::currentChanged(current, previous);
+    if (current.isValid())
+        currentKey_ = model_->RowAt(current).key;
+}
+
+void plProperties::keyPressEvent(QKeyEvent* event) {
+    const int key = event->key();
+    const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
+    const bool choose = key == Qt::Key_F4 || (key == Qt::Key_Down && event->modifiers().testFlag(Qt::AltModifier));
+    // A key that an editor left over is not meant for the list.
+    if ((enter || choose) && state() != EditingState && currentIndex().isValid())
+        Activate(currentIndex(), choose);
+    else
+        QTreeView::keyPressEvent(event);
+}
+
+void plProperties::mousePressEvent(QMouseEvent* event) {
+    pressed_ = event->button() == Qt::LeftButton ? indexAt(event->pos()) : QModelIndex();
+    QTreeView::mousePressEvent(event);
+}
+
+void plProperties::mouseReleaseEvent(QMouseEvent* event) {
+    const QModelIndex released = indexAt(event->pos());
+    QTreeView::mouseReleaseEvent(event);
+    if (released.isValid() && pressed_ == released)
+        Click(pressed_, event->pos());
+    pressed_ = QModelIndex();
+}
+
+void plProperties::Click(const QModelIndex& index, const QPoint& position) {
+    const PropertyPanelRow& row = model_->RowAt(index);
+    if (row.isCategory)
+        setExpanded(index.siblingAtColumn(0), !isExpanded(index.siblingAtColumn(0)));
+    else if (index.column() != PropertyListModel::ValueColumn)
+        return;
+    else if ((row.editor == EditorKind::File || row.editor == EditorKind::List) &&
+             PropertyDelegate::ButtonRect(visualRect(index)).contains(position))
+        OpenDialog(index);
+    else if (index.flags().testFlag(Qt::ItemIsEditable))
+        Edit(index, true);
+}
+
+void plProperties::Activate(const QModelIndex& index, bool choose) {
+    const PropertyPanelRow& row = model_->RowAt(index);
+    const QModelIndex value = index.siblingAtColumn(PropertyListModel::ValueColumn);
+    if (row.isCategory)
+        setExpanded(index.siblingAtColumn(0), !isExpanded(index.siblingAtColumn(0)));
+    else if (row.editor == EditorKind::Flag)
+        model_->setData(value, value.data(Qt::CheckStateRole).toInt() == Qt::Checked ? Qt::Unchecked : Qt::Checked,
+                        Qt::CheckStateRole);
+    else if (row.editor == EditorKind::List || (row.editor == EditorKind::File && choose))
+        OpenDialog(value);
+    else
+        Edit(value, choose);
+}
+
+void plProperties::Edit(const QModelIndex& index, bool choose) {
+    if (indexWidget(index) == nullptr)
+        QTreeView::edit(index);
+    if (auto* choices = qobject_cast<QComboBox*>(indexWidget(index)); choices != nullptr && choose)
+        choices->showPopup();
+}
+
+void plProperties::OpenDialog(const QModelIndex& index) {
+    const QPersistentModelIndex place = index;
+    FinishEditing();
+    if (!place.isValid())
+        return;
+    // A copy: the rows may change while the dialog is open.
+    const PropertyPanelRow row = model_->RowAt(place);
+    if (row.editor == EditorKind::File)
+        ChooseFile(row);
+    else
+        EditList(row);
+}
+
+void plProperties::ChooseFile(const PropertyPanelRow& row) {
+    const std::string path = chooseFile_ ? chooseFile_(std::string(row.detail), row.value) : std::string();
+    if (!path.empty())
+        emit PropertyEdited(std::string(row.key), path);
+}
+
+void plProperties::EditList(const PropertyPanelRow& row) {
+    std::optional<std::string> list;
+    ReportErrors(this, [&] {
+        UnderLabel(propertyChangedLabel, [&] {
+            frmListEditor editor(row, this);
+            if (editor.exec() == QDialog::Accepted)
+                list = editor.ListText();
+        });
+    });
+    if (list)
+        emit PropertyEdited(std::string(row.key), *list);
+}
+
+} // namespace pirol

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "designer/PropertyPanel.h"
+
+#include <QSet>
+#include <QTreeView>
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace pirol {
+
+class PropertyListModel;
+
+/// The property list: captions and values in two columns under categories that fold. Values are edited in place; an
+/// edit acts at once (Enter, leaving the editor, choosing, ticking) and is only announced: the owner changes the design
+/// and shows the rows anew, or does not.
+///
+/// Keys: arrows walk the rows, Enter or F2 edits, Space ticks, Alt+Down or F4 opens choices, file chooser and list
+/// editor, letters and digits begin to edit. Escape gives up an edit; without one it is left to the owner.
+class plProperties : public QTreeView {
+    Q_OBJECT
+
+  public:
+    /// Asks for a file with a filter such as "Bilder (*.bmp)|*.bmp" and the present path; gives the new path or an
+    /// empty text.
+    using FileChooser = std::function<std::string(const std::string& filter, const std::string& path)>;
+
+    explicit plProperties(QWidget* parent = nullptr);
+
+    void SetFileChooser(FileChooser chooser) { chooseFile_ = std::move(chooser); }
+    /// Shows the rows. Folded categories, current row, scroll position and focus stay; rows that are shown already are
+    /// repainted only where their value differs.
+    void ShowRows(std::vector<PropertyPanelRow> rows);
+    /// Takes over what is being typed, for commands that do not move the focus.
+    void FinishEditing();
+
+    QSize sizeHint() const override;
+
+  signals:
+    void PropertyEdited(const std::string& key, const std::string& value);
+
+  protected:
+    bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+  private:
+    void RememberPlace();
+    void RestorePlace();
+    void Click(const QModelIndex& index, const QPoint& position);
+    /// What Enter does on a row; with `choose`, what Alt+Down does.
+    void Activate(const QModelIndex& index, bool choose);
+    void Edit(const QModelIndex& index, bool choose);
+    void OpenDialog(const QModelIndex& index);
+    void ChooseFile(const PropertyPanelRow& row);
+    void EditList(const PropertyPanelRow& row);
+
+    PropertyListModel* model_;
+    FileChooser chooseFile_;
+    QSet<QString> folded_;   ///< keys of the categories that the user closed
+    std::string currentKey_; ///< of the row that was current last
+    int scrollPosition_ = 0;
+    bool hadFocus_ = false;
+    QPersistentModelIndex pressed_;
+};
+
+} // namespace pirol
