@@ -5,6 +5,7 @@
 #include "designer/MainLayout.h"
 #include "designer/view/FormParts.h"
 #include "designer/view/picContainer.h"
+#include "designer/view/plProperties.h"
 #include "designer/view/tbComponents.h"
 #include "project/FileCommands.h"
 #include "project/frmLoading.h"
@@ -19,6 +20,7 @@
 #include <QScrollBar>
 #include <QShortcut>
 #include <QStatusBar>
+#include <QTimer>
 
 namespace pirol {
 namespace {
@@ -105,7 +107,11 @@ void frmMain::BuildSurface() {
     for (QScrollBar* bar : {vScroll_, hScroll_})
         connect(bar, &QScrollBar::valueChanged, this, [this] { Run([this] { ShowScrolledCanvas(); }); });
 
-    plProperties_ = Named(new QWidget(surface_), "plProperties", "Eigenschaften");
+    plProperties_ = Named(new plProperties(surface_), "plProperties", "Eigenschaften");
+    connect(plProperties_, &plProperties::PropertyEdited, this, &frmMain::ChangeProperty);
+    plProperties_->SetFileChooser([this](const std::string& filter, const std::string& path) {
+        return dialogs_.ShowOpen({"Datei wählen", filter, FileDialogSetup::FileMustExist, path});
+    });
 }
 
 void frmMain::BuildStatusBar() {
@@ -228,6 +234,18 @@ void frmMain::AnalyseCode(const std::string& source) {
     LoadProperties();
 }
 
-void frmMain::LoadProperties() {}
+void frmMain::LoadProperties() {
+    ReportErrors(this, [this] { plProperties_->ShowRows(pirol::LoadProperties(model_, canvas_.Selected())); });
+}
+
+void frmMain::ChangeProperty(const std::string& key, const std::string& value) {
+    std::string refusal;
+    ReportErrorsLater(this, [&] { refusal = PropertyChanged(model_, canvas_.Selected(), key, value); });
+    if (!refusal.empty())
+        QTimer::singleShot(0, this, [this, refusal] { dialogs_.Information(refusal); });
+    // Refused or not, the list shows what the component holds now.
+    LoadProperties();
+    ShowDesign();
+}
 
 } // namespace pirol

@@ -22,6 +22,7 @@ class QScrollBar;
 namespace pirol {
 
 class picContainer;
+class plProperties;
 class tbComponents;
 
 /// The main window. It owns the design and everything around it: toolbar, canvas with its scroll bars, property list,
@@ -78,6 +79,7 @@ class frmMain : public QMainWindow {
     void ShowScrolledCanvas();
     void ScrollToSelection();
     void ShowStatus();
+    void ChangeProperty(const std::string& key, const std::string& value);
 
     void CheckKindEntry(int entry);
     void ChooseKindByToolbar(int button);
@@ -103,6 +105,7 @@ class frmMain : public QMainWindow {
     void mnuFunctionsSQLGenerator();
     void mnuCodeMenu();
     void mnuCodeSQL();
+    void mnuCodeGenerate();
     void mnuWindowSize0();
     void mnuWindowSize1();
     void mnuWindowSize2();
@@ -127,7 +130,7 @@ class frmMain : public QMainWindow {
     picContainer* picContainer_ = nullptr;
     QScrollBar* vScroll_ = nullptr;
     QScrollBar* hScroll_ = nullptr;
-    QWidget* plProperties_ = nullptr;
+    plProperties* plProperties_ = nullptr;
     QLabel* panels_[3] = {};
     QSize designedSize_; ///< for which the window is laid out
 };

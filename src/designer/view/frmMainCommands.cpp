@@ -1,3 +1,4 @@
+#include "codegen/frmCode.h"
 #include "designer/MainLayout.h"
 #include "designer/view/Bitmaps.h"
 #include "designer/view/FormParts.h"
@@ -66,7 +67,7 @@ struct frmMain::CommandTable {
         {"mnuCodeMenu",        "&Menüleiste erzeugen",    "",            "",       "Nimmt die Menüleiste in den Quelltext auf", &frmMain::mnuCodeMenu, CommandRow::CheckItem},
         {"mnuCodeSQL",         "&Datenbankzugriff erzeugen", "",         "",       "Nimmt den Datenbankzugriff in den Quelltext auf", &frmMain::mnuCodeSQL, CommandRow::CheckItem},
         {},
-        {"mnuCodeGenerate",    "&Quelltext erzeugen …",   "generate",    "F5",     "Erzeugt den Java-Quelltext und zeigt ihn an", nullptr},
+        {"mnuCodeGenerate",    "&Quelltext erzeugen …",   "generate",    "F5",     "Erzeugt den Java-Quelltext und zeigt ihn an", &frmMain::mnuCodeGenerate},
 
         {"mnuWindow", "Fenste&r", "", "", "", nullptr, CommandRow::Menu},
         {"mnuWindowSize0",     "&320 x 240 Pixel",        "",            "",       "Gibt dem Hauptfenster die kleinste Größe", &frmMain::mnuWindowSize0},
@@ -206,6 +207,11 @@ void frmMain::mnuCodeMenu() {
 
 void frmMain::mnuCodeSQL() {
     options_.database = Command("mnuCodeSQL")->isChecked();
+}
+
+void frmMain::mnuCodeGenerate() {
+    if (const std::string source = GenerateCode(); !source.empty())
+        frmCode(source, this).exec();
 }
 
 void frmMain::RefreshCodeMenu() {
