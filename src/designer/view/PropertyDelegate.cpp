@@ -82,6 +82,15 @@ QRect PropertyDelegate::ButtonRect(const QRect& cell) {
     return QRect(cell.right() - width, cell.top() + 1, width, cell.height() - 2);
 }
 
+QSize PropertyDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    QSize size = CellDelegate::sizeHint(option, index);
+    if (RowAt(index).isCategory)
+        size.setWidth(0); // it spans both columns
+    else if (index.column() == PropertyListModel::CaptionColumn)
+        size.rwidth() += CaptionIndent(size.height());
+    return size;
+}
+
 void PropertyDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
     const PropertyPanelRow& row = RowAt(index);
     painter->save();

@@ -18,6 +18,7 @@ class PropertyDelegate final : public CellDelegate {
     /// Where the value cell of a file or list shows its button "...".
     static QRect ButtonRect(const QRect& cell);
 
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     void setEditorData(QWidget* editor, const QModelIndex& index) const override;

@@ -16,16 +16,6 @@
 namespace pirol {
 namespace {
 
-/// The width of the widest caption that any kind of component shows.
-int WidestCaption(const QFontMetrics& font) {
-    const ProjectModel templates;
-    int widest = 0;
-    for (const KindRow& kind : KindRows())
-        for (const PropertyPanelRow& row : LoadProperties(templates, ComponentRef{kind.kind, 0}))
-            widest = std::max(widest, font.horizontalAdvance(QString::fromUtf8(row.caption)));
-    return widest;
-}
-
 QString KeyOf(const PropertyPanelRow& row) {
     return QString::fromUtf8(row.key);
 }
@@ -51,8 +41,8 @@ plProperties::plProperties(QWidget* parent) : QTreeView(parent), model_(new Prop
     setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
     header()->setStretchLastSection(true);
     header()->setSectionsMovable(false);
-    header()->resizeSection(PropertyListModel::CaptionColumn,
-                            WidestCaption(fontMetrics()) + 2 * fontMetrics().height());
+    // Captions are never cut, and the values have all the room that is left.
+    header()->setSectionResizeMode(PropertyListModel::CaptionColumn, QHeaderView::ResizeToContents);
 
     connect(model_, &PropertyListModel::PropertyEdited, this, &plProperties::PropertyEdited);
     connect(model_, &PropertyListModel::modelAboutToBeReset, this, &plProperties::RememberPlace);
@@ -106,6 +96,11 @@ void plProperties::RestorePlace() {
     // The editor that had it is gone.
     if (hadFocus_)
         setFocus();
+}
+
+void plProperties::scrollTo(const QModelIndex& index, ScrollHint hint) {
+    // Never sideways: the captions stay in view whichever column is current.
+    QTreeView::scrollTo(index.siblingAtColumn(PropertyListModel::CaptionColumn), hint);
 }
 
 bool plProperties::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {

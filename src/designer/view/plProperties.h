@@ -38,6 +38,7 @@ class plProperties : public QTreeView {
     void FinishEditing();
 
     QSize sizeHint() const override;
+    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
   signals:
     void PropertyEdited(const std::string& key, const std::string& value);
