@@ -25,8 +25,8 @@
 namespace pirol {
 namespace {
 
-/// The first window shows a designed window of the usual size whole.
-constexpr QSize firstSize(1080, 680);
+/// The first window shows designed windows up to 800 x 600 whole.
+constexpr QSize firstSize(1200, 720);
 
 QRect ToRect(const Rectangle& box) {
     return {box.left, box.top, box.width, box.height};
@@ -54,9 +54,11 @@ void SetUp(QScrollBar* scrollBar, const MainLayout::Bar& bar, int room) {
     scrollBar->setValue(0);
 }
 
-void SetText(QLabel* label, const QString& text) {
-    if (label->text() != text)
-        label->setText(text);
+/// As much of the text as the panel shows; a name can be longer than any window.
+void SetText(QLabel* panel, const QString& text) {
+    const QString shown = panel->fontMetrics().elidedText(text.left(200), Qt::ElideRight, panel->width());
+    if (panel->text() != shown)
+        panel->setText(shown);
 }
 
 } // namespace
@@ -118,12 +120,20 @@ void frmMain::BuildStatusBar() {
     statusBar()->setObjectName("sbStatus");
     statusBar()->setFixedHeight(rowHeight);
     statusBar()->setSizeGripEnabled(false);
-    constexpr int widths[] = {0, 330, 150};
+    statusBar()->setContentsMargins(6, 0, 0, 0);
+    constexpr int widths[] = {0, 240, 140};
     for (int i = 0; i < 3; ++i) {
-        panels_[i] = Named(new QLabel, QString("sbPanel%1").arg(i + 1).toLatin1().constData(), {});
-        panels_[i]->setFixedWidth(widths[i]);
-        statusBar()->addPermanentWidget(panels_[i]);
+        panels_[i] = new QLabel;
+        panels_[i]->setObjectName(QString("sbPanel%1").arg(i + 1));
+        if (widths[i] != 0)
+            panels_[i]->setFixedWidth(widths[i]);
     }
+    // Status tips take the place of the first panel.
+    panels_[0]->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    panels_[0]->installEventFilter(this);
+    statusBar()->addWidget(panels_[0], 1);
+    statusBar()->addPermanentWidget(panels_[1]);
+    statusBar()->addPermanentWidget(panels_[2]);
 }
 
 // --- Laying out and scrolling -----------------------------------------------------------------------------------
@@ -131,6 +141,8 @@ void frmMain::BuildStatusBar() {
 bool frmMain::eventFilter(QObject* watched, QEvent* event) {
     if (watched == surface_ && event->type() == QEvent::Resize)
         LayOut();
+    if (watched == panels_[0] && event->type() == QEvent::Resize)
+        ShowStatus();
     return QMainWindow::eventFilter(watched, event);
 }
 
@@ -198,11 +210,14 @@ void frmMain::ShowDesign() {
 }
 
 void frmMain::ShowStatus() {
+    QString hint = "Rechteck aufziehen oder Einfg: neue Komponente    Tab: Komponente wählen";
     QString selection = "Kein Objekt gewählt";
     if (const std::optional<ComponentRef> selected = canvas_.Selected()) {
         const Control& control = model_.Element(*selected);
+        hint = "Pfeile: verschieben    Umschalt+Pfeile: Größe    Eingabe: Eigenschaften    Entf: löschen";
         selection = QString("%1 (%2)").arg(ToText(control.ObjectName), ToText(RowOf(control.Kind()).menuLabel));
     }
+    SetText(panels_[0], hint);
     SetText(panels_[1], selection);
     SetText(panels_[2], ToText(canvas_.StatusText()));
 }

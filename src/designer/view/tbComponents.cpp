@@ -47,7 +47,7 @@ tbComponents::tbComponents(QWidget* parent) : QScrollArea(parent) {
 
     auto* column = new QWidget;
     auto* rows = new QVBoxLayout(column);
-    rows->setContentsMargins(2, 2, 0, 2);
+    rows->setContentsMargins(2, 2, 2, 2);
     rows->setSpacing(0);
     for (const KindRow& row : KindRows()) {
         QToolButton* button = NewButton(row);
