@@ -203,7 +203,10 @@ class PicContainerTest : public QObject {
         main.Command("mnuObjectsGrid")->trigger();
         const auto onScreen = [&main] {
             QApplication::processEvents();
-            return main.window.screen()->grabWindow(main.window.winId()).toImage();
+            const QPoint corner = main.canvas->mapTo(&main.window, QPoint(0, 0));
+            return main.window.screen()
+                ->grabWindow(main.window.winId(), corner.x(), corner.y(), main.canvas->width(), main.canvas->height())
+                .toImage();
         };
         const auto checkScreen = [&](const char* when) {
             const QImage pieceByPiece = onScreen();
