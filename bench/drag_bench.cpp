@@ -2,6 +2,7 @@
 // prints what one event costs in each design, painting included. Exits with 1 when the ratio is above the limit.
 
 #include "app/frmCommonDialog.h"
+#include "app/frmProgramStarter.h"
 #include "designer/view/frmMain.h"
 
 #include <QApplication>
@@ -10,6 +11,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <ctime>
+#include <stdexcept>
 #include <vector>
 
 namespace {
@@ -40,13 +42,18 @@ void Send(QWidget& canvas, QEvent::Type type, QPoint at, Qt::MouseButton button,
 }
 
 /// Processor time in microseconds for one event.
-double DragOnce(QWidget& canvas) {
+double DragOnce(frmMain& window) {
+    QWidget& canvas = *window.findChild<QWidget*>("picContainer");
     constexpr QPoint grip(5, 15);
     Send(canvas, QEvent::MouseButtonPress, grip, Qt::LeftButton, Qt::LeftButton);
     const std::clock_t begin = std::clock();
     for (int event = 0; event < events; ++event)
         Send(canvas, QEvent::MouseMove, grip + QPoint(event % 500, 60 + event % 97), Qt::NoButton, Qt::LeftButton);
     const std::clock_t end = std::clock();
+    constexpr QPoint last((events - 1) % 500, 60 + (events - 1) % 97);
+    const Rectangle box = window.Model().VisibleBox({ComponentKind::Label, 1});
+    if (box.left != last.x() || box.top != 10 + last.y())
+        throw std::runtime_error("the component was not dragged");
     Send(canvas, QEvent::MouseMove, grip, Qt::NoButton, Qt::LeftButton);
     Send(canvas, QEvent::MouseButtonRelease, grip, Qt::LeftButton, Qt::NoButton);
     return 1e6 * static_cast<double>(end - begin) / CLOCKS_PER_SEC / events;
@@ -63,8 +70,9 @@ int main(int argumentCount, char* arguments[]) {
     QApplication::setStyle("Fusion");
     QApplication application(argumentCount, arguments);
     frmCommonDialog dialogs;
-    frmMain few(dialogs);
-    frmMain many(dialogs);
+    frmProgramStarter starter;
+    frmMain few(dialogs, starter);
+    frmMain many(dialogs, starter);
     Fill(few.Model(), 10);
     Fill(many.Model(), 10000);
     std::vector<double> fewTimes;
@@ -76,8 +84,8 @@ int main(int argumentCount, char* arguments[]) {
         QApplication::processEvents();
     }
     for (int round = 0; round < rounds; ++round) {
-        fewTimes.push_back(DragOnce(*few.findChild<QWidget*>("picContainer")));
-        manyTimes.push_back(DragOnce(*many.findChild<QWidget*>("picContainer")));
+        fewTimes.push_back(DragOnce(few));
+        manyTimes.push_back(DragOnce(many));
     }
     const double ratio = Median(manyTimes) / Median(fewTimes);
     std::printf("| components | microseconds per mouse event (median of %d) |\n|---|---|\n", rounds);

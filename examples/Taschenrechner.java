@@ -77,7 +77,7 @@ public class SuMAnwendung extends EBAnwendung
         hatAnzeige = new Textfeld(20, 20, 300, 30, "0");
         hatAnzeige.setzeBearbeiterInhaltGeaendert("hatAnzeigeInhaltGeaendert");
         hatAnzeige.setzeBearbeiterEingabeBestaetigt("hatAnzeigeEingabeBestaetigt");
-        hatSchalterGanzzahl = new Schalter(180, 350, 140, 20, "nur ganze Zahlen");
+        hatSchalterGanzzahl = new Schalter(180, 350, 140, 20, "ganze Zahlen");
         hatSchalterGanzzahl.setzeBearbeiterGeklickt("hatSchalterGanzzahlGeklickt");
         hatMenueDatei = new Menue("Datei");
         hatMenueDatei.haengeZeileAn("Neu", "hatMenueDateiNeu");
