@@ -35,7 +35,8 @@ std::vector<PropertyPanelRow> LoadProperties(const ProjectModel& model, std::opt
 /// Line breaks and the codes 0 and 1 divide project files, so each becomes a blank; within a list code 0 stays.
 /// Gives the German message to show when the design refuses the value (an empty name, one that is taken, a password
 /// character that is not one character); otherwise an empty text.
-/// Raises what ToInt16 and RadioButtonsOf raise, under propertyChangedLabel. Refused and bad values leave the design untouched, its changed mark too.
+/// Raises what ToInt16 and RadioButtonsOf raise, under propertyChangedLabel. Refused and bad values leave the design
+/// untouched, its changed mark too.
 std::string PropertyChanged(ProjectModel& model, std::optional<ComponentRef> selected, std::string_view key,
                             std::string_view value);
 

@@ -5,13 +5,15 @@
 Usage: first_steps.py PIROL
 """
 import os
+import re
 import subprocess
 import sys
 import tempfile
 import time
 
-EXPECTED = ("        hatKnopf1 = new Knopf(50, 30, 180, 50, \"Knopf\");\n"
-            "        hatKnopf1.setzeBearbeiterGeklickt(\"hatKnopf1Geklickt\");\n")
+# The button is drawn 178 x 46 and snaps to the grid.
+EXPECTED = (r'        hatKnopf1 = new Knopf\(\d+0, \d+0, 180, 50, "Knopf"\);\n'
+            r'        hatKnopf1\.setzeBearbeiterGeklickt\("hatKnopf1Geklickt"\);\n')
 PATIENCE_SECONDS = 20
 
 
@@ -62,9 +64,9 @@ def first_steps():
     window = window_titled("Neues Projekt")
     tool("xdotool", "windowfocus", window)
     mouse("mousemove", "60", "85", "click", "1")  # the toolbar's second button
-    mouse("mousemove", "224", "130", "mousedown", "1")
-    mouse("mousemove", "300", "150")
-    mouse("mousemove", "402", "176", "mouseup", "1")
+    mouse("mousemove", "400", "250", "mousedown", "1")
+    mouse("mousemove", "450", "270")
+    mouse("mousemove", "578", "296", "mouseup", "1")
     mouse("key", "Return")  # into the property list
     mouse("key", "End")
     mouse("key", "Up")
@@ -87,7 +89,7 @@ def main():
             program.wait()
             server.terminate()
             server.wait()
-    if EXPECTED not in source or "    public void hatKnopf1Geklickt()\n" not in source:
+    if not re.search(EXPECTED, source) or "    public void hatKnopf1Geklickt()\n" not in source:
         sys.exit("wrong source:\n" + source)
 
 
