@@ -1,6 +1,7 @@
 #include "app/frmError.h"
 
 #include "app/ErrorReport.h"
+#include "designer/view/FormParts.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -14,34 +15,17 @@
 #include <QVBoxLayout>
 
 namespace pirol {
-namespace {
-
-/// The advice for a label, which knows LF only.
-QString AdviceText() {
-    return QString::fromStdString(ErrorAdvice()).replace("\r\n", "\n");
-}
-
-QPushButton* NewButton(const QString& name, const QString& caption, const QString& accessibleName) {
-    auto* button = new QPushButton(caption);
-    button->setObjectName(name);
-    button->setAccessibleName(accessibleName);
-    return button;
-}
-
-} // namespace
 
 frmError::frmError(const RuntimeError& error, QWidget* owner) : QDialog(owner), txtError_(new QPlainTextEdit) {
     setObjectName("frmError");
     setWindowTitle("Pirol - Fehlermeldung");
 
-    txtError_->setObjectName("txtError");
-    txtError_->setAccessibleName("Fehlerbericht");
+    Named(txtError_, "txtError", "Fehlerbericht");
     txtError_->setReadOnly(true);
     txtError_->setTabChangesFocus(true);
     // The report is to be selected and copied with the keyboard too, so it shows its caret.
     txtError_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    txtError_->setPlainText(
-        QString::fromStdString(ErrorReportText(error.ErrorNumber(), error.Description(), error.Label())));
+    txtError_->setPlainText(ToText(ErrorReportText(error.ErrorNumber(), error.Description(), error.Label())));
     txtError_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
     txtError_->setMinimumHeight(txtError_->fontMetrics().lineSpacing() * 7);
 
@@ -49,17 +33,14 @@ frmError::frmError(const RuntimeError& error, QWidget* owner) : QDialog(owner), 
     icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxCritical).pixmap(32, 32));
     icon->setAlignment(Qt::AlignTop);
 
-    auto* lblHandling = new QLabel(AdviceText());
-    lblHandling->setObjectName("lblHandling");
-    lblHandling->setAccessibleName("Was Sie tun können");
-    lblHandling->setWordWrap(true);
+    auto* lblHandling = Named(NewNote(ToLines(ErrorAdvice()), 64), "lblHandling", "Was Sie tun können");
     lblHandling->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    lblHandling->setMinimumWidth(fontMetrics().averageCharWidth() * 64);
     // At its narrowest the advice needs the most lines; a box layout alone would let it be cut off there.
     lblHandling->setMinimumHeight(lblHandling->heightForWidth(lblHandling->minimumWidth()));
 
-    auto* cmdCopy = NewButton("cmdCopy", "&Kopieren", "Fehlerbericht kopieren");
-    auto* cmdClose = NewButton("cmdClose", "&Schließen", "Schließen");
+    auto* cmdCopy = NewButton("cmdCopy", "&Kopieren");
+    auto* cmdClose = NewButton("cmdClose", "&Schließen");
+    cmdCopy->setAutoDefault(true); // Enter presses the button that has the focus
     cmdClose->setDefault(true);
 
     auto* buttons = new QHBoxLayout;

@@ -216,6 +216,19 @@ class frmListEditorTest : public QObject {
             QCOMPARE(bench.Items(), "a/neu");
     }
 
+    /// Enter presses the button that has the focus, not always OK.
+    void EnterPressesTheFocusedButton() {
+        Bench bench(keys::columns, "a");
+        bench.form.findChild<QPushButton*>("cmdRemove")->setFocus();
+        Press(Qt::Key_Return);
+        QVERIFY(bench.form.isVisible());
+        QCOMPARE(bench.Items(), "");
+        bench.form.findChild<QPushButton*>("cmdCancel")->setFocus();
+        Press(Qt::Key_Return);
+        QVERIFY(!bench.form.isVisible());
+        QCOMPARE(bench.form.result(), int(QDialog::Rejected));
+    }
+
     void EscapeClosesTheForm() {
         Bench bench(keys::columns, "a/b");
         Press(Qt::Key_Escape);

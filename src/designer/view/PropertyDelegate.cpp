@@ -1,5 +1,6 @@
 #include "designer/view/PropertyDelegate.h"
 
+#include "designer/view/FormParts.h"
 #include "designer/view/PropertyListModel.h"
 
 #include <QApplication>
@@ -14,6 +15,9 @@ namespace {
 const PropertyPanelRow& RowAt(const QModelIndex& index) {
     return static_cast<const PropertyListModel*>(index.model())->RowAt(index);
 }
+
+/// What the style leaves between a cell's edge and its text.
+constexpr int textMargin = 3;
 
 bool HasButton(const PropertyPanelRow& row) {
     return !row.isCategory && (row.editor == EditorKind::File || row.editor == EditorKind::List);
@@ -73,10 +77,6 @@ void PaintButton(QPainter& painter, const QStyleOptionViewItem& option) {
 
 } // namespace
 
-int PropertyDelegate::CaptionIndent(int rowHeight) {
-    return rowHeight / 2;
-}
-
 QRect PropertyDelegate::ButtonRect(const QRect& cell) {
     const int width = cell.height() * 4 / 3;
     return QRect(cell.right() - width, cell.top() + 1, width, cell.height() - 2);
@@ -87,7 +87,7 @@ QSize PropertyDelegate::sizeHint(const QStyleOptionViewItem& option, const QMode
     if (RowAt(index).isCategory)
         size.setWidth(0); // it spans both columns
     else if (index.column() == PropertyListModel::CaptionColumn)
-        size.rwidth() += CaptionIndent(size.height());
+        size.rwidth() += 2 * (captionMargin - textMargin);
     return size;
 }
 
@@ -106,7 +106,7 @@ void PropertyDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
         cell.state &= ~QStyle::State_HasFocus;
         StyleOf(option).drawPrimitive(QStyle::PE_PanelItemViewItem, &cell, painter, option.widget);
         if (isCaption)
-            cell.rect.setLeft(cell.rect.left() + CaptionIndent(cell.rect.height()));
+            cell.rect.setLeft(cell.rect.left() + captionMargin - textMargin);
         else if (HasButton(row))
             cell.rect.setRight(ButtonRect(cell.rect).left() - 1);
         if (row.editor == EditorKind::File)
@@ -126,16 +126,14 @@ QWidget* PropertyDelegate::createEditor(QWidget* parent, const QStyleOptionViewI
                                                        : CellDelegate::createEditor(parent, option, index);
     if (auto* line = qobject_cast<QLineEdit*>(editor); line != nullptr && row.editor == EditorKind::Character)
         line->setMaxLength(1);
-    editor->setObjectName(QString::fromUtf8(row.key));
-    editor->setAccessibleName(QString::fromUtf8(row.caption));
-    return editor;
+    return Named(editor, std::string(row.key).c_str(), ToText(row.caption));
 }
 
 QWidget* PropertyDelegate::NewChoiceEditor(QWidget* parent, const QModelIndex& index) const {
     auto* combo = new QComboBox(parent);
     combo->setFrame(false);
     for (const auto& [value, label] : Choices(RowAt(index).detail))
-        combo->addItem(QString::fromUtf8(label), QString::fromUtf8(value));
+        combo->addItem(ToText(label), ToText(value));
     auto* self = const_cast<PropertyDelegate*>(this); // a signal is no change of the delegate
     connect(combo, &QComboBox::activated, self, [self, combo] { emit self->commitData(combo); });
     return combo;

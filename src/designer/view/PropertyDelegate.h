@@ -13,8 +13,9 @@ class PropertyDelegate final : public CellDelegate {
   public:
     using CellDelegate::CellDelegate;
 
-    /// How far the captions stand in from the edge, in rows of that height.
-    static int CaptionIndent(int rowHeight);
+    /// The room left and right of a caption, in pixels.
+    static constexpr int captionMargin = 9;
+
     /// Where the value cell of a file or list shows its button "...".
     static QRect ButtonRect(const QRect& cell);
 

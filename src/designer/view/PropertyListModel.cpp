@@ -1,5 +1,6 @@
 #include "designer/view/PropertyListModel.h"
 
+#include "designer/view/FormParts.h"
 #include "model/Conversions.h"
 
 #include <algorithm>
@@ -18,7 +19,7 @@ bool IsSameList(const std::vector<PropertyPanelRow>& left, const std::vector<Pro
 }
 
 QString Shown(const PropertyPanelRow& row) {
-    return QString::fromStdString(ShownText(row));
+    return ToText(ShownText(row));
 }
 
 /// Text for a tool tip, which would take a value like "<b>" for markup.
@@ -90,9 +91,9 @@ QVariant PropertyListModel::data(const QModelIndex& index, int role) const {
     const bool isValue = index.column() == ValueColumn && !row.isCategory;
     switch (role) {
     case Qt::DisplayRole:
-        return isValue ? Shown(row) : index.column() == CaptionColumn ? QString::fromUtf8(row.caption) : QString();
+        return isValue ? Shown(row) : index.column() == CaptionColumn ? ToText(row.caption) : QString();
     case Qt::EditRole:
-        return isValue ? QVariant(QString::fromStdString(row.value)) : QVariant();
+        return isValue ? QVariant(ToText(row.value)) : QVariant();
     case Qt::CheckStateRole:
         if (isValue && row.editor == EditorKind::Flag)
             return ConvertToBoolean(row.value) ? Qt::Checked : Qt::Unchecked;
@@ -101,7 +102,7 @@ QVariant PropertyListModel::data(const QModelIndex& index, int role) const {
         return isValue && !row.value.empty() ? QVariant(ToolTip(Shown(row))) : QVariant();
     case Qt::AccessibleTextRole:
         // A reader that stands on the value says which property it is.
-        return isValue ? QString::fromUtf8(row.caption) + ": " + Shown(row) : QString::fromUtf8(row.caption);
+        return isValue ? ToText(row.caption) + ": " + Shown(row) : ToText(row.caption);
     default:
         return {};
     }

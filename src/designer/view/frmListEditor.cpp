@@ -4,6 +4,7 @@
 #include "designer/ListEditorModel.h"
 #include "designer/view/Bitmaps.h"
 #include "designer/view/CellDelegate.h"
+#include "designer/view/FormParts.h"
 #include "model/Conversions.h"
 
 #include <QAbstractTableModel>
@@ -21,6 +22,15 @@
 #include <utility>
 
 namespace pirol {
+namespace {
+
+QPushButton* NewRowButton(const char* name, const QString& caption, std::string_view icon) {
+    QPushButton* button = NewButton(name, caption);
+    button->setIcon(CommandIcon(icon));
+    return button;
+}
+
+} // namespace
 
 /// The rows being edited as an item model.
 class ListRowsModel final : public QAbstractTableModel {
@@ -52,7 +62,7 @@ class ListRowsModel final : public QAbstractTableModel {
         case Qt::DisplayRole:
             return Shown(isFlag ? LowerCase(value) : value);
         case Qt::EditRole:
-            return QString::fromStdString(value);
+            return ToText(value);
         case Qt::CheckStateRole:
             return isFlag ? QVariant(ConvertToBoolean(value) ? Qt::Checked : Qt::Unchecked) : QVariant();
         default:
@@ -89,7 +99,7 @@ class ListRowsModel final : public QAbstractTableModel {
             return {};
         if (orientation == Qt::Vertical)
             return section + 1;
-        return QString::fromStdString(list_.Descriptor().fields[static_cast<std::size_t>(section)].label);
+        return ToText(list_.Descriptor().fields[static_cast<std::size_t>(section)].label);
     }
 
     int AddRow() {
@@ -118,7 +128,7 @@ class ListRowsModel final : public QAbstractTableModel {
     static QString Shown(const std::string& value) {
         PropertyPanelRow row;
         row.value = value;
-        return QString::fromStdString(ShownText(row));
+        return ToText(ShownText(row));
     }
 
     const std::string& CellAt(const QModelIndex& index) const {
@@ -131,13 +141,12 @@ class ListRowsModel final : public QAbstractTableModel {
 };
 
 frmListEditor::frmListEditor(const PropertyPanelRow& property, QWidget* owner)
-    : QDialog(owner), rows_(new ListRowsModel({property.detail, property.value}, this)), lstRows_(new QTableView) {
+    : QDialog(owner), rows_(new ListRowsModel({property.detail, property.value}, this)),
+      lstRows_(Named(new QTableView, "lstRows", ToText(property.caption))) {
     setObjectName("frmListEditor");
-    const QString caption = QString::fromUtf8(property.caption);
+    const QString caption = ToText(property.caption);
     setWindowTitle(caption + " bearbeiten");
 
-    lstRows_->setObjectName("lstRows");
-    lstRows_->setAccessibleName(caption);
     lstRows_->setModel(rows_);
     lstRows_->setItemDelegate(new CellDelegate(lstRows_));
     lstRows_->setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -150,25 +159,29 @@ frmListEditor::frmListEditor(const PropertyPanelRow& property, QWidget* owner)
     lstRows_->installEventFilter(this);
     FitColumns();
 
-    auto* cmdAdd = NewButton("cmdAdd", "&Hinzufügen", "add");
-    cmdRemove_ = NewButton("cmdRemove", "&Entfernen", "remove");
-    cmdUp_ = NewButton("cmdUp", "Nach &oben", "up");
-    cmdDown_ = NewButton("cmdDown", "Nach &unten", "down");
+    auto* cmdAdd = NewRowButton("cmdAdd", "&Hinzufügen", "add");
+    cmdRemove_ = NewRowButton("cmdRemove", "&Entfernen", "remove");
+    cmdUp_ = NewRowButton("cmdUp", "Nach &oben", "up");
+    cmdDown_ = NewRowButton("cmdDown", "Nach &unten", "down");
     auto* rowButtons = new QVBoxLayout;
     for (QPushButton* button : {cmdAdd, cmdRemove_, cmdUp_, cmdDown_})
         rowButtons->addWidget(button);
     rowButtons->addStretch();
 
     auto* closing = new QDialogButtonBox;
-    closing->addButton(NewButton("cmdAccept", "OK", {}), QDialogButtonBox::AcceptRole);
-    closing->addButton(NewButton("cmdCancel", "Abbrechen", {}), QDialogButtonBox::RejectRole);
-
+    auto* cmdAccept = NewButton("cmdAccept", "OK");
+    closing->addButton(cmdAccept, QDialogButtonBox::AcceptRole);
+    closing->addButton(NewButton("cmdCancel", "Abbrechen"), QDialogButtonBox::RejectRole);
     auto* table = new QHBoxLayout;
     table->addWidget(lstRows_, 1);
     table->addLayout(rowButtons);
     auto* all = new QVBoxLayout(this);
     all->addLayout(table, 1);
     all->addWidget(closing);
+
+    for (QPushButton* button : findChildren<QPushButton*>())
+        button->setAutoDefault(true); // Enter presses the button that has the focus
+    cmdAccept->setDefault(true);
 
     connect(cmdAdd, &QPushButton::clicked, this, &frmListEditor::AddRow);
     connect(cmdRemove_, &QPushButton::clicked, this, &frmListEditor::RemoveRow);
@@ -288,16 +301,6 @@ void frmListEditor::FitColumns() {
     const int borders = character * 8;
     lstRows_->setMinimumWidth(std::max(lstRows_->horizontalHeader()->length() + borders, character * 40));
     lstRows_->setMinimumHeight(fontMetrics().height() * 14);
-}
-
-QPushButton* frmListEditor::NewButton(const QString& name, const QString& caption, const QString& icon) {
-    auto* button = new QPushButton(caption);
-    button->setObjectName(name);
-    button->setAccessibleName(QString(caption).remove('&'));
-    button->setAutoDefault(name == "cmdAccept");
-    if (!icon.isEmpty())
-        button->setIcon(CommandIcon(icon.toStdString()));
-    return button;
 }
 
 } // namespace pirol

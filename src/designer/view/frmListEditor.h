@@ -43,7 +43,6 @@ class frmListEditor : public QDialog {
     void SelectRow(int row);
     void UpdateButtons();
     void FitColumns();
-    QPushButton* NewButton(const QString& name, const QString& caption, const QString& icon);
 
     ListRowsModel* rows_;
     QTableView* lstRows_;

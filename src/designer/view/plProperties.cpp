@@ -1,6 +1,7 @@
 #include "designer/view/plProperties.h"
 
 #include "app/frmError.h"
+#include "designer/view/FormParts.h"
 #include "designer/view/frmListEditor.h"
 #include "designer/view/PropertyDelegate.h"
 #include "designer/view/PropertyListModel.h"
@@ -17,14 +18,13 @@ namespace pirol {
 namespace {
 
 QString KeyOf(const PropertyPanelRow& row) {
-    return QString::fromUtf8(row.key);
+    return ToText(row.key);
 }
 
 } // namespace
 
 plProperties::plProperties(QWidget* parent) : QTreeView(parent), model_(new PropertyListModel(this)) {
-    setObjectName("plProperties");
-    setAccessibleName("Eigenschaften");
+    Named(this, "plProperties", "Eigenschaften");
     setModel(model_);
     setItemDelegate(new PropertyDelegate(this));
 
