@@ -1,171 +1,201 @@
 #include "codegen/frmCode.h"
 
+#include "designer/view/Bitmaps.h"
+#include "designer/view/CodeBox.h"
 #include "designer/view/FormParts.h"
 
-#include <QFontDatabase>
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPlainTextEdit>
+#include <QLocale>
 #include <QPushButton>
-#include <QScrollBar>
 #include <QShortcut>
-#include <QTextBlock>
+#include <QTextCursor>
 #include <QVBoxLayout>
-
-#include <algorithm>
 
 namespace pirol {
 namespace {
 
-constexpr QSize usualSize(760, 600);
-constexpr double smallestPointSize = 5;
-constexpr double largestPointSize = 60;
+constexpr int charactersWide = 100;
+constexpr int linesHigh = 36;
 
-QTextCharFormat FormatOf(const Colour& colour) {
-    QTextCharFormat format;
-    format.setForeground(QColor(colour.red, colour.green, colour.blue));
-    return format;
+QPushButton* NewIconButton(const char* name, const QString& caption, std::string_view icon, const QString& toolTip) {
+    QPushButton* button = NewButton(name, caption, toolTip);
+    button->setIcon(CommandIcon(icon));
+    return button;
+}
+
+QHBoxLayout* NewRow(QWidget* row, std::initializer_list<QWidget*> widgets) {
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    for (QWidget* widget : widgets)
+        layout->addWidget(widget);
+    return layout;
 }
 
 } // namespace
 
 frmCode::frmCode(std::string_view source, QWidget* owner)
-    : QDialog(owner), rtfCode_(Named(new QPlainTextEdit, "rtfCode", "Erzeugter Java-Quelltext")) {
+    : QDialog(owner), rtfCode_(Named(new CodeBox, "rtfCode", "Java-Quelltext")) {
     setObjectName("frmCode");
     setWindowTitle("Pirol - SuMAnwendung.java");
-    resize(usualSize);
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
 
-    rtfCode_->setReadOnly(true);
-    // A read-only box shows no caret otherwise, and the keyboard needs one to select text.
-    rtfCode_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    rtfCode_->setLineWrapMode(QPlainTextEdit::NoWrap);
-    rtfCode_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    usualPointSize_ = rtfCode_->font().pointSizeF();
-    rtfCode_->setPlainText(ToText(source));
-    spans_ = HightlightSyntax(rtfCode_->toPlainText().toStdU16String());
+    rtfCode_->ShowSource(ToLines(source));
+    lblLines_ = Named(new QLabel(QLocale(QLocale::German).toString(rtfCode_->Source().count('\n') + 1) + " Zeilen"),
+                      "lblLines", {});
+    auto* cmdClose = NewButton("cmdClose", "S&chließen");
 
-    auto* layout = new QVBoxLayout(this);
-    layout->addLayout(NewFindBar());
-    layout->addWidget(rtfCode_);
-    layout->addLayout(NewButtonRow());
+    auto* closing = new QHBoxLayout;
+    closing->addWidget(lblLines_, 1);
+    closing->addWidget(cmdClose);
+
+    auto* all = new QVBoxLayout(this);
+    all->addWidget(NewCommandRow());
+    all->addWidget(rtfCode_, 1);
+    all->addWidget(NewSearchRow());
+    all->addLayout(closing);
+
+    connect(cmdClose, &QPushButton::clicked, this, &QDialog::accept);
+    connect(rtfCode_, &CodeBox::Zoomed, this, &frmCode::ShowZoom);
+    AddKey(QKeySequence::Find, [this] { OpenSearch(); });
+    AddKey(QKeySequence::FindNext, [this] { Search(CodeBox::Direction::Onward); });
+    AddKey(QKeySequence::FindPrevious, [this] { Search(CodeBox::Direction::Backward); });
+    AddKey(QKeySequence::ZoomIn, [this] { rtfCode_->Zoom(1); });
+    AddKey(Qt::CTRL | Qt::Key_Equal, [this] { rtfCode_->Zoom(1); }); // the plus of keyboards that need Shift for it
+    AddKey(QKeySequence::ZoomOut, [this] { rtfCode_->Zoom(-1); });
+    AddKey(Qt::CTRL | Qt::Key_0, [this] { rtfCode_->ResetZoom(); });
+
+    const QFontMetrics metrics(rtfCode_->font());
+    resize(metrics.averageCharWidth() * charactersWide, metrics.lineSpacing() * linesHigh);
     rtfCode_->setFocus();
-
-    connect(rtfCode_, &QPlainTextEdit::updateRequest, this, &frmCode::ColourVisibleText);
-    const auto onKey = [this](const QKeySequence& key, auto action) {
-        connect(new QShortcut(key, this), &QShortcut::activated, this, action);
-    };
-    onKey(QKeySequence::Find, [this] { StartFinding(); });
-    onKey(Qt::Key_F3, [this] { Find(true); });
-    onKey(Qt::SHIFT | Qt::Key_F3, [this] { Find(false); });
-    onKey(QKeySequence::ZoomIn, [this] { Zoom(1); });
-    onKey(Qt::CTRL | Qt::Key_Equal, [this] { Zoom(1); });
-    onKey(QKeySequence::ZoomOut, [this] { Zoom(-1); });
-    onKey(Qt::CTRL | Qt::Key_0, [this] { Zoom(0); });
 }
 
-QLayout* frmCode::NewFindBar() {
-    auto* bar = new QHBoxLayout;
-    txtFind_ = Named(new QLineEdit, "txtFind", "Suchtext");
-    txtFind_->setClearButtonEnabled(true);
-    auto* caption = new QLabel("S&uchen:");
-    caption->setBuddy(txtFind_);
-    lblFound_ = Named(new QLabel, "lblFound", "Ergebnis der Suche");
-    QPushButton* next = NewButton("cmdFindNext", "&Weiter", "Sucht vorwärts (F3)");
-    QPushButton* previous = NewButton("cmdFindPrevious", "&Zurück", "Sucht rückwärts (Umschalt+F3)");
-    for (QPushButton* button : {next, previous})
-        button->setAutoDefault(false);
-    connect(txtFind_, &QLineEdit::returnPressed, this, [this] { Find(true); });
-    connect(next, &QPushButton::clicked, this, [this] { Find(true); });
-    connect(previous, &QPushButton::clicked, this, [this] { Find(false); });
-    for (QWidget* part : {static_cast<QWidget*>(caption), static_cast<QWidget*>(txtFind_), static_cast<QWidget*>(next),
-                          static_cast<QWidget*>(previous)})
-        bar->addWidget(part);
-    bar->addWidget(lblFound_);
-    return bar;
-}
+QWidget* frmCode::NewCommandRow() {
+    auto* cmdCopy = NewIconButton("cmdCopy", "&Kopieren", "copy",
+                                  "Kopiert den markierten Text, ohne Markierung den ganzen (Strg+C)");
+    auto* cmdSelectAll = NewIconButton("cmdSelectAll", "&Alles auswählen", "selectall", "Strg+A");
+    auto* cmdFind = NewIconButton("cmdFind", "&Suchen …", "find", "Strg+F");
+    cmdPrint_ = NewButton("cmdPrint", "&Drucken …");
+    cmdPrint_->hide();
+    auto* cmdZoomOut = NewIconButton("cmdZoomOut", {}, "zoomout", "Schrift verkleinern (Strg+Minus)");
+    cmdZoomOut->setAccessibleName("Schrift verkleinern");
+    cmdZoomReset_ = NewButton("cmdZoomReset", {}, "Schrift in erster Größe (Strg+0)");
+    auto* cmdZoomIn = NewIconButton("cmdZoomIn", {}, "zoomin", "Schrift vergrößern (Strg+Plus)");
+    cmdZoomIn->setAccessibleName("Schrift vergrößern");
+    ShowZoom();
 
-QLayout* frmCode::NewButtonRow() {
-    auto* row = new QHBoxLayout;
-    QPushButton* all = NewButton("cmdSelectAll", "&Alles markieren", "Markiert den ganzen Quelltext (Strg+A)");
-    QPushButton* copy = NewButton("cmdCopy", "&Kopieren", "Kopiert den markierten Text, sonst den ganzen (Strg+C)");
-    QPushButton* close = NewButton("cmdClose", "&Schließen", "Schließt die Anzeige (Esc)");
-    for (QPushButton* button : {all, copy, close})
-        button->setAutoDefault(false);
-    connect(all, &QPushButton::clicked, rtfCode_, [this] {
+    auto* row = new QWidget;
+    NewRow(row, {cmdCopy, cmdSelectAll, cmdFind, cmdPrint_, cmdZoomOut, cmdZoomReset_, cmdZoomIn})->insertStretch(4);
+
+    connect(cmdCopy, &QPushButton::clicked, this, &frmCode::Copy);
+    connect(cmdSelectAll, &QPushButton::clicked, this, [this] {
+        rtfCode_->FinishLoading();
         rtfCode_->selectAll();
         rtfCode_->setFocus();
     });
-    connect(copy, &QPushButton::clicked, rtfCode_, [this] {
-        if (!rtfCode_->textCursor().hasSelection())
-            rtfCode_->selectAll();
-        rtfCode_->copy();
-    });
-    connect(close, &QPushButton::clicked, this, &QDialog::accept);
-    row->addWidget(all);
-    row->addWidget(copy);
-    row->addStretch();
-    row->addWidget(close);
+    connect(cmdFind, &QPushButton::clicked, this, &frmCode::OpenSearch);
+    connect(cmdZoomOut, &QPushButton::clicked, this, [this] { rtfCode_->Zoom(-1); });
+    connect(cmdZoomReset_, &QPushButton::clicked, rtfCode_, &CodeBox::ResetZoom);
+    connect(cmdZoomIn, &QPushButton::clicked, this, [this] { rtfCode_->Zoom(1); });
     return row;
 }
 
-/// Only what is seen is coloured: the box lays out and paints a hundred thousand lines no faster than it must.
-void frmCode::ColourVisibleText() {
-    if (colouring_)
-        return;
-    const QTextCursor first = rtfCode_->cursorForPosition(QPoint(0, 0));
-    const QTextCursor last = rtfCode_->cursorForPosition(QPoint(0, rtfCode_->viewport()->height()));
-    const auto begin = static_cast<std::size_t>(first.block().position());
-    const auto end = static_cast<std::size_t>(last.block().position() + last.block().length());
-    if (begin == colouredBegin_ && end == colouredEnd_)
-        return;
-    colouredBegin_ = begin;
-    colouredEnd_ = end;
-    auto span = std::partition_point(spans_.begin(), spans_.end(),
-                                     [begin](const ColourSpan& s) { return s.begin + s.length <= begin; });
-    QList<QTextEdit::ExtraSelection> coloured;
-    for (; span != spans_.end() && span->begin < end; ++span) {
-        QTextEdit::ExtraSelection selection;
-        selection.cursor = QTextCursor(rtfCode_->document());
-        selection.cursor.setPosition(static_cast<int>(span->begin));
-        selection.cursor.setPosition(static_cast<int>(span->begin + span->length), QTextCursor::KeepAnchor);
-        selection.format = FormatOf(span->colour);
-        coloured.push_back(selection);
-    }
-    // Setting them makes the box ask for updates, which lead here again.
-    colouring_ = true;
-    rtfCode_->setExtraSelections(coloured);
-    colouring_ = false;
+QWidget* frmCode::NewSearchRow() {
+    searchRow_ = new QWidget;
+    txtFind_ = Named(new QLineEdit, "txtFind", "Suchtext");
+    txtFind_->setPlaceholderText("Suchtext");
+    txtFind_->setClearButtonEnabled(true);
+    chkCase_ = Named(new QCheckBox("&Groß-/Kleinschreibung"), "chkCase", "Groß- und Kleinschreibung beachten");
+    lblFound_ = Named(new QLabel, "lblFound", {});
+    lblFound_->setMinimumWidth(lblFound_->fontMetrics().horizontalAdvance("von vorn weitergesucht"));
+    auto* cmdFindPrevious = NewIconButton("cmdFindPrevious", "&Vorheriger", "up", "Umschalt+F3");
+    auto* cmdFindNext = NewIconButton("cmdFindNext", "&Nächster", "down", "F3");
+    NewRow(searchRow_, {txtFind_, chkCase_, cmdFindPrevious, cmdFindNext, lblFound_});
+    searchRow_->hide();
+
+    connect(txtFind_, &QLineEdit::textChanged, this, [this] { Search(CodeBox::Direction::WithStart); });
+    connect(chkCase_, &QCheckBox::toggled, this, [this] { Search(CodeBox::Direction::WithStart); });
+    connect(cmdFindPrevious, &QPushButton::clicked, this, [this] { Search(CodeBox::Direction::Backward); });
+    connect(cmdFindNext, &QPushButton::clicked, this, [this] { Search(CodeBox::Direction::Onward); });
+    return searchRow_;
 }
 
-void frmCode::StartFinding() {
-    txtFind_->setFocus(Qt::ShortcutFocusReason);
+void frmCode::OfferPrinting(std::function<void(QTextDocument&)> print) {
+    connect(cmdPrint_, &QPushButton::clicked, this, [this, print = std::move(print)] {
+        rtfCode_->ColourAll();
+        print(*rtfCode_->document());
+    });
+    cmdPrint_->show();
+}
+
+void frmCode::AddKey(const QKeySequence& keys, const std::function<void()>& command) {
+    connect(new QShortcut(keys, this), &QShortcut::activated, this, command);
+}
+
+void frmCode::keyPressEvent(QKeyEvent* event) {
+    const bool inSearch = txtFind_->hasFocus();
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enter && inSearch)
+        Search(event->modifiers().testFlag(Qt::ShiftModifier) ? CodeBox::Direction::Backward
+                                                              : CodeBox::Direction::Onward);
+    else if (auto* button = qobject_cast<QPushButton*>(focusWidget()); enter && button != nullptr)
+        button->click();
+    else if (enter)
+        event->accept(); // a reader who presses it in the text does not mean to close
+    else if (event->key() == Qt::Key_Escape && searchRow_->isVisible())
+        CloseSearch();
+    else
+        QDialog::keyPressEvent(event);
+}
+
+void frmCode::Copy() {
+    if (rtfCode_->textCursor().hasSelection())
+        rtfCode_->copy();
+    else
+        QApplication::clipboard()->setText(rtfCode_->Source());
+}
+
+void frmCode::OpenSearch() {
+    const QString selected = rtfCode_->textCursor().selectedText();
+    searchRow_->show();
+    if (!selected.isEmpty() && !selected.contains(QChar::ParagraphSeparator))
+        txtFind_->setText(selected);
     txtFind_->selectAll();
+    txtFind_->setFocus();
 }
 
-/// From the caret on; at the end the search goes on at the other one.
-void frmCode::Find(bool forward) {
-    const QString text = txtFind_->text();
-    if (text.isEmpty())
-        return StartFinding();
-    const QTextDocument::FindFlags flags = forward ? QTextDocument::FindFlags() : QTextDocument::FindBackward;
-    bool found = rtfCode_->find(text, flags);
-    if (!found) {
-        const QTextCursor before = rtfCode_->textCursor();
-        rtfCode_->moveCursor(forward ? QTextCursor::Start : QTextCursor::End);
-        found = rtfCode_->find(text, flags);
-        if (!found)
-            rtfCode_->setTextCursor(before);
+void frmCode::CloseSearch() {
+    searchRow_->hide();
+    rtfCode_->setFocus();
+}
+
+void frmCode::Search(CodeBox::Direction direction) {
+    lblFound_->clear();
+    if (txtFind_->text().isEmpty())
+        return;
+    const auto sensitivity = chkCase_->isChecked() ? Qt::CaseSensitive : Qt::CaseInsensitive;
+    switch (rtfCode_->Search(txtFind_->text(), direction, sensitivity)) {
+    case CodeBox::Found::Ahead:
+        break;
+    case CodeBox::Found::Nowhere:
+        lblFound_->setText("nicht gefunden");
+        break;
+    case CodeBox::Found::PastTheEnd:
+        lblFound_->setText(direction == CodeBox::Direction::Backward ? "vom Ende weitergesucht"
+                                                                     : "von vorn weitergesucht");
+        break;
     }
-    lblFound_->setText(found ? QString() : QString("nicht gefunden"));
 }
 
-/// One step larger or smaller; 0 steps give the usual size.
-void frmCode::Zoom(int steps) {
-    QFont font = rtfCode_->font();
-    const double size = steps == 0 ? usualPointSize_ : font.pointSizeF() + steps;
-    font.setPointSizeF(std::clamp(size, smallestPointSize, largestPointSize));
-    rtfCode_->setFont(font);
+void frmCode::ShowZoom() {
+    const QString percent = QString::number(rtfCode_->ZoomPercent()) + " %";
+    cmdZoomReset_->setText(percent);
+    cmdZoomReset_->setAccessibleName("Schriftgröße " + percent);
 }
 
 } // namespace pirol

@@ -1,44 +1,56 @@
 #pragma once
 
-#include "codegen/SyntaxHighlighter.h"
+#include "designer/view/CodeBox.h"
 
 #include <QDialog>
 
+#include <functional>
 #include <string_view>
-#include <vector>
 
+class QCheckBox;
 class QLabel;
 class QLineEdit;
-class QPlainTextEdit;
+class QPushButton;
+class QTextDocument;
 
 namespace pirol {
 
-/// The code viewer: shows Java source read-only and coloured, with search and zoom. Nothing flows back into the design.
+/// The code viewer: shows generated source with its colours, to read, search and copy. Nothing flows back into the
+/// design.
+///
+/// Keys: Ctrl+C copies, Ctrl+A selects everything, Ctrl+F searches, F3 and Shift+F3 go to the next and previous hit,
+/// Ctrl with plus, minus or 0 zooms, Escape closes the search and then the viewer.
 class frmCode : public QDialog {
     Q_OBJECT
 
   public:
-    /// `source` is UTF-8 with CR LF. Opens in the middle of its owner.
+    /// The source is UTF-8.
     frmCode(std::string_view source, QWidget* owner);
 
-    QPlainTextEdit* SourceBox() const { return rtfCode_; }
+    /// Offers a button that calls this with the coloured text.
+    void OfferPrinting(std::function<void(QTextDocument&)> print);
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
 
   private:
-    QLayout* NewFindBar();
-    QLayout* NewButtonRow();
-    void ColourVisibleText();
-    void StartFinding();
-    void Find(bool forward);
-    void Zoom(int steps);
+    QWidget* NewCommandRow();
+    QWidget* NewSearchRow();
+    void AddKey(const QKeySequence& keys, const std::function<void()>& command);
+    void Copy();
+    void OpenSearch();
+    void CloseSearch();
+    void Search(CodeBox::Direction direction);
+    void ShowZoom();
 
-    QPlainTextEdit* rtfCode_;
-    QLineEdit* txtFind_ = nullptr;
-    QLabel* lblFound_ = nullptr;
-    std::vector<ColourSpan> spans_;
-    std::size_t colouredBegin_ = 0; ///< the stretch of text that is coloured now
-    std::size_t colouredEnd_ = 0;
-    bool colouring_ = false;
-    double usualPointSize_ = 0;
+    CodeBox* rtfCode_;
+    QWidget* searchRow_;
+    QLineEdit* txtFind_;
+    QCheckBox* chkCase_;
+    QLabel* lblFound_;
+    QPushButton* cmdPrint_;
+    QPushButton* cmdZoomReset_;
+    QLabel* lblLines_;
 };
 
 } // namespace pirol
