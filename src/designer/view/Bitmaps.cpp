@@ -1,5 +1,9 @@
 #include "designer/view/Bitmaps.h"
 
+#include <QIconEngine>
+#include <QPainter>
+
+#include <algorithm>
 #include <map>
 #include <span>
 #include <string>
@@ -53,10 +57,54 @@ const QImage& Icon(const std::string& fileName) {
     return images[fileName];
 }
 
-void AddSizes(QIcon& icon, std::string_view name, std::span<const int> sizes) {
-    for (const int size : sizes)
-        if (const QImage& image = IconImage(name, size); !image.isNull())
-            icon.addPixmap(QPixmap::fromImage(image));
+/// A picture in several sizes of which only those are decoded that are shown: starting needs few of the many.
+class EmbeddedIconEngine final : public QIconEngine {
+  public:
+    /// `smallest` stands for 16 pixels where it is not empty; the other sizes are the icons of that name.
+    EmbeddedIconEngine(std::string name, std::span<const int> sizes, std::string smallest)
+        : name_(std::move(name)), smallest_(std::move(smallest)), sizes_(sizes) {}
+
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        // A plain icon of that one size knows how to look disabled.
+        return QIcon(QPixmap::fromImage(ImageFor(size))).pixmap(size, 1.0, mode, state);
+    }
+    QPixmap scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State state, qreal) override {
+        return pixmap(size, mode, state);
+    }
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override {
+        const double ratio = painter->device()->devicePixelRatioF();
+        painter->drawPixmap(rect, pixmap(rect.size() * ratio, mode, state));
+    }
+    QIconEngine* clone() const override { return new EmbeddedIconEngine(*this); }
+    QList<QSize> availableSizes(QIcon::Mode, QIcon::State) override {
+        QList<QSize> available;
+        for (const int size : sizes_)
+            if (size <= largestOffered)
+                available << QSize(size, size);
+        return available;
+    }
+
+  private:
+    /// Window managers fetch every size that is offered, whether or not they show it.
+    static constexpr int largestOffered = 64;
+
+    const QImage& ImageFor(const QSize& wanted) const {
+        const int length = std::max(wanted.width(), wanted.height());
+        const auto found = std::find_if(sizes_.begin(), sizes_.end(), [length](int size) { return size >= length; });
+        const int size = found != sizes_.end() ? *found : sizes_.back();
+        return size == sizes_.front() && !smallest_.empty() ? Bitmap(smallest_) : IconImage(name_, size);
+    }
+
+    std::string name_;
+    std::string smallest_;
+    std::span<const int> sizes_;
+};
+
+QIcon NewIcon(std::string_view name, std::span<const int> sizes, std::string smallest = {}) {
+    const std::string firstFile = std::string(name) + "_" + std::to_string(sizes.front()) + ".png";
+    if (smallest.empty() && EmbeddedIcon(firstFile).empty())
+        return {};
+    return QIcon(new EmbeddedIconEngine(std::string(name), sizes, std::move(smallest)));
 }
 
 } // namespace
@@ -76,21 +124,15 @@ const QImage& IconImage(std::string_view name, int size) {
 
 QIcon KindIcon(ComponentKind kind) {
     const std::string name(RowOf(kind).imageKey);
-    QIcon icon(QPixmap::fromImage(Bitmap(QString::fromStdString(name).toUpper().toStdString())));
-    AddSizes(icon, name, std::span(iconSizes).subspan(1));
-    return icon;
+    return NewIcon(name, iconSizes, QString::fromStdString(name).toUpper().toStdString());
 }
 
 QIcon CommandIcon(std::string_view name) {
-    QIcon icon;
-    AddSizes(icon, name, iconSizes);
-    return icon;
+    return NewIcon(name, iconSizes);
 }
 
 QIcon ProgramIcon() {
-    QIcon icon;
-    AddSizes(icon, "pirol", programIconSizes);
-    return icon;
+    return NewIcon("pirol", programIconSizes);
 }
 
 } // namespace pirol
