@@ -1,6 +1,7 @@
 #include "model/Conversions.h"
 #include "window/MainWindow.h"
 
+#include <QAbstractItemView>
 #include <QAccessible>
 #include <QLabel>
 #include <QPaintEvent>
@@ -138,6 +139,32 @@ class PicContainerTest : public QObject {
         QCOMPARE(canvas.Selected(), first);
         main.Key(Qt::Key_Delete);
         QCOMPARE(main.window.Model().VisibleBox(first), Rectangle{});
+    }
+
+    void EnterLeadsToThePropertiesAndEscapeBack() {
+        MainWindow main;
+        main.Command("mnuObjectsObject1")->trigger();
+        main.Drag(10, 10, 110, 60);
+        const ComponentRef button = main.Selected();
+        const auto name = [&] { return main.window.Model().Element(button).ObjectName; };
+        main.Key(Qt::Key_Return);
+        auto* list = main.Find<QAbstractItemView>("plProperties");
+        QVERIFY(list->hasFocus());
+        main.Key(Qt::Key_Return);
+        QVERIFY2(list->isAncestorOf(QApplication::focusWidget()), "the name is being edited");
+        QTest::keyClicks(QApplication::focusWidget(), "xy");
+        main.Key(Qt::Key_Home);
+        main.Key(Qt::Key_Delete);
+        QCOMPARE(main.window.Model().VisibleBox(button), (Rectangle{10, 10, 100, 50})); // only a letter was deleted
+        main.Command("mnuViewShowGrid")->trigger();
+        QCOMPARE(name(), std::string("y")); // a command takes over what is being typed
+        main.Key(Qt::Key_Escape);
+        QCOMPARE(QApplication::focusWidget(), main.canvas);
+        QCOMPARE(main.Selected(), button);
+
+        list->setFocus();
+        main.Key(Qt::Key_Delete);
+        QCOMPARE(main.window.Model().VisibleBox(button), Rectangle{}); // the window sees the key before the list
     }
 
     void TheSelectionChosenByKeyboardIsScrolledIntoView() {

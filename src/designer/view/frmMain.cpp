@@ -15,6 +15,7 @@
 #include <QEvent>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QScreen>
 #include <QScrollBar>
@@ -144,6 +145,14 @@ bool frmMain::eventFilter(QObject* watched, QEvent* event) {
     if (watched == panels_[0] && event->type() == QEvent::Resize)
         ShowStatus();
     return QMainWindow::eventFilter(watched, event);
+}
+
+void frmMain::keyPressEvent(QKeyEvent* event) {
+    // Where no part of the window wants it, Escape leads back to the canvas, as Enter leads away from it.
+    if (event->key() == Qt::Key_Escape)
+        picContainer_->setFocus(Qt::OtherFocusReason);
+    else
+        QMainWindow::keyPressEvent(event);
 }
 
 void frmMain::LayOut() {

@@ -4,6 +4,7 @@
 #include "designer/view/FormParts.h"
 #include "designer/view/frmMain.h"
 #include "designer/view/picContainer.h"
+#include "designer/view/plProperties.h"
 #include "designer/view/tbComponents.h"
 #include "project/FileCommands.h"
 #include "project/frmLoading.h"
@@ -116,7 +117,11 @@ void frmMain::AddCommand(QMenu* menu, const CommandRow& row) {
     action->setCheckable(row.type == CommandRow::CheckItem);
     action->setEnabled(row.run != nullptr);
     if (row.run != nullptr)
-        connect(action, &QAction::triggered, this, row.run);
+        connect(action, &QAction::triggered, this, [this, run = row.run] {
+            // A shortcut leaves the focus where it is; what is being typed there counts all the same.
+            plProperties_->FinishEditing();
+            (this->*run)();
+        });
     // Drawings cost time at the start, and most menus are never opened.
     connect(menu, &QMenu::aboutToShow, action, [action, icon = row.icon] {
         if (action->icon().isNull() && *icon != '\0')
