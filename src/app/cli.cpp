@@ -1,5 +1,6 @@
 // pirol-cli: what the designer does with files, without a window.
 
+#include "app/Console.h"
 #include "codegen/JavaGenerator.h"
 #include "codegen/JavaImport.h"
 #include "codegen/JavaText.h"
@@ -17,12 +18,6 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
-#ifdef _WIN32
-#include <fcntl.h>
-#include <io.h>
-#include <windows.h>
-#endif
 
 namespace {
 
@@ -194,46 +189,6 @@ void RunCall(std::span<const std::string> words) {
     command->run(ParseArguments(*command, words.subspan(1)));
 }
 
-#ifdef _WIN32
-
-/// The words of the call in UTF-8. Windows gives main the words in the system code page, which loses what it lacks.
-std::vector<std::string> Words(int /*argc*/, char** /*argv*/) {
-    int count = 0;
-    wchar_t** wide = CommandLineToArgvW(GetCommandLineW(), &count);
-    std::vector<std::string> words;
-    for (int index = 1; index < count; ++index)
-        words.push_back(TextOf(wide[index]));
-    LocalFree(wide);
-    return words;
-}
-
-/// Lets all output out byte for byte, without a second CR before a line end, to a console that reads UTF-8 meanwhile.
-class PlainOutput {
-  public:
-    PlainOutput() {
-        for (std::FILE* stream : {stdout, stderr})
-            _setmode(_fileno(stream), _O_BINARY);
-        SetConsoleOutputCP(CP_UTF8);
-    }
-    PlainOutput(const PlainOutput&) = delete;
-    PlainOutput& operator=(const PlainOutput&) = delete;
-    ~PlainOutput() { SetConsoleOutputCP(before_); }
-
-  private:
-    UINT before_ = GetConsoleOutputCP();
-};
-
-#else
-
-/// The words of the call in UTF-8.
-std::vector<std::string> Words(int argc, char** argv) {
-    return {argv + std::min(argc, 1), argv + argc};
-}
-
-struct PlainOutput {};
-
-#endif
-
 int Fail(ExitStatus status, std::string_view message) {
     std::fprintf(stderr, "%.*s\n", static_cast<int>(message.size()), message.data());
     return status;
@@ -242,9 +197,9 @@ int Fail(ExitStatus status, std::string_view message) {
 } // namespace
 
 int main(int argc, char** argv) {
-    [[maybe_unused]] const PlainOutput plainOutput;
+    const PlainOutput plainOutput;
     try {
-        RunCall(Words(argc, argv));
+        RunCall(CallWords(argc, argv));
         return done;
     } catch (const UsageError& error) {
         return Fail(wrongCall, Concatenate(error.message, "\n", usage));

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace pirol {
+
+/// The words of the program's call behind its own name, in UTF-8, from what main was given.
+std::vector<std::string> CallWords(int argumentCount, char** arguments);
+
+/// While it lives, standard output and standard error go out byte for byte, and a Windows console shows them as UTF-8.
+class PlainOutput {
+  public:
+    PlainOutput();
+    PlainOutput(const PlainOutput&) = delete;
+    PlainOutput& operator=(const PlainOutput&) = delete;
+    ~PlainOutput();
+
+  private:
+    unsigned codePageBefore_ = 0;
+};
+
+} // namespace pirol
