@@ -1,5 +1,5 @@
 #include "app/frmError.h"
-#include "window/ModalDialogs.h"
+#include "window/Forms.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -19,7 +19,8 @@ namespace {
 void WhileReported(QWidget& owner, const std::function<void()>& operation, const std::function<void(QDialog&)>& look,
                    Qt::Key key = Qt::Key_Return) {
     bool closed = false;
-    WhenDialogOpens([&](QDialog& form) {
+    test::WhenShown<frmError>([&](frmError& form) {
+        QVERIFY(QTest::qWaitForWindowActive(&form));
         look(form);
         QTest::keyClick(form.focusWidget(), key);
         closed = !form.isVisible();
@@ -43,7 +44,10 @@ class frmErrorTest : public QObject {
         auto owner = std::make_unique<QWidget>();
         QVERIFY(ReportErrorsLater(owner.get(), [] {}));
         bool seen = false;
-        WhenDialogOpens([&seen](QDialog&) { seen = true; });
+        test::WhenShown<frmError>([&seen](frmError& form) {
+            seen = true;
+            form.reject();
+        });
         QVERIFY(!ReportErrorsLater(owner.get(), FailWithLabel));
         QVERIFY(QApplication::activeModalWidget() == nullptr);
         owner.reset();

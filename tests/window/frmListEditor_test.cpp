@@ -1,7 +1,8 @@
+#include "app/frmError.h"
 #include "designer/controls/PropertyTable.h"
 #include "designer/ListText.h"
 #include "designer/view/frmListEditor.h"
-#include "window/ModalDialogs.h"
+#include "window/Forms.h"
 
 #include <QApplication>
 #include <QHeaderView>
@@ -181,7 +182,10 @@ class frmListEditorTest : public QObject {
         bench.table.setCurrentIndex(bench.table.model()->index(0, 2));
         Type(typed);
         QString text;
-        WhenDialogOpens([&text](QDialog& form) { text = form.findChild<QPlainTextEdit*>("txtError")->toPlainText(); });
+        test::WhenShown<frmError>([&text](frmError& form) {
+            text = form.findChild<QPlainTextEdit*>("txtError")->toPlainText();
+            form.reject();
+        });
         if (byOk)
             bench.Click("cmdAccept");
         else

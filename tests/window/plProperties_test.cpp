@@ -1,8 +1,9 @@
 #include "app/frmError.h"
+#include "designer/view/frmListEditor.h"
 #include "designer/view/plProperties.h"
 #include "model/Conversions.h"
 #include "model/ProjectModel.h"
-#include "window/ModalDialogs.h"
+#include "window/Forms.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -347,7 +348,7 @@ class plPropertiesTest : public QObject {
         else
             Type(typed);
         int reports = 0;
-        WhenDialogOpens([&](QDialog& form) {
+        test::WhenShown<frmError>([&](frmError& form) {
             ++reports;
             const QString text = form.findChild<QPlainTextEdit*>("txtError")->toPlainText();
             QVERIFY2(text.contains(report) && text.endsWith("Main.File.Properties.PropertyChanged"), qPrintable(text));
@@ -440,7 +441,8 @@ class plPropertiesTest : public QObject {
         const QModelIndex cell = bench.Cell("Einträge");
         QCOMPARE(cell.data().toString(), "(leer)");
         bench.Select("Einträge");
-        WhenDialogOpens([](QDialog& dialog) {
+        test::WhenShown<frmListEditor>([](frmListEditor& dialog) {
+            QVERIFY(QTest::qWaitForWindowActive(&dialog));
             QCOMPARE(dialog.windowTitle(), "Einträge bearbeiten");
             QTest::keyClick(dialog.findChild<QTableView*>("lstRows"), Qt::Key_Insert);
             Type("eins");

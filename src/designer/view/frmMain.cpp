@@ -110,7 +110,7 @@ void frmMain::BuildSurface() {
     for (QScrollBar* bar : {vScroll_, hScroll_})
         connect(bar, &QScrollBar::valueChanged, this, [this] { Run([this] { ShowScrolledCanvas(); }); });
 
-    plProperties_ = Named(new plProperties(surface_), "plProperties", "Eigenschaften");
+    plProperties_ = new plProperties(surface_);
     connect(plProperties_, &plProperties::PropertyEdited, this, &frmMain::ChangeProperty);
     plProperties_->SetFileChooser([this](const std::string& filter, const std::string& path) {
         return dialogs_.ShowOpen({"Datei wählen", filter, FileDialogSetup::FileMustExist, path});

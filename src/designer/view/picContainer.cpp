@@ -77,6 +77,10 @@ void picContainer::mousePressEvent(QMouseEvent* event) {
 }
 
 void picContainer::mouseMoveEvent(QMouseEvent* event) {
+    // A dialog that opened during the gesture got the release that ends it.
+    const bool inGesture = canvas_.IsMoving() || canvas_.IsResizing() || canvas_.IsDrawing();
+    if (inGesture && event->buttons() == Qt::NoButton)
+        Run([&] { canvas_.Release(); });
     Run([&] { canvas_.Move(event->pos().x(), event->pos().y()); });
     if (event->buttons() == Qt::NoButton)
         ShowCursor(event->pos());
