@@ -1,4 +1,5 @@
 #include "app/frmCommonDialog.h"
+#include "app/frmHelp.h"
 #include "app/frmProgramStarter.h"
 #include "designer/view/Bitmaps.h"
 #include "designer/view/frmMain.h"
@@ -27,6 +28,8 @@ int main(int argumentCount, char* arguments[]) {
     QApplication::setApplicationVersion(PIROL_VERSION);
     QApplication::setWindowIcon(pirol::ProgramIcon());
     pirol::SpeakGerman(application);
+    pirol::HelpKey helpKey;
+    application.installEventFilter(&helpKey);
 
     pirol::frmCommonDialog dialogs;
     pirol::frmProgramStarter starter;

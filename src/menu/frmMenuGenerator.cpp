@@ -46,7 +46,7 @@ frmMenuGenerator::frmMenuGenerator(MenuBar& bar, cCommonDialog& dialogs, QWidget
       cmdLevelUp_(NewButton("cmdLevelUp", "Eine Ebene &höher",
                             "Neue Zeilen wieder eine Ebene höher anlegen, am Ende in der Menüleiste selbst")) {
     setObjectName("frmMenuGenerator");
-    setWindowTitle("Pirol - Menügenerator");
+    setWindowTitle("Pirol - Menü-Generator");
 
     auto* const stbStatus = Named(new QStatusBar, "stbStatus", "Statusleiste");
     stbStatus->addWidget(lblDepth_);

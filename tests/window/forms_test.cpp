@@ -3,6 +3,7 @@
 #include "app/frmError.h"
 #include "app/frmPreferences.h"
 #include "app/frmProjectSettings.h"
+#include "codegen/frmPrint.h"
 #include "FakeDialogs.h"
 #include "menu/frmMenuGenerator.h"
 #include "sql/frmSQLGenerator.h"
@@ -13,6 +14,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTextDocument>
 
 #include <functional>
 #include <memory>
@@ -26,6 +28,7 @@ struct Program {
     MenuBar bar;
     SQLSettings sql;
     Preferences preferences;
+    QTextDocument source;
 };
 
 struct FormRow {
@@ -44,6 +47,7 @@ const FormRow forms[] = {
      [](Program&, QWidget* owner) {
          return new frmProjectSettings({640, 480, "A"}, owner);
      }},
+    {"frmPrint", "cmdPrinter", [](Program& p, QWidget* owner) { return new frmPrint(p.source, p.dialogs, owner); }},
     {"frmError", "cmdClose",
      [](Program&, QWidget* owner) { return new frmError(RuntimeError(RuntimeError::DiskFull), owner); }},
     {"frmAbout", "cmdClose", [](Program&, QWidget* owner) { return new frmAbout(owner); }},

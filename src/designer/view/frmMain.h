@@ -110,6 +110,7 @@ class frmMain : public QMainWindow {
     void mnuWindowSize0();
     void mnuWindowSize1();
     void mnuWindowSize2();
+    void mnuHelpHandbook();
     void mnuHelpDonation();
     void mnuHelpAbout();
 

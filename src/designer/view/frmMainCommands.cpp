@@ -1,4 +1,5 @@
 #include "codegen/frmCode.h"
+#include "codegen/frmPrint.h"
 #include "designer/MainLayout.h"
 #include "designer/view/Bitmaps.h"
 #include "designer/view/FormParts.h"
@@ -76,7 +77,7 @@ struct frmMain::CommandTable {
         {"mnuWindowSize2",     "&800 x 600 Pixel",        "",            "",       "Gibt dem Hauptfenster die größte der drei Größen", &frmMain::mnuWindowSize2},
 
         {"mnuHelp", "&Hilfe", "", "", "", nullptr, CommandRow::Menu},
-        {"mnuHelpHandbook",    "&Handbuch",               "help",        "F1",     "Öffnet das Handbuch", nullptr},
+        {"mnuHelpHandbook",    "&Handbuch",               "help",        "F1",     "Öffnet das Handbuch", &frmMain::mnuHelpHandbook},
         {"mnuHelpDonation",    "&Spenden …",              "donate",      "",       "Sagt, wie Sie Pirol unterstützen können", &frmMain::mnuHelpDonation},
         {},
         {"mnuHelpAbout",       "Ü&ber Pirol …",           "about",       "",       "Zeigt die Version und die Lizenz", &frmMain::mnuHelpAbout},
@@ -215,8 +216,12 @@ void frmMain::mnuCodeSQL() {
 }
 
 void frmMain::mnuCodeGenerate() {
-    if (const std::string source = GenerateCode(); !source.empty())
-        frmCode(source, this).exec();
+    const std::string source = GenerateCode();
+    if (source.empty())
+        return;
+    frmCode form(source, this);
+    form.OfferPrinting([this, &form](const QTextDocument& text) { frmPrint(text, dialogs_, &form).exec(); });
+    form.exec();
 }
 
 void frmMain::RefreshCodeMenu() {

@@ -1,5 +1,6 @@
 #include "app/frmAbout.h"
 #include "app/frmDonation.h"
+#include "app/frmHelp.h"
 #include "app/frmPreferences.h"
 #include "app/frmProjectSettings.h"
 #include "codegen/ExportCommands.h"
@@ -62,6 +63,10 @@ void frmMain::mnuFunctionsSQLGenerator() {
     SQLSettings settings = model_.Sql();
     if (frmSQLGenerator(settings, this).exec() == QDialog::Accepted && settings != model_.Sql())
         Run([this, &settings] { model_.EditSql() = settings; });
+}
+
+void frmMain::mnuHelpHandbook() {
+    frmHelp::ShowFor(this);
 }
 
 void frmMain::mnuHelpDonation() {

@@ -1,0 +1,63 @@
+#include "app/Handbook.h"
+
+#include "model/Conversions.h"
+#include "resources/EmbeddedHandbook.h"
+
+namespace pirol {
+namespace {
+
+struct ChapterRow {
+    std::string_view window;
+    std::string_view anchor;
+};
+
+constexpr ChapterRow chapters[] = {
+    {"frmMain", "das-hauptfenster"},
+    {"frmListEditor", "eigenschaften"},
+    {"frmProjectSettings", "projekteinstellungen"},
+    {"frmMenuGenerator", "der-menü-generator"},
+    {"frmSQLGenerator", "der-sql-generator"},
+    {"frmCode", "quelltext-erzeugen"},
+    {"frmPreferences", "optionen"},
+    {"openDialog", "projekte-speichern-und-öffnen"},
+    {"saveDialog", "projekte-speichern-und-öffnen"},
+    {"frmError", "wenn-etwas-nicht-klappt"},
+    {"message", "wenn-etwas-nicht-klappt"},
+    {"frmAbout", "über-pirol"},
+    {"frmDonation", "über-pirol"},
+};
+
+/// The capitals whose small letters this language needs.
+constexpr std::pair<std::string_view, std::string_view> capitals[] = {{"Ä", "ä"}, {"Ö", "ö"}, {"Ü", "ü"}};
+
+bool BelongsInAnchor(char sign) {
+    const bool isAscii = static_cast<unsigned char>(sign) < 0x80;
+    return !isAscii || (sign >= 'a' && sign <= 'z') || (sign >= '0' && sign <= '9') || sign == '-';
+}
+
+} // namespace
+
+std::string_view HandbookText() {
+    return EmbeddedHandbook("Handbuch.md");
+}
+
+std::string_view HandbookPicture(std::string_view path) {
+    return EmbeddedHandbook(path.substr(path.rfind('/') + 1));
+}
+
+std::string ChapterAnchor(std::string_view heading) {
+    std::string anchor = LowerCase(ReplaceAll(heading, " ", "-"));
+    for (const auto& [capital, small] : capitals)
+        anchor = ReplaceAll(anchor, capital, small);
+    std::erase_if(anchor, [](char sign) { return !BelongsInAnchor(sign); });
+    return anchor;
+}
+
+std::string_view ChapterOf(std::string_view window) {
+    for (const ChapterRow& row : chapters)
+        if (row.window == window)
+            return row.anchor;
+    return chapters[0].anchor;
+}
+
+} // namespace pirol

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "app/cCommonDialog.h"
+
+#include <QDialog>
+
+#include <functional>
+
+class QLabel;
+class QTextDocument;
+
+namespace pirol {
+
+/// Prints a text with its colours, page by page with page numbers; long lines are wrapped. A PDF file is replaced in
+/// one step. Raises RuntimeError under the label "Main.Code.Print" when the printer or the file cannot be written.
+void PrintText(const QTextDocument& text, const FontChoice& font, const PrintJob& job);
+
+/// Asks for the typeface and whether to print on a printer or into a PDF file, and prints.
+class frmPrint : public QDialog {
+    Q_OBJECT
+
+  public:
+    frmPrint(const QTextDocument& text, cCommonDialog& dialogs, QWidget* owner);
+
+  private:
+    void ChooseFont();
+    void PrintOnPrinter();
+    void PrintIntoPdf();
+    void Print(const PrintJob& job);
+    void ShowFont();
+
+    const QTextDocument& text_;
+    cCommonDialog& dialogs_;
+    FontChoice font_;
+    QLabel* lblFont_;
+};
+
+} // namespace pirol

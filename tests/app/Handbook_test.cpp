@@ -1,0 +1,71 @@
+#include "app/Handbook.h"
+#include "model/Conversions.h"
+
+#include <gtest/gtest.h>
+
+#include <regex>
+#include <set>
+
+namespace pirol {
+namespace {
+
+std::string Handbook() {
+    return ReplaceAll(HandbookText(), "\r", "");
+}
+
+std::set<std::string> Anchors() {
+    std::set<std::string> anchors;
+    const std::string text = Handbook();
+    for (const std::string_view line : Split(text, '\n'))
+        if (line.starts_with("## ") || line.starts_with("### ")) {
+            EXPECT_TRUE(anchors.insert(ChapterAnchor(line.substr(line.find(' ') + 1))).second) << line;
+        }
+    return anchors;
+}
+
+/// What stands between the parentheses of all links or pictures.
+std::vector<std::string> Targets(const std::regex& pattern) {
+    const std::string text = Handbook();
+    std::vector<std::string> targets;
+    for (std::sregex_iterator match(text.begin(), text.end(), pattern); match != std::sregex_iterator(); ++match)
+        targets.push_back((*match)[1]);
+    return targets;
+}
+
+TEST(Handbook, AnchorsAreThoseOfMarkdown) {
+    const struct {
+        std::string_view heading, anchor;
+    } cases[] = {
+        {"Das Hauptfenster", "das-hauptfenster"},
+        {"Der Menü-Generator", "der-menü-generator"},
+        {"Über Pirol (1.0)!", "über-pirol-10"},
+        {"", ""},
+    };
+    for (const auto& row : cases)
+        EXPECT_EQ(ChapterAnchor(row.heading), row.anchor);
+}
+
+TEST(Handbook, EveryWindowHasItsChapter) {
+    const std::set<std::string> anchors = Anchors();
+    for (const std::string_view window :
+         {"frmMain", "frmListEditor", "frmProjectSettings", "frmMenuGenerator", "frmSQLGenerator", "frmCode",
+          "frmPreferences", "openDialog", "saveDialog", "frmError", "message", "frmAbout", "frmDonation", "unknown"})
+        EXPECT_TRUE(anchors.contains(std::string(ChapterOf(window)))) << window;
+    EXPECT_NE(ChapterOf("frmCode"), ChapterOf("frmMain"));
+}
+
+TEST(Handbook, LinksAndPicturesLeadSomewhere) {
+    const std::set<std::string> anchors = Anchors();
+    const std::vector<std::string> links = Targets(std::regex("\\]\\(#([^)]*)\\)"));
+    EXPECT_FALSE(links.empty());
+    for (const std::string& link : links)
+        EXPECT_TRUE(anchors.contains(link)) << link;
+    const std::vector<std::string> pictures = Targets(std::regex("!\\[[^\\]]*\\]\\(([^)]*)\\)"));
+    EXPECT_FALSE(pictures.empty());
+    for (const std::string& picture : pictures)
+        EXPECT_TRUE(HandbookPicture(picture).starts_with("\x89PNG")) << picture;
+    EXPECT_TRUE(HandbookPicture("screenshots/other.png").empty());
+}
+
+} // namespace
+} // namespace pirol
