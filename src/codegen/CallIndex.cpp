@@ -12,6 +12,11 @@ namespace {
 
 constexpr std::size_t longestVariable = 1000;
 
+/// Sources up to this size may be as odd as they like.
+constexpr std::size_t smallSource = 1'000'000;
+/// What a statement has besides its argument text. It counts too, so that empty arguments cannot be taken without end.
+constexpr std::size_t shortestStatement = 10;
+
 /// A hash of texts that is built from their last character to their first, so that all endings of a text are hashed in
 /// one walk.
 class BackwardHash {
@@ -31,17 +36,19 @@ std::uint64_t HashBackwards(std::string_view text) {
 
 } // namespace
 
-// Nested statements make argument texts overlap a little; more than this is no program.
-ArgumentScanner::ArgumentScanner(std::string_view source) : source_(source), allowance_(4 * source.size()) {}
+// Nested statements make argument texts overlap a little, and names that occur twice let texts be taken twice; much
+// more than this is no program.
+ArgumentScanner::ArgumentScanner(std::string_view source)
+    : source_(source), allowance_(2 * source.size() + smallSource) {}
 
 std::string_view ArgumentScanner::Take(std::size_t begin) {
     const std::size_t end = source_.find(");", begin);
     if (end == std::string_view::npos)
         throw RuntimeError(RuntimeError::InvalidCall);
     const std::size_t length = end - begin;
-    if (length > allowance_)
+    if (length + shortestStatement > allowance_)
         throw RuntimeError(RuntimeError::OutOfMemory);
-    allowance_ -= length;
+    allowance_ -= length + shortestStatement;
     return source_.substr(begin, length);
 }
 
@@ -49,16 +56,18 @@ CallIndex::CallIndex(std::string_view source, std::string_view method, const std
     : scanner_(source), source_(source) {
     std::unordered_map<std::uint64_t, std::string_view> byHash;
     std::array<bool, longestVariable + 1> lengthOccurs = {};
+    std::size_t longest = 0;
     for (const std::string_view variable : variables) {
         if (variable.size() > longestVariable)
             throw RuntimeError(RuntimeError::InvalidCall);
         byHash.emplace(HashBackwards(variable), variable);
         lengthOccurs[variable.size()] = true;
+        longest = std::max(longest, variable.size());
     }
     const std::string call = Concatenate(".", method, "(");
     for (std::size_t hit = source.find(call); hit != std::string_view::npos; hit = source.find(call, hit + 1)) {
         BackwardHash hash;
-        for (std::size_t length = 0; length <= std::min(hit, longestVariable); ++length) {
+        for (std::size_t length = 0; length <= std::min(hit, longest); ++length) {
             if (length > 0)
                 hash.Add(source[hit - length]);
             // Variables hold no blank, so nothing longer can match behind one.

@@ -1,6 +1,7 @@
 #include "codegen/JavaImport.h"
 
 #include "codegen/CallIndex.h"
+#include "codegen/CreationIndex.h"
 #include "codegen/JavaText.h"
 #include "model/Conversions.h"
 #include "model/FileAccess.h"
@@ -8,6 +9,7 @@
 #include "model/Windows1252.h"
 
 #include <algorithm>
+#include <array>
 #include <deque>
 #include <limits>
 #include <unordered_map>
@@ -35,12 +37,21 @@ class Fields {
     std::vector<std::string_view> fields_;
 };
 
+/// The text to import and where its creation statements are.
+struct Source {
+    std::string_view text;
+    CreationIndex creations;
+};
+
+/// A code 0 in a bad source is the shortest of all components. This is far more than any program has.
+constexpr std::size_t mostComponents = 1'000'000;
+
 /// The creation statements of one class.
 class Statements {
   public:
-    Statements(std::string_view source, std::string_view javaClass) : lines_(GetAllLines(source, javaClass)) {
+    Statements(Source& source, std::string_view javaClass) : lines_(source.creations.GetAllLines(javaClass)) {
         if (!lines_.empty())
-            entries_ = Split(lines_, fieldSeparator);
+            entries_ = Split(lines_, fieldSeparator, mostComponents + 1);
     }
     Statements(const Statements&) = delete;
     Statements& operator=(const Statements&) = delete;
@@ -81,6 +92,8 @@ void SetBox(Control& control, const Fields& fields) {
 /// complete, so that a bad statement leaves no half component in the window.
 template <class Fill>
 void AddImported(ProjectModel& model, ComponentKind kind, std::string_view name, Fill&& fill) {
+    if (model.CreationOrder().size() == mostComponents)
+        throw RuntimeError(RuntimeError::OutOfMemory);
     Control& element = model.EditElement(model.AddElement(kind));
     element.Visible = false;
     fill(element);
@@ -97,7 +110,7 @@ struct ImportRow {
     std::string (*clean)(std::string_view);
 };
 
-void ImportKind(std::string_view source, ProjectModel& model, const ImportRow& row) {
+void ImportKind(Source& source, ProjectModel& model, const ImportRow& row) {
     const Statements statements(source, RowOf(row.kind).javaClass);
     for (const std::string_view entry : statements.Entries()) {
         const Fields fields(entry);
@@ -117,10 +130,10 @@ std::string AlignmentNumber(const std::string& value) {
     return found == std::end(names) ? value : std::to_string(found - names);
 }
 
-void ImportLabels(std::string_view source, ProjectModel& model) {
+void ImportLabels(Source& source, ProjectModel& model) {
     const Statements statements(source, RowOf(ComponentKind::Label).javaClass);
-    CallIndex alignments(source, "setzeAusrichtung", statements.Names());
-    CallIndex fontSizes(source, "setzeSchriftgroesse", statements.Names());
+    CallIndex alignments(source.text, "setzeAusrichtung", statements.Names());
+    CallIndex fontSizes(source.text, "setzeSchriftgroesse", statements.Names());
     const std::string defaultFontSize = std::to_string(dEtikett::defaultFontSize);
     for (const std::string_view entry : statements.Entries()) {
         const Fields fields(entry);
@@ -134,11 +147,13 @@ void ImportLabels(std::string_view source, ProjectModel& model) {
     }
 }
 
+constexpr std::string_view radioButtonClass = "Radioknopf";
+
 /// All radio buttons of the source, with positions in the window, found by name.
 class RadioButtons {
   public:
-    explicit RadioButtons(std::string_view source) {
-        const Statements statements(source, "Radioknopf");
+    explicit RadioButtons(Source& source) {
+        const Statements statements(source, radioButtonClass);
         for (const std::string_view entry : statements.Entries()) {
             const Fields fields(entry);
             byName_[std::string(fields.Name())].push_back({std::string(fields.Name()), Caption(fields[5]),
@@ -188,10 +203,10 @@ void EncloseButtons(dOptionsgruppe& group) {
     }
 }
 
-void ImportRadioGroups(std::string_view source, ProjectModel& model) {
+void ImportRadioGroups(Source& source, ProjectModel& model) {
     RadioButtons buttons(source);
     const Statements statements(source, RowOf(ComponentKind::OptionGroup).javaClass);
-    CallIndex members(source, "fuegeEin", statements.Names());
+    CallIndex members(source.text, "fuegeEin", statements.Names());
     for (const std::string_view entry : statements.Entries()) {
         const Fields fields(entry);
         AddImported(model, ComponentKind::OptionGroup, fields.Name(), [&](Control& element) {
@@ -208,7 +223,7 @@ void ImportRadioGroups(std::string_view source, ProjectModel& model) {
 /// Titles of all tables together. Far more than any program has, and what a few bytes of a bad source may ask for ends.
 constexpr std::size_t mostColumns = 1'000'000;
 
-void ImportTables(std::string_view source, ProjectModel& model) {
+void ImportTables(Source& source, ProjectModel& model) {
     const Statements statements(source, RowOf(ComponentKind::Table).javaClass);
     std::size_t columnsSoFar = 0;
     for (const std::string_view entry : statements.Entries()) {
@@ -226,9 +241,9 @@ void ImportTables(std::string_view source, ProjectModel& model) {
     }
 }
 
-void ImportSounds(std::string_view source, ProjectModel& model) {
+void ImportSounds(Source& source, ProjectModel& model) {
     const Statements statements(source, RowOf(ComponentKind::Sound).javaClass);
-    CallIndex files(source, "ladeTon", statements.Names());
+    CallIndex files(source.text, "ladeTon", statements.Names());
     for (const std::string_view entry : statements.Entries()) {
         const Fields fields(entry);
         AddImported(model, ComponentKind::Sound, fields.Name(), [&](Control& element) {
@@ -237,26 +252,27 @@ void ImportSounds(std::string_view source, ProjectModel& model) {
     }
 }
 
-void ImportPasswordTexts(std::string_view source, ProjectModel& model) {
+void ImportPasswordTexts(Source& source, ProjectModel& model) {
     std::vector<std::string_view> names;
     for (std::size_t index = 1; index < model.ElementCount(ComponentKind::Password); ++index)
         names.push_back(model.Element({ComponentKind::Password, index}).ObjectName);
-    CallIndex texts(source, "setzeInhalt", names);
+    CallIndex texts(source.text, "setzeInhalt", names);
     for (std::size_t index = 1; index <= names.size(); ++index) {
         auto& password = static_cast<dPassword&>(model.EditElement({ComponentKind::Password, index}));
         password.Caption = texts.GetValue(password.ObjectName, {});
     }
 }
 
-void ImportWindow(std::string_view source, ProjectModel& model) {
-    const std::string size = ReplaceAll(GetValue(source, "super", {}, "640, 480"), " ", "");
+void ImportWindow(Source& source, ProjectModel& model) {
+    const std::string size = ReplaceAll(GetValue(source.text, "super", {}, "640, 480"), " ", "");
     const Fields numbers(size);
     const std::int16_t width = numbers.Number(0);
     model.SetWindowSize(width, numbers.Number(1));
 }
 
-void ImportDatabase(std::string_view source, ProjectModel& model) {
-    const std::string connection = GetValue(source, "hatDatenbank", "verbindeMySQL", {});
+void ImportDatabase(Source& source, ProjectModel& model) {
+    constexpr std::string_view database = "hatDatenbank";
+    const std::string connection = CallIndex(source.text, "verbindeMySQL", {database}).GetValue(database, {});
     if (connection.empty())
         return;
     const Fields fields(connection);
@@ -269,9 +285,13 @@ void ImportDatabase(std::string_view source, ProjectModel& model) {
         sql.*text = TrimLeft(fields[field++]);
 }
 
-void ImportAll(std::string_view source, ProjectModel& model) {
+void ImportAll(std::string_view text, ProjectModel& model) {
     using enum ComponentKind;
     constexpr std::size_t ownField = 5;
+    std::array<std::string_view, kindCount + 1> classes = {radioButtonClass};
+    std::transform(KindRows().begin(), KindRows().end(), classes.begin() + 1,
+                   [](const KindRow& row) { return row.javaClass; });
+    Source source{text, CreationIndex(text, classes)};
     ImportWindow(source, model);
     ImportLabels(source, model);
     for (const ComponentKind kind : {Button, TextField, CharField, RowField})
@@ -285,18 +305,6 @@ void ImportAll(std::string_view source, ProjectModel& model) {
     ImportSounds(source, model);
     ImportKind(source, model, {Movie, false, keys::movieFile.key, 1, Unquoted});
     ImportDatabase(source, model);
-}
-
-/// The variable before the "=" of a statement: it begins after the last blank or line end.
-std::string_view VariableBefore(std::string_view source, std::size_t equalsSign) {
-    std::string_view before = source.substr(0, equalsSign);
-    if (before.ends_with(' '))
-        before.remove_suffix(1);
-    const std::size_t blank = before.rfind(' ');
-    if (blank != std::string_view::npos)
-        before.remove_prefix(blank + 1);
-    const std::size_t end = before.rfind(lineEnd);
-    return end == std::string_view::npos ? before : before.substr(end + lineEnd.size());
 }
 
 } // namespace
@@ -316,19 +324,7 @@ void AnalyseFile(const std::filesystem::path& path, ProjectModel& model) {
 }
 
 std::string GetAllLines(std::string_view source, std::string_view javaClass) {
-    return UnderLabel("Main.File.Import.GetAllLines", [&] {
-        const std::string creation = Concatenate("= new ", javaClass, "(");
-        ArgumentScanner scanner(source);
-        std::string lines;
-        for (std::size_t hit = source.find(creation); hit != std::string_view::npos;
-             hit = source.find(creation, hit + creation.size())) {
-            if (!lines.empty())
-                lines += fieldSeparator;
-            Append(lines, VariableBefore(source, hit), ",", scanner.Take(hit + creation.size()));
-        }
-        std::erase(lines, '"');
-        return lines;
-    });
+    return CreationIndex(source, {&javaClass, 1}).GetAllLines(javaClass);
 }
 
 std::string GetValue(std::string_view source, std::string_view variable, std::string_view method,

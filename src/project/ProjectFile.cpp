@@ -8,6 +8,7 @@
 #include "model/Windows1252.h"
 #include "project/HashFunction.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <optional>
@@ -25,6 +26,10 @@ constexpr std::string_view hashMarker = "#Begin.Pirol.Hash";
 constexpr std::size_t mostFields = 32;
 
 constexpr std::size_t firstComponentLine = 5;
+
+/// What a file may hold of components, menu entries and list items together: many times more than any window shows.
+/// A file made for it could otherwise ask for a hundred times its own size in memory.
+constexpr std::size_t mostParts = 5'000'000;
 
 std::string SqlNumbers(const SQLSettings& sql) {
     std::string line;
@@ -102,6 +107,20 @@ class Lines {
     bool ended_ = false;
 };
 
+/// Counts what a file asks for.
+class Parts {
+  public:
+    /// Raises RuntimeError::OutOfMemory when it is too much.
+    void AddLine(std::string_view line) {
+        count_ += 1 + static_cast<std::size_t>(std::count(line.begin(), line.end(), itemSeparator));
+        if (count_ > mostParts)
+            throw RuntimeError(RuntimeError::OutOfMemory);
+    }
+
+  private:
+    std::size_t count_ = 0;
+};
+
 /// Shows progress when somebody wants to see it.
 class Progress {
   public:
@@ -154,13 +173,14 @@ void ReadWindow(Lines& lines, ProjectModel& model) {
     model.SetAuthor(FromWindows1252(lines.Take()));
 }
 
-void ReadComponents(Lines& lines, ProjectModel& model, const Progress& progress) {
+void ReadComponents(Lines& lines, ProjectModel& model, Parts& parts, const Progress& progress) {
     while (lines.Index() < firstComponentLine)
         lines.Take();
     ReserveComponents(lines, model);
     for (std::string_view line = lines.Take(); line != menuMarker; line = lines.Take()) {
         progress.Value(lines);
         if (const auto kind = KindOfLine(line)) {
+            parts.AddLine(line);
             const std::string text = FromWindows1252(line);
             Control& element = model.EditElement(model.AddElement(*kind));
             element.LoadFromPRL(Split(text, fieldSeparator, mostFields));
@@ -168,10 +188,11 @@ void ReadComponents(Lines& lines, ProjectModel& model, const Progress& progress)
     }
 }
 
-void ReadMenus(Lines& lines, ProjectModel& model, const Progress& progress) {
+void ReadMenus(Lines& lines, ProjectModel& model, Parts& parts, const Progress& progress) {
     MenuBarReader menus(model.EditMenus());
     for (std::string_view line = lines.Take(); line != sqlMarker; line = lines.Take()) {
         progress.Value(lines);
+        parts.AddLine(line);
         const std::string text = FromWindows1252(line);
         menus.AddLine(Split(text, fieldSeparator, mostFields));
     }
@@ -181,7 +202,7 @@ void ReadSqlNumbers(std::string_view line, SQLSettings& sql) {
     if (line.empty())
         return;
     std::size_t index = 0;
-    for (const std::string_view number : Split(line, ';')) {
+    for (const std::string_view number : Split(line, ';', sql.Flags.size() + 1)) {
         if (index == sql.Flags.size())
             throw RuntimeError(RuntimeError::IndexOutOfRange);
         sql.Flags[index++] = ToInt16(number);
@@ -208,9 +229,10 @@ ReadResult ReadLines(std::string_view bytes, ProjectModel& model, LoadingProgres
     ReadWindow(lines, model);
     const Progress progress(shown, lines.Count());
     progress.Caption("Lade Komponenten . . .");
-    ReadComponents(lines, model, progress);
+    Parts parts;
+    ReadComponents(lines, model, parts, progress);
     progress.Caption("Lade Menüeinträge . . .");
-    ReadMenus(lines, model, progress);
+    ReadMenus(lines, model, parts, progress);
     progress.Caption("Lade SQL-Daten . . .");
     ReadSql(lines, model, progress);
     return ReadResult::Loaded;
@@ -223,7 +245,8 @@ constexpr std::string_view readLabel = "Main.File.PRL.ReadPRLFile";
 std::string GeneratePRLCode(const ProjectModel& model) {
     return UnderLabel("Main.File.PRL.GeneratePRLCode", [&model] {
         std::string bytes = ToWindows1252(AllButTheHash(model));
-        return bytes += HashFunction(bytes);
+        bytes += HashFunction(bytes);
+        return bytes;
     });
 }
 

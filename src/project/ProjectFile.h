@@ -27,8 +27,8 @@ std::string GeneratePRLCode(const ProjectModel& model);
 /// Empties the design and fills it from a file. After a refusal it stays empty; after an error it holds what was read
 /// before. `progress` may be null.
 /// Raises RuntimeError under the label "Main.File.PRL.ReadPRLFile": the file errors, TypeMismatch and Overflow for bad
-/// numbers, IndexOutOfRange for missing lines and fields and for menu lines that fit nowhere. Linear in the file's
-/// size.
+/// numbers, IndexOutOfRange for missing lines and fields and for menu lines that fit nowhere, OutOfMemory for
+/// more than five million components, menu entries and list items. Linear in the file's size.
 ReadResult ReadPRLFile(const std::filesystem::path& path, ProjectModel& model, LoadingProgress* progress = nullptr);
 
 /// The same for a file's bytes.

@@ -98,7 +98,11 @@ TEST(JavaImport, SourcesMadeToEatMemoryAreRefused) {
     std::string wide;
     for (int count = 0; count < 100; ++count)
         wide += "t = new Tabelle(0, 0, 0, 0, 1, 32767);";
-    for (const std::string& source : {overlapping + ");", wide}) {
+    std::string groups;
+    for (int count = 0; count < 10000; ++count)
+        groups += " g = new Radiogruppe(); g.fuegeEin();"; // every group has all ten thousand
+    const std::string emptyEntries = "t = new Ton(" + std::string(1'000'000, '\0') + ");";
+    for (const std::string& source : {overlapping + ");", wide, groups, emptyEntries}) {
         ProjectModel model;
         EXPECT_NE(ErrorOf([&] { AnalyseCode(source, model); }).find("Nicht genügend Speicher"), std::string::npos);
     }

@@ -114,6 +114,16 @@ TEST(ProjectFile, ARefusedFileLeavesAnEmptyDesign) {
     EXPECT_EQ(model, ProjectModel());
 }
 
+TEST(ProjectFile, AFileMadeToEatMemoryIsRefused) {
+    using std::string_literals::operator""s;
+    const std::string list = "9\0001\0001\0001\0001\0hatAuswahl1\0"s + std::string(5'000'000, '\1') + "\0\0\0\r\n"s;
+    ProjectModel model;
+    EXPECT_EQ(OutcomeOf(Signed("#Begin.Pirol.Window\r\n1\r\n1\r\n\r\n#Begin.Pirol.Components\r\n" + list +
+                               "#Begin.Pirol.Menu\r\n#Begin.Pirol.SQL\r\n#Begin.Pirol.Hash\r\n"),
+                        model),
+              "Fehler 7: Nicht genügend Speicher (Main.File.PRL.ReadPRLFile)");
+}
+
 TEST(ProjectFile, LoadingTellsHowFarItIs) {
     struct Log final : LoadingProgress {
         std::string text;
