@@ -30,7 +30,7 @@ class Output {
     std::string piece_;
 };
 
-/// A radio button outside the 16-bit range is all that can fail. That shows here, so that nobody has half a source.
+/// Of the components only a radio button outside the 16-bit range can fail.
 void CheckPlaces(const ProjectModel& model) {
     for (std::size_t index = 1; index < model.ElementCount(ComponentKind::OptionGroup); ++index) {
         const Control& group = model.Element({ComponentKind::OptionGroup, index});
@@ -48,27 +48,24 @@ void AppendImports(Output& out, const ProjectModel& model) {
                "\r\n");
 }
 
-void AppendDeclarations(Output& out, const ProjectModel& model, CodeOptions options) {
+void AppendDeclarations(Output& out, const ProjectModel& model, CodeOptions options, std::string_view menuCode) {
     model.ForEachVisible([&out](const Control& control) { out.Append(control.CreateHeaderText()); });
-    if (options.menu)
-        out.Append(model.Menus().GenerateCode(MenuSection::Init));
+    out.Append(menuCode);
     if (options.database)
         out.Append(GenerateSQLInitCode());
 }
 
-void AppendInitialisation(Output& out, const ProjectModel& model, CodeOptions options) {
+void AppendInitialisation(Output& out, const ProjectModel& model, CodeOptions options, std::string_view menuCode) {
     model.ForEachVisible(
         [&out](const Control& control) { out.Append(control.CreateInitText(control.Left, control.Top)); });
-    if (options.menu)
-        out.Append(model.Menus().GenerateCode(MenuSection::Main));
+    out.Append(menuCode);
     if (options.database)
         out.Append(GenerateSQLCode(model.Sql()));
 }
 
-void AppendEvents(Output& out, const ProjectModel& model, CodeOptions options) {
+void AppendEvents(Output& out, const ProjectModel& model, CodeOptions options, std::string_view menuCode) {
     model.ForEachVisible([&out](const Control& control) { out.Append(control.CreateEventText()); });
-    if (options.menu)
-        out.Append(model.Menus().GenerateCode(MenuSection::Events));
+    out.Append(menuCode);
     if (options.database)
         out.Append(GenerateSQLMethods(model.Sql()));
 }
@@ -86,23 +83,31 @@ std::string GenerateCode(const ProjectModel& model, CodeOptions options) {
 
 void WriteCode(const ProjectModel& model, CodeOptions options, const std::function<void(std::string_view)>& write) {
     UnderLabel("Main.File.Java.GenerateCode", [&] {
+        // All that can fail comes first, so that nobody is left with half a source.
         CheckPlaces(model);
+        const auto menuCode = [&](MenuSection section) {
+            return options.menu ? model.Menus().GenerateCode(section) : std::string();
+        };
+        const std::string menuDeclarations = menuCode(MenuSection::Init);
+        const std::string menuInitialisation = menuCode(MenuSection::Main);
+        const std::string menuEvents = menuCode(MenuSection::Events);
+
         Output out(write);
         AppendImports(out, model);
         out.Append("public class SuMAnwendung extends EBAnwendung\r\n"
                    "{\r\n"
                    "    // Objekte\r\n");
-        AppendDeclarations(out, model, options);
+        AppendDeclarations(out, model, options, menuDeclarations);
         out.Append("\r\n"
                    "    public SuMAnwendung()\r\n"
                    "    {\r\n"
                    "        // Initialisierung der Oberklasse\r\n"
                    "        super(",
                    model.WindowWidth(), ", ", model.WindowHeight(), ");\r\n");
-        AppendInitialisation(out, model, options);
+        AppendInitialisation(out, model, options, menuInitialisation);
         out.Append("    }\r\n"
                    "\r\n");
-        AppendEvents(out, model, options);
+        AppendEvents(out, model, options, menuEvents);
         out.Append("}");
         out.Flush();
     });
