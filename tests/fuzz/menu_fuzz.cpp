@@ -1,0 +1,76 @@
+// Any lines as the menu section of a project file: the tree that they give can be written, read, generated and edited.
+
+#include "fuzz/Fuzz.h"
+#include "menu/MenuEditor.h"
+#include "model/Conversions.h"
+
+#include <array>
+#include <fuzzer/FuzzedDataProvider.h>
+
+using namespace pirol;
+
+namespace {
+
+constexpr std::size_t mostFields = 32;
+
+void ReadLines(std::string_view text, MenuBar& bar) {
+    MenuBarReader reader(bar);
+    for (std::size_t end = text.find(lineEnd); end != std::string_view::npos; end = text.find(lineEnd)) {
+        reader.AddLine(Split(text.substr(0, end), fieldSeparator, mostFields));
+        text.remove_prefix(end + lineEnd.size());
+    }
+}
+
+/// Runs what the editor's buttons do, as the bytes say.
+void Edit(MenuBar& bar, FuzzedDataProvider& input) {
+    const MenuBar before = bar;
+    MenuEditor editor(bar);
+    while (input.remaining_bytes() > 0) {
+        const auto row = input.ConsumeIntegralInRange<std::size_t>(0, editor.Rows().size() + 1);
+        const auto option = input.ConsumeIntegralInRange<std::int32_t>(0, 3);
+        switch (input.ConsumeIntegralInRange(0, 5)) {
+        case 0:
+            editor.Add(option, input.ConsumeRandomLengthString(8), input.ConsumeRandomLengthString(8));
+            break;
+        case 1:
+            editor.SelectRow(row);
+            break;
+        case 2:
+            editor.LevelUp(option);
+            break;
+        case 3:
+            fuzz::Require(editor.MoveUp(row) <= row, "moving up goes up");
+            break;
+        case 4:
+            editor.MoveDown(row);
+            break;
+        case 5:
+            editor.Delete(row);
+            break;
+        }
+        fuzz::Require(editor.SelectedRow() <= editor.Rows().size(), "the selected row exists");
+        fuzz::Require(editor.Depth() >= 0 && !editor.StatusText().empty(), "the status says how deep");
+    }
+    editor.Cancel();
+    fuzz::Require(bar == before, "cancelling restores the menu bar");
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    FuzzedDataProvider input(data, size);
+    const std::string text = input.ConsumeRandomLengthString();
+    MenuBar bar;
+    fuzz::Succeeds([&] { UnderLabel("Fuzz", [&] { ReadLines(text, bar); }); });
+
+    for (const MenuSection section : {MenuSection::Init, MenuSection::Main, MenuSection::Events})
+        fuzz::Succeeds([&] { UnderLabel("Fuzz", [&] { bar.GenerateCode(section); }); });
+
+    const std::string written = bar.CreatePRLString();
+    MenuBar read;
+    ReadLines(written, read);
+    fuzz::Require(read == bar && read.CreatePRLString() == written, "what was written is read back");
+
+    Edit(bar, input);
+    return 0;
+}
