@@ -1,6 +1,7 @@
 // pirol-cli: what the designer does with files, without a window.
 
 #include "app/Console.h"
+#include "codegen/Hints.h"
 #include "codegen/JavaGenerator.h"
 #include "codegen/JavaImport.h"
 #include "codegen/JavaText.h"
@@ -23,7 +24,7 @@ namespace {
 
 using namespace pirol;
 
-enum ExitStatus { done = 0, refused = 1, wrongCall = 2 };
+enum ExitStatus { done = 0, refused = 1, hintsGiven = 1, wrongCall = 2 };
 
 constexpr std::string_view usage =
     "Aufruf:\n"
@@ -32,11 +33,13 @@ constexpr std::string_view usage =
     "  pirol-cli export P.prl ORDNER [--menu] [--sql]         BlueJ-Projektordner anlegen\n"
     "  pirol-cli copy P.prl ZIEL.prl                          Projekt laden und speichern\n"
     "  pirol-cli check P.prl ...                              zeigen, was das Projekt enthält\n"
+    "  pirol-cli lint P.prl [--menu] [--sql]                  Hinweise zum erzeugten Programm geben\n"
     "  pirol-cli hash DATEI                                   Inhalts-Hash der Datei ausgeben\n"
     "  pirol-cli --help | --version\n"
     "\n"
     "--menu und --sql erzeugen auch die Menüleiste und den Datenbankzugriff.\n"
-    "Ohne -o geht der Quelltext an die Standardausgabe.\n";
+    "Ohne -o geht der Quelltext an die Standardausgabe.\n"
+    "lint endet mit 0, wenn es nichts zu sagen hat, und mit 1 nach Hinweisen, einem je Zeile.\n";
 
 /// The call does not look as it should.
 struct UsageError {
@@ -60,7 +63,7 @@ struct Command {
     std::size_t mostNames;
     bool codeOptions;
     bool outputOption;
-    void (*run)(const Arguments&);
+    ExitStatus (*run)(const Arguments&);
 };
 
 void Print(std::FILE* stream, std::string_view text) {
@@ -80,7 +83,7 @@ void Save(const std::string& name, const ProjectModel& model) {
     UnderLabel("Main.File.PRL.GeneratePRLCode", [&] { ReplaceFileBytes(PathOf(name), bytes); });
 }
 
-void Generate(const Arguments& arguments) {
+ExitStatus Generate(const Arguments& arguments) {
     constexpr std::string_view label = "Main.Project.Export";
     const ProjectModel model = Load(arguments.names[0]);
     const auto produce = [&](const ByteSink& write) {
@@ -94,22 +97,26 @@ void Generate(const Arguments& arguments) {
         else
             produce([](std::string_view bytes) { Print(stdout, bytes); });
     });
+    return done;
 }
 
-void Import(const Arguments& arguments) {
+ExitStatus Import(const Arguments& arguments) {
     if (!arguments.output)
         throw UsageError{"import braucht -o P.prl."};
     ProjectModel model;
     AnalyseFile(PathOf(arguments.names[0]), model);
     Save(*arguments.output, model);
+    return done;
 }
 
-void Export(const Arguments& arguments) {
+ExitStatus Export(const Arguments& arguments) {
     ExportBlueJProject(PathOf(arguments.names[1]), GenerateCode(Load(arguments.names[0]), arguments.code));
+    return done;
 }
 
-void Copy(const Arguments& arguments) {
+ExitStatus Copy(const Arguments& arguments) {
     Save(arguments.names[1], Load(arguments.names[0]));
+    return done;
 }
 
 std::size_t CountEntries(const cMenu& menu) {
@@ -133,16 +140,29 @@ std::string Description(const ProjectModel& model) {
     return text;
 }
 
-void Check(const Arguments& arguments) {
+ExitStatus Check(const Arguments& arguments) {
     for (const std::string& name : arguments.names) {
         if (arguments.names.size() > 1)
             Print(stdout, Concatenate("Projekt: ", name, "\n"));
         Print(stdout, Description(Load(name)));
     }
+    return done;
 }
 
-void Hash(const Arguments& arguments) {
+ExitStatus Lint(const Arguments& arguments) {
+    const std::vector<Hint> hints = FindHints(Load(arguments.names[0]), arguments.code);
+    std::string lines;
+    for (const Hint& hint : hints)
+        Append(lines, hint.text, " [", hint.rule->key, "]\n");
+    if (hints.size() == mostHints)
+        Append(lines, "Weitere Hinweise werden nicht gezeigt.\n");
+    Print(stdout, lines);
+    return hints.empty() ? done : hintsGiven;
+}
+
+ExitStatus Hash(const Arguments& arguments) {
     Print(stdout, HashFunction(ReadFileBytes(PathOf(arguments.names[0]))) + "\n");
+    return done;
 }
 
 constexpr std::size_t any = static_cast<std::size_t>(-1);
@@ -150,7 +170,8 @@ constexpr std::size_t any = static_cast<std::size_t>(-1);
 constexpr Command commands[] = {
     {"generate", 1, 1, true, true, Generate}, {"import", 1, 1, false, true, Import},
     {"export", 2, 2, true, false, Export},    {"copy", 2, 2, false, false, Copy},
-    {"check", 1, any, false, false, Check},   {"hash", 1, 1, false, false, Hash},
+    {"check", 1, any, false, false, Check},   {"lint", 1, 1, true, false, Lint},
+    {"hash", 1, 1, false, false, Hash},
 };
 
 Arguments ParseArguments(const Command& command, std::span<const std::string> words) {
@@ -175,18 +196,18 @@ Arguments ParseArguments(const Command& command, std::span<const std::string> wo
     return arguments;
 }
 
-void RunCall(std::span<const std::string> words) {
+ExitStatus RunCall(std::span<const std::string> words) {
     if (words.empty())
         throw UsageError{"Es fehlt ein Befehl."};
-    if (words.size() == 1 && words[0] == "--help")
-        return Print(stdout, usage);
-    if (words.size() == 1 && words[0] == "--version")
-        return Print(stdout, "pirol-cli " PIROL_VERSION "\n");
+    if (words.size() == 1 && (words[0] == "--help" || words[0] == "--version")) {
+        Print(stdout, words[0] == "--help" ? usage : "pirol-cli " PIROL_VERSION "\n");
+        return done;
+    }
     const auto* const command = std::find_if(std::begin(commands), std::end(commands),
                                              [&](const Command& candidate) { return candidate.name == words[0]; });
     if (command == std::end(commands))
         throw UsageError{Concatenate("Unbekannter Befehl: ", words[0])};
-    command->run(ParseArguments(*command, words.subspan(1)));
+    return command->run(ParseArguments(*command, words.subspan(1)));
 }
 
 int Fail(ExitStatus status, std::string_view message) {
@@ -199,8 +220,7 @@ int Fail(ExitStatus status, std::string_view message) {
 int main(int argc, char** argv) {
     const PlainOutput plainOutput;
     try {
-        RunCall(CallWords(argc, argv));
-        return done;
+        return RunCall(CallWords(argc, argv));
     } catch (const UsageError& error) {
         return Fail(wrongCall, Concatenate(error.message, "\n", usage));
     } catch (const Refusal&) {

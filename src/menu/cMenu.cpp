@@ -107,8 +107,11 @@ std::string_view cMenu::ParentName() const {
     return parent_ != nullptr ? std::string_view(parent_->Name) : std::string_view();
 }
 
-std::string_view cMenu::EventPrefix() const {
-    return EntryType == SubMenu ? ParentName() : Name;
+std::string cMenu::EventMethod() const {
+    if (parent_ == nullptr)
+        return CleanString(Caption);
+    const std::string_view prefix = parent_->EntryType == SubMenu ? parent_->ParentName() : parent_->Name;
+    return std::string(prefix).append(CleanString(Caption));
 }
 
 void cMenu::AppendMenuCode(std::string& code) const {
@@ -120,8 +123,8 @@ void cMenu::AppendMenuCode(std::string& code) const {
 
     for (const cMenu& child : children_) {
         if (child.EntryType == Entry)
-            Append(code, indent, target, ".haengeZeileAn(", Quoted(child.Caption), ", \"", EventPrefix(),
-                   CleanString(child.Caption), "\");\r\n");
+            Append(code, indent, target, ".haengeZeileAn(", Quoted(child.Caption), ", ", Quoted(child.EventMethod()),
+                   ");\r\n");
         else if (child.EntryType == Separator)
             Append(code, indent, target, ".haengeTrennungAn();\r\n");
         else if (child.EntryType == SubMenu)
@@ -133,8 +136,7 @@ void cMenu::AppendMenuCode(std::string& code) const {
 void cMenu::AppendMenuEventCode(std::string& code) const {
     for (const cMenu& child : children_) {
         if (child.EntryType == Entry)
-            Append(code, "    public void ", EventPrefix(), CleanString(child.Caption),
-                   "()\r\n    {\r\n\r\n    }\r\n\r\n");
+            Append(code, "    public void ", child.EventMethod(), "()\r\n    {\r\n\r\n    }\r\n\r\n");
         else if (child.EntryType == SubMenu)
             child.AppendMenuEventCode(code);
         CheckCodeSize(code);

@@ -84,6 +84,10 @@ class cMenu {
     std::string GenerateMenuCode() const;
     std::string GenerateMenuEventCode() const;
 
+    /// The event method of an entry: the name of the menu around it, or of the menu around its submenu, and the cleaned
+    /// caption. Need not be a name that Java allows.
+    std::string EventMethod() const;
+
     /// A caption as a part of a Java name: umlauts and "ß" spelled out; blanks, "-", ".", "\" and "#" left out.
     /// Everything else stays, even what Java does not allow in a name.
     static std::string CleanString(std::string_view text);
@@ -104,7 +108,6 @@ class cMenu {
   private:
     void AdoptChildren() noexcept;
     std::string_view ParentName() const;
-    std::string_view EventPrefix() const;
     void AppendMenuCode(std::string& code) const;
     void AppendMenuEventCode(std::string& code) const;
     void AppendPRLString(std::string& lines, std::int32_t level) const;

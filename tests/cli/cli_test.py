@@ -107,10 +107,20 @@ class CliTest(unittest.TestCase):
         self.assertEqual(result.returncode, 1)
         self.assertIn("Fehler", result.stderr.decode())
 
+    def test_lint_ends_with_one_when_it_has_hints(self):
+        quiz = EXAMPLES / "Quiz.prl"
+        self.assertEqual(self.assert_call(["lint", quiz, "--menu"], 0, ""), b"")
+        self.assertEqual(self.assert_call(["lint", quiz, "--menu", "--sql"], 1, "").decode().splitlines(), [
+            "Datenbank, Server: Ohne Server fehlt dem Programm die Klasse Datenbank. [missing-server]",
+            "Datenbank, Name der Tabelle: Ohne den Namen einer Tabelle ist die Abfrage unvollständig. [missing-table]"])
+        damaged = self.folder / "damaged.prl"
+        damaged.write_bytes(quiz.read_bytes() + b"x")
+        self.assertEqual(self.assert_call(["lint", damaged], 1, REFUSAL), b"")
+
     def test_wrong_calls_are_explained(self):
         for words in ([], ["paint"], ["generate"], ["generate", PROJECT, PROJECT], ["generate", PROJECT, "-o"],
                       ["generate", PROJECT, "--fast"], ["import", PROJECT], ["copy", PROJECT],
-                      ["copy", PROJECT, "x", "--menu"], ["hash"], ["check"], ["export", PROJECT],
+                      ["copy", PROJECT, "x", "--menu"], ["hash"], ["check"], ["export", PROJECT], ["lint"],
                       ["--help", "x"]):
             result = call(*words)
             self.assertEqual(result.returncode, 2, words)

@@ -1,0 +1,531 @@
+#include "codegen/Hints.h"
+
+#include "codegen/JavaSyntax.h"
+#include "codegen/JavaText.h"
+#include "model/Conversions.h"
+#include "model/FileAccess.h"
+#include "model/RuntimeError.h"
+#include "model/Windows1252.h"
+#include "sql/SQLWizard.h"
+
+#include <algorithm>
+#include <unordered_set>
+
+namespace pirol {
+namespace {
+
+namespace fs = std::filesystem;
+
+using enum HintEffect;
+
+// clang-format off
+constexpr HintRule rules[] = {
+    {"duplicate-name",      DoesNotCompile, "Den Namen »#« gibt es im Programm schon."},
+    {"invalid-name",        DoesNotCompile, "»#« ist kein Java-Name. Erlaubt sind Buchstaben, Ziffern und _, am Anfang keine Ziffer."},
+    {"keyword-name",        DoesNotCompile, "»#« ist ein Schlüsselwort von Java."},
+    {"duplicate-method",    DoesNotCompile, "Die Ereignismethode »#()« gibt es im Programm schon."},
+    {"invalid-method",      DoesNotCompile, "Aus der Beschriftung wird »#«, und das ist kein Name einer Ereignismethode."},
+    {"unescaped-quote",     DoesNotCompile, "Ein Anführungszeichen muss hier \\\" geschrieben werden."},
+    {"unescaped-backslash", DoesNotCompile, "Ein umgekehrter Schrägstrich muss hier \\\\ geschrieben werden."},
+    {"line-break",          DoesNotCompile, "Ein Zeilenumbruch muss hier \\n geschrieben werden."},
+    {"bad-file-name",       DoesNotCompile, "Ein Dateiname mit Anführungszeichen oder Zeilenumbruch ist in Java nicht möglich."},
+    {"control-character",   DoesNotCompile, "Ein unsichtbares Steuerzeichen im Text kann Java nicht lesen."},
+    {"text-too-long",       DoesNotCompile, "Der Text ist länger, als Java es zulässt."},
+    {"password-character",  DoesNotCompile, "Das Passwortzeichen muss genau ein Zeichen sein; ' und \\ werden \\' und \\\\ geschrieben."},
+    {"nested-submenu",      DoesNotCompile, "Ein Untermenü kann nicht in einem Untermenü liegen."},
+    {"missing-server",      DoesNotCompile, "Ohne Server fehlt dem Programm die Klasse Datenbank."},
+    {"not-generated",       DoesNotCompile, "Das Programm lässt sich nicht erzeugen: #."},
+    {"program-too-large",   DoesNotCompile, "Java übersetzt höchstens 64 KB Anweisungen für ein Fenster; es hat zu viele Komponenten."},
+    {"unknown-character",   WorksWrongly,   "Das Zeichen »#« gibt es in Windows-1252 nicht; das Programm zeigt dafür »?«."},
+    {"outside-window",      WorksWrongly,   "Ein Teil liegt außerhalb des Fensters."},
+    {"no-size",             WorksWrongly,   "Mit der Größe # ist nichts zu sehen."},
+    {"bad-value",           WorksWrongly,   "#"},
+    {"missing-caption",     WorksWrongly,   "Die Beschriftung fehlt."},
+    {"empty-group",         WorksWrongly,   "Die Radiogruppe hat keine Radioknöpfe."},
+    {"no-file",             WorksWrongly,   "Es ist keine Datei gewählt."},
+    {"missing-file",        WorksWrongly,   "Die Datei »#« gibt es nicht."},
+    {"missing-table",       WorksWrongly,   "Ohne den Namen einer Tabelle ist die Abfrage unvollständig."},
+    {"lost-menu-line",      WorksWrongly,   "Die Menüzeile liegt in keinem Menü und fehlt im Programm."},
+};
+// clang-format on
+
+/// The rule of a key. A key that is not in the table does not compile.
+consteval const HintRule& Rule(std::string_view key) {
+    for (const HintRule& rule : rules)
+        if (rule.key == key)
+            return rule;
+    throw "no such rule";
+}
+
+/// A name that the program has before the design adds any.
+struct OwnName {
+    std::string_view name;
+    bool CodeOptions::*option; ///< with which option; null: always
+};
+
+constexpr OwnName ownFields[] = {
+    {"hatMenueTemp", &CodeOptions::menu},
+    {"hatDatenbank", &CodeOptions::database},
+    {"hatErgebnisliste", &CodeOptions::database},
+    {"System", &CodeOptions::database}, // a field of this name would hide the class that prints the connection's error
+};
+
+/// Behind the database's own method come those that every Java object has and that no handler can replace.
+constexpr OwnName ownMethods[] = {
+    {"VerbindeMitDatenbank", &CodeOptions::database},
+    {"clone", nullptr},
+    {"finalize", nullptr},
+    {"getClass", nullptr},
+    {"hashCode", nullptr},
+    {"notify", nullptr},
+    {"notifyAll", nullptr},
+    {"toString", nullptr},
+    {"wait", nullptr},
+};
+
+/// A number that the library's class cannot work with.
+struct ValueCheck {
+    ComponentKind kind;
+    const PropertyKey& property;
+    bool (*isRight)(const Control&);
+    std::string_view message;
+};
+
+template <class Kind, bool (*isRight)(const Kind&)>
+constexpr bool IsRight(const Control& control) {
+    return isRight(static_cast<const Kind&>(control));
+}
+
+constexpr bool HasAlignment(const dEtikett& label) {
+    return label.Align >= 0 && label.Align <= 2;
+}
+constexpr bool HasFontSize(const dEtikett& label) {
+    return label.FontSize >= 1;
+}
+constexpr bool HasStart(const dRegler& slider) {
+    return slider.Min <= slider.Value && slider.Value <= slider.Max;
+}
+constexpr bool HasRange(const dFortschritt& bar) {
+    return bar.Min <= bar.Max;
+}
+constexpr bool HasRows(const dTabelle& table) {
+    return table.Rows >= 0;
+}
+
+constexpr ValueCheck valueChecks[] = {
+    {ComponentKind::Label, keys::align, IsRight<dEtikett, HasAlignment>, "Die Ausrichtung muss 0, 1 oder 2 sein."},
+    {ComponentKind::Label, keys::fontsize, IsRight<dEtikett, HasFontSize>, "Die Schriftgröße muss mindestens 1 sein."},
+    {ComponentKind::Slider, keys::currentvalue, IsRight<dRegler, HasStart>,
+     "Der Anfangswert muss zwischen Minimum und Maximum liegen."},
+    {ComponentKind::ProgressBar, keys::min, IsRight<dFortschritt, HasRange>,
+     "Das Minimum darf nicht größer als das Maximum sein."},
+    {ComponentKind::Table, keys::rows, IsRight<dTabelle, HasRows>, "Die Zahl der Zeilen darf nicht negativ sein."},
+};
+
+/// A check of a text that will stand between two double quotes.
+struct LiteralCheck {
+    const HintRule& rule;
+    bool LiteralText::*flaw;
+};
+
+constexpr LiteralCheck literalChecks[] = {
+    {Rule("unescaped-quote"), &LiteralText::hasQuote},
+    {Rule("unescaped-backslash"), &LiteralText::hasBackslash},
+    {Rule("line-break"), &LiteralText::hasLineBreak},
+};
+
+/// The components whose rectangle can be seen in the running program.
+constexpr bool ShowsItsBox(ComponentKind kind) {
+    return kind != ComponentKind::OptionGroup && kind != ComponentKind::Sound && kind != ComponentKind::Movie;
+}
+
+/// The codes that Windows-1252 leaves undefined. Files hold them; the Java compiler does not read them.
+constexpr std::string_view undefinedCodes = "\x81\x8D\x8F\x90\x9D";
+
+/// The generator may write so much around a text in one literal or name.
+constexpr std::size_t roomAroundTexts = 100;
+
+/// The constructor's instructions besides the statements that the design gives it.
+constexpr std::size_t ownConstructorBytes = 12;
+
+bool BeginsCharacter(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0u) != 0x80u;
+}
+
+/// A character outside ASCII, and how the generated file holds it.
+struct WideCharacter {
+    std::string_view text;
+    char encoded;
+};
+
+/// Calls `function(WideCharacter)` for every character outside ASCII.
+template <class Function>
+void ForEachWideCharacter(std::string_view text, Function&& function) {
+    for (std::size_t begin = 0; begin < text.size();) {
+        std::size_t end = begin + 1;
+        while (end < text.size() && !BeginsCharacter(text[end]))
+            ++end;
+        const std::string_view character = text.substr(begin, end - begin);
+        if ((character.front() & '\x80') != 0)
+            function(WideCharacter{character, ToWindows1252(std::string(character)).front()});
+        begin = end;
+    }
+}
+
+/// A text of the design as it may stand in a line of the list: short, and without control characters.
+std::string Shown(std::string_view text) {
+    constexpr std::size_t mostBytes = 60;
+    std::string shown(text.substr(0, mostBytes));
+    if (text.size() > mostBytes) {
+        while (!shown.empty() && !BeginsCharacter(text[shown.size()]))
+            shown.pop_back();
+        shown += "…";
+    }
+    for (char& character : shown)
+        if ((character >= 0 && character < ' ') || character == '\x7F')
+            character = ' ';
+    return shown;
+}
+
+/// Where in the design something comes from.
+struct Place {
+    HintSubject subject;
+    ComponentRef component = {};
+    const Control* control = nullptr;
+    const PropertyKey* property = nullptr;
+    std::size_t row = 0;        ///< of a list property, from 1
+    std::string_view what = {}; ///< of a menu line: what it is; of the database: which setting
+    std::string_view name = {}; ///< of a menu line
+
+    Place At(const PropertyKey& key, std::size_t listRow = 0) const {
+        Place place = *this;
+        place.property = &key;
+        place.row = listRow;
+        return place;
+    }
+};
+
+std::string PlaceText(const Place& place) {
+    switch (place.subject) {
+    case HintSubject::Window:
+        return "Fenster";
+    case HintSubject::MenuBar:
+        return Concatenate(place.what, " »", Shown(place.name), "«");
+    case HintSubject::Database:
+        return Concatenate("Datenbank, ", place.what);
+    case HintSubject::Component:
+        break;
+    }
+    std::string text = Concatenate(RowOf(place.component.kind).javaClass, " »", Shown(place.control->ObjectName), "«");
+    if (place.property != nullptr)
+        Append(text, ", ", place.property->label);
+    if (place.row != 0)
+        Append(text, ", Zeile ", place.row);
+    return text;
+}
+
+std::string_view MenuWord(const cMenu& line) {
+    constexpr std::string_view words[] = {"Menü", "Untermenü", "Menüzeile", "Trennlinie"};
+    return words[std::clamp<std::int32_t>(line.EntryType, cMenu::Menu, cMenu::Separator)];
+}
+
+class HintFinder {
+  public:
+    HintFinder(const ProjectModel& model, CodeOptions options) : model_(model), options_(options) {}
+
+    std::vector<Hint> Find() {
+        ReserveOwnNames();
+        CheckWindow();
+        for (const KindRow& row : KindRows())
+            for (std::size_t index = 1; index < model_.ElementCount(row.kind); ++index)
+                CheckComponent({row.kind, index});
+        if (options_.menu)
+            CheckMenus();
+        if (options_.database)
+            CheckDatabase();
+        if (constructorBytes_ > mostMethodBytes)
+            Report(Rule("program-too-large"), {HintSubject::Window});
+        return std::move(hints_);
+    }
+
+  private:
+    void Report(const HintRule& rule, const Place& place, std::string_view detail = {}) {
+        if (hints_.size() == mostHints)
+            return;
+        Hint hint{&rule,
+                  Concatenate(PlaceText(place), ": ", ReplaceAll(rule.message, "#", detail)),
+                  place.subject,
+                  std::nullopt,
+                  {}};
+        if (place.subject == HintSubject::Component)
+            hint.component = place.component;
+        if (place.property != nullptr)
+            hint.property = place.property->key;
+        hints_.push_back(std::move(hint));
+    }
+
+    bool IsOwn(const OwnName& own) const { return own.option == nullptr || options_.*own.option; }
+
+    void ReserveOwnNames() {
+        for (const OwnName& own : ownFields)
+            if (IsOwn(own))
+                fields_.insert(own.name);
+        for (const OwnName& own : ownMethods)
+            if (IsOwn(own))
+                methods_.emplace(own.name);
+        if (!options_.database)
+            return;
+        for (std::size_t i = 0; i < sqlFunctionCount; ++i) {
+            // A method with parameters stands beside a handler of the same name.
+            std::string_view name = SQLFunctions()[i].Name();
+            if (model_.Sql().HasFunction(i) && name.ends_with("()"))
+                methods_.emplace(name.substr(0, name.size() - 2));
+        }
+    }
+
+    /// Whether the name can be declared; if not, what follows from it needs no hint of its own.
+    bool CheckName(std::string_view name, const Place& place) {
+        const HintRule* broken = nullptr;
+        if (!IsJavaIdentifier(name))
+            broken = &Rule("invalid-name");
+        else if (IsJavaKeyword(name))
+            broken = &Rule("keyword-name");
+        else if (name.size() > longestConstant - roomAroundTexts)
+            broken = &Rule("text-too-long");
+        else if (!fields_.insert(name).second)
+            broken = &Rule("duplicate-name");
+        if (broken != nullptr)
+            Report(*broken, place, Shown(name));
+        return broken == nullptr;
+    }
+
+    void CheckMethod(std::string method, const Place& place) {
+        if (!IsJavaIdentifier(method) || IsJavaKeyword(method))
+            Report(Rule("invalid-method"), place, Shown(method));
+        else if (method.size() > longestConstant)
+            Report(Rule("text-too-long"), place);
+        else if (const auto [found, isNew] = methods_.insert(std::move(method)); !isNew)
+            Report(Rule("duplicate-method"), place, Shown(*found));
+    }
+
+    void CheckText(std::string_view text, const Place& place) {
+        const LiteralText literal = ReadLiteral(text, '"');
+        for (const LiteralCheck& check : literalChecks)
+            if (literal.*check.flaw)
+                Report(check.rule, place);
+        if (text.size() > longestConstant - roomAroundTexts)
+            Report(Rule("text-too-long"), place);
+        CheckCharacters(text, place);
+    }
+
+    /// Says at most one thing of either sort about a text.
+    void CheckCharacters(std::string_view text, const Place& place) {
+        bool hasUndefined = false;
+        std::string_view unknown;
+        ForEachWideCharacter(text, [&](const WideCharacter& character) {
+            if (undefinedCodes.find(character.encoded) != std::string_view::npos)
+                hasUndefined = true;
+            else if (character.encoded == '?' && unknown.empty())
+                unknown = character.text;
+        });
+        if (hasUndefined)
+            Report(Rule("control-character"), place);
+        if (!unknown.empty())
+            Report(Rule("unknown-character"), place, unknown);
+    }
+
+    void CheckPasswordCharacter(std::string_view text, const Place& place) {
+        const LiteralText literal = ReadLiteral(text, '\'');
+        if (!literal.Compiles() || literal.characters != 1)
+            Report(Rule("password-character"), place);
+        else
+            CheckCharacters(text, place);
+    }
+
+    void CheckFile(std::string_view name, const Place& place) {
+        if (name.empty())
+            return Report(Rule("no-file"), place);
+        CheckCharacters(name, place);
+        // The generator doubles the backslashes of file names.
+        const std::string inJava = ReplaceAll(name, "\\", "\\\\");
+        std::error_code ignored;
+        if (!ReadLiteral(inJava, '"').Compiles())
+            Report(Rule("bad-file-name"), place);
+        else if (inJava.size() > longestConstant)
+            Report(Rule("text-too-long"), place);
+        else if (!fs::exists(PathOf(model_.FilePath()).parent_path() / PathOf(name), ignored))
+            Report(Rule("missing-file"), place, Shown(name));
+    }
+
+    void CheckBox(const Rectangle& box, const Place& size, const Place& position) {
+        if (box.width < 1 || box.height < 1)
+            Report(Rule("no-size"), size, Concatenate(box.width, " x ", box.height));
+        else if (box.left < 0 || box.top < 0 || box.Right() > model_.WindowWidth() ||
+                 box.Bottom() > model_.WindowHeight())
+            Report(Rule("outside-window"), position);
+    }
+
+    void CheckWindow() {
+        if (model_.WindowWidth() < 1 || model_.WindowHeight() < 1)
+            Report(Rule("no-size"), {HintSubject::Window},
+                   Concatenate(model_.WindowWidth(), " x ", model_.WindowHeight()));
+    }
+
+    void CheckComponent(ComponentRef component) {
+        const Control& control = model_.Element(component);
+        if (!control.Visible)
+            return;
+        const Place place{HintSubject::Component, component, &control};
+        const bool named = CheckName(control.ObjectName, place.At(keys::name));
+        if (ShowsItsBox(component.kind))
+            CheckBox({control.Left, control.Top, control.Width, control.Height}, place.At(keys::width),
+                     place.At(keys::left));
+        for (const PropertyRow& row : control.Table().Rows())
+            CheckProperty(row, control, place.At(*row.key));
+        for (const ValueCheck& check : valueChecks)
+            if (check.kind == component.kind && !check.isRight(control))
+                Report(Rule("bad-value"), place.At(check.property), check.message);
+        if (component.kind == ComponentKind::OptionGroup)
+            CheckRadioButtons(static_cast<const dOptionsgruppe&>(control), place);
+        else if (named)
+            for (const PropertyRow& row : control.Table().Rows())
+                if (row.isOn != nullptr && row.isOn(control))
+                    CheckMethod(Concatenate(control.ObjectName, row.handlerSuffix), place.At(*row.key));
+        Measure(place, [&control] { return control.CreateInitText(control.Left, control.Top); });
+    }
+
+    void CheckProperty(const PropertyRow& row, const Control& control, const Place& place) {
+        switch (row.key->editor) {
+        case EditorKind::Text:
+            return CheckText(row.get(control), place);
+        case EditorKind::Character:
+            return CheckPasswordCharacter(row.get(control), place);
+        case EditorKind::File:
+            return CheckFile(row.get(control), place);
+        case EditorKind::List:
+            if (row.key == &keys::optionbuttons)
+                return;
+            CheckItems(ListItems(row.get(control)), place);
+            return;
+        case EditorKind::Number:
+        case EditorKind::Flag:
+        case EditorKind::Choice:
+            return;
+        }
+    }
+
+    void CheckItems(const std::vector<std::string>& items, const Place& place) {
+        std::size_t number = 0;
+        for (const std::string& item : items)
+            CheckText(item, place.At(*place.property, ++number));
+    }
+
+    void CheckRadioButtons(const dOptionsgruppe& group, const Place& place) {
+        if (group.OptionButtons.empty())
+            Report(Rule("empty-group"), place.At(keys::optionbuttons));
+        std::size_t number = 0;
+        for (const cRadioButton& button : group.OptionButtons) {
+            const Place row = place.At(keys::optionbuttons, ++number);
+            if (CheckName(button.Name, row) && group.EventClick)
+                CheckMethod(Concatenate(button.Name, suffixes::clicked), row);
+            CheckText(button.Caption, row);
+            if (button.Caption.empty())
+                Report(Rule("missing-caption"), row);
+            CheckBox({group.Left + button.Left, group.Top + button.Top, button.Width, button.Height}, row, row);
+        }
+    }
+
+    /// Adds the size of statements to the constructor's; false when the generator refuses to write them.
+    template <class Generate>
+    bool Measure(const Place& place, Generate&& generate) {
+        try {
+            constructorBytes_ += MethodBytes(generate());
+            return true;
+        } catch (const RuntimeError& error) {
+            Report(Rule("not-generated"), place, error.Description());
+            return false;
+        }
+    }
+
+    void CheckMenus() {
+        if (!Measure({HintSubject::Window}, [this] { return model_.Menus().GenerateCode(MenuSection::Main); }))
+            return;
+        for (const cMenu& menu : model_.Menus().Menus()) {
+            const Place place = PlaceOf(menu);
+            const bool named = CheckName(menu.Name, place);
+            CheckCaption(menu, place);
+            CheckMenuLines(menu, named);
+        }
+    }
+
+    static Place PlaceOf(const cMenu& line) {
+        Place place{HintSubject::MenuBar};
+        place.what = MenuWord(line);
+        place.name = line.Caption;
+        return place;
+    }
+
+    void CheckCaption(const cMenu& line, const Place& place) {
+        CheckText(line.Caption, place);
+        if (line.Caption.empty())
+            Report(Rule("missing-caption"), place);
+    }
+
+    /// `named`: whether the event methods below begin with a name that can be declared.
+    void CheckMenuLines(const cMenu& container, bool named) {
+        for (const cMenu& line : container.Children()) {
+            const Place place = PlaceOf(line);
+            if (line.EntryType == cMenu::SubMenu) {
+                CheckCaption(line, place);
+                const bool nested = container.EntryType == cMenu::SubMenu;
+                if (nested)
+                    Report(Rule("nested-submenu"), place);
+                CheckMenuLines(line, named && !nested);
+                continue;
+            }
+            if (line.EntryType == cMenu::Entry) {
+                CheckCaption(line, place);
+                if (named)
+                    CheckMethod(line.EventMethod(), place);
+            } else if (line.EntryType == cMenu::Menu) {
+                Report(Rule("lost-menu-line"), place);
+            }
+            for (const cMenu& lost : line.Children())
+                Report(Rule("lost-menu-line"), PlaceOf(lost));
+        }
+    }
+
+    void CheckDatabase() {
+        const SQLSettings& sql = model_.Sql();
+        for (const SQLWizardStep& step : SQLWizard::Steps())
+            for (const SQLWizardField& field : step.fields) {
+                Place place{HintSubject::Database};
+                place.what = field.label.substr(0, field.label.find(':'));
+                CheckText(sql.*field.text, place);
+                if (field.text == &SQLSettings::Server && !sql.UsesDatabase())
+                    Report(Rule("missing-server"), place);
+                if (field.text == &SQLSettings::TableName && sql.TableName.empty())
+                    Report(Rule("missing-table"), place);
+            }
+        constructorBytes_ += MethodBytes(GenerateSQLCode(sql));
+    }
+
+    const ProjectModel& model_;
+    CodeOptions options_;
+    std::unordered_set<std::string_view> fields_;
+    std::unordered_set<std::string> methods_;
+    std::size_t constructorBytes_ = ownConstructorBytes;
+    std::vector<Hint> hints_;
+};
+
+} // namespace
+
+std::span<const HintRule> HintRules() {
+    return rules;
+}
+
+std::vector<Hint> FindHints(const ProjectModel& model, CodeOptions options) {
+    return HintFinder(model, options).Find();
+}
+
+} // namespace pirol

@@ -1,0 +1,129 @@
+#include "Cases.h"
+#include "codegen/Hints.h"
+#include "model/Windows1252.h"
+#include "project/ProjectFile.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+namespace pirol {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr CodeOptions everything{.menu = true, .database = true};
+
+std::string Lines(const std::vector<Hint>& hints) {
+    std::string lines;
+    for (const Hint& hint : hints)
+        lines.append(hint.text).append(" [").append(hint.rule->key).append("]\n");
+    return lines;
+}
+
+/// tests/data/hints/RULE: design.prl gives hints.txt with the options of options.txt. What becomes of the generated
+/// program stands in effect.txt; the tests with the Java compiler look at that.
+TEST(Hints, EachRuleHasACase) {
+    std::set<std::string_view> rules;
+    for (const HintRule& rule : HintRules())
+        rules.insert(rule.key);
+    for (const fs::path& folder : test::CaseFolders("hints")) {
+        const std::string rule = folder.filename().string();
+        const std::string options = ReadFileBytes(folder / "options.txt");
+        const CodeOptions code{options.find("--menu") != std::string::npos, options.find("--sql") != std::string::npos};
+        ProjectModel model;
+        ASSERT_EQ(ReadPRLFile(folder / "design.prl", model), ReadResult::Loaded) << folder;
+        const std::string lines = Lines(FindHints(model, code));
+        EXPECT_EQ(lines, ReadFileBytes(folder / "hints.txt")) << folder;
+        EXPECT_NE(lines.find("[" + rule + "]"), std::string::npos) << folder;
+        EXPECT_EQ(rules.erase(rule), 1U) << folder;
+    }
+    // A project file holds no character that it could not hold.
+    EXPECT_EQ(rules, std::set<std::string_view>{"unknown-character"});
+}
+
+TEST(Hints, ACharacterThatWindows1252LacksReallyIsLost) {
+    ProjectModel model;
+    auto& label = static_cast<dEtikett&>(model.EditElement(model.PlaceComponent(ComponentKind::Label, {0, 0, 50, 50})));
+    label.Caption = "Ж und 漢 statt €";
+    const std::vector<Hint> hints = FindHints(model, {});
+    EXPECT_EQ(Lines(hints), "Etikett »hatEtikett1«, Beschriftung: Das Zeichen »Ж« gibt es in Windows-1252 nicht; das "
+                            "Programm zeigt dafür »?«. [unknown-character]\n");
+    EXPECT_NE(ToWindows1252(GenerateCode(model, {})).find("\"? und ? statt \x80\""), std::string::npos);
+}
+
+/// A click on a hint selects the component and the row of the property list.
+TEST(Hints, SayWhatToSelect) {
+    ProjectModel model;
+    for (int placed = 0; placed < 2; ++placed)
+        model.PlaceComponent(ComponentKind::Button, {0, 0, 50, 50});
+    auto& button = static_cast<dButton&>(model.EditElement({ComponentKind::Button, 2}));
+    button.ObjectName = "für jeden";
+    button.Caption = "\"";
+    button.Left = 620;
+    model.EditMenus().Append("", "hatMenueDatei");
+    struct Wanted {
+        std::string_view rule;
+        HintSubject subject;
+        std::optional<ComponentRef> component;
+        std::string_view property;
+    };
+    const ComponentRef second{ComponentKind::Button, 2};
+    const Wanted wanted[] = {
+        {"invalid-name", HintSubject::Component, second, "name"},
+        {"outside-window", HintSubject::Component, second, "left"},
+        {"unescaped-quote", HintSubject::Component, second, "value"},
+        {"missing-caption", HintSubject::MenuBar, std::nullopt, ""},
+        {"missing-server", HintSubject::Database, std::nullopt, ""},
+        {"missing-table", HintSubject::Database, std::nullopt, ""},
+    };
+    const std::vector<Hint> hints = FindHints(model, everything);
+    ASSERT_EQ(hints.size(), std::size(wanted)) << Lines(hints);
+    for (std::size_t i = 0; i < hints.size(); ++i) {
+        EXPECT_EQ(hints[i].rule->key, wanted[i].rule);
+        EXPECT_EQ(hints[i].subject, wanted[i].subject) << wanted[i].rule;
+        EXPECT_EQ(hints[i].component, wanted[i].component) << wanted[i].rule;
+        EXPECT_EQ(hints[i].property, wanted[i].property) << wanted[i].rule;
+    }
+    // What is not generated needs no hint.
+    EXPECT_EQ(FindHints(model, {}).size(), 3U);
+    model.DeleteComponent(second);
+    EXPECT_EQ(Lines(FindHints(model, {})), "");
+}
+
+TEST(Hints, StayShortForAnyDesign) {
+    ProjectModel model;
+    for (std::size_t i = 0; i < 3 * mostHints; ++i)
+        model.EditElement(model.PlaceComponent(ComponentKind::Button, {0, 0, 50, 50})).ObjectName =
+            std::string(1000, i % 2 == 0 ? '\x01' : '"');
+    const std::vector<Hint> hints = FindHints(model, {});
+    EXPECT_EQ(hints.size(), mostHints);
+    for (const Hint& hint : hints) {
+        EXPECT_LT(hint.text.size(), 400U);
+        EXPECT_EQ(hint.text.find_first_of("\x01\r\n"), std::string::npos);
+    }
+}
+
+/// Every line of a menu repeats the menu's name, so a small file can ask for more text than any memory holds.
+TEST(Hints, AMenuTooLargeToGenerateIsOneHint) {
+    ProjectModel model;
+    cMenu& menu = model.EditMenus().Append("Datei", std::string(60000, 'x'));
+    for (int entry = 0; entry < 2000; ++entry)
+        menu.AddEntry(std::to_string(entry), cMenu::Entry);
+    EXPECT_EQ(Lines(FindHints(model, {.menu = true})),
+              "Fenster: Das Programm lässt sich nicht erzeugen: Nicht genügend Speicher. [not-generated]\n");
+}
+
+TEST(Hints, ExamplesLackOnlyTheirFiles) {
+    for (const auto& entry : fs::directory_iterator(PIROL_EXAMPLES)) {
+        if (entry.path().extension() != ".prl")
+            continue;
+        ProjectModel model;
+        ASSERT_EQ(ReadPRLFile(entry.path(), model), ReadResult::Loaded);
+        for (const Hint& hint : FindHints(model, {true, model.Sql().UsesDatabase()}))
+            EXPECT_EQ(hint.rule->key, "missing-file") << entry.path() << hint.text;
+    }
+}
+
+} // namespace
+} // namespace pirol
