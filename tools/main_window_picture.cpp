@@ -22,7 +22,7 @@ int main(int argumentCount, char* arguments[]) {
     pirol::frmCommonDialog dialogs;
     pirol::frmProgramStarter starter;
     pirol::frmMain window(dialogs, starter);
-    window.resize(1080, 680);
+    window.resize(1240, 740); // the largest usual window is seen whole
     window.show();
     window.ReadPRLFile(arguments[1]);
     return window.grab().save(arguments[2]) ? 0 : 1;
