@@ -17,7 +17,7 @@ class PlainOutput {
     ~PlainOutput();
 
   private:
-    unsigned codePageBefore_ = 0;
+    [[maybe_unused]] unsigned codePageBefore_ = 0; // only a Windows console has one
 };
 
 } // namespace pirol

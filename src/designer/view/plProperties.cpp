@@ -39,10 +39,11 @@ plProperties::plProperties(QWidget* parent) : QTreeView(parent), model_(new Prop
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setTabKeyNavigation(false);
     setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
-    header()->setStretchLastSection(true);
+    header()->setStretchLastSection(false);
     header()->setSectionsMovable(false);
     // Captions are never cut, and the values have all the room that is left.
     header()->setSectionResizeMode(PropertyListModel::CaptionColumn, QHeaderView::ResizeToContents);
+    header()->setSectionResizeMode(PropertyListModel::ValueColumn, QHeaderView::Stretch);
 
     connect(model_, &PropertyListModel::PropertyEdited, this, &plProperties::PropertyEdited);
     connect(model_, &PropertyListModel::modelAboutToBeReset, this, &plProperties::RememberPlace);
