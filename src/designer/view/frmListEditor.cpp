@@ -36,12 +36,14 @@ QPushButton* NewRowButton(const char* name, const QString& caption, std::string_
 class ListRowsModel final : public QAbstractTableModel {
   public:
     ListRowsModel(ListEditorModel list, QWidget* owner)
-        : QAbstractTableModel(owner), list_(std::move(list)), owner_(owner) {}
+        : QAbstractTableModel(owner), list_(std::move(list)), owner_(owner) {
+        untilReport_.setSingleShot(true);
+    }
 
     std::string ListText() const { return list_.ListText(); }
 
     /// Whether a value was refused whose error report is still to come.
-    bool HasPendingReport() const { return pendingReport_; }
+    bool HasPendingReport() const { return untilReport_.isActive(); }
 
     int rowCount(const QModelIndex& parent = {}) const override {
         return parent.isValid() ? 0 : static_cast<int>(list_.RowCount());
@@ -78,12 +80,10 @@ class ListRowsModel final : public QAbstractTableModel {
                 list_.SetCell(static_cast<std::size_t>(index.row()), static_cast<std::size_t>(index.column()), text);
             });
         });
-        if (taken) {
+        if (taken)
             emit dataChanged(index, index);
-        } else {
-            pendingReport_ = true;
-            QTimer::singleShot(0, this, [this] { pendingReport_ = false; });
-        }
+        else
+            untilReport_.start(0);
         return taken;
     }
 
@@ -137,7 +137,7 @@ class ListRowsModel final : public QAbstractTableModel {
 
     ListEditorModel list_;
     QWidget* owner_;
-    bool pendingReport_ = false;
+    QTimer untilReport_; ///< runs out when the report is shown
 };
 
 frmListEditor::frmListEditor(const PropertyPanelRow& property, QWidget* owner)

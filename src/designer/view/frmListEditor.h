@@ -26,7 +26,6 @@ class frmListEditor : public QDialog {
 
     std::string ListText() const;
 
-  public slots:
     void accept() override;
 
   protected:
