@@ -36,11 +36,13 @@ inline void Type(const QWidget& form, const char* name, const QString& text) {
         QTest::sendKeyEvent(QTest::Click, field, Qt::Key_unknown, QString(sign), Qt::NoModifier);
 }
 
-/// Answers the next modal dialog of this kind once it is shown; the test ends when none comes.
+/// Answers the next modal dialog of this kind once it is shown and has the keyboard; the test ends when none comes.
+/// Keys sent any earlier would reach the window behind it, which no user's key does.
 template <class Dialog, class Answer>
 void WhenShown(Answer answer, int triesLeft = 500) {
     QTimer::singleShot(10, [answer, triesLeft] {
-        if (const QPointer<Dialog> dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget())) {
+        const QPointer<Dialog> dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+        if (!dialog.isNull() && QApplication::activeWindow() == dialog) {
             answer(*dialog);
             // A check that fails leaves the answer early; the test must not wait for the rest of it.
             if (QTest::currentTestFailed() && !dialog.isNull())

@@ -442,7 +442,6 @@ class plPropertiesTest : public QObject {
         QCOMPARE(cell.data().toString(), "(leer)");
         bench.Select("Einträge");
         test::WhenShown<frmListEditor>([](frmListEditor& dialog) {
-            QVERIFY(QTest::qWaitForWindowActive(&dialog));
             QCOMPARE(dialog.windowTitle(), "Einträge bearbeiten");
             QTest::keyClick(dialog.findChild<QTableView*>("lstRows"), Qt::Key_Insert);
             Type("eins");
