@@ -14,7 +14,7 @@ class Failure(Exception):
 
 
 class Display:
-    """A screen that nobody sees."""
+    """A screen that nobody sees, with a German keyboard."""
 
     def __init__(self, size="1280x900"):
         read, write = os.pipe()
@@ -23,6 +23,8 @@ class Display:
         os.close(write)
         with os.fdopen(read) as number:
             self.name = ":" + number.readline().strip()
+        # Letters that are on the keyboard need no change of the keyboard while they are typed.
+        subprocess.run(["setxkbmap", "-display", self.name, "de"], check=True)
 
     def __enter__(self):
         return self
@@ -33,9 +35,15 @@ class Display:
 
 
 class Designer:
-    """One run of the program. Titles are regular expressions; positions are pixels of the window in use."""
+    """One run of the program. Titles are regular expressions; positions are pixels of the window in use.
 
-    PATIENCE = 20  # seconds until something that should appear counts as missing
+    The display server hands keys and clicks to the program in their order, however slow it is, so nothing waits between
+    them. Waiting is needed where a window opens or closes: the focus must be there before a key is pressed. A button
+    that is pressed by its mnemonic acts a moment later than the next key; press such buttons with Enter or Space. A menu
+    that was left by a key may still be in the mouse's way.
+    """
+
+    PATIENCE = 60  # seconds until something that should appear counts as missing
 
     def __init__(self, program, display, home, *arguments, scale="1"):
         # A desktop's own dialogs would differ from one machine to the next.
@@ -81,41 +89,44 @@ class Designer:
         def find():
             return next((number for number, name in self.windows().items() if re.search(title, name)), None)
         self.window = self.wait_for(find, f"the window {title!r}")
-        time.sleep(0.2)
-        self.xdotool("windowfocus", "--sync", self.window)
-        time.sleep(0.1)
+        self.focus()
+
+    def focus(self):
+        """Gives the window in use the keyboard. There is no window manager that would."""
+        self.wait_for(lambda: self.xdotool("windowfocus", self.window) or
+                      self.xdotool("getwindowfocus", "-f") == self.window, "the focus")
 
     def wait_until_gone(self, title):
         self.wait_for(lambda: not any(re.search(title, name) for name in self.windows().values()),
                       f"the end of {title!r}")
 
+    def size(self):
+        geometry = self.xdotool("getwindowgeometry", "--shell", self.window)
+        return tuple(int(re.search(rf"{side}=(\d+)", geometry)[1]) for side in ("WIDTH", "HEIGHT"))
+
     def resize(self, width, height):
         self.xdotool("windowsize", "--sync", self.window, width, height)
-        time.sleep(0.3)
 
     # --- Keyboard and mouse -------------------------------------------------------------------------------------
 
     def key(self, *names):
-        self.xdotool("key", "--delay", "40", *names)
-        time.sleep(0.1)
+        self.xdotool("key", *names)
+
+    def write(self, text):
+        """Types where the cursor is."""
+        self.xdotool("type", text)
 
     def type(self, text):
         """Types over what the field in use holds."""
         self.key("ctrl+a")
-        if not text:
-            self.key("Delete")
-        for sign in text:
-            self.xdotool("type", "--delay", "15", sign)
-        time.sleep(0.1)
+        self.write(text) if text else self.key("Delete")
 
     def move(self, x, y):
         self.xdotool("mousemove", "--window", self.window, x, y)
-        time.sleep(0.05)
 
-    def click(self, x, y, times=1):
+    def click(self, x, y):
         self.move(x, y)
-        self.xdotool("click", "--repeat", times, "--delay", "60", "1")
-        time.sleep(0.15)
+        self.xdotool("click", "1")
 
     def drag(self, left, top, right, bottom):
         self.move(left, top)
@@ -123,7 +134,6 @@ class Designer:
         for part in (0.3, 0.6, 1):
             self.move(round(left + (right - left) * part), round(top + (bottom - top) * part))
         self.xdotool("mouseup", "1")
-        time.sleep(0.15)
 
     # --- What belongs together ----------------------------------------------------------------------------------
 
@@ -135,6 +145,12 @@ class Designer:
         self.wait_until_gone(title)
         self.use("Pirol$")
 
+    def clipboard(self, part):
+        """The text on the clipboard when it holds this part."""
+        run = subprocess.run(["xclip", "-o", "-selection", "clipboard"], env=self.environment, capture_output=True, check=False)
+        text = run.stdout.decode(errors="replace")
+        return text if part in text else None
+
     def wait_for_end(self):
         try:
             return self.program.wait(self.PATIENCE)
@@ -142,11 +158,18 @@ class Designer:
             raise Failure("the program does not end") from None
 
     def picture(self, path, window=None):
-        """Saves what a window shows."""
+        """Saves what a window shows, once it shows the same for a while."""
         self.xdotool("mousemove", 1270, 890)
-        time.sleep(0.3)
         tool = shutil.which("import")
         if tool is None:
             raise Failure("import (ImageMagick) is missing")
         pathlib.Path(path).parent.mkdir(parents=True, exist_ok=True)
-        subprocess.run([tool, "-window", window or self.window, str(path)], env=self.environment, check=True)
+        shown = []
+
+        def is_at_rest():
+            time.sleep(0.2)
+            subprocess.run([tool, "-window", window or self.window, "-define", "png:exclude-chunks=date,time", str(path)],
+                           env=self.environment, check=True)
+            shown.append(pathlib.Path(path).read_bytes())
+            return len(shown) > 1 and shown[-1] == shown[-2]
+        self.wait_for(is_at_rest, f"a picture at rest for {path}")
