@@ -6,6 +6,7 @@
 #include "model/Windows1252.h"
 #include "project/HashFunction.h"
 #include "project/ProjectFile.h"
+#include "project/Snapshot.h"
 
 #include <benchmark/benchmark.h>
 
@@ -98,6 +99,14 @@ void WriteProject(benchmark::State& state) {
     CountComponents(state);
 }
 
+/// What keeping a design for crash recovery costs the user's time.
+void Snapshot(benchmark::State& state) {
+    const ProjectModel model = MixedDesign(Components(state));
+    while (state.KeepRunning())
+        benchmark::DoNotOptimize(TakeSnapshot(model));
+    CountComponents(state);
+}
+
 /// As pirol-cli writes it: encoded piece by piece.
 void Generate(const ProjectModel& model) {
     WriteCode(model, everything,
@@ -154,6 +163,7 @@ void DesignSizes(benchmark::internal::Benchmark* benchmark) {
 BENCHMARK(CheckHash)->Apply(DesignSizes);
 BENCHMARK(ReadProject)->Apply(DesignSizes);
 BENCHMARK(WriteProject)->Apply(DesignSizes);
+BENCHMARK(Snapshot)->Apply(DesignSizes);
 BENCHMARK(GenerateJava)->Apply(DesignSizes);
 BENCHMARK(ReadAndGenerate)->Apply(DesignSizes);
 BENCHMARK(ImportJava)->Apply(DesignSizes);

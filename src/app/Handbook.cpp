@@ -21,6 +21,7 @@ constexpr ChapterRow chapters[] = {
     {"frmPreferences", "optionen"},
     {"openDialog", "projekte-speichern-und-öffnen"},
     {"saveDialog", "projekte-speichern-und-öffnen"},
+    {"frmRecovery", "wiederherstellung"},
     {"frmError", "wenn-etwas-nicht-klappt"},
     {"message", "wenn-etwas-nicht-klappt"},
     {"frmAbout", "über-pirol"},

@@ -3,8 +3,8 @@
 
 #include "app/RegistryStore.h"
 #include "model/FileAccess.h"
+#include "model/UserFolder.h"
 
-#include <cstdlib>
 #include <filesystem>
 
 namespace pirol::registry {
@@ -12,18 +12,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-fs::path FolderFrom(const char* variable) {
-    const char* value = std::getenv(variable);
-    const fs::path folder = value == nullptr ? "" : value;
-    // A relative path would mean another folder after every change of the working directory.
-    return folder.is_absolute() ? folder : fs::path();
-}
-
 /// The store's file; an empty path when the user has no folder for it.
 fs::path StoreFile() {
-    fs::path folder = FolderFrom("XDG_CONFIG_HOME");
-    if (folder.empty() && !FolderFrom("HOME").empty())
-        folder = FolderFrom("HOME") / ".config";
+    const fs::path folder = UserFolder("XDG_CONFIG_HOME", ".config");
     return folder.empty() ? folder : folder / "Pirol" / "registry.conf";
 }
 

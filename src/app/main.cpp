@@ -2,6 +2,7 @@
 #include "app/frmHelp.h"
 #include "app/frmProgramStarter.h"
 #include "designer/view/Bitmaps.h"
+#include "designer/view/DesignKeeper.h"
 #include "designer/view/frmMain.h"
 #include "project/FileCommands.h"
 
@@ -34,8 +35,10 @@ int main(int argumentCount, char* arguments[]) {
     pirol::frmCommonDialog dialogs;
     pirol::frmProgramStarter starter;
     pirol::frmMain mainWindow(dialogs, starter, pirol::Preferences::Load());
+    pirol::DesignKeeper keeper(mainWindow, dialogs, pirol::RecoveryFolder());
     mainWindow.show();
     if (const std::string path = ProjectOf(QApplication::arguments()); !path.empty())
         mainWindow.ReadPRLFile(path);
+    keeper.OfferLeftDesigns();
     return QApplication::exec();
 }

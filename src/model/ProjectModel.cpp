@@ -43,9 +43,9 @@ Result& ElementOf(Elements& elements, ComponentRef component) {
 
 /// Some controls remember the number that they were placed with.
 template <class Element>
-void StoreNumber(Element& element, std::size_t number) {
+void StoreNumber(Element& element, int number) {
     if constexpr (requires { element.Number; })
-        element.Number = static_cast<int>(number);
+        element.Number = number;
 }
 
 template <class Element>
@@ -122,7 +122,7 @@ ComponentRef ProjectModel::PlaceComponent(ComponentKind kind, const Rectangle& b
         element.ObjectName = std::string(row.namePrefix) + number;
         if (!row.captionPrefix.empty())
             StoreCaption(element, std::string(row.captionPrefix) + number);
-        StoreNumber(element, component.index);
+        StoreNumber(element, static_cast<int>(component.index));
     });
     return component;
 }
@@ -131,6 +131,21 @@ Control& ProjectModel::EditElement(ComponentRef component) {
     Control& element = ElementOf<Control>(elements_, component);
     Announce({Change::What::Component, component, VisibleBox(component)});
     return element;
+}
+
+int ProjectModel::PlacementNumber(ComponentRef component) const {
+    int number = 0;
+    WithArray(elements_, component.kind, [&](const auto& array) {
+        if constexpr (requires { array.front().Number; })
+            if (component.index < array.size())
+                number = array[component.index].Number;
+    });
+    return number;
+}
+
+void ProjectModel::SetPlacementNumber(ComponentRef component, int number) {
+    EditElement(component);
+    WithArray(elements_, component.kind, [&](auto& array) { StoreNumber(array[component.index], number); });
 }
 
 void ProjectModel::DeleteComponent(ComponentRef component) {

@@ -95,6 +95,10 @@ class ProjectModel {
     ComponentRef PlaceComponent(ComponentKind kind, const Rectangle& box);
     /// Gives an element for changing it and announces that.
     Control& EditElement(ComponentRef component);
+    /// The running number that a control of some kinds keeps from its placement; 0 for all others. Setting it changes
+    /// nothing for those.
+    int PlacementNumber(ComponentRef component) const;
+    void SetPlacementNumber(ComponentRef component, int number);
     /// Hides a component. When no element of its kind is visible any more they are all removed, so that the kind's
     /// numbering starts again at 1; for sliders and progress bars it never does.
     void DeleteComponent(ComponentRef component);

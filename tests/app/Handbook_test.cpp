@@ -47,9 +47,9 @@ TEST(Handbook, AnchorsAreThoseOfMarkdown) {
 
 TEST(Handbook, EveryWindowHasItsChapter) {
     const std::set<std::string> anchors = Anchors();
-    for (const std::string_view window :
-         {"frmMain", "frmListEditor", "frmProjectSettings", "frmMenuGenerator", "frmSQLGenerator", "frmCode",
-          "frmPreferences", "openDialog", "saveDialog", "frmError", "message", "frmAbout", "frmDonation", "unknown"})
+    for (const std::string_view window : {"frmMain", "frmListEditor", "frmProjectSettings", "frmMenuGenerator",
+                                          "frmSQLGenerator", "frmCode", "frmPreferences", "openDialog", "saveDialog",
+                                          "frmRecovery", "frmError", "message", "frmAbout", "frmDonation", "unknown"})
         EXPECT_TRUE(anchors.contains(std::string(ChapterOf(window)))) << window;
     EXPECT_NE(ChapterOf("frmCode"), ChapterOf("frmMain"));
 }

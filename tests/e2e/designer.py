@@ -6,6 +6,7 @@ import re
 import shutil
 import signal
 import subprocess
+import tempfile
 import time
 
 
@@ -45,11 +46,14 @@ class Designer:
 
     PATIENCE = 60  # seconds until something that should appear counts as missing
 
-    def __init__(self, program, display, home, *arguments, scale="1"):
+    def __init__(self, program, display, home, *arguments, scale="1", state=None):
+        # Each run ends by force. Unless a folder is given for it, no later run shall be offered what this one left.
+        self.forgotten = tempfile.TemporaryDirectory() if state is None else None
         # A desktop's own dialogs would differ from one machine to the next.
         hidden = ("XDG_CURRENT_DESKTOP", "QT_QPA_PLATFORMTHEME", "QT_QPA_PLATFORM", "WAYLAND_DISPLAY")
         self.environment = {key: value for key, value in os.environ.items() if key not in hidden}
-        self.environment |= {"DISPLAY": display.name, "XDG_CONFIG_HOME": str(home / "config"), "HOME": str(home),
+        self.environment |= {"DISPLAY": display.name, "XDG_CONFIG_HOME": str(home / "config"),
+                             "XDG_STATE_HOME": str(state or self.forgotten.name), "HOME": str(home),
                              "XDG_RUNTIME_DIR": str(home), "LANG": "C.UTF-8", "QT_SCALE_FACTOR": scale}
         self.program = subprocess.Popen([program, *map(str, arguments)], env=self.environment, cwd=home)
         self.window = None
@@ -62,6 +66,8 @@ class Designer:
         if self.program.poll() is None:
             self.program.send_signal(signal.SIGKILL)
         self.program.wait()
+        if self.forgotten:
+            self.forgotten.cleanup()
 
     # --- The windows --------------------------------------------------------------------------------------------
 

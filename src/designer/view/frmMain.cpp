@@ -210,12 +210,15 @@ void frmMain::ShowDesign() {
     picContainer_->ShowChanges(changes);
     if (designedSize_ != QSize(model_.WindowWidth(), model_.WindowHeight()))
         LayOut();
+    const bool announces = !changes.empty() || isWindowModified() != model_.IsChanged();
     setWindowModified(model_.IsChanged());
     const QString path = ToText(model_.FilePath());
     const QString title = (path.isEmpty() ? "Neues Projekt" : QFileInfo(path).fileName()) + "[*] – Pirol";
     if (windowTitle() != title)
         setWindowTitle(title);
     ShowStatus();
+    if (announces)
+        emit DesignChanged();
 }
 
 void frmMain::ShowStatus() {

@@ -61,6 +61,10 @@ class frmMain : public QMainWindow {
     /// Brings the window up to date with the design, the selection and the canvas's state.
     void ShowDesign();
 
+  signals:
+    /// The design was changed, or what it was changed to has been saved.
+    void DesignChanged();
+
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;

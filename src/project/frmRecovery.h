@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QDialog>
+
+#include <ctime>
+#include <string>
+
+namespace pirol {
+
+/// Offers a design that was left by a program that did not end normally.
+class frmRecovery : public QDialog {
+    Q_OBJECT
+
+  public:
+    enum class Answer { Restore, Discard, Later };
+
+    /// Path of the project, UTF-8, empty for one without; when the design was kept last; how many older ones there are.
+    frmRecovery(const std::string& project, std::time_t written, std::size_t others, QWidget* owner);
+
+    /// What the user wants; closing the form means Later.
+    Answer Chosen() const { return chosen_; }
+
+  private:
+    void Choose(Answer answer);
+
+    Answer chosen_ = Answer::Later;
+};
+
+} // namespace pirol
