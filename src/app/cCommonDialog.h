@@ -21,7 +21,8 @@ struct FileDialogSetup {
     /// semicolons. Empty for all files.
     std::string Filter;
     std::uint32_t Flags = 0;
-    std::string FileName; ///< the preset name
+    std::string FileName;  ///< the preset name
+    std::string Name = {}; ///< of the dialog itself, by which the handbook finds its chapter
 };
 
 /// One line of a file dialog's filter.

@@ -18,6 +18,9 @@
 namespace pirol {
 namespace {
 
+/// In this width the list of files shows its columns whole.
+constexpr int charactersWide = 120;
+
 /// The window that the user is working in; the dialogs open in its middle.
 QWidget* Owner() {
     QWidget* const modal = QApplication::activeModalWidget();
@@ -42,6 +45,8 @@ QStringList NameFilters(std::string_view filter) {
 
 /// The dialog hides the patterns that NameFilters appends, so the user reads each filter's text as it stands.
 void SetUp(QFileDialog& dialog, const FileDialogSetup& setup) {
+    dialog.setObjectName(ToText(setup.Name));
+    dialog.resize(dialog.fontMetrics().averageCharWidth() * charactersWide, dialog.sizeHint().height());
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     dialog.setNameFilters(NameFilters(setup.Filter));
@@ -105,7 +110,6 @@ void SpeakGerman(QCoreApplication& application) {
 
 std::string frmCommonDialog::ShowOpen(const FileDialogSetup& setup) {
     QFileDialog dialog(Owner(), Title(setup, "Öffnen"));
-    dialog.setObjectName("openDialog");
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setFileMode((setup.Flags & FileDialogSetup::FileMustExist) != 0 ? QFileDialog::ExistingFile
                                                                            : QFileDialog::AnyFile);
@@ -115,7 +119,6 @@ std::string frmCommonDialog::ShowOpen(const FileDialogSetup& setup) {
 
 std::string frmCommonDialog::ShowSave(const FileDialogSetup& setup) {
     QFileDialog dialog(Owner(), Title(setup, "Speichern unter"));
-    dialog.setObjectName("saveDialog");
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     SetUp(dialog, setup);

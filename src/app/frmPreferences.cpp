@@ -209,7 +209,8 @@ void frmPreferences::BrowseBlueJ() {
     const std::string chosen = dialogs_.ShowOpen({.Title = "BlueJ suchen",
                                                   .Filter = std::string(blueJFilter),
                                                   .Flags = FileDialogSetup::FileMustExist,
-                                                  .FileName = {}});
+                                                  .FileName = {},
+                                                  .Name = "programDialog"});
     txtBlueJPath_->setText(ToText(BlueJPathAfterBrowsing(txtBlueJPath_->text().toStdString(), chosen)));
 }
 

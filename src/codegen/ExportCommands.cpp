@@ -11,29 +11,35 @@ namespace pirol {
 namespace {
 
 FileDialogSetup BlueJDialog() {
-    return {
-        .Title = "BlueJ-Projekt exportieren", .Filter = {}, .Flags = FileDialogSetup::PathMustExist, .FileName = {}};
+    return {.Title = "BlueJ-Projekt exportieren",
+            .Filter = {},
+            .Flags = FileDialogSetup::PathMustExist,
+            .FileName = {},
+            .Name = "exportDialog"};
 }
 
 FileDialogSetup JavaDialog() {
     return {.Title = "Java-Datei exportieren",
             .Filter = "SuMAnwendung.java|SuMAnwendung.java|Alle Dateien (*.*)|*.*",
             .Flags = FileDialogSetup::PathMustExist,
-            .FileName = "SuMAnwendung.java"};
+            .FileName = "SuMAnwendung.java",
+            .Name = "exportDialog"};
 }
 
 FileDialogSetup TextDialog() {
     return {.Title = "Textdatei exportieren",
             .Filter = "Textdateien (*.txt)|*.txt|Alle Dateien (*.*)|*.*",
             .Flags = FileDialogSetup::PathMustExist,
-            .FileName = {}};
+            .FileName = {},
+            .Name = "exportDialog"};
 }
 
 FileDialogSetup ImportDialog() {
     return {.Title = "Java-Datei importieren",
             .Filter = "SuMAnwendung.java|SuMAnwendung.java",
             .Flags = FileDialogSetup::FileMustExist,
-            .FileName = {}};
+            .FileName = {},
+            .Name = "importDialog"};
 }
 
 void ExportFile(const ProjectModel& model, CodeOptions options, const FileDialogSetup& setup, cCommonDialog& dialogs) {

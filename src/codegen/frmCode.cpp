@@ -80,7 +80,7 @@ QWidget* frmCode::NewCommandRow() {
                                   "Kopiert den markierten Text, ohne Markierung den ganzen (Strg+C)");
     auto* cmdSelectAll = NewIconButton("cmdSelectAll", "&Alles auswählen", "selectall", "Strg+A");
     auto* cmdFind = NewIconButton("cmdFind", "&Suchen …", "find", "Strg+F");
-    cmdPrint_ = NewButton("cmdPrint", "&Drucken …");
+    cmdPrint_ = NewIconButton("cmdPrint", "&Drucken …", "print", "Strg+P");
     cmdPrint_->hide();
     auto* cmdZoomOut = NewIconButton("cmdZoomOut", {}, "zoomout", "Schrift verkleinern (Strg+Minus)");
     cmdZoomOut->setAccessibleName("Schrift verkleinern");
@@ -109,8 +109,10 @@ QWidget* frmCode::NewSearchRow() {
     searchRow_ = new QWidget;
     txtFind_ = Named(new QLineEdit, "txtFind", "Suchtext");
     txtFind_->setPlaceholderText("Suchtext");
+    txtFind_->setToolTip("Wird beim Tippen gesucht, mit Eingabe weiter");
     txtFind_->setClearButtonEnabled(true);
     chkCase_ = Named(new QCheckBox("&Groß-/Kleinschreibung"), "chkCase", "Groß- und Kleinschreibung beachten");
+    chkCase_->setToolTip("Nur finden, was genauso geschrieben ist");
     lblFound_ = Named(new QLabel, "lblFound", {});
     lblFound_->setMinimumWidth(lblFound_->fontMetrics().horizontalAdvance("von vorn weitergesucht"));
     auto* cmdFindPrevious = NewIconButton("cmdFindPrevious", "&Vorheriger", "up", "Umschalt+F3");
@@ -130,6 +132,7 @@ void frmCode::OfferPrinting(std::function<void(QTextDocument&)> print) {
         rtfCode_->ColourAll();
         print(*rtfCode_->document());
     });
+    AddKey(QKeySequence::Print, [this] { cmdPrint_->click(); });
     cmdPrint_->show();
 }
 

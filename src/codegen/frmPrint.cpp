@@ -121,6 +121,7 @@ frmPrint::frmPrint(const QTextDocument& text, cCommonDialog& dialogs, QWidget* o
     auto* const cmdPrinter = NewButton("cmdPrinter", "&Drucken . . .", "Den Drucker wählen und drucken");
     auto* const cmdPdf = NewButton("cmdPdf", "Als &PDF speichern . . .", "Die Seiten in eine PDF-Datei schreiben");
     auto* const cmdCancel = NewButton("cmdCancel", "Abbrechen", "Nichts drucken");
+    cmdPrinter->setIcon(CommandIcon("print"));
     cmdPrinter->setDefault(true);
     cmdPdf->setIcon(CommandIcon("export"));
     auto* const buttons = new QHBoxLayout;
@@ -156,7 +157,8 @@ void frmPrint::PrintIntoPdf() {
     job.PdfFile = dialogs_.ShowSave({.Title = "Als PDF speichern",
                                      .Filter = "PDF-Dateien (*.pdf)|*.pdf|Alle Dateien (*.*)|*.*",
                                      .Flags = FileDialogSetup::PathMustExist,
-                                     .FileName = "SuMAnwendung.pdf"});
+                                     .FileName = "SuMAnwendung.pdf",
+                                     .Name = "pdfDialog"});
     if (job.PdfFile.empty())
         return;
     std::error_code ignored;

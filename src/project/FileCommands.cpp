@@ -14,7 +14,8 @@ FileDialogSetup ProjectDialog(std::string title) {
     return {.Title = std::move(title),
             .Filter = "prl - Dateien (*.prl)|*.prl|Alle Dateien (*.*)|*.*",
             .Flags = FileDialogSetup::FileMustExist,
-            .FileName = {}};
+            .FileName = {},
+            .Name = "projectDialog"};
 }
 
 bool IsExistingFile(const std::filesystem::path& path) {

@@ -1,9 +1,13 @@
 #include "app/frmAbout.h"
 #include "app/frmDonation.h"
 #include "app/frmError.h"
+#include "app/frmHelp.h"
 #include "app/frmPreferences.h"
 #include "app/frmProjectSettings.h"
+#include "codegen/frmCode.h"
 #include "codegen/frmPrint.h"
+#include "designer/controls/PropertyTable.h"
+#include "designer/view/frmListEditor.h"
 #include "FakeDialogs.h"
 #include "menu/frmMenuGenerator.h"
 #include "sql/frmSQLGenerator.h"
@@ -14,6 +18,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
 #include <QTextDocument>
 
 #include <functional>
@@ -33,7 +38,7 @@ struct Program {
 
 struct FormRow {
     const char* name;
-    const char* defaultButton;
+    const char* defaultButton; ///< empty where Enter belongs to the text
     std::function<QDialog*(Program&, QWidget*)> make;
 };
 
@@ -47,9 +52,26 @@ const FormRow forms[] = {
      [](Program&, QWidget* owner) {
          return new frmProjectSettings({640, 480, "A"}, owner);
      }},
+    {"frmListEditor", "cmdAccept",
+     [](Program&, QWidget* owner) {
+         const PropertyKey& key = keys::optionbuttons;
+         return new frmListEditor({key.key, key.label, false, "", key.editor, key.detail}, owner);
+     }},
+    {"frmCode", "",
+     [](Program&, QWidget* owner) {
+         auto* const form = new frmCode("class A {}", owner);
+         form->OfferPrinting([](QTextDocument&) {});
+         return form;
+     }},
     {"frmPrint", "cmdPrinter", [](Program& p, QWidget* owner) { return new frmPrint(p.source, p.dialogs, owner); }},
     {"frmError", "cmdClose",
      [](Program&, QWidget* owner) { return new frmError(RuntimeError(RuntimeError::DiskFull), owner); }},
+    {"frmHelp", "cmdClose",
+     [](Program&, QWidget* owner) {
+         auto* const form = new frmHelp(owner);
+         form->setAttribute(Qt::WA_DeleteOnClose, false);
+         return form;
+     }},
     {"frmAbout", "cmdClose", [](Program&, QWidget* owner) { return new frmAbout(owner); }},
     {"frmDonation", "cmdClose", [](Program&, QWidget* owner) { return new frmDonation(owner); }},
 };
@@ -105,6 +127,8 @@ void FormsTest::OpensInTheMiddleOfItsOwner() {
     QFETCH(int, index);
     QCOMPARE(form.objectName(), QString(forms[index].name));
     QVERIFY(form.windowTitle().startsWith("Pirol - "));
+    if (const QSize room = form.screen()->availableSize(); form.size().boundedTo(room) != form.size())
+        QSKIP("the form is larger than this screen");
     const QPoint distance = form.frameGeometry().center() - owner_.frameGeometry().center();
     QVERIFY2(distance.manhattanLength() < 40, qPrintable(QString("%1, %2").arg(distance.x()).arg(distance.y())));
 }
@@ -116,7 +140,7 @@ void FormsTest::EnterAndEscape() {
     for (const QPushButton* const button : form.findChildren<QPushButton*>())
         if (button->isDefault())
             defaults << button->objectName();
-    QCOMPARE(defaults, QStringList(forms[index].defaultButton));
+    QCOMPARE(defaults.join(' '), QString(forms[index].defaultButton));
     QTest::keyClick(form_.get(), Qt::Key_Escape);
     QVERIFY(!form.isVisible());
 }
@@ -138,9 +162,9 @@ void FormsTest::EveryKeyIsGivenOnce() {
         QVERIFY2(!label->isVisible() || label->buddy() == nullptr || add(label->text()), qPrintable(label->text()));
     for (const QLineEdit* const field : form.findChildren<QLineEdit*>()) {
         const QList<QLabel*> labels = form.findChildren<QLabel*>();
-        QVERIFY2(
-            std::any_of(labels.begin(), labels.end(), [field](const QLabel* label) { return label->buddy() == field; }),
-            qPrintable(field->objectName()));
+        QVERIFY2(!field->isVisible() || std::any_of(labels.begin(), labels.end(),
+                                                    [field](const QLabel* label) { return label->buddy() == field; }),
+                 qPrintable(field->objectName()));
     }
 }
 
@@ -155,7 +179,8 @@ QList<QWidget*> Controls(const QDialog& form) {
 }
 
 void FormsTest::EveryControlSaysWhatItIs() {
-    const QStringList selfExplaining = {"cmdClose", "cmdCopy", "cmdStepBack", "cmdStepForward", "txtError", "tabs"};
+    const QStringList selfExplaining = {"cmdClose", "cmdCopy", "cmdStepBack", "cmdStepForward",
+                                        "txtError", "rtfCode", "tabs"};
     for (const QWidget* const control : Controls(Open())) {
         QVERIFY2(!control->objectName().isEmpty(), control->metaObject()->className());
         if (control->inherits("QTabBar"))

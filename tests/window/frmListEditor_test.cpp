@@ -64,7 +64,7 @@ class frmListEditorTest : public QObject {
         for (int column = 0; column < bench.table.model()->columnCount(); ++column)
             titles.append(bench.table.model()->headerData(column, Qt::Horizontal).toString());
         QCOMPARE(titles.join(" "), "Name Beschriftung Breite Höhe Links Oben Aktiviert");
-        QCOMPARE(bench.form.windowTitle(), "Radioknöpfe bearbeiten");
+        QCOMPARE(bench.form.windowTitle(), "Pirol - Radioknöpfe bearbeiten");
         QCOMPARE(bench.table.model()->index(0, 6).data().toString(), "wahr");
         QCOMPARE(bench.table.accessibleName(), "Radioknöpfe");
         for (int column = 0; column < bench.table.model()->columnCount(); ++column)

@@ -442,7 +442,7 @@ class plPropertiesTest : public QObject {
         QCOMPARE(cell.data().toString(), "(leer)");
         bench.Select("Einträge");
         test::WhenShown<frmListEditor>([](frmListEditor& dialog) {
-            QCOMPARE(dialog.windowTitle(), "Einträge bearbeiten");
+            QCOMPARE(dialog.windowTitle(), "Pirol - Einträge bearbeiten");
             QTest::keyClick(dialog.findChild<QTableView*>("lstRows"), Qt::Key_Insert);
             Type("eins");
             Press(Qt::Key_Return);

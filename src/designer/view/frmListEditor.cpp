@@ -24,8 +24,8 @@
 namespace pirol {
 namespace {
 
-QPushButton* NewRowButton(const char* name, const QString& caption, std::string_view icon) {
-    QPushButton* button = NewButton(name, caption);
+QPushButton* NewRowButton(const char* name, const QString& caption, std::string_view icon, const QString& toolTip) {
+    QPushButton* button = NewButton(name, caption, toolTip);
     button->setIcon(CommandIcon(icon));
     return button;
 }
@@ -145,7 +145,7 @@ frmListEditor::frmListEditor(const PropertyPanelRow& property, QWidget* owner)
       lstRows_(Named(new QTableView, "lstRows", ToText(property.caption))) {
     setObjectName("frmListEditor");
     const QString caption = ToText(property.caption);
-    setWindowTitle(caption + " bearbeiten");
+    setWindowTitle("Pirol - " + caption + " bearbeiten");
 
     lstRows_->setModel(rows_);
     lstRows_->setItemDelegate(new CellDelegate(lstRows_));
@@ -154,24 +154,27 @@ frmListEditor::frmListEditor(const PropertyPanelRow& property, QWidget* owner)
     lstRows_->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     lstRows_->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::SelectedClicked |
                               QAbstractItemView::EditKeyPressed | QAbstractItemView::AnyKeyPressed);
+    lstRows_->setToolTip("Eingabe oder Doppelklick: das Feld bearbeiten");
     // Tab leaves the table; while a cell is edited it goes on to the next one.
     lstRows_->setTabKeyNavigation(false);
     lstRows_->installEventFilter(this);
     FitColumns();
 
-    auto* cmdAdd = NewRowButton("cmdAdd", "&Hinzufügen", "add");
-    cmdRemove_ = NewRowButton("cmdRemove", "&Entfernen", "remove");
-    cmdUp_ = NewRowButton("cmdUp", "Nach &oben", "up");
-    cmdDown_ = NewRowButton("cmdDown", "Nach &unten", "down");
+    auto* cmdAdd = NewRowButton("cmdAdd", "&Hinzufügen", "add", "Einfg: eine neue Zeile am Ende");
+    cmdRemove_ = NewRowButton("cmdRemove", "&Entfernen", "remove", "Entf: die gewählte Zeile");
+    cmdUp_ = NewRowButton("cmdUp", "Nach &oben", "up", "Alt+Pfeil hoch: die gewählte Zeile mit der vorigen tauschen");
+    cmdDown_ = NewRowButton("cmdDown", "Nach &unten", "down",
+                            "Alt+Pfeil runter: die gewählte Zeile mit der nächsten tauschen");
     auto* rowButtons = new QVBoxLayout;
     for (QPushButton* button : {cmdAdd, cmdRemove_, cmdUp_, cmdDown_})
         rowButtons->addWidget(button);
     rowButtons->addStretch();
 
     auto* closing = new QDialogButtonBox;
-    auto* cmdAccept = NewButton("cmdAccept", "OK");
+    auto* cmdAccept = NewButton("cmdAccept", "OK", "Die Liste so übernehmen");
     closing->addButton(cmdAccept, QDialogButtonBox::AcceptRole);
-    closing->addButton(NewButton("cmdCancel", "Abbrechen"), QDialogButtonBox::RejectRole);
+    closing->addButton(NewButton("cmdCancel", "Abbrechen", "Die Liste so lassen, wie sie vorher war"),
+                       QDialogButtonBox::RejectRole);
     auto* table = new QHBoxLayout;
     table->addWidget(lstRows_, 1);
     table->addLayout(rowButtons);

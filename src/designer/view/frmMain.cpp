@@ -113,7 +113,7 @@ void frmMain::BuildSurface() {
     plProperties_ = new plProperties(surface_);
     connect(plProperties_, &plProperties::PropertyEdited, this, &frmMain::ChangeProperty);
     plProperties_->SetFileChooser([this](const std::string& filter, const std::string& path) {
-        return dialogs_.ShowOpen({"Datei wählen", filter, FileDialogSetup::FileMustExist, path});
+        return dialogs_.ShowOpen({"Datei wählen", filter, FileDialogSetup::FileMustExist, path, "propertyDialog"});
     });
 }
 
