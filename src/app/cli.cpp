@@ -176,19 +176,22 @@ constexpr Command commands[] = {
 
 Arguments ParseArguments(const Command& command, std::span<const std::string> words) {
     Arguments arguments;
-    for (auto word = words.begin(); word != words.end(); ++word) {
-        if (command.codeOptions && *word == "--menu") {
+    while (!words.empty()) {
+        const std::string& word = words.front();
+        words = words.subspan(1);
+        if (command.codeOptions && word == "--menu") {
             arguments.code.menu = true;
-        } else if (command.codeOptions && *word == "--sql") {
+        } else if (command.codeOptions && word == "--sql") {
             arguments.code.database = true;
-        } else if (command.outputOption && *word == "-o") {
-            if (++word == words.end() || arguments.output)
+        } else if (command.outputOption && word == "-o") {
+            if (words.empty() || arguments.output)
                 throw UsageError{"-o braucht genau einen Dateinamen."};
-            arguments.output = *word;
-        } else if (word->starts_with('-') && word->size() > 1) {
-            throw UsageError{Concatenate("Unbekannte Option: ", *word)};
+            arguments.output = words.front();
+            words = words.subspan(1);
+        } else if (word.starts_with('-') && word.size() > 1) {
+            throw UsageError{Concatenate("Unbekannte Option: ", word)};
         } else {
-            arguments.names.push_back(*word);
+            arguments.names.push_back(word);
         }
     }
     if (arguments.names.size() < command.fewestNames || arguments.names.size() > command.mostNames)

@@ -98,7 +98,7 @@ void frmHelp::ShowChapter(std::string_view anchor) {
 }
 
 void frmHelp::ShowFor(QWidget* window) {
-    auto* help = window->findChild<frmHelp*>({}, Qt::FindDirectChildrenOnly);
+    auto* help = window->findChild<frmHelp*>(QString(), Qt::FindDirectChildrenOnly);
     if (help == nullptr)
         help = new frmHelp(window);
     help->show();

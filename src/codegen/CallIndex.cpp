@@ -61,6 +61,7 @@ CallIndex::CallIndex(std::string_view source, std::string_view method, const std
         if (variable.size() > longestVariable)
             throw RuntimeError(RuntimeError::InvalidCall);
         byHash.emplace(HashBackwards(variable), variable);
+        // cppcheck-suppress containerOutOfBounds ; longer ones have been refused above
         lengthOccurs[variable.size()] = true;
         longest = std::max(longest, variable.size());
     }

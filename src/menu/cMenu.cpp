@@ -49,6 +49,8 @@ cMenu& cMenu::operator=(const cMenu& other) {
     return *this;
 }
 
+// A node stays where it is in its tree, so its parent_ stays.
+// cppcheck-suppress operatorEqVarError
 cMenu& cMenu::operator=(cMenu&& other) noexcept {
     if (this == &other)
         return *this;

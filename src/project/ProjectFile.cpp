@@ -153,7 +153,7 @@ std::optional<ComponentKind> KindOfLine(std::string_view line) {
 }
 
 /// Makes room for exactly the components to come; growing array by array would take several times the memory.
-void ReserveComponents(Lines lines, ProjectModel& model) {
+void ReserveComponents(const Lines& lines, ProjectModel& model) {
     std::array<std::size_t, kindCount> counts = {};
     std::string_view rest = lines.Rest();
     rest = rest.substr(0, rest.find(menuMarker));
