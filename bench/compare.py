@@ -75,8 +75,9 @@ def compare_programs(build, folder, arguments):
             results = measure(kind, commands, arguments.runs, arguments.patience)
             too_slow.update(name for name, result in zip(names, results) if result is None)
             rows += rows_of(task, size, names, results, arguments.patience)
-    names = ["pirol", "bare QMainWindow", "Qt Designer"]
-    commands = [[pirol], [build / "bench" / "bare-window"], [QT_DESIGNER]]
+    bare_window = build / "bench" / "bare-window"
+    names = ["pirol", "bare QMainWindow", "QMainWindow with one word", "Qt Designer"]
+    commands = [[pirol], [bare_window], [bare_window, "Bereit"], [QT_DESIGNER]]
     rows += rows_of("start empty", 0, names, measure(Opening, commands, arguments.runs, arguments.patience),
                     arguments.patience)
     print("### Equal designs in Pirol and in other designers\n")
