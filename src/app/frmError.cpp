@@ -43,11 +43,6 @@ frmError::frmError(const RuntimeError& error, QWidget* owner) : QDialog(owner), 
     cmdCopy->setAutoDefault(true); // Enter presses the button that has the focus
     cmdClose->setDefault(true);
 
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cmdCopy);
-    buttons->addWidget(cmdClose);
-
     auto* texts = new QVBoxLayout;
     texts->addWidget(txtError_, 1);
     texts->addWidget(lblHandling);
@@ -58,7 +53,7 @@ frmError::frmError(const RuntimeError& error, QWidget* owner) : QDialog(owner), 
 
     auto* all = new QVBoxLayout(this);
     all->addLayout(report, 1);
-    all->addLayout(buttons);
+    all->addLayout(NewButtonRow({cmdCopy, cmdClose}));
 
     connect(cmdCopy, &QPushButton::clicked, this, &frmError::CopyReport);
     connect(cmdClose, &QPushButton::clicked, this, &QDialog::accept);

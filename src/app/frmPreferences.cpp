@@ -115,13 +115,9 @@ frmPreferences::frmPreferences(Preferences& preferences, cCommonDialog& dialogs,
     auto* const cmdAccept = NewButton("cmdAccept", "Über&nehmen", "Die Optionen speichern");
     auto* const cmdCancel = NewButton("cmdCancel", "Abbrechen", "Die Optionen lassen, wie sie sind");
     cmdAccept->setDefault(true);
-    auto* const buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cmdAccept);
-    buttons->addWidget(cmdCancel);
     auto* const all = new QVBoxLayout(this);
     all->addWidget(tbPreferences, 1);
-    all->addLayout(buttons);
+    all->addLayout(NewButtonRow({cmdAccept, cmdCancel}));
 
     connect(cmdAccept, &QPushButton::clicked, this, &QDialog::accept);
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);

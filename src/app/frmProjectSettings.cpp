@@ -38,14 +38,10 @@ frmProjectSettings::frmProjectSettings(const WindowSettings& stored, QWidget* ow
     auto* const cmdAccept = NewButton("cmdAccept", "Über&nehmen", "Die Einstellungen übernehmen");
     auto* const cmdCancel = NewButton("cmdCancel", "Abbrechen", "Die Einstellungen lassen, wie sie sind");
     cmdAccept->setDefault(true);
-    auto* const buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cmdAccept);
-    buttons->addWidget(cmdCancel);
     auto* const all = new QVBoxLayout(this);
     all->addLayout(form);
     all->addStretch();
-    all->addLayout(buttons);
+    all->addLayout(NewButtonRow({cmdAccept, cmdCancel}));
 
     connect(cmdAccept, &QPushButton::clicked, this, &QDialog::accept);
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);

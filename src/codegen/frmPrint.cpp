@@ -124,14 +124,10 @@ frmPrint::frmPrint(const QTextDocument& text, cCommonDialog& dialogs, QWidget* o
     cmdPrinter->setIcon(CommandIcon("print"));
     cmdPrinter->setDefault(true);
     cmdPdf->setIcon(CommandIcon("export"));
-    auto* const buttons = new QHBoxLayout;
-    buttons->addStretch();
-    for (QPushButton* const button : {cmdPrinter, cmdPdf, cmdCancel})
-        buttons->addWidget(button);
     auto* const all = new QVBoxLayout(this);
     all->addWidget(group);
     all->addStretch();
-    all->addLayout(buttons);
+    all->addLayout(NewButtonRow({cmdPrinter, cmdPdf, cmdCancel}));
 
     connect(cmdFont, &QPushButton::clicked, this, &frmPrint::ChooseFont);
     connect(cmdPrinter, &QPushButton::clicked, this, &frmPrint::PrintOnPrinter);

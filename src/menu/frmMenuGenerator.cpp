@@ -134,11 +134,7 @@ QLayout* frmMenuGenerator::NewClosingButtons() {
     auto* const cmdCancel = NewButton("cmdCancel", "Abbrechen", "Die Menüleiste so lassen, wie sie vorher war");
     connect(cmdOK, &QPushButton::clicked, this, &QDialog::accept);
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
-    auto* const layout = new QHBoxLayout;
-    layout->addStretch();
-    layout->addWidget(cmdOK);
-    layout->addWidget(cmdCancel);
-    return layout;
+    return NewButtonRow({cmdOK, cmdCancel});
 }
 
 std::int32_t frmMenuGenerator::Option() const {

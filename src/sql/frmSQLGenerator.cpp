@@ -61,14 +61,10 @@ frmSQLGenerator::frmSQLGenerator(SQLSettings& settings, QWidget* owner)
     cmdStepForward_->setDefault(true);
     auto* const cmdCancel = NewButton("cmdCancel", "Abbrechen", "Den Assistenten schließen und nichts ändern");
 
-    auto* const buttons = new QHBoxLayout;
-    buttons->addStretch();
-    for (QPushButton* const button : {cmdStepBack_, cmdStepForward_, cmdCancel})
-        buttons->addWidget(button);
     auto* const all = new QVBoxLayout(this);
     all->addWidget(lblStep_);
     all->addWidget(steps_, 1);
-    all->addLayout(buttons);
+    all->addLayout(NewButtonRow({cmdStepBack_, cmdStepForward_, cmdCancel}));
 
     connect(cmdStepBack_, &QPushButton::clicked, this, [this] {
         wizard_.Back();

@@ -2,6 +2,7 @@
 
 #include "model/Conversions.h"
 
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 
@@ -35,6 +36,14 @@ QPushButton* NewButton(const char* name, const QString& caption, const QString& 
     button->setToolTip(toolTip);
     button->setAutoDefault(false);
     return button;
+}
+
+QLayout* NewButtonRow(std::initializer_list<QPushButton*> buttons) {
+    auto* const row = new QHBoxLayout;
+    row->addStretch();
+    for (QPushButton* const button : buttons)
+        row->addWidget(button);
+    return row;
 }
 
 QLabel* NewNote(const QString& text, int charactersPerLine) {

@@ -5,10 +5,12 @@
 #include <QWidget>
 
 #include <cstdint>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
 class QLabel;
+class QLayout;
 class QPushButton;
 
 namespace pirol {
@@ -34,6 +36,9 @@ Widget* Named(Widget* widget, const char* name, const QString& accessibleName) {
 
 /// A button that a screen reader calls by its caption. A form's default button is set by the form.
 QPushButton* NewButton(const char* name, const QString& caption, const QString& toolTip = {});
+
+/// The row at the foot of a form: its closing buttons, at the right edge.
+QLayout* NewButtonRow(std::initializer_list<QPushButton*> buttons);
 
 /// A label that breaks its lines at the given number of average characters.
 QLabel* NewNote(const QString& text, int charactersPerLine);
