@@ -1,5 +1,5 @@
-// An empty main window: what Qt itself costs at start. The yardstick for an empty start of the designer. A word given to
-// it stands in its status bar, as the first letter on a window costs the search for all fonts.
+// An empty main window: what Qt itself costs at start. The yardstick for an empty start of the designer. A word given
+// to it stands in its status bar, as the first letter on a window costs the search for all fonts.
 
 #include <QApplication>
 #include <QMainWindow>
