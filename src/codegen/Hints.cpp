@@ -207,6 +207,8 @@ struct Place {
 
 std::string PlaceText(const Place& place) {
     switch (place.subject) {
+    case HintSubject::Program:
+        return "Programm";
     case HintSubject::Window:
         return "Fenster";
     case HintSubject::MenuBar:
@@ -244,7 +246,7 @@ class HintFinder {
         if (options_.database)
             CheckDatabase();
         if (constructorBytes_ > mostMethodBytes)
-            Report(Rule("program-too-large"), {HintSubject::Window});
+            Report(Rule("program-too-large"), {HintSubject::Program});
         return std::move(hints_);
     }
 
@@ -448,7 +450,7 @@ class HintFinder {
     }
 
     void CheckMenus() {
-        if (!Measure({HintSubject::Window}, [this] { return model_.Menus().GenerateCode(MenuSection::Main); }))
+        if (!Measure({HintSubject::Program}, [this] { return model_.Menus().GenerateCode(MenuSection::Main); }))
             return;
         for (const cMenu& menu : model_.Menus().Menus()) {
             const Place place = PlaceOf(menu);
@@ -522,6 +524,22 @@ class HintFinder {
 
 std::span<const HintRule> HintRules() {
     return rules;
+}
+
+std::string_view WhereToMend(HintSubject subject) {
+    switch (subject) {
+    case HintSubject::Program:
+        break;
+    case HintSubject::Window:
+        return "Ändern: Projekt → Einstellungen … (Strg+E)";
+    case HintSubject::Component:
+        return "Ein Klick oder die Eingabetaste führt zur Eigenschaft.";
+    case HintSubject::MenuBar:
+        return "Ändern: Funktionen → Menü-Generator … (Strg+M)";
+    case HintSubject::Database:
+        return "Ändern: Funktionen → SQL-Generator … (Strg+D)";
+    }
+    return {};
 }
 
 std::vector<Hint> FindHints(const ProjectModel& model, CodeOptions options) {

@@ -20,8 +20,8 @@ enum class HintEffect {
     WorksWrongly,   ///< it compiles, but ends at once, shows something else or lacks something
 };
 
-/// What part of the project has to be changed.
-enum class HintSubject { Window, Component, MenuBar, Database };
+/// What part of the project has to be changed; the program stands for no part in particular.
+enum class HintSubject { Program, Window, Component, MenuBar, Database };
 
 /// One reason for hints.
 struct HintRule {
@@ -36,6 +36,8 @@ struct Hint {
     HintSubject subject;
     std::optional<ComponentRef> component; ///< of the subject Component
     std::string_view property;             ///< key of that component's row in the property list; may be empty
+
+    bool operator==(const Hint&) const = default;
 };
 
 /// A list longer than this helps nobody; the hints stop there.
@@ -43,6 +45,9 @@ constexpr std::size_t mostHints = 1000;
 
 /// All rules there are.
 std::span<const HintRule> HintRules();
+
+/// Where the user changes that part, in German; empty for the program.
+std::string_view WhereToMend(HintSubject subject);
 
 /// The hints for the program that GenerateCode would write with these options, at most mostHints: window, components in
 /// the order of the generated code, menu bar, database, the program as a whole. Looks up whether the files of pictures,

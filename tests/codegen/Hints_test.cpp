@@ -111,7 +111,7 @@ TEST(Hints, AMenuTooLargeToGenerateIsOneHint) {
     for (int entry = 0; entry < 2000; ++entry)
         menu.AddEntry(std::to_string(entry), cMenu::Entry);
     EXPECT_EQ(Lines(FindHints(model, {.menu = true})),
-              "Fenster: Das Programm lässt sich nicht erzeugen: Nicht genügend Speicher. [not-generated]\n");
+              "Programm: Das Programm lässt sich nicht erzeugen: Nicht genügend Speicher. [not-generated]\n");
 }
 
 TEST(Hints, ExamplesLackOnlyTheirFiles) {

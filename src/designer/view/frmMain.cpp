@@ -1,9 +1,11 @@
 #include "designer/view/frmMain.h"
 
 #include "app/frmError.h"
+#include "codegen/Hints.h"
 #include "codegen/JavaImport.h"
 #include "designer/MainLayout.h"
 #include "designer/view/FormParts.h"
+#include "designer/view/lstHints.h"
 #include "designer/view/picContainer.h"
 #include "designer/view/plProperties.h"
 #include "designer/view/tbComponents.h"
@@ -21,13 +23,18 @@
 #include <QScrollBar>
 #include <QShortcut>
 #include <QStatusBar>
-#include <QTimer>
+#include <QVBoxLayout>
 
 namespace pirol {
 namespace {
 
 /// The first window shows designed windows up to 800 x 600 whole.
 constexpr QSize firstSize(1200, 720);
+
+/// Milliseconds without a change after which the hints are found anew.
+constexpr int hintDelay = 250;
+/// Milliseconds for which the status bar says where to follow a hint.
+constexpr int hintMessageTime = 10000;
 
 QRect ToRect(const Rectangle& box) {
     return {box.left, box.top, box.width, box.height};
@@ -70,12 +77,22 @@ frmMain::frmMain(cCommonDialog& dialogs, ProgramStarter& starter, const Preferen
     BuildSurface();
     BuildStatusBar();
     BuildMenus();
+    hintTimer_.setSingleShot(true);
+    hintTimer_.setInterval(hintDelay);
+    connect(&hintTimer_, &QTimer::timeout, this, &frmMain::ShowHints);
+    connect(new QShortcut(Qt::Key_F6, this), &QShortcut::activated, this,
+            [this] { lstHints_->setFocus(Qt::ShortcutFocusReason); });
     connect(new QShortcut(Qt::Key_Delete, this), &QShortcut::activated, this,
             [this] { Run([this] { canvas_.DeleteSelected(); }); });
     resize(firstSize.boundedTo(QGuiApplication::primaryScreen()->availableSize()));
     SetPreferences(preferences);
     picContainer_->setFocus();
     ShowDesign();
+}
+
+frmMain::~frmMain() {
+    // An editor that is open hands over its value when it is hidden, and the design must still be there then.
+    hide();
 }
 
 void frmMain::SetPreferences(const Preferences& preferences) {
@@ -87,7 +104,15 @@ void frmMain::SetPreferences(const Preferences& preferences) {
 void frmMain::BuildSurface() {
     surface_ = new QWidget;
     surface_->installEventFilter(this);
-    setCentralWidget(surface_);
+    lstHints_ = new lstHints;
+    connect(lstHints_, &lstHints::HintChosen, this, &frmMain::GoTo);
+    auto* middle = new QWidget;
+    auto* rows = new QVBoxLayout(middle);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(0);
+    rows->addWidget(surface_, 1);
+    rows->addWidget(lstHints_);
+    setCentralWidget(middle);
 
     lblComponents_ = NewHeading("lblComponents", "Komponenten", surface_);
     lblWindow_ = NewHeading("lblWindow", {}, surface_);
@@ -139,9 +164,16 @@ void frmMain::BuildStatusBar() {
 
 // --- Laying out and scrolling -----------------------------------------------------------------------------------
 
+bool frmMain::event(QEvent* event) {
+    // While another program was in front, files may have come or gone.
+    if (event->type() == QEvent::WindowActivate)
+        hintTimer_.start();
+    return QMainWindow::event(event);
+}
+
 bool frmMain::eventFilter(QObject* watched, QEvent* event) {
     if (watched == surface_ && event->type() == QEvent::Resize)
-        LayOut();
+        LayOutAgain();
     if (watched == panels_[0] && event->type() == QEvent::Resize)
         ShowStatus();
     return QMainWindow::eventFilter(watched, event);
@@ -171,6 +203,17 @@ void frmMain::LayOut() {
     SetUp(hScroll_, layout.horizontal, viewport_->width());
     picContainer_->setGeometry(ToRect(layout.canvas));
     lblWindow_->setText(QString("Fenster: B = %1 / H = %2").arg(designedSize_.width()).arg(designedSize_.height()));
+}
+
+/// A resized window shows the design's beginning; hints that come and go leave the user where he is.
+void frmMain::LayOutAgain() {
+    const int left = hScroll_->value();
+    const int top = vScroll_->value();
+    LayOut();
+    if (std::exchange(laidOutSize_, size()) != size())
+        return;
+    hScroll_->setValue(left);
+    vScroll_->setValue(top);
 }
 
 void frmMain::ShowScrolledCanvas() {
@@ -211,6 +254,8 @@ void frmMain::ShowDesign() {
     if (designedSize_ != QSize(model_.WindowWidth(), model_.WindowHeight()))
         LayOut();
     const bool announces = !changes.empty() || isWindowModified() != model_.IsChanged();
+    if (!changes.empty())
+        hintTimer_.start();
     setWindowModified(model_.IsChanged());
     const QString path = ToText(model_.FilePath());
     const QString title = (path.isEmpty() ? "Neues Projekt" : QFileInfo(path).fileName()) + "[*] – Pirol";
@@ -232,6 +277,25 @@ void frmMain::ShowStatus() {
     SetText(panels_[0], hint);
     SetText(panels_[1], selection);
     SetText(panels_[2], ToText(canvas_.StatusText()));
+}
+
+void frmMain::ShowHints() {
+    // What counts is where a gesture ends.
+    if (canvas_.IsDrawing() || canvas_.IsMoving() || canvas_.IsResizing())
+        hintTimer_.start();
+    else
+        ReportErrors(this, [this] { lstHints_->ShowHints(FindHints(model_, options_)); });
+}
+
+void frmMain::GoTo(const Hint& hint) {
+    if (!hint.component) {
+        statusBar()->showMessage(ToText(WhereToMend(hint.subject)), hintMessageTime);
+        return;
+    }
+    Run([&] { canvas_.Select(*hint.component); });
+    ScrollToSelection();
+    plProperties_->ShowProperty(hint.property);
+    plProperties_->setFocus(Qt::OtherFocusReason);
 }
 
 // --- The operations of consequence ------------------------------------------------------------------------------

@@ -9,6 +9,7 @@
 
 #include <QMainWindow>
 #include <QSize>
+#include <QTimer>
 
 #include <functional>
 #include <span>
@@ -21,18 +22,21 @@ class QScrollBar;
 
 namespace pirol {
 
+class lstHints;
 class picContainer;
 class plProperties;
 class tbComponents;
+struct Hint;
 
 /// The main window. It owns the design and everything around it: toolbar, canvas with its scroll bars, property list,
-/// status bar and the menu with every command of the program. A command is a function of the same name; one that has
-/// no function yet is disabled.
+/// list of hints, status bar and the menu with every command of the program. A command is a function of the same name;
+/// one that has no function yet is disabled.
 class frmMain : public QMainWindow {
     Q_OBJECT
 
   public:
     frmMain(cCommonDialog& dialogs, ProgramStarter& starter, const Preferences& preferences = {});
+    ~frmMain() override;
 
     ProjectModel& Model() { return model_; }
     DesignCanvas& Canvas() { return canvas_; }
@@ -66,6 +70,7 @@ class frmMain : public QMainWindow {
     void DesignChanged();
 
   protected:
+    bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
@@ -81,9 +86,12 @@ class frmMain : public QMainWindow {
     QAction* Command(const QString& name) const;
 
     void LayOut();
+    void LayOutAgain();
     void ShowScrolledCanvas();
     void ScrollToSelection();
     void ShowStatus();
+    void ShowHints();
+    void GoTo(const Hint& hint);
     void ChangeProperty(const std::string& key, const std::string& value);
 
     void CheckKindEntry(int entry);
@@ -137,8 +145,11 @@ class frmMain : public QMainWindow {
     QScrollBar* vScroll_ = nullptr;
     QScrollBar* hScroll_ = nullptr;
     plProperties* plProperties_ = nullptr;
+    lstHints* lstHints_ = nullptr;
+    QTimer hintTimer_; ///< runs out when the design has come to rest
     QLabel* panels_[3] = {};
     QSize designedSize_; ///< for which the window is laid out
+    QSize laidOutSize_;  ///< of the whole main window
 };
 
 } // namespace pirol

@@ -122,6 +122,8 @@ void frmMain::AddCommand(QMenu* menu, const CommandRow& row) {
             // A shortcut leaves the focus where it is; what is being typed there counts all the same.
             plProperties_->FinishEditing();
             (this->*run)();
+            // The marks of the code menu and the project's folder count for the hints, too.
+            hintTimer_.start();
         });
     // Drawings cost time at the start, and most menus are never opened.
     connect(menu, &QMenu::aboutToShow, action, [action, icon = row.icon] {

@@ -58,6 +58,14 @@ void plProperties::ShowRows(std::vector<PropertyPanelRow> rows) {
     model_->ShowRows(std::move(rows));
 }
 
+void plProperties::ShowProperty(std::string_view key) {
+    const QModelIndex index = model_->IndexOf(key);
+    if (!index.isValid())
+        return;
+    expand(index.parent());
+    setCurrentIndex(index);
+}
+
 void plProperties::FinishEditing() {
     if (state() != EditingState)
         return;

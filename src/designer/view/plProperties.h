@@ -34,6 +34,8 @@ class plProperties : public QTreeView {
     /// Shows the rows. Folded categories, current row, scroll position and focus stay; rows that are shown already are
     /// repainted only where their value differs.
     void ShowRows(std::vector<PropertyPanelRow> rows);
+    /// Makes the row of this key the current one and brings it into view; without such a row nothing happens.
+    void ShowProperty(std::string_view key);
     /// Takes over what is being typed, for commands that do not move the focus.
     void FinishEditing();
 

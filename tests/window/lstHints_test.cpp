@@ -1,0 +1,124 @@
+#include "codegen/Hints.h"
+#include "designer/view/plProperties.h"
+#include "designer/view/PropertyListModel.h"
+#include "project/ProjectFile.h"
+#include "window/MainWindow.h"
+
+#include <QDir>
+#include <QListWidget>
+#include <QMenu>
+#include <QScrollBar>
+#include <QStatusBar>
+
+namespace pirol {
+
+using test::MainWindow;
+
+/// The main window and what its list of hints shows once the design has come to rest.
+struct HintedWindow : MainWindow {
+    QListWidget* list = Find<QListWidget>("lstHints");
+    QToolButton* heading = Find<QToolButton>("cmdHints");
+
+    bool Shows(int hints) {
+        return QTest::qWaitFor([&] { return list->isVisible() == (hints > 0) && list->count() == hints; });
+    }
+    QString TextOf(int row) { return row < list->count() ? list->item(row)->text() : QString(); }
+    void ClickHint(int row) {
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(row)).center());
+    }
+    std::string CurrentProperty() {
+        const auto* rows = Find<plProperties>("plProperties");
+        return std::string(static_cast<const PropertyListModel*>(rows->model())->RowAt(rows->currentIndex()).key);
+    }
+};
+
+class LstHintsTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void ComeWithAFlawAndGoWhenItIsMended() {
+        HintedWindow main;
+        const QRect canvas = main.canvas->geometry();
+        main.Command("mnuObjectsObject1")->trigger();
+        main.Drag(100, 100, 200, 140);
+        main.Press(120, 120);
+        main.MoveTo(640, 120);
+        QTest::qWait(600);
+        QVERIFY(!main.list->isVisible()); // not while the mouse holds it
+        main.Release(640, 120);
+        QVERIFY(main.Shows(1));
+        QCOMPARE(main.heading->text(), QString("Hinweise (1)"));
+        QVERIFY(main.canvas->y() < canvas.y());
+
+        main.ClickHint(0);
+        QCOMPARE(main.CurrentProperty(), std::string("left"));
+        QVERIFY(main.Find<plProperties>("plProperties")->hasFocus());
+        for (const QChar digit : QString("300"))
+            QTest::keyClick(QApplication::focusWidget(), digit.toLatin1());
+        main.Key(Qt::Key_Return);
+        QTRY_COMPARE(main.SelectedBox().left, 300);
+        QVERIFY(main.Shows(0));
+        QTRY_COMPARE(main.canvas->geometry(), canvas);
+    }
+
+    void LeadToComponentAndPropertyForEveryRule() {
+        HintedWindow main;
+        int followed = 0;
+        for (const QString& rule : QDir(PIROL_TEST_DATA "/hints").entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+            ReadPRLFile((PIROL_TEST_DATA "/hints/" + rule + "/design.prl").toStdString(), main.window.Model());
+            main.window.ShowDesign();
+            const std::vector<Hint> hints = FindHints(main.window.Model(), {});
+            const QString first = hints.empty() ? QString() : QString::fromStdString(hints[0].text);
+            QTRY_COMPARE(hints.empty() ? QString() : main.TextOf(0), first);
+            QVERIFY2(main.Shows(int(hints.size())), qPrintable(rule));
+            for (int row = 0; row < int(hints.size()); ++row) {
+                const Hint& hint = hints[std::size_t(row)];
+                main.window.Canvas().Deselect();
+                QTest::keyClick(&main.window, Qt::Key_F6);
+                main.list->setCurrentRow(row);
+                main.Key(Qt::Key_Return);
+                if (!hint.component)
+                    continue;
+                QCOMPARE(main.Selected(), *hint.component);
+                if (!hint.property.empty())
+                    QCOMPARE(main.CurrentProperty(), std::string(hint.property));
+                ++followed;
+            }
+        }
+        QVERIFY(followed > 30);
+    }
+
+    void FollowTheMarksOfTheCodeMenu() {
+        HintedWindow main;
+        main.window.Model().EditMenus().Append("", "hatMenueLeer");
+        emit main.Find<QMenu>("mnuCode")->aboutToShow();
+        main.Command("mnuCodeMenu")->trigger();
+        QVERIFY(main.Shows(1));
+        main.ClickHint(0);
+        QVERIFY(main.window.statusBar()->currentMessage().contains("Menü-Generator"));
+        main.Command("mnuCodeMenu")->trigger();
+        QVERIFY(main.Shows(0));
+    }
+
+    void LeaveTheScrolledCanvasWhereItIsAndFold() {
+        HintedWindow main;
+        main.window.Model().SetWindowSize(2000, 2000);
+        main.window.ShowDesign();
+        auto* vertical = main.Find<QScrollBar>("vScroll");
+        vertical->setValue(20);
+        main.window.Model().PlaceComponent(ComponentKind::Picture, {0, 0, 0, 0});
+        main.window.ShowDesign();
+        QVERIFY(main.Shows(1));
+        QCOMPARE(vertical->value(), 20);
+        QCOMPARE(main.canvas->y(), -160);
+        QTest::mouseClick(main.heading, Qt::LeftButton);
+        QVERIFY(!main.list->isVisible() && main.heading->isVisible());
+        main.window.resize(main.window.size() + QSize(0, 1));
+        QCOMPARE(vertical->value(), 0);
+    }
+};
+
+} // namespace pirol
+
+QTEST_MAIN(pirol::LstHintsTest)
+#include "lstHints_test.moc"
