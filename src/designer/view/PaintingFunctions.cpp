@@ -17,12 +17,10 @@
 #include "designer/controls/TextArea.h"
 #include "designer/view/Bitmaps.h"
 #include "designer/view/Lettering.h"
+#include "designer/view/PictureFile.h"
 #include "model/Oddities.h"
 
-#include <QFileInfo>
-#include <QImageReader>
 #include <QPainter>
-#include <QPixmapCache>
 
 #include <algorithm>
 #include <array>
@@ -59,7 +57,6 @@ constexpr int markSize = 13;
 constexpr int markGap = 4;
 constexpr int tableHeaderHeight = 20; // with the border above
 constexpr int tableRowHeight = 16;
-constexpr int largestPictureSide = 1024; // in the screen's pixels; larger areas show it stretched
 
 /// Values of the property Align; all others stand for left.
 constexpr int atLeft = 0;
@@ -478,37 +475,6 @@ void Paint(QPainter& painter, const QRect& area, const dTabelle& table) {
     }
     for (int row = 1; row <= rows; ++row)
         Fill(painter, {view.x(), view.y() + row * tableRowHeight - 1, x - view.x(), 1}, outline);
-}
-
-QImage DecodedPicture(const QFileInfo& file, const QSize& size) {
-    QImageReader reader(file.absoluteFilePath());
-    reader.setDecideFormatFromContent(true);
-    if (const QSize own = reader.size(); own.isValid())
-        reader.setScaledSize(size.boundedTo(own).boundedTo({largestPictureSide, largestPictureSide}));
-    return reader.read();
-}
-
-/// The image file for an area of that size in the screen's pixels, or a null picture when it cannot be shown. A file is
-/// decoded once for a size, and its failure is remembered too.
-QPixmap PictureFile(const std::string& path, const QSize& size) {
-    const QFileInfo file(QString::fromStdString(path));
-    if (path.empty() || !file.isFile())
-        return {};
-    const QString key = QStringLiteral("%1|%2|%3|%4x%5")
-                            .arg(file.absoluteFilePath())
-                            .arg(file.lastModified().toMSecsSinceEpoch())
-                            .arg(file.size())
-                            .arg(size.width())
-                            .arg(size.height());
-    const QString failedKey = key + QStringLiteral("|failed");
-    QPixmap picture;
-    if (QPixmapCache::find(key, &picture))
-        return picture;
-    if (QPixmapCache::find(failedKey, &picture))
-        return {};
-    picture = QPixmap::fromImage(DecodedPicture(file, size));
-    picture.isNull() ? QPixmapCache::insert(failedKey, QPixmap(1, 1)) : QPixmapCache::insert(key, picture);
-    return picture;
 }
 
 /// A box with the kind's picture, for what has nothing of its own to show.

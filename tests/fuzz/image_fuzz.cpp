@@ -1,0 +1,33 @@
+// Any bytes as the image file of a picture: it is shown within the size that is asked for, or not at all.
+
+#include "designer/view/PictureFile.h"
+#include "fuzz/Fuzz.h"
+
+#include <QGuiApplication>
+#include <QPixmapCache>
+
+#include <filesystem>
+#include <fstream>
+#include <unistd.h>
+
+using namespace pirol;
+
+extern "C" int LLVMFuzzerInitialize(int* argumentCount, char*** arguments) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    // What is wrong with an image is said on standard error; the fuzzer's own messages would drown.
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    static QGuiApplication application(*argumentCount, *arguments);
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static const std::filesystem::path file =
+        std::filesystem::temp_directory_path() / ("pirol-fuzz-image-" + std::to_string(getpid()));
+    std::ofstream(file, std::ios::binary) << fuzz::TextOf(data, size);
+    QPixmapCache::clear(); // it would know a file of the same size and time
+    const QSize area(160, 120);
+    const QPixmap shown = PictureFile(file.string(), area);
+    fuzz::Require(shown.isNull() || area.boundedTo(shown.size()) == shown.size(), "pictures are decoded no larger");
+    std::filesystem::remove(file);
+    return 0;
+}
