@@ -7,6 +7,7 @@
 #include <QScreen>
 #include <QScrollBar>
 #include <QSet>
+#include <QTreeView>
 
 namespace pirol {
 
@@ -54,6 +55,12 @@ class FrmMainTest : public QObject {
                 shortcuts << command->shortcut();
             }
         }
+    }
+
+    void SaysFromTheStartThatNothingIsSelected() {
+        MainWindow main;
+        const QAbstractItemModel* rows = main.Find<QTreeView>("plProperties")->model();
+        QCOMPARE(rows->index(0, 0).data().toString(), QString("Kein Objekt gewählt"));
     }
 
     void MnemonicsAreUniqueInEachMenu() {

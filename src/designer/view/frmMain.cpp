@@ -87,6 +87,7 @@ frmMain::frmMain(cCommonDialog& dialogs, ProgramStarter& starter, const Preferen
     resize(firstSize.boundedTo(QGuiApplication::primaryScreen()->availableSize()));
     SetPreferences(preferences);
     picContainer_->setFocus();
+    LoadProperties();
     ShowDesign();
 }
 

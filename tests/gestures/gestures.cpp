@@ -1,0 +1,453 @@
+// Random gestures of a user on the real main window, its menus and its dialogs:
+//   gestures [--seed N] [--events N] [--trace]
+// After each batch of events the design must obey the rules of every design, and the window must show it. The same seed
+// makes the same events. Prints seed and number of events; a broken rule ends it with status 1.
+
+#include "designer/view/frmMain.h"
+#include "designer/view/picContainer.h"
+#include "designer/view/plProperties.h"
+#include "designer/view/PropertyListModel.h"
+#include "FakeDialogs.h"
+#include "gestures/DesignRules.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QDialog>
+#include <QDir>
+#include <QMenu>
+#include <QPointer>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QtTest/qtestkeyboard.h>
+#include <QtTest/qtestmouse.h>
+
+#include <deque>
+#include <iostream>
+#include <random>
+
+namespace pirol {
+namespace {
+
+constexpr int eventsBetweenChecks = 200;
+
+/// The same numbers on every system for a seed.
+class Chance {
+  public:
+    explicit Chance(std::uint64_t seed) : engine_(seed) {}
+
+    int Below(int limit) { return static_cast<int>(engine_() % static_cast<std::uint64_t>(limit)); }
+    int Between(int least, int most) { return least + Below(most - least + 1); }
+    bool OneIn(int times) { return Below(times) == 0; }
+    template <class List>
+    const auto& Of(const List& list) {
+        return list[static_cast<decltype(std::size(list))>(Below(static_cast<int>(std::size(list))))];
+    }
+
+  private:
+    std::mt19937_64 engine_;
+};
+
+/// The user's answers to the dialogs of the desktop; all files lie in one folder.
+class AnyAnswer : public test::FakeDialogs {
+  public:
+    AnyAnswer(Chance& chance, QString folder) : chance_(chance), folder_(std::move(folder)) {}
+
+    std::string ShowOpen(const FileDialogSetup&) override {
+        QStringList files = QDir(folder_).entryList(QDir::Files) + QDir(PIROL_EXAMPLES).entryList({"*.prl"});
+        files << "missing.prl"
+              << ".";
+        const QString name = chance_.Of(files);
+        const QString own = QDir(folder_).filePath(name);
+        return Answer(QFile::exists(own) ? own : QDir(PIROL_EXAMPLES).filePath(name));
+    }
+    std::string ShowSave(const FileDialogSetup&) override {
+        constexpr const char* names[] = {"a.prl", "b.prl",  "SuMAnwendung.java", "c.txt",
+                                         "d.pdf", "Export", "no/such/e.prl"};
+        return Answer(QDir(folder_).filePath(chance_.Of(names)));
+    }
+    std::optional<std::uint32_t> ShowColor(std::uint32_t) override { return std::uint32_t(chance_.Below(1 << 24)); }
+    bool Question(std::string_view) override { return chance_.OneIn(2); }
+
+  private:
+    std::string Answer(const QString& path) { return chance_.OneIn(4) ? std::string() : path.toStdString(); }
+
+    Chance& chance_;
+    QString folder_;
+};
+
+struct KeyStroke {
+    Qt::Key key;
+    Qt::KeyboardModifiers modifiers = {};
+    const char* text = "";
+};
+
+constexpr KeyStroke keyStrokes[] = {
+    {Qt::Key_Tab, {}, "\t"},
+    {Qt::Key_Backtab, Qt::ShiftModifier},
+    {Qt::Key_Left},
+    {Qt::Key_Right},
+    {Qt::Key_Up},
+    {Qt::Key_Down},
+    {Qt::Key_Left, Qt::ShiftModifier},
+    {Qt::Key_Right, Qt::ShiftModifier},
+    {Qt::Key_Up, Qt::ShiftModifier},
+    {Qt::Key_Down, Qt::ShiftModifier},
+    {Qt::Key_Up, Qt::AltModifier},
+    {Qt::Key_Down, Qt::AltModifier},
+    {Qt::Key_Home},
+    {Qt::Key_End},
+    {Qt::Key_PageDown},
+    {Qt::Key_Insert},
+    {Qt::Key_Delete, {}, "\x7F"},
+    {Qt::Key_Backspace, {}, "\b"},
+    {Qt::Key_Return, {}, "\r"},
+    {Qt::Key_Return, {}, "\r"},
+    {Qt::Key_Escape, {}, "\x1B"},
+    {Qt::Key_Space, {}, " "},
+    {Qt::Key_F2},
+    {Qt::Key_F3},
+    {Qt::Key_F4},
+    {Qt::Key_F6},
+    {Qt::Key_A, Qt::ControlModifier, "\x01"},
+    {Qt::Key_C, Qt::ControlModifier, "\x03"},
+    {Qt::Key_V, Qt::ControlModifier, "\x16"},
+    {Qt::Key_Z, Qt::ControlModifier, "\x1A"},
+    {Qt::Key_F, Qt::ControlModifier, "\x06"},
+    {Qt::Key_Plus, Qt::ControlModifier, "+"},
+    {Qt::Key_D, Qt::AltModifier, "d"},
+    {Qt::Key_O, Qt::AltModifier, "o"},
+    {Qt::Key_A, {}, "a"},
+    {Qt::Key_B, {}, "b"},
+    {Qt::Key_1, {}, "1"},
+    {Qt::Key_0, {}, "0"},
+    {Qt::Key_9, {}, "9"},
+    {Qt::Key_Minus, {}, "-"},
+    {Qt::Key_Comma, {}, ","},
+    {Qt::Key_Semicolon, {}, ";"},
+    {Qt::Key_ParenRight, {}, ")"},
+    {Qt::Key_QuoteDbl, {}, "\""},
+    {Qt::Key_Apostrophe, {}, "'"},
+    {Qt::Key_Backslash, {}, "\\"},
+    {Qt::Key_Adiaeresis, {}, "ä"},
+    {Qt::Key_unknown, {}, "€"},
+    {Qt::Key_unknown, {}, "Ж"},
+};
+
+/// The user. Dialogs run event loops of their own, so each event arranges the next one before it happens.
+class User : public QObject {
+  public:
+    User(std::uint64_t seed, int events, bool trace, const QString& folder)
+        : chance_(seed), events_(events), trace_(trace), dialogs_(chance_, folder) {
+        main_.show();
+        Next();
+    }
+
+    int Done() const { return done_; }
+    const std::string& Broken() const { return broken_; }
+
+  private:
+    void Next() {
+        QTimer::singleShot(0, this, [this] { Live(); });
+    }
+
+    void Live() {
+        Next();
+        // While a project is being read nobody can do anything but answer a report.
+        const auto* loading = main_.findChild<QDialog*>("frmLoading");
+        if (loading != nullptr && loading->isVisible() && QApplication::activeModalWidget() == nullptr)
+            return;
+        if (done_ == events_ || !broken_.empty())
+            return End();
+        if (!main_.isVisible())
+            main_.show();
+        ++done_;
+        checkIsDue_ = checkIsDue_ || done_ % eventsBetweenChecks == 0;
+        ++depth_;
+        Act();
+        --depth_;
+        // What a dialog interrupted must have come to its end, too.
+        const bool atRest = depth_ == 0 && QApplication::activeModalWidget() == nullptr && !InGesture();
+        if (checkIsDue_ && atRest && broken_.empty()) {
+            checkIsDue_ = false;
+            Check();
+        }
+    }
+
+    void End() {
+        if (QWidget* modal = QApplication::activeModalWidget())
+            modal->close();
+        else
+            QApplication::exit(broken_.empty() ? 0 : 1);
+    }
+
+    void Require(bool holds, const std::string& rule) {
+        if (holds || !broken_.empty())
+            return;
+        broken_ = rule;
+        std::cerr << "Broken rule after event " << done_ << ": " << rule << "\nThe last events:\n";
+        for (const std::string& event : lastEvents_)
+            std::cerr << event << '\n';
+    }
+
+    void Log(const std::string& event) {
+        lastEvents_.push_back(std::to_string(done_) + ": " + event);
+        if (lastEvents_.size() > 40)
+            lastEvents_.pop_front();
+        if (trace_)
+            std::cerr << lastEvents_.back() << std::endl;
+    }
+
+    // --- What the user does -------------------------------------------------------------------------------------
+
+    /// The window that takes the user's input.
+    QWidget* Window() {
+        if (QWidget* popup = QApplication::activePopupWidget())
+            return popup;
+        if (QWidget* modal = QApplication::activeModalWidget())
+            return modal;
+        const QWidgetList all = QApplication::topLevelWidgets();
+        QWidgetList others;
+        std::copy_if(all.begin(), all.end(), std::back_inserter(others), [this](const QWidget* window) {
+            return window->isVisible() && window != &main_ && window->windowType() != Qt::ToolTip;
+        });
+        return others.isEmpty() || !chance_.OneIn(20) ? &main_ : others[chance_.Below(int(others.size()))];
+    }
+
+    void Act() {
+        QWidget* window = Window();
+        const bool onMain = window == &main_;
+        const int what = chance_.Below(100);
+        if (!onMain && what < 6)
+            return Key(window, {Qt::Key_Escape, {}, "\x1B"});
+        if (what < 40)
+            return Key(window, chance_.Of(keyStrokes));
+        if (onMain && what < 46)
+            return Command();
+        if (onMain && what < 48)
+            return Resize();
+        if (onMain && what < 54 && held_ == Qt::NoButton)
+            return ClickProperty();
+        const QPoint position = onMain && !chance_.OneIn(4) ? CanvasPosition() : Position(*window);
+        if (held_ == Qt::NoButton)
+            return what < 60 ? Move(window, position) : Press(window, position);
+        return chance_.OneIn(3) ? Release(window, position) : Move(window, position);
+    }
+
+    QPoint RandomIn(const QRect& area) {
+        return {area.x() + chance_.Below(std::max(area.width(), 1)),
+                area.y() + chance_.Below(std::max(area.height(), 1))};
+    }
+
+    /// Mostly on something that one can use.
+    QPoint Position(const QWidget& window) {
+        QWidgetList usable;
+        for (QWidget* widget : window.findChildren<QWidget*>())
+            if (widget->isVisible() && widget->isEnabled() && widget->window() == &window &&
+                (widget->focusPolicy() != Qt::NoFocus || widget->inherits("QScrollBar")))
+                usable << widget;
+        if (usable.isEmpty() || chance_.OneIn(4))
+            return RandomIn(window.rect());
+        const QWidget* widget = usable[chance_.Below(int(usable.size()))];
+        return widget->mapTo(&window, RandomIn(widget->rect()));
+    }
+
+    /// On the canvas or around it, often on a component or on its handle.
+    QPoint CanvasPosition() {
+        const std::vector<ComponentRef>& components = canvas_->VisibleComponents();
+        QPoint position = RandomIn(canvas_->rect().adjusted(-30, -30, 30, 30));
+        if (!components.empty() && chance_.OneIn(2)) {
+            const Rectangle box = main_.Model().VisibleBox(chance_.Of(components));
+            const int reach = chance_.OneIn(2) ? chance_.Between(1, 16) : chance_.Below(std::max(box.width, 1));
+            position = {box.Right() - reach, box.Bottom() - std::min(reach, box.height)};
+        }
+        const QPoint inMain = canvas_->mapTo(&main_, position);
+        return main_.rect().contains(inMain) ? inMain : RandomIn(main_.rect());
+    }
+
+    void Key(QWidget* window, const KeyStroke& stroke) {
+        Log(std::string("key ") + QKeySequence(stroke.key | stroke.modifiers).toString().toStdString());
+        const QString text = QString::fromUtf8(stroke.text);
+        const QPointer<QWindow> target = window->windowHandle();
+        for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease})
+            if (!target.isNull())
+                qt_handleKeyEvent(target, type, stroke.key, stroke.modifiers, text);
+    }
+
+    void Mouse(QWidget* window, QEvent::Type type, const QPoint& position, Qt::MouseButton button) {
+        time_ += chance_.OneIn(4) ? 10 : 600; // some clicks are double clicks
+        QWindow* target = window->windowHandle();
+        if (target != nullptr)
+            qt_handleMouseEvent(target, position, window->mapToGlobal(position), held_, button, type, {}, time_);
+    }
+
+    static std::string At(const QWidget* window, const QPoint& position) {
+        return std::to_string(position.x()) + "," + std::to_string(position.y()) + " in " +
+               window->metaObject()->className();
+    }
+
+    void Move(QWidget* window, const QPoint& position) {
+        Log("move to " + At(window, position));
+        Mouse(window, QEvent::MouseMove, position, Qt::NoButton);
+    }
+
+    void Press(QWidget* window, const QPoint& position) {
+        Log("press " + At(window, position));
+        held_ = chance_.OneIn(12) ? Qt::RightButton : Qt::LeftButton;
+        Mouse(window, QEvent::MouseButtonPress, position, held_);
+        pressed_ = main_.Canvas().Selected();
+    }
+
+    void Release(QWidget* window, const QPoint& position) {
+        Log("release " + At(window, position));
+        const DesignCanvas& canvas = main_.Canvas();
+        const bool moving = canvas.IsMoving();
+        const bool resizing = canvas.IsResizing();
+        const bool drawing = canvas.IsDrawing();
+        const std::size_t components = main_.Model().CreationOrder().size();
+        const int before = done_;
+        Mouse(window, QEvent::MouseButtonRelease, position, std::exchange(held_, Qt::NoButton));
+        // Where a report was shown, the gesture ended otherwise.
+        if (done_ != before || InGesture() || !canvas.SnapsToGrid())
+            return;
+        const bool placed = drawing && main_.Model().CreationOrder().size() > components;
+        if (const std::optional<ComponentRef> selected = main_.Canvas().Selected()) {
+            const Rectangle box = main_.Model().VisibleBox(*selected);
+            // A key may have selected another one meanwhile.
+            const bool isMoved = placed || (moving && selected == pressed_);
+            Require(!isMoved || (box.left % 10 == 0 && box.top % 10 == 0),
+                    "positions are on the grid after the release");
+            const bool sized = resizing || (placed && !IsMultimedia(selected->kind));
+            Require(!sized || (box.width % 10 == 0 && box.height % 10 == 0), "sizes are on the grid after the release");
+        }
+    }
+
+    void Command() {
+        QList<QAction*> commands;
+        for (QAction* action : main_.findChildren<QAction*>(QRegularExpression("^mnu")))
+            if (action->isEnabled() && action->menu() == nullptr)
+                commands << action;
+        QAction* command = commands[chance_.Below(int(commands.size()))];
+        // A design must live for a while to become interesting.
+        static const QRegularExpression endsTheDesign("New|Open|Import|End");
+        if (endsTheDesign.match(command->objectName()).hasMatch() && !chance_.OneIn(4))
+            return;
+        Log("command " + command->objectName().toStdString());
+        command->trigger();
+    }
+
+    /// On a row of the property list: its caption, its value, or the button at its end that opens a dialog.
+    void ClickProperty() {
+        const QModelIndex category = properties_->model()->index(chance_.Below(4), 0);
+        const int rows = properties_->model()->rowCount(category);
+        if (rows == 0)
+            return;
+        const QRect row = properties_->visualRect(properties_->model()->index(chance_.Below(rows), 1, category));
+        const int x = chance_.OneIn(2) ? row.right() - 8 : RandomIn(row).x();
+        const QPoint position = properties_->viewport()->mapTo(&main_, QPoint(x, row.center().y()));
+        Press(&main_, position);
+        if (QApplication::activeModalWidget() == nullptr)
+            Release(&main_, position);
+    }
+
+    void Resize() {
+        const QSize size(chance_.Between(200, 1400), chance_.Between(150, 900));
+        Log("resize to " + std::to_string(size.width()) + " x " + std::to_string(size.height()));
+        main_.resize(size);
+    }
+
+    // --- What must be so ----------------------------------------------------------------------------------------
+
+    bool InGesture() {
+        const DesignCanvas& canvas = main_.Canvas();
+        return canvas.IsMoving() || canvas.IsResizing() || canvas.IsDrawing();
+    }
+
+    void Check() {
+        const ProjectModel& model = main_.Model();
+        const std::string broken = BrokenRule(model);
+        Require(broken.empty(), broken);
+        Require(canvas_->size() == QSize(model.WindowWidth(), model.WindowHeight()),
+                "the canvas has the window's size");
+        const std::optional<ComponentRef> selected = main_.Canvas().Selected();
+        Require(!selected || model.Element(*selected).Visible, "what is selected can be seen");
+        Require(ShownRows() == LoadProperties(model, selected), "the property list shows the selected component");
+        for (int point = 0; point < 20; ++point) {
+            const QPoint position = RandomIn(canvas_->rect());
+            const CanvasHit hit = main_.Canvas().HitTest(position.x(), position.y());
+            const std::optional<ComponentRef> topmost = TopmostAt(position);
+            Require(topmost ? hit.area != CanvasHit::Area::Canvas && hit.component == *topmost
+                            : hit.area == CanvasHit::Area::Canvas,
+                    "the topmost component is found");
+        }
+    }
+
+    std::vector<PropertyPanelRow> ShownRows() {
+        const auto* list = static_cast<const PropertyListModel*>(properties_->model());
+        std::vector<PropertyPanelRow> rows;
+        for (int category = 0; category < list->rowCount(); ++category) {
+            const QModelIndex parent = list->index(category, 0);
+            rows.push_back(list->RowAt(parent));
+            for (int row = 0; row < list->rowCount(parent); ++row)
+                rows.push_back(list->RowAt(list->index(row, 0, parent)));
+        }
+        return rows;
+    }
+
+    std::optional<ComponentRef> TopmostAt(const QPoint& position) {
+        std::optional<ComponentRef> topmost;
+        for (const ComponentRef component : main_.Model().CreationOrder())
+            if (main_.Model().VisibleBox(component).Contains(position.x(), position.y()))
+                topmost = component;
+        return topmost;
+    }
+
+    Chance chance_;
+    int events_;
+    bool trace_;
+    AnyAnswer dialogs_;
+    test::FakeStarter starter_;
+    frmMain main_{dialogs_, starter_};
+    picContainer* canvas_ = main_.findChild<picContainer*>();
+    plProperties* properties_ = main_.findChild<plProperties*>();
+    Qt::MouseButton held_ = Qt::NoButton;
+    int time_ = 0;
+    int depth_ = 0; ///< of event loops within each other
+    std::optional<ComponentRef> pressed_;
+    int done_ = 0;
+    bool checkIsDue_ = false;
+    std::string broken_;
+    std::deque<std::string> lastEvents_;
+};
+
+int Run(const QString& seed, const QString& events, bool trace) {
+    const QTemporaryDir folder;
+    qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
+    qputenv("XDG_STATE_HOME", folder.path().toUtf8());
+    User user(seed.toULongLong(), events.toInt(), trace, folder.path());
+    const int status = QApplication::exec();
+    std::cout << "seed " << seed.toStdString() << ": " << user.Done() << " events\n";
+    return status;
+}
+
+} // namespace
+} // namespace pirol
+
+int main(int argumentCount, char** arguments) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    // The platform without a screen says again and again what it does not support.
+    qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
+        if (type == QtCriticalMsg || type == QtFatalMsg)
+            std::cerr << text.toStdString() << std::endl;
+    });
+    QApplication application(argumentCount, arguments);
+    QApplication::setQuitOnLastWindowClosed(false);
+    QCommandLineParser line;
+    line.addHelpOption();
+    line.addOptions({{"seed", "The events' seed.", "N", "1"},
+                     {"events", "How many events.", "N", "20000"},
+                     {"trace", "Write every event to standard error."}});
+    line.process(application);
+    return pirol::Run(line.value("seed"), line.value("events"), line.isSet("trace"));
+}
