@@ -36,7 +36,8 @@ class Display:
 
 
 class Designer:
-    """One run of the program. Titles are regular expressions; positions are pixels of the window in use.
+    """One run of the program. Titles are regular expressions; positions are pixels of the window in use. With a Windows
+    (wine.Wine) the program is one for Windows and runs there.
 
     The display server hands keys and clicks to the program in their order, however slow it is, so nothing waits between
     them. Waiting is needed where a window opens or closes: the focus must be there before a key is pressed. A button
@@ -46,7 +47,7 @@ class Designer:
 
     PATIENCE = 60  # seconds until something that should appear counts as missing
 
-    def __init__(self, program, display, home, *arguments, scale="1", state=None):
+    def __init__(self, program, display, home, *arguments, scale="1", state=None, wine=None):
         # Each run ends by force. Unless a folder is given for it, no later run shall be offered what this one left.
         self.forgotten = tempfile.TemporaryDirectory() if state is None else None
         # A desktop's own dialogs would differ from one machine to the next.
@@ -55,7 +56,13 @@ class Designer:
         self.environment |= {"DISPLAY": display.name, "XDG_CONFIG_HOME": str(home / "config"),
                              "XDG_STATE_HOME": str(state or self.forgotten.name), "HOME": str(home),
                              "XDG_RUNTIME_DIR": str(home), "LANG": "C.UTF-8", "QT_SCALE_FACTOR": scale}
-        self.program = subprocess.Popen([program, *map(str, arguments)], env=self.environment, cwd=home)
+        self.path = wine.path if wine else str
+        self.on_windows = wine is not None
+        command = [program, *map(self.path, arguments)]
+        if wine:
+            self.environment |= wine.settings
+            command = ["wine", *command]
+        self.program = subprocess.Popen(command, env=self.environment, cwd=home)
         self.window = None
         self.use("Pirol$")
 
@@ -125,7 +132,17 @@ class Designer:
     def type(self, text):
         """Types over what the field in use holds."""
         self.key("ctrl+a")
-        self.write(text) if text else self.key("Delete")
+        if text and self.on_windows:
+            self.paste(text)
+        else:
+            self.write(text) if text else self.key("Delete")
+
+    def paste(self, text):
+        """For signs that are lost now and then on their way through Wine's keyboard."""
+        subprocess.run(["xclip", "-selection", "clipboard"], input=text, text=True, env=self.environment, check=True,
+                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        time.sleep(0.3)
+        self.key("ctrl+v")
 
     def move(self, x, y):
         self.xdotool("mousemove", "--window", self.window, x, y)
@@ -146,7 +163,7 @@ class Designer:
     def choose_file(self, title, path):
         """Types a path into a file dialog and accepts it."""
         self.use(title)
-        self.type(str(path))
+        self.type(self.path(path))
         self.key("Return")
         self.wait_until_gone(title)
         self.use("Pirol$")

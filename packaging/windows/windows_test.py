@@ -1,0 +1,252 @@
+#!/usr/bin/env python3
+"""Runs what packaging/windows/build made under Wine, as a German user whose name has umlauts and a blank, and compares it
+with the same program on this machine.
+
+Usage: windows_test.py PIROL_CLI_OF_THIS_MACHINE [unittest's options]
+"""
+import pathlib
+import re
+import shutil
+import subprocess
+import sys
+import time
+import unittest
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(ROOT / "tests" / "e2e"))
+from designer import Designer, Display  # noqa: E402
+from wine import Wine  # noqa: E402
+
+BUILD = ROOT / "build" / "windows"
+CLI = BUILD / "Pirol" / "pirol-cli.exe"
+PIROL = BUILD / "Pirol" / "Pirol.exe"
+HOST_CLI = pathlib.Path(sys.argv[1]).resolve()
+EXAMPLES = sorted((ROOT / "examples").glob("*.prl"))
+QUIZ = ROOT / "examples" / "Quiz.prl"
+KEY = r"HKEY_CURRENT_USER\Software\Pirol"
+MEGABYTE = 1 << 20
+
+# What every Windows has from version 10 on.
+SYSTEM_LIBRARIES = set("""
+    advapi32.dll api-ms-win-core-synch-l1-2-0.dll api-ms-win-core-winrt-l1-1-0.dll api-ms-win-core-winrt-string-l1-1-0.dll
+    authz.dll comdlg32.dll d3d11.dll d3d9.dll dwmapi.dll dwrite.dll dxgi.dll gdi32.dll imm32.dll kernel32.dll msvcrt.dll
+    netapi32.dll ole32.dll oleaut32.dll shcore.dll shell32.dll shlwapi.dll user32.dll userenv.dll uxtheme.dll version.dll
+    winmm.dll winspool.drv ws2_32.dll wtsapi32.dll""".split())
+
+
+def setUpModule():
+    global display, wine
+    display = unittest.enterModuleContext(Display())
+    wine = unittest.enterModuleContext(Wine(display))
+
+
+def host(*words):
+    return subprocess.run([HOST_CLI, *words], capture_output=True, check=False)
+
+
+def content(folder):
+    return {path.name: path.read_bytes() for path in folder.iterdir()}
+
+
+class WindowsTest(unittest.TestCase):
+    def setUp(self):
+        self.folder = wine.user_folder / self.id().rsplit(".", 1)[1]
+        self.folder.mkdir()
+
+
+class FilesTest(unittest.TestCase):
+    """What can be said of the files without running them."""
+
+    def test_programs_need_nothing_but_windows(self):
+        for program, subsystem in (PIROL, "Windows GUI"), (CLI, "Windows CUI"):
+            listing = subprocess.run(["x86_64-w64-mingw32-objdump", "-p", program], capture_output=True, text=True,
+                                     check=True).stdout
+            needed = {name.lower() for name in re.findall(r"DLL Name: (\S+)", listing)}
+            self.assertLessEqual(needed, SYSTEM_LIBRARIES)
+            self.assertIn("kernel32.dll", needed)
+            self.assertRegex(listing, rf"Subsystem\s+\w+\s+\({subsystem}\)")
+
+    def test_sizes(self):
+        for file in PIROL, CLI, BUILD / "Pirol-Setup.exe", BUILD / "Pirol.zip":
+            self.assertLess(file.stat().st_size, 20 * MEGABYTE, file)
+
+    def test_resources(self):
+        def resource(kind):
+            return subprocess.run(["wrestool", "--extract", "--raw", f"--type={kind}", PIROL], capture_output=True,
+                                  check=True).stdout
+        manifest = resource(24).decode()
+        for part in "PerMonitorV2", "Microsoft.Windows.Common-Controls", 'level="asInvoker"':
+            self.assertIn(part, manifest)
+        version = re.search(r"pirol-cli (\S+)\n", host("--version").stdout.decode())[1]
+        self.assertRegex(resource(16).decode("utf-16-le"), rf"ProductVersion\0+{version}\0")
+        self.assertTrue(resource(14), "the icon")
+
+
+class CommandLineTest(WindowsTest):
+    def assert_same(self, *words):
+        """Both tools answer the same."""
+        ours, theirs = wine.run(CLI, *words), host(*words)
+        self.assertEqual((ours.returncode, ours.stdout, ours.stderr), (theirs.returncode, theirs.stdout, theirs.stderr), words)
+
+    def test_unit_tests(self):
+        result = wine.run(BUILD / "tests" / "core-tests.exe", "--gtest_brief=1", cwd=ROOT)
+        self.assertEqual(result.returncode, 0, result.stdout.decode())
+        self.assertRegex(result.stdout, rb"\[==========\] 1\d\d tests .*\r?\n\[  PASSED  \]")
+
+    def test_the_same_bytes_as_on_this_machine(self):
+        for example in EXAMPLES:
+            for flags in [], ["--menu"], ["--sql"], ["--menu", "--sql"]:
+                self.assert_same("generate", example, *flags)
+                self.assert_same("lint", example, *flags)
+            self.assert_same("check", example)
+            self.assert_same("hash", example)
+            for words in (["import", example.with_suffix(".java"), "-o"], ["copy", example]):
+                ours, theirs = self.folder / "Größe – Ω.prl", self.folder / "theirs.prl"
+                self.assertEqual(wine.run(CLI, *words, ours).returncode, 0)
+                self.assertEqual(host(*words, theirs).returncode, 0)
+                self.assertEqual(ours.read_bytes(), theirs.read_bytes(), words)
+            ours, theirs = self.folder / f"Übung {example.stem}", self.folder / example.stem
+            self.assertEqual(wine.run(CLI, "export", example, ours, "--menu").returncode, 0)
+            self.assertEqual(host("export", example, theirs, "--menu").returncode, 0)
+            self.assertEqual(content(ours), content(theirs))
+
+    def test_errors(self):
+        damaged, java = self.folder / "damaged.prl", self.folder / "a.java"
+        damaged.write_bytes(QUIZ.read_bytes() + b"x")
+        java.write_bytes(b"old")
+        for words in ([], ["paint"], ["generate", self.folder], ["generate", self.folder / "none"], ["hash", damaged / "x"],
+                      ["generate", damaged, "-o", java], ["export", QUIZ, self.folder],
+                      ["export", QUIZ, self.folder / "no" / "folder"], ["copy", QUIZ, self.folder / "no" / "file"]):
+            self.assert_same(*words)
+        self.assertEqual(java.read_bytes(), b"old")
+
+    def test_paths_longer_than_windows_takes(self):
+        long = self.folder.joinpath(*["x" * 50] * 6)
+        for words, message in ((["hash", long], "Fehler 52: Dateiname oder -nummer falsch\n"),
+                               (["generate", long], "Fehler 52: Dateiname oder -nummer falsch (Main.File.PRL.ReadPRLFile)\n"),
+                               (["copy", QUIZ, long],
+                                "Fehler 52: Dateiname oder -nummer falsch (Main.File.PRL.GeneratePRLCode)\n"),
+                               (["export", QUIZ, long], "Fehler 76: Pfad nicht gefunden (Main.Project.Export)\n")):
+            result = wine.run(CLI, *words)
+            self.assertEqual((result.returncode, result.stderr.decode()), (1, message), words)
+
+
+class DesignerTest(WindowsTest):
+    MAIN = "Pirol$"
+
+    def setUp(self):
+        super().setUp()
+        wine.run("reg", "delete", KEY, "/f")
+
+    def designer(self, *arguments):
+        return self.enterContext(Designer(PIROL, display, self.folder, *arguments, wine=wine))
+
+    def end(self, designer):
+        designer.use(self.MAIN)
+        designer.key("ctrl+q")
+        self.assertEqual(designer.wait_for_end(), 0)
+
+    def test_a_design_is_drawn_saved_and_exported(self):
+        project, saved, exported = (self.folder / name for name in ("Quiz 1.prl", "Übung 2.prl", "Mein Größtes"))
+        shutil.copy(QUIZ, project)
+        blue_j = self.folder / "Blue J"
+        blue_j.mkdir()
+        shutil.copy(BUILD / "tests" / "bluej.exe", blue_j)
+
+        designer = self.designer(project)
+        designer.use(r"^Quiz 1\.prl – Pirol$")
+        self.set_preferences(designer, wine.path(blue_j / "bluej.exe"))
+        designer.click(60, 85)  # the toolbar's second button
+        designer.drag(700, 260, 880, 320)  # where the quiz has nothing
+        designer.key("ctrl+s")
+        designer.choose_file("Projekt speichern", saved)
+        designer.key("ctrl+b")
+        designer.choose_file("BlueJ-Projekt exportieren", exported)
+        start = blue_j / "start.txt"
+        designer.wait_for(start.exists, "BlueJ's start")
+        self.end(designer)
+
+        # Minimised (2). Windows itself puts quotes around a program's path that holds blanks.
+        self.assertEqual(start.read_text(), f'2 "{wine.path(blue_j / "bluej.exe")}" "{wine.path(exported)}"')
+        buttons = [int(re.search(rb"Knopf: (\d+)", host("check", file).stdout)[1]) for file in (project, saved)]
+        self.assertEqual(buttons[1], buttons[0] + 1)
+        expected, again = self.folder / "expected", self.folder / "again.prl"
+        host("copy", saved, again)  # reading swaps the two kinds of text area, reading twice does not
+        host("export", again, expected)
+        self.assertEqual(content(exported), content(expected))
+
+    def set_preferences(self, designer, blue_j):
+        designer.key("alt+d")
+        designer.key("o")
+        designer.use("Optionen")
+        designer.key("alt+k")
+        designer.key("alt+r")
+        designer.type(blue_j)
+        designer.key("Return")
+        designer.wait_until_gone("Optionen")
+        designer.use(self.MAIN)
+        self.assertEqual(wine.registry(KEY), {(KEY, "GridColor"): ("REG_DWORD", "0x0"), (KEY, "GridStyle"): ("REG_DWORD", "0x1"),
+                                              (KEY, "BlueJPath"): ("REG_SZ", blue_j)})
+
+    def test_a_colour_that_is_text_is_black(self):
+        for name, kind, value in (("GridColor", "REG_SZ", "255"), ("GridStyle", "REG_DWORD", "2")):
+            wine.run("reg", "add", KEY, "/v", name, "/t", kind, "/d", value)
+        self.assertEqual(wine.registry(KEY)[KEY, "GridColor"], ("REG_SZ", "255"))
+        designer = self.designer()
+        designer.key("alt+d")
+        designer.key("o")
+        designer.use("Optionen")
+        designer.key("alt+n")
+        designer.use(self.MAIN)  # the warning that there is no BlueJ
+        designer.key("Return")
+        designer.wait_until_gone("Optionen")
+        self.assertEqual(wine.registry(KEY)[KEY, "GridColor"], ("REG_DWORD", "0x0"))
+        self.assertEqual(wine.registry(KEY)[KEY, "GridStyle"], ("REG_DWORD", "0x2"))
+        self.end(designer)
+
+    def test_a_path_longer_than_windows_takes_is_reported(self):
+        designer = self.designer(self.folder.joinpath(*["x" * 50] * 6))
+        designer.use("Fehlermeldung")
+        designer.key("Escape")
+        self.end(designer)
+
+
+class InstallerTest(WindowsTest):
+    def files(self):
+        """All of the user's, but what Windows removes itself at the next start."""
+        temporary = wine.user_folder / "Temp"
+        return {path for path in wine.user_folder.rglob("*") if not path.is_relative_to(temporary)}
+
+    def test_installs_associates_and_leaves_no_trace(self):
+        work = self.folder / "Mein Quiz.prl"
+        shutil.copy(QUIZ, work)
+        before, classes = self.files(), r"HKEY_CURRENT_USER\Software\Classes"
+        wine.run("reg", "add", classes + r"\.prl", "/ve", "/d", "Other.Program")
+
+        self.assertEqual(wine.run(BUILD / "Pirol-Setup.exe", "/S").returncode, 0)
+        home = wine.user_folder / "AppData" / "Local" / "Programs" / "Pirol"
+        self.assertEqual((home / "Pirol.exe").read_bytes(), PIROL.read_bytes())
+        self.assertTrue(list(wine.user_folder.rglob("Start Menu/Programs/Pirol.lnk")))
+        self.assertEqual(wine.registry(classes)[classes + r"\Pirol.Projekt\shell\open\command", "(Standard)"],
+                         ("REG_SZ", f'"{wine.path(home / "Pirol.exe")}" "%1"'))
+        uninstall = wine.registry(r"HKEY_CURRENT_USER\Software\Microsoft\Windows\CurrentVersion\Uninstall\Pirol")
+        self.assertIn(("REG_SZ", "Pirol"), uninstall.values())
+
+        # Wine looks up no associations of a user's own, so the double click's command is called by hand.
+        with Designer(home / "Pirol.exe", display, self.folder, work, wine=wine) as designer:
+            designer.use(r"^Mein Quiz\.prl – Pirol$")
+            designer.key("ctrl+q")
+            designer.wait_for_end()
+
+        wine.run(home / "Deinstallieren.exe", "/S")
+        end = time.monotonic() + 20
+        while home.exists() and time.monotonic() < end:
+            time.sleep(0.1)
+        self.assertEqual(self.files(), before)
+        left = wine.registry("HKEY_CURRENT_USER") | wine.registry(r"HKEY_LOCAL_MACHINE\Software")
+        self.assertEqual({place: value for place, value in left.items() if "pirol" in str((place, value)).lower()}, {})
+        self.assertEqual(left[classes + r"\.prl", "(Standard)"], ("REG_SZ", "Other.Program"))
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[1:])
