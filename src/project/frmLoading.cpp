@@ -10,6 +10,7 @@
 namespace pirol {
 namespace {
 
+constexpr auto unnoticed = std::chrono::milliseconds(200);
 constexpr auto shortestRenewal = std::chrono::milliseconds(40);
 /// Looking at the clock for every line would itself be noticed in a large project.
 constexpr int linesPerLook = 128;
@@ -32,7 +33,7 @@ frmLoading::frmLoading(QWidget* owner)
 
 void frmLoading::SetMaximum(int maximum) {
     process_->setRange(0, maximum);
-    show();
+    begun_ = std::chrono::steady_clock::now();
 }
 
 void frmLoading::SetValue(int value) {
@@ -48,9 +49,12 @@ void frmLoading::SetCaption(std::string_view caption) {
 }
 
 void frmLoading::Renew() {
-    process_->setValue(value_);
-    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     renewed_ = std::chrono::steady_clock::now();
+    if (renewed_ - begun_ < unnoticed)
+        return;
+    process_->setValue(value_);
+    show();
+    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
 } // namespace pirol

@@ -12,7 +12,8 @@ class QProgressBar;
 namespace pirol {
 
 /// Shows how far loading a project has come, beside the form that loads it. It does not block that form's code and lets
-/// no input through meanwhile. Showing is cheap: the picture is renewed at a bounded rate, however many lines there
+/// no input through meanwhile. Showing is cheap: the form appears when loading takes long enough to be noticed, because
+/// opening a window costs more than reading a usual project, and is renewed at a bounded rate, however many lines there
 /// are.
 class frmLoading : public QDialog, public LoadingProgress {
     Q_OBJECT
@@ -20,7 +21,6 @@ class frmLoading : public QDialog, public LoadingProgress {
   public:
     explicit frmLoading(QWidget* owner);
 
-    /// Shows the form.
     void SetMaximum(int maximum) override;
     void SetValue(int value) override;
     void SetCaption(std::string_view caption) override;
@@ -34,6 +34,7 @@ class frmLoading : public QDialog, public LoadingProgress {
     QLabel* lblProcess_;
     QProgressBar* process_;
     int value_ = 0;
+    std::chrono::steady_clock::time_point begun_;
     std::chrono::steady_clock::time_point renewed_;
 };
 
