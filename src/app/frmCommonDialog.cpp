@@ -7,6 +7,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFontDialog>
+#include <QHeaderView>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QMessageBox>
@@ -14,11 +15,11 @@
 #include <QPrinter>
 #include <QPushButton>
 #include <QTranslator>
+#include <QTreeView>
 
 namespace pirol {
 namespace {
 
-/// In this width the list of files shows its columns whole.
 constexpr int charactersWide = 120;
 
 /// The window that the user is working in; the dialogs open in its middle.
@@ -43,10 +44,19 @@ QStringList NameFilters(std::string_view filter) {
     return names;
 }
 
+/// Shows all columns whole. A dialog of the desktop has no such list.
+void FitColumns(const QFileDialog& dialog) {
+    if (const auto* const files = dialog.findChild<QTreeView*>()) {
+        files->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+        files->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    }
+}
+
 /// The dialog hides the patterns that NameFilters appends, so the user reads each filter's text as it stands.
 void SetUp(QFileDialog& dialog, const FileDialogSetup& setup) {
     dialog.setObjectName(ToText(setup.Name));
     dialog.resize(dialog.fontMetrics().averageCharWidth() * charactersWide, dialog.sizeHint().height());
+    FitColumns(dialog);
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     dialog.setNameFilters(NameFilters(setup.Filter));

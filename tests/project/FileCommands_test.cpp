@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 
 #ifdef __linux__
-#include <sys/mount.h>
+#include "SmallDisk.h"
 #endif
 
 namespace pirol {
@@ -122,29 +122,9 @@ TEST(FileCommands, SavingThatFailsLosesNothing) {
 
 #ifdef __linux__
 
-/// A file system of its own with hardly any room; only an administrator can make one.
-class SmallDisk {
-  public:
-    explicit SmallDisk(std::filesystem::path folder) : folder_(std::move(folder)) {
-        std::filesystem::create_directory(folder_);
-        mounted_ = mount("tmpfs", folder_.c_str(), "tmpfs", 0, "size=16k") == 0;
-    }
-    SmallDisk(const SmallDisk&) = delete;
-    SmallDisk& operator=(const SmallDisk&) = delete;
-    ~SmallDisk() {
-        if (mounted_)
-            umount(folder_.c_str());
-    }
-    bool IsMounted() const { return mounted_; }
-
-  private:
-    std::filesystem::path folder_;
-    bool mounted_;
-};
-
 TEST(FileCommands, FullDiskKeepsTheOldProject) {
     const test::ScratchFolder folder;
-    const SmallDisk disk(folder / "disk");
+    const test::SmallDisk disk(folder / "disk");
     if (!disk.IsMounted())
         GTEST_SKIP() << "file systems can be mounted by an administrator only";
     const auto path = folder / "disk/a.prl";
@@ -183,6 +163,13 @@ TEST(FileCommands, ChangesByAnotherProgram) {
     EXPECT_FALSE(SaveProject(model, dialogs));
     EXPECT_EQ(ReadFileBytes(path), GeneratePRLCode(DesignOf("second")));
     EXPECT_TRUE(SaveProject(model, dialogs));
+    EXPECT_EQ(ReadFileBytes(path), good);
+
+    std::filesystem::remove(path);
+    dialogs.paths = {TextOf(path)};
+    dialogs.TakeSeen();
+    EXPECT_TRUE(SaveProject(model, dialogs));
+    EXPECT_EQ(dialogs.TakeSeen(), Seen("save")) << "there is nothing to replace";
     EXPECT_EQ(ReadFileBytes(path), good);
 }
 
