@@ -40,9 +40,9 @@ class Designer:
     (wine.Wine) the program is one for Windows and runs there.
 
     The display server hands keys and clicks to the program in their order, however slow it is, so nothing waits between
-    them. Waiting is needed where a window opens or closes: the focus must be there before a key is pressed. A button
-    that is pressed by its mnemonic acts a moment later than the next key; press such buttons with Enter or Space. A menu
-    that was left by a key may still be in the mouse's way.
+    them. Waiting is needed where a window opens or closes, a menu too: the focus must be there before a key is pressed.
+    A button that is pressed by its mnemonic acts a moment later than the next key; press such buttons with Enter or
+    Space.
     """
 
     PATIENCE = 60  # seconds until something that should appear counts as missing
@@ -118,7 +118,7 @@ class Designer:
         return tuple(int(re.search(rf"{side}=(\d+)", geometry)[1]) for side in ("WIDTH", "HEIGHT"))
 
     def resize(self, width, height):
-        self.xdotool("windowsize", "--sync", self.window, width, height)
+        self.xdotool("windowsize", "--sync", self.window, round(width), round(height))
 
     # --- Keyboard and mouse -------------------------------------------------------------------------------------
 
@@ -145,7 +145,7 @@ class Designer:
         self.key("ctrl+v")
 
     def move(self, x, y):
-        self.xdotool("mousemove", "--window", self.window, x, y)
+        self.xdotool("mousemove", "--window", self.window, round(x), round(y))
 
     def click(self, x, y):
         self.move(x, y)
@@ -155,10 +155,18 @@ class Designer:
         self.move(left, top)
         self.xdotool("mousedown", "1")
         for part in (0.3, 0.6, 1):
-            self.move(round(left + (right - left) * part), round(top + (bottom - top) * part))
+            self.move(left + (right - left) * part, top + (bottom - top) * part)
         self.xdotool("mouseup", "1")
 
     # --- What belongs together ----------------------------------------------------------------------------------
+
+    def choose(self, menu, entry):
+        """Chooses an entry of the main menu by their keys. What is typed while the menu closes would be lost with it."""
+        before = set(self.windows())
+        self.key(menu)
+        popup = self.wait_for(lambda: set(self.windows()) - before, f"the menu {menu}")
+        self.key(entry)
+        self.wait_for(lambda: not popup & set(self.windows()), f"the end of the menu {menu}")
 
     def choose_file(self, title, path):
         """Types a path into a file dialog and accepts it."""
@@ -180,19 +188,22 @@ class Designer:
         except subprocess.TimeoutExpired:
             raise Failure("the program does not end") from None
 
-    def picture(self, path, window=None):
-        """Saves what a window shows, once it shows the same for a while."""
-        self.xdotool("mousemove", 1270, 890)
-        tool = shutil.which("import")
-        if tool is None:
+    def picture(self, path):
+        """Saves what the window in use shows."""
+        if shutil.which("import") is None:
             raise Failure("import (ImageMagick) is missing")
-        pathlib.Path(path).parent.mkdir(parents=True, exist_ok=True)
-        shown = []
+        path.parent.mkdir(parents=True, exist_ok=True)
+        subprocess.run(["import", "-window", self.window, "-define", "png:exclude-chunks=date,time", str(path)],
+                       env=self.environment, check=True)
+        return path.read_bytes()
+
+    def picture_at_rest(self, path):
+        """The same once the window shows the same for a while, with the mouse out of the way."""
+        self.xdotool("mousemove", 10000, 10000)
+        shown = [self.picture(path)]
 
         def is_at_rest():
             time.sleep(0.2)
-            subprocess.run([tool, "-window", window or self.window, "-define", "png:exclude-chunks=date,time", str(path)],
-                           env=self.environment, check=True)
-            shown.append(pathlib.Path(path).read_bytes())
-            return len(shown) > 1 and shown[-1] == shown[-2]
+            shown.append(self.picture(path))
+            return shown[-1] == shown[-2]
         self.wait_for(is_at_rest, f"a picture at rest for {path}")

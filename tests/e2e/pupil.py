@@ -130,8 +130,8 @@ def connect_database(designer):
 
 
 def switch_code_on(designer):
-    designer.key("alt+c", "m")
-    designer.key("alt+c", "d")
+    designer.choose("alt+c", "m")
+    designer.choose("alt+c", "d")
 
 
 def read_code(designer):
