@@ -14,7 +14,7 @@ class PlainOutput {
     PlainOutput();
     PlainOutput(const PlainOutput&) = delete;
     PlainOutput& operator=(const PlainOutput&) = delete;
-    ~PlainOutput();
+    ~PlainOutput(); // NOLINT(performance-trivially-destructible): on Windows there is something to undo
 
   private:
     [[maybe_unused]] unsigned codePageBefore_ = 0; // only a Windows console has one

@@ -78,7 +78,7 @@ void frmHelp::ListChapters() {
         const int level = block.blockFormat().headingLevel();
         if (level < 2)
             continue;
-        auto* const item = new QListWidgetItem(QString(4 * (level - 2), ' ') + block.text(), lstChapters_);
+        auto* const item = new QListWidgetItem(QString(qsizetype{4} * (level - 2), ' ') + block.text(), lstChapters_);
         item->setData(Qt::UserRole, block.position());
     }
 }

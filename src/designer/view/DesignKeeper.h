@@ -19,6 +19,7 @@ class frmMain;
 /// user's time; the disk is written to in the background.
 class DesignKeeper : public QObject {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(DesignKeeper)
 
   public:
     DesignKeeper(frmMain& window, cCommonDialog& dialogs, const std::filesystem::path& folder);

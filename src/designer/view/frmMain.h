@@ -33,6 +33,7 @@ struct Hint;
 /// one that has no function yet is disabled.
 class frmMain : public QMainWindow {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(frmMain)
 
   public:
     frmMain(cCommonDialog& dialogs, ProgramStarter& starter, const Preferences& preferences = {});
