@@ -231,7 +231,7 @@ int main(int argc, char** argv) {
     } catch (const RuntimeError& error) {
         return Fail(refused, error.what());
     } catch (const std::bad_alloc&) {
-        return Fail(refused, RuntimeError(RuntimeError::OutOfMemory).what());
+        return Fail(refused, RuntimeError::outOfMemoryText);
     } catch (const std::exception& error) {
         return Fail(refused, error.what());
     }

@@ -7,6 +7,7 @@
 
 #include <string>
 #include <system_error>
+#include <vector>
 
 namespace pirol {
 namespace {
@@ -27,22 +28,39 @@ void CreateFolder(const fs::path& folder) {
     throw error ? RuntimeError::OfFile(error) : RuntimeError(RuntimeError::PathAccess);
 }
 
-void FillFolder(const fs::path& folder, std::string_view source) {
+struct NewFile {
+    fs::path path;
+    std::string bytes;
+};
+
+/// All that the folder will hold, ready to be written.
+std::vector<NewFile> FilesOf(const fs::path& folder, std::string_view source) {
+    std::vector<NewFile> files;
     for (const std::string_view name : templateFiles)
-        CreateFileBytes(folder / name, BlueJTemplate(name));
-    CreateFileBytes(folder / "SuMAnwendung.java", ToWindows1252(std::string(source)));
+        files.push_back({folder / name, std::string(BlueJTemplate(name))});
+    files.push_back({folder / "SuMAnwendung.java", ToWindows1252(std::string(source))});
+    return files;
+}
+
+/// Needs no memory, which may be what has run out.
+void RemoveAll(const std::vector<NewFile>& files, const fs::path& folder) {
+    std::error_code ignored;
+    for (const NewFile& file : files)
+        fs::remove(file.path, ignored);
+    fs::remove(folder, ignored);
 }
 
 } // namespace
 
 void ExportBlueJProject(const fs::path& folder, std::string_view source) {
     UnderLabel(exportLabel, [&] {
+        const std::vector<NewFile> files = FilesOf(folder, source);
         CreateFolder(folder);
         try {
-            FillFolder(folder, source);
+            for (const NewFile& file : files)
+                CreateFileBytes(file.path, file.bytes);
         } catch (...) {
-            std::error_code ignored;
-            fs::remove_all(folder, ignored);
+            RemoveAll(files, folder);
             throw;
         }
     });

@@ -2,6 +2,7 @@
 
 #include "model/RuntimeError.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
@@ -133,7 +134,7 @@ void WriteAndClose(File file, std::string_view bytes) {
     WriteAndClose(std::move(file), [bytes](const ByteSink& write) { write(bytes); });
 }
 
-/// Removes a half-written file unless it was kept.
+/// A file that is removed again unless it is kept.
 class TemporaryFile {
   public:
     explicit TemporaryFile(fs::path path) : path_(std::move(path)) {}
@@ -141,15 +142,20 @@ class TemporaryFile {
     TemporaryFile& operator=(const TemporaryFile&) = delete;
     ~TemporaryFile() {
         std::error_code ignored;
-        if (!kept_)
+        if (isOurs_)
             fs::remove(path_, ignored);
     }
     const fs::path& Path() const { return path_; }
-    void Keep() { kept_ = true; }
+    File Create() {
+        File file = OpenForWriting(path_, Purpose::Create);
+        isOurs_ = true;
+        return file;
+    }
+    void Keep() { isOurs_ = false; }
 
   private:
     fs::path path_;
-    bool kept_ = false;
+    bool isOurs_ = false;
 };
 
 fs::path NameBeside(const fs::path& path) {
@@ -162,13 +168,25 @@ fs::path NameBeside(const fs::path& path) {
     return path.parent_path() / name;
 }
 
-/// The regular file that the path names through any links, or nothing when there is none yet.
+/// The file that the path names through any links, or nothing when there is none yet.
 std::optional<fs::path> ExistingFile(const fs::path& path) {
     std::error_code error;
     fs::path resolved = fs::canonical(path, error);
+    if (!error)
+        return resolved;
+    // What is there but cannot be looked at may be a link, and no new file must take its place.
+    std::error_code ignored;
+    if (error != std::errc::no_such_file_or_directory && fs::exists(fs::symlink_status(path, ignored)))
+        throw WriteError(error);
+    return std::nullopt;
+}
+
+fs::file_status StatusOf(const fs::path& existing) {
+    std::error_code error;
+    const fs::file_status status = fs::status(existing, error);
     if (error)
-        return std::nullopt;
-    return resolved;
+        throw WriteError(error);
+    return status;
 }
 
 } // namespace
@@ -208,20 +226,20 @@ void ReplaceFileBytes(const fs::path& path, std::string_view bytes) {
 
 void ReplaceFile(const fs::path& path, const std::function<void(const ByteSink&)>& produce) {
     const std::optional<fs::path> existing = ExistingFile(path);
+    fs::file_status status;
     if (existing) {
         // Opening it shows whether it may be written at all; renaming over it would not ask.
         File writable = OpenForWriting(*existing, Purpose::Change);
-        if (!fs::is_regular_file(*existing))
+        status = StatusOf(*existing);
+        if (!fs::is_regular_file(status))
             return WriteAndClose(std::move(writable), produce);
     }
     const fs::path target = existing.value_or(path);
-    const fs::path beside = NameBeside(target);
-    File file = OpenForWriting(beside, Purpose::Create);
-    TemporaryFile temporary(beside);
-    WriteAndClose(std::move(file), produce);
+    TemporaryFile temporary(NameBeside(target));
+    WriteAndClose(temporary.Create(), produce);
     std::error_code error;
     if (existing)
-        fs::permissions(temporary.Path(), fs::status(target).permissions(), error);
+        fs::permissions(temporary.Path(), status.permissions(), error);
     fs::rename(temporary.Path(), target, error);
     if (error)
         throw WriteError(error);
@@ -229,12 +247,14 @@ void ReplaceFile(const fs::path& path, const std::function<void(const ByteSink&)
 }
 
 void OverwriteFileBytes(const fs::path& path, std::string_view bytes) {
-    File file = TryOpen(path, Purpose::Change);
-    if (file == nullptr && errno == ENOENT)
-        file = OpenForWriting(path, Purpose::Create);
-    if (file == nullptr)
-        throw WriteError(LastError());
-    WriteAndClose(std::move(file), bytes);
+    const std::optional<fs::path> existing = ExistingFile(path);
+    if (!existing || !fs::is_regular_file(StatusOf(*existing)))
+        return ReplaceFileBytes(path, bytes);
+    const std::string old = ReadFileBytes(*existing);
+    ReplaceFile(path, [&](const ByteSink& write) {
+        write(bytes);
+        write(std::string_view(old).substr(std::min(bytes.size(), old.size())));
+    });
 }
 
 void CreateFileBytes(const fs::path& path, std::string_view bytes) {

@@ -27,7 +27,8 @@ using ByteSink = std::function<void(std::string_view)>;
 /// stays then.
 void ReplaceFile(const std::filesystem::path& path, const std::function<void(const ByteSink&)>& produce);
 
-/// Writes from the beginning of the file, without cutting it off behind: what a longer file held there stays.
+/// Writes from the beginning of the file, without cutting it off behind: what a longer file held there stays. As one
+/// step, too.
 void OverwriteFileBytes(const std::filesystem::path& path, std::string_view bytes);
 
 /// Writes a file that must not exist yet.

@@ -30,11 +30,14 @@ FileLock& FileLock::operator=(FileLock&& other) noexcept {
 #ifdef _WIN32
 
 std::optional<FileLock> FileLock::Take(const std::filesystem::path& path) {
+    FileLock lock(path);
     // Who shares nothing is alone with the file, and the system deletes it with the last handle.
     const HANDLE handle =
         CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS, FILE_FLAG_DELETE_ON_CLOSE, nullptr);
-    if (handle != INVALID_HANDLE_VALUE)
-        return FileLock(path, reinterpret_cast<std::intptr_t>(handle));
+    if (handle != INVALID_HANDLE_VALUE) {
+        lock.handle_ = reinterpret_cast<std::intptr_t>(handle);
+        return lock;
+    }
     const DWORD error = GetLastError();
     // A file that is just being deleted refuses access.
     if (error == ERROR_SHARING_VIOLATION || error == ERROR_DELETE_PENDING)
@@ -60,6 +63,7 @@ bool IsRemoved(int descriptor) {
 } // namespace
 
 std::optional<FileLock> FileLock::Take(const std::filesystem::path& path) {
+    FileLock lock(path);
     while (true) {
         const int descriptor = open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
         if (descriptor < 0)
@@ -71,8 +75,10 @@ std::optional<FileLock> FileLock::Take(const std::filesystem::path& path) {
                 return std::nullopt;
             throw RuntimeError::OfFile({error, std::generic_category()});
         }
-        if (!IsRemoved(descriptor))
-            return FileLock(path, descriptor);
+        if (!IsRemoved(descriptor)) {
+            lock.handle_ = descriptor;
+            return lock;
+        }
         close(descriptor);
     }
 }

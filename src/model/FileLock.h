@@ -22,12 +22,12 @@ class FileLock {
     ~FileLock();
 
   private:
-    FileLock(std::filesystem::path path, std::intptr_t handle) : path_(std::move(path)), handle_(handle) {}
+    explicit FileLock(std::filesystem::path path) : path_(std::move(path)) {}
 
     static constexpr std::intptr_t none = -1;
 
     std::filesystem::path path_;
-    std::intptr_t handle_; ///< of the open file, as the system counts it
+    std::intptr_t handle_ = none; ///< of the open file, as the system counts it
 };
 
 } // namespace pirol

@@ -30,6 +30,9 @@ class RuntimeError : public std::exception {
         PathNotFound = 76,
     };
 
+    /// What an error without memory says, ready-made: where memory has run out, none may be left for making a text.
+    static constexpr std::string_view outOfMemoryText = "Fehler 7: Nicht genügend Speicher";
+
     explicit RuntimeError(Number number);
 
     /// The error for a failed file operation, from the platform's own error code.

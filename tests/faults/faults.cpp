@@ -1,0 +1,304 @@
+// Preloaded into a program, makes one of its calls fail, or kills the program at one: the calls that open, read, write,
+// rename or remove files below one folder, or those that ask for memory. Only what main does counts.
+//
+//   FAULTS_FOLDER    the folder; standard output counts with it
+//   FAULTS_REPORT    a file that gets the names of all file calls and the number of allocations at the end of main
+//   FAULTS_FILE      the number of the file call that shall fail, from 1
+//   FAULTS_MEMORY    the number of the allocation that shall fail, from 1
+//   FAULTS_ERROR     the error number of the file call that fails; 0 kills the program instead
+//   FAULTS_LASTING   when set, all later calls fail too, but for those that remove files: a full disk lets that happen
+
+#include <atomic>
+#include <cerrno>
+#include <csignal>
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <dirent.h>
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+extern "C" {
+void* __libc_malloc(std::size_t size);
+void* __libc_calloc(std::size_t count, std::size_t size);
+void* __libc_realloc(void* memory, std::size_t size);
+void* __libc_memalign(std::size_t alignment, std::size_t size);
+}
+
+namespace {
+
+std::atomic<bool> counts = false; ///< while main runs
+std::atomic<long> fileCalls = 0;
+std::atomic<long> allocations = 0;
+
+// Read before main, while nothing counts.
+const char* folder = nullptr;
+const char* report = nullptr;
+long failingFileCall = 0;
+long failingAllocation = 0;
+int error = 0;
+bool lasting = false;
+
+constexpr std::size_t largestReport = 1 << 16;
+char names[largestReport]; ///< of the file calls, one a line
+std::size_t namesLength = 0;
+
+constexpr int mostFiles = 1024;
+bool isOurs[mostFiles]; ///< by descriptor: a file below the folder
+
+long NumberFrom(const char* variable) {
+    const char* text = std::getenv(variable);
+    return text == nullptr ? 0 : std::atol(text);
+}
+
+/// The function of that name that ours stands before.
+template <class Function>
+Function* Real(Function*, const char* name) {
+    return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
+}
+bool IsOurs(const char* path) {
+    return folder != nullptr && std::strncmp(path, folder, std::strlen(folder)) == 0;
+}
+
+bool IsOurs(int descriptor) {
+    return descriptor >= 0 && descriptor < mostFiles && isOurs[descriptor];
+}
+
+bool IsOurs(std::FILE* file) {
+    return file != nullptr && IsOurs(fileno(file));
+}
+
+enum class Outcome { Succeeds, Fails, Kills };
+
+/// Counts a call about one of the files and says what becomes of it.
+Outcome Next(const char* name, bool ours, bool removes = false) {
+    if (!counts || !ours)
+        return Outcome::Succeeds;
+    const long number = ++fileCalls;
+    const std::size_t length = std::strlen(name);
+    if (namesLength + length + 1 < largestReport) {
+        std::memcpy(names + namesLength, name, length);
+        names[namesLength + length] = '\n';
+        namesLength += length + 1;
+    }
+    const bool isLater = lasting && !removes && failingFileCall != 0 && number > failingFileCall;
+    if (number != failingFileCall && !isLater)
+        return Outcome::Succeeds;
+    return error == 0 ? Outcome::Kills : Outcome::Fails;
+}
+
+void Kill() {
+    kill(getpid(), SIGKILL);
+}
+
+/// Whether the call fails; does not come back when the program is to be killed.
+bool Fails(const char* name, bool ours, bool removes = false) {
+    const Outcome outcome = Next(name, ours, removes);
+    if (outcome == Outcome::Kills)
+        Kill();
+    if (outcome == Outcome::Fails)
+        errno = error;
+    return outcome == Outcome::Fails;
+}
+
+bool AllocationFails() {
+    if (!counts)
+        return false;
+    const long number = ++allocations;
+    const bool fails = number == failingAllocation || (lasting && failingAllocation != 0 && number > failingAllocation);
+    if (fails)
+        errno = ENOMEM;
+    return fails;
+}
+
+/// Runs an operation on a stream whose file cannot be reached, so that the stream itself finds out and notes the error.
+template <class Operation>
+auto Unreachable(std::FILE* file, Operation operation) {
+    const int descriptor = std::exchange(file->_fileno, -1);
+    const auto result = operation();
+    file->_fileno = descriptor;
+    errno = error;
+    return result;
+}
+
+int (*realMain)(int, char**, char**) = nullptr;
+
+void WriteReport() {
+    if (report == nullptr)
+        return;
+    std::FILE* file = std::fopen(report, "w");
+    std::fprintf(file, "%ld\n", allocations.load());
+    std::fwrite(names, 1, namesLength, file);
+    std::fclose(file);
+}
+
+int CountedMain(int argumentCount, char** arguments, char** environment) {
+    folder = std::getenv("FAULTS_FOLDER");
+    report = std::getenv("FAULTS_REPORT");
+    failingFileCall = NumberFrom("FAULTS_FILE");
+    failingAllocation = NumberFrom("FAULTS_MEMORY");
+    error = static_cast<int>(NumberFrom("FAULTS_ERROR"));
+    lasting = std::getenv("FAULTS_LASTING") != nullptr;
+    isOurs[STDOUT_FILENO] = folder != nullptr;
+    counts = true;
+    const int status = realMain(argumentCount, arguments, environment);
+    counts = false;
+    WriteReport();
+    return status;
+}
+
+} // namespace
+
+extern "C" {
+
+int __libc_start_main(int (*main)(int, char**, char**), int argumentCount, char** arguments, void (*init)(),
+                      void (*fini)(), void (*rtldFini)(), void* stackEnd) {
+    static auto* const real = Real(&__libc_start_main, "__libc_start_main");
+    realMain = main;
+    return real(CountedMain, argumentCount, arguments, init, fini, rtldFini, stackEnd);
+}
+
+// --- Streams ----------------------------------------------------------------------------------------------------
+
+std::FILE* fopen(const char* path, const char* mode) {
+    static auto* const real = Real(&fopen, "fopen");
+    if (Fails("fopen", IsOurs(path)))
+        return nullptr;
+    std::FILE* file = real(path, mode);
+    if (file != nullptr && fileno(file) < mostFiles)
+        isOurs[fileno(file)] = IsOurs(path);
+    return file;
+}
+
+std::size_t fread(void* data, std::size_t size, std::size_t count, std::FILE* file) {
+    static auto* const real = Real(&fread, "fread");
+    if (Fails("fread", IsOurs(file)))
+        return Unreachable(file, [&] { return real(data, size, count, file); });
+    return real(data, size, count, file);
+}
+
+/// What fails was half written.
+std::size_t fwrite(const void* data, std::size_t size, std::size_t count, std::FILE* file) {
+    static auto* const real = Real(&fwrite, "fwrite");
+    static auto* const realFlush = Real(&fflush, "fflush");
+    const Outcome outcome = Next("fwrite", IsOurs(file));
+    if (outcome == Outcome::Succeeds)
+        return real(data, size, count, file);
+    const std::size_t written = real(data, size, count / 2, file);
+    realFlush(file);
+    if (outcome == Outcome::Kills)
+        Kill();
+    Unreachable(file, [&] {
+        real(static_cast<const char*>(data) + size * written, size, count - written, file);
+        return realFlush(file);
+    });
+    return written;
+}
+
+int fflush(std::FILE* file) {
+    static auto* const real = Real(&fflush, "fflush");
+    if (Fails("fflush", IsOurs(file)))
+        return Unreachable(file, [&] {
+            real(file);
+            return EOF;
+        });
+    return real(file);
+}
+
+int fclose(std::FILE* file) {
+    static auto* const real = Real(&fclose, "fclose");
+    const int descriptor = fileno(file);
+    const bool ours = IsOurs(file);
+    const bool fails = Fails("fclose", ours);
+    const int result = real(file);
+    if (ours)
+        isOurs[descriptor] = false;
+    if (fails)
+        errno = error;
+    return fails ? EOF : result;
+}
+
+// --- Descriptors and names --------------------------------------------------------------------------------------
+
+int open(const char* path, int flags, ...) {
+    static auto* const real = Real(&open, "open");
+    va_list rest;
+    va_start(rest, flags);
+    const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(rest, mode_t) : 0;
+    va_end(rest);
+    return Fails("open", IsOurs(path)) ? -1 : real(path, flags, mode);
+}
+
+int flock(int descriptor, int operation) noexcept {
+    static auto* const real = Real(&flock, "flock");
+    return Fails("flock", counts && folder != nullptr) ? -1 : real(descriptor, operation);
+}
+
+int fsync(int descriptor) {
+    static auto* const real = Real(&fsync, "fsync");
+    return Fails("fsync", IsOurs(descriptor)) ? -1 : real(descriptor);
+}
+
+int stat(const char* path, struct stat* status) noexcept {
+    static auto* const real = Real(&stat, "stat");
+    return Fails("stat", IsOurs(path)) ? -1 : real(path, status);
+}
+
+char* realpath(const char* path, char* resolved) noexcept {
+    static auto* const real = Real(&realpath, "realpath");
+    return Fails("realpath", IsOurs(path)) ? nullptr : real(path, resolved);
+}
+
+int fchmodat(int folderDescriptor, const char* path, mode_t mode, int flags) noexcept {
+    static auto* const real = Real(&fchmodat, "fchmodat");
+    return Fails("fchmodat", IsOurs(path)) ? -1 : real(folderDescriptor, path, mode, flags);
+}
+
+int mkdir(const char* path, mode_t mode) noexcept {
+    static auto* const real = Real(&mkdir, "mkdir");
+    return Fails("mkdir", IsOurs(path)) ? -1 : real(path, mode);
+}
+
+int rename(const char* from, const char* to) noexcept {
+    static auto* const real = Real(&rename, "rename");
+    return Fails("rename", IsOurs(from)) ? -1 : real(from, to);
+}
+
+int remove(const char* path) noexcept {
+    static auto* const real = Real(&remove, "remove");
+    return Fails("remove", IsOurs(path), true) ? -1 : real(path);
+}
+
+int unlink(const char* path) noexcept {
+    static auto* const real = Real(&unlink, "unlink");
+    return Fails("unlink", IsOurs(path), true) ? -1 : real(path);
+}
+
+int unlinkat(int folderDescriptor, const char* path, int flags) noexcept {
+    static auto* const real = Real(&unlinkat, "unlinkat");
+    return Fails("unlinkat", folder != nullptr, true) ? -1 : real(folderDescriptor, path, flags);
+}
+
+// --- Memory -----------------------------------------------------------------------------------------------------
+
+void* malloc(std::size_t size) {
+    return AllocationFails() ? nullptr : __libc_malloc(size);
+}
+
+void* calloc(std::size_t count, std::size_t size) {
+    return AllocationFails() ? nullptr : __libc_calloc(count, size);
+}
+
+void* realloc(void* memory, std::size_t size) {
+    return AllocationFails() ? nullptr : __libc_realloc(memory, size);
+}
+
+void* aligned_alloc(std::size_t alignment, std::size_t size) {
+    return AllocationFails() ? nullptr : __libc_memalign(alignment, size);
+}
+
+} // extern "C"

@@ -1,0 +1,211 @@
+#!/usr/bin/env python3
+"""Makes every file call and every allocation of Pirol fail in turn, and kills it at every file call.
+
+First an undisturbed run counts the calls. Then, for each call, one run in which it fails with each of several errors, one
+in which all calls from there on fail, and one that is killed there. Each run must end by itself with status 0 or 1 and
+a German message; the files must be the old or the new ones, whole, with nothing beside them.
+
+Usage: faults_test.py FAULTS_LIBRARY STEP PIROL_CLI RUN_OPERATION [RUN_WINDOW_OPERATION]
+    STEP    1 for everything, else a sample: only every STEP-th allocation and one error
+"""
+import collections
+import concurrent.futures
+import errno
+import os
+import pathlib
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+import typing
+
+LIBRARY = str(pathlib.Path(sys.argv[1]).resolve())
+STEP = int(sys.argv[2])
+CLI, OPERATION, *WINDOW_OPERATION = (str(pathlib.Path(word).resolve()) for word in sys.argv[3:] if word)
+DATA = pathlib.Path(__file__).resolve().parents[1] / "data"
+ERRORS = [errno.ENOSPC, errno.EACCES, errno.EIO, errno.EMFILE][:4 if STEP == 1 else 1]
+KILLED = 0
+PATIENCE = 60
+MESSAGE = re.compile(r"Fehler (5|6|7|9|13|5\d|6\d|7\d): [A-ZÄÖÜ].*\n|Die .prl - Datei ist fehlerhaft[^!]*!\n")
+REGISTRY = '[Software\\Pirol]\n"GridColor"=dword:00000000\n"GridStyle"=dword:00000000\n"BlueJPath"="/alt"\n'
+
+
+class Case(typing.NamedTuple):
+    program: str
+    words: list  # what begins with a slash is a path below the folder
+    allocations: bool = True  # whether those fail, too; the window toolkit does not live without memory
+
+    def command(self, folder):
+        return [self.program, *(folder + "/" + word[1:] if word.startswith("/") else word for word in self.words)]
+
+    def __str__(self):
+        return " ".join([pathlib.Path(self.program).name, *self.words])
+
+
+def cli(*words):
+    return Case(CLI, list(words))
+
+
+CASES = [
+    cli("generate", "/design.prl", "--menu", "--sql", "-o", "/old.java"),
+    cli("generate", "/design.prl", "--menu", "--sql"),
+    cli("import", "/SuMAnwendung.java", "-o", "/old.prl"),
+    cli("export", "/design.prl", "/BlueJ"),
+    cli("copy", "/design.prl", "/old.prl"),
+    cli("copy", "/design.prl", "/link.prl"),
+    cli("copy", "/design.prl", "/new.prl"),
+    cli("check", "/design.prl"),
+    cli("lint", "/design.prl"),
+    cli("hash", "/design.prl"),
+    *(Case(OPERATION, [name, "/"]) for name in ("load", "save", "import", "export-file", "export-folder",
+                                                 "keep-preferences", "load-preferences", "keep", "restore")),
+    *(Case(program, [name, "/"], allocations=False) for program in WINDOW_OPERATION
+      for name in ("load", "save", "import", "export-file", "export-folder", "keep-preferences")),
+]
+
+
+class Result(typing.NamedTuple):
+    status: int
+    output: bytes
+    message: str
+    files: dict
+
+
+def prepare(folder):
+    """The files that every run begins with."""
+    example = DATA / "generate" / "all-events"
+    shutil.copy(example / "design.prl", folder / "design.prl")
+    shutil.copy(example / "expected.java", folder / "SuMAnwendung.java")
+    shutil.copy(DATA / "generate" / "empty" / "design.prl", folder / "old.prl")
+    (folder / "old.java").write_bytes(b"// old\r\n" * 10000)
+    (folder / "link.prl").symlink_to("old.prl")
+    (folder / "config" / "Pirol").mkdir(parents=True)
+    (folder / "config" / "Pirol" / "registry.conf").write_text(REGISTRY)
+
+
+def environment(folder):
+    return {"PATH": os.environ["PATH"], "LANG": "C.UTF-8", "XDG_CONFIG_HOME": f"{folder}/config",
+            "XDG_STATE_HOME": f"{folder}/state", "XDG_RUNTIME_DIR": str(folder.parent), "QT_QPA_PLATFORM": "offscreen",
+            "QT_LOGGING_RULES": "*=false"}
+
+
+def files_in(folder):
+    """What the folder holds; locks of recovery files, which may stay, do not count."""
+    return {str(path.relative_to(folder)): "a link" if path.is_symlink() else path.read_bytes()
+            for path in folder.rglob("*") if not path.is_dir() and path.suffix != ".lock"}
+
+
+def run(case, **faults):
+    with tempfile.TemporaryDirectory(prefix="pirol-faults-") as name:
+        folder = pathlib.Path(name).resolve() / "files"
+        folder.mkdir()
+        prepare(folder)
+        if case.words[0] == "restore":
+            subprocess.run([OPERATION, "keep", folder], env=environment(folder), check=True)
+        variables = {f"FAULTS_{key}": str(value) for key, value in faults.items()}
+        done = subprocess.run(case.command(str(folder)), capture_output=True, timeout=PATIENCE, check=False,
+                              env=environment(folder) | {"LD_PRELOAD": LIBRARY, "FAULTS_FOLDER": str(folder)} | variables)
+        files = files_in(folder)
+        if case.words[0] in ("keep", "restore"):
+            files = files_without_recovery(folder, files, case.words[0] == "restore")
+        return Result(done.returncode, done.stdout, done.stderr.decode(), files)
+
+
+def files_without_recovery(folder, files, surely_kept):
+    """Sees what the next start makes of the recovery files: it reads them and clears away what was half written."""
+    restored = subprocess.run([OPERATION, "restore", folder], env=environment(folder), capture_output=True, check=False)
+    possible = [b"new\n"] if surely_kept else [b"", b"\n", b"new\n"]
+    if restored.returncode != 0 or restored.stdout not in possible:
+        return {"damaged recovery file": restored.stdout + restored.stderr}
+    if any(name.endswith(".tmp") for name in files_in(folder)):
+        return files_in(folder)
+    return {name: data for name, data in files.items() if not name.startswith("state/")}
+
+
+def count(case):
+    """The names of the file calls and the number of allocations of an undisturbed run."""
+    with tempfile.NamedTemporaryFile("r") as report:
+        result = run(case, REPORT=report.name)
+        if result.status not in (0, 1) or result.message:
+            sys.exit(f"{case}: undisturbed: {result.status}: {result.message}")
+        allocations, *names = report.read().split("\n")[:-1]
+        return result, names, int(allocations) if case.allocations else 0
+
+
+def is_mixture(data, old, new):
+    """Preferences are stored one by one, each as a whole."""
+    lines = [text.split(b"\n") for text in (data, old, new)]
+    return len({len(text) for text in lines}) == 1 and all(line in others for line, *others in zip(*lines))
+
+
+def faults_of(names, allocations):
+    for number in range(1, len(names) + 1):
+        for error in ERRORS:
+            yield {"FILE": number, "ERROR": error}
+            yield {"FILE": number, "ERROR": error, "LASTING": 1}
+        yield {"FILE": number, "ERROR": KILLED}
+    for number in range(1, allocations + 1, STEP):
+        yield {"MEMORY": number}
+        yield {"MEMORY": number, "LASTING": 1}
+
+
+def complaint(case, before, undisturbed, names, fault):
+    """What is wrong with one run; None when it is right."""
+    try:
+        result = run(case, **fault)
+    except subprocess.TimeoutExpired:
+        return "hangs"
+    killed = fault.get("ERROR") == KILLED
+    name = names[fault["FILE"] - 1] if "FILE" in fault else "allocation"
+    if killed != (result.status == -9) or (not killed and result.status not in (0, 1)):
+        return f"ends with {result.status}: {result.message}"
+    if not killed and (undisturbed.status == 0 or result.output != undisturbed.output):
+        if result.status == 1 and not MESSAGE.fullmatch(result.message):
+            return f"no clear message: {result.message!r}"
+        if result.status == 0 and result.message:
+            return f"a message without need: {result.message!r}"
+    if result.status == 0 and result.output != undisturbed.output and case.words[0] != "restore":
+        return f"another output: {result.output!r}"
+    files = result.files
+    # A killed program, or one that may not remove files, leaves what it had begun to write.
+    if killed or name in ("remove", "unlink", "unlinkat"):
+        files = {path: data for path, data in files.items() if not path.endswith(".tmp")}
+        if case.words[0] in ("export", "export-folder"):
+            files = {path: data for path, data in files.items() if not path.startswith("BlueJ/")}
+    if files == undisturbed.files or (result.status != 0 and files == before):
+        return None
+    registry = "config/Pirol/registry.conf"
+    if case.words[0] == "keep-preferences" and files.keys() == before.keys() and is_mixture(
+            files[registry], before[registry], undisturbed.files[registry]):
+        return None
+    changed = {path: data[:80] for path, data in files.items() if data != before.get(path)}
+    return f"status {result.status}, wrong files: {changed}; missing: {before.keys() - files.keys()}"
+
+
+def main():
+    with tempfile.TemporaryDirectory() as name:
+        folder = pathlib.Path(name)
+        prepare(folder)
+        before = files_in(folder)
+    wrong, runs, injected = 0, 0, collections.Counter()
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        for case in CASES:
+            undisturbed, names, allocations = count(case)
+            faults = list(faults_of(names, allocations))
+            complaints = pool.map(lambda fault: complaint(case, before, undisturbed, names, fault), faults)
+            for fault, text in zip(faults, complaints):
+                runs += 1
+                injected[names[fault["FILE"] - 1] if "FILE" in fault else "allocation"] += 1
+                if text:
+                    wrong += 1
+                    what = names[fault["FILE"] - 1] if "FILE" in fault else "allocation"
+                    print(f"{case}: {what} {fault}: {text}")
+            print(f"{case}: {len(names)} file calls, {allocations} allocations, {len(faults)} runs", flush=True)
+    print(f"{runs} runs, {wrong} of them wrong; disturbed: " +
+          ", ".join(f"{name} {number}" for name, number in injected.most_common()))
+    sys.exit(1 if wrong else 0)
+
+
+if __name__ == "__main__":
+    main()
