@@ -61,12 +61,15 @@ void MakeFolder(const fs::path& folder) {
 }
 
 std::vector<fs::path> FilesIn(const fs::path& folder) {
-    std::error_code error;
     std::vector<fs::path> files;
-    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error))
-        files.push_back(entry->path());
-    if (error && error != std::errc::no_such_file_or_directory)
-        throw RuntimeError::OfFile(error);
+    // The iterator's operations that give an error instead of raising it cannot bear that memory runs out.
+    try {
+        for (const fs::directory_entry& entry : fs::directory_iterator(folder))
+            files.push_back(entry.path());
+    } catch (const fs::filesystem_error& error) {
+        if (error.code() != std::errc::no_such_file_or_directory)
+            throw RuntimeError::OfFile(error.code());
+    }
     return files;
 }
 
