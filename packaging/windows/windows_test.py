@@ -204,6 +204,22 @@ class DesignerTest(WindowsTest):
         self.assertEqual(wine.registry(KEY)[KEY, "GridStyle"], ("REG_DWORD", "0x2"))
         self.end(designer)
 
+    def test_what_a_killed_program_held_is_offered(self):
+        project = self.folder / "Quiz.prl"
+        shutil.copy(QUIZ, project)
+        kept = wine.user_folder / "AppData" / "Local" / "Pirol" / "Recovery"
+        with Designer(PIROL, display, self.folder, project, wine=wine) as designer:
+            designer.use(r"^Quiz\.prl – Pirol$")
+            designer.click(60, 85)  # the toolbar's second button
+            designer.drag(700, 260, 880, 320)
+            designer.wait_for(lambda: list(kept.glob("*.design")), "the kept design")
+        designer = self.designer()
+        designer.use("Wiederherstellung")
+        designer.key("Return")
+        designer.use(r"^Quiz\.prl\* – Pirol$")
+        self.end(designer)
+        self.assertEqual(list(kept.iterdir()), [])
+
     def test_a_path_longer_than_windows_takes_is_reported(self):
         designer = self.designer(self.folder.joinpath(*["x" * 50] * 6))
         designer.use("Fehlermeldung")

@@ -9,6 +9,7 @@ import tempfile
 
 
 # Wine has none of the fonts that Windows and Java take for windows; these here have the same or nearly the same widths.
+# Windows smooths letters unless told otherwise; unsmoothed, Wine loses the thin capital I.
 FONTS = r"""Windows Registry Editor Version 5.00
 
 [HKEY_CURRENT_USER\Software\Wine\Fonts\Replacements]
@@ -17,6 +18,12 @@ FONTS = r"""Windows Registry Editor Version 5.00
 "MS Shell Dlg"="Liberation Sans"
 "MS Shell Dlg 2"="Liberation Sans"
 "Segoe UI"="Liberation Sans"
+
+[HKEY_CURRENT_USER\Control Panel\Desktop]
+"FontSmoothing"="2"
+"FontSmoothingType"=dword:00000002
+"FontSmoothingGamma"=dword:00000578
+"FontSmoothingOrientation"=dword:00000001
 """
 
 
