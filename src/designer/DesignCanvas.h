@@ -54,6 +54,8 @@ class DesignCanvas {
     /// The value on the grid when snapping is on, else on whole pixels.
     std::int16_t SnapToGrid(double pixels) const;
 
+    /// Whether a press has had no release yet.
+    bool IsPressed() const { return target_ != Target::None; }
     bool IsDrawing() const { return drawing_; }
     bool IsMoving() const { return moving_; }
     bool IsResizing() const { return resizing_; }

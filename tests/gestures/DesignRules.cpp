@@ -7,7 +7,6 @@
 #include "project/ProjectFile.h"
 
 #include <algorithm>
-#include <memory>
 #include <set>
 
 namespace pirol {
@@ -29,17 +28,6 @@ bool EachElementIsInTheOrderOnce(const ProjectModel& model) {
     };
     return order.size() == elements && std::set(order.begin(), order.end()).size() == elements &&
            std::all_of(order.begin(), order.end(), exists);
-}
-
-bool DeletedKindsBeginAnew(const ProjectModel& model) {
-    for (const KindRow& row : KindRows()) {
-        bool hasVisible = false;
-        for (std::size_t index = 1; index < model.ElementCount(row.kind); ++index)
-            hasVisible = hasVisible || model.Element({row.kind, index}).Visible;
-        if (!hasVisible && model.ElementCount(row.kind) > 1 && oddities::DeleteKeyEmptiesKind(row.kind))
-            return false;
-    }
-    return true;
 }
 
 /// The source as the file would hold it, or the error that came instead.
@@ -86,7 +74,6 @@ std::string BrokenRule(const ProjectModel& model) {
     } rules[] = {
         {"templates are hidden", TemplatesAreHidden},
         {"each element is in the order of creation once", EachElementIsInTheOrderOnce},
-        {"a kind without visible components begins anew", DeletedKindsBeginAnew},
         {"saving and loading keeps the generated program", SavingKeepsTheProgram},
     };
     for (const auto& rule : rules)

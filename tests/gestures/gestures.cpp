@@ -9,6 +9,7 @@
 #include "designer/view/PropertyListModel.h"
 #include "FakeDialogs.h"
 #include "gestures/DesignRules.h"
+#include "model/Oddities.h"
 
 #include <QAction>
 #include <QApplication>
@@ -100,6 +101,7 @@ constexpr KeyStroke keyStrokes[] = {
     {Qt::Key_End},
     {Qt::Key_PageDown},
     {Qt::Key_Insert},
+    {Qt::Key_Delete, {}, "\x7F"},
     {Qt::Key_Delete, {}, "\x7F"},
     {Qt::Key_Backspace, {}, "\b"},
     {Qt::Key_Return, {}, "\r"},
@@ -270,9 +272,19 @@ class User : public QObject {
         Log(std::string("key ") + QKeySequence(stroke.key | stroke.modifiers).toString().toStdString());
         const QString text = QString::fromUtf8(stroke.text);
         const QPointer<QWindow> target = window->windowHandle();
+        const std::optional<ComponentRef> selected = main_.Canvas().Selected();
         for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease})
             if (!target.isNull())
                 qt_handleKeyEvent(target, type, stroke.key, stroke.modifiers, text);
+        if (stroke.key == Qt::Key_Delete && selected && !canvas_->IsVisibleComponent(*selected))
+            Require(HasVisible(selected->kind) || main_.Model().ElementCount(selected->kind) == 1 ||
+                        !oddities::DeleteKeyEmptiesKind(selected->kind),
+                    "a kind whose last component is deleted begins anew");
+    }
+
+    bool HasVisible(ComponentKind kind) {
+        const std::vector<ComponentRef>& visible = canvas_->VisibleComponents();
+        return std::any_of(visible.begin(), visible.end(), [kind](ComponentRef other) { return other.kind == kind; });
     }
 
     void Mouse(QWidget* window, QEvent::Type type, const QPoint& position, Qt::MouseButton button) {
@@ -295,8 +307,10 @@ class User : public QObject {
     void Press(QWidget* window, const QPoint& position) {
         Log("press " + At(window, position));
         held_ = chance_.OneIn(12) ? Qt::RightButton : Qt::LeftButton;
+        const bool isFirst = !InGesture();
         Mouse(window, QEvent::MouseButtonPress, position, held_);
-        pressed_ = main_.Canvas().Selected();
+        if (isFirst)
+            pressed_ = main_.Canvas().Selected();
     }
 
     void Release(QWidget* window, const QPoint& position) {

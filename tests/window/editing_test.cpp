@@ -126,6 +126,17 @@ class EditingTest : public QObject {
         QCOMPARE(main.window.Model().ElementCount(ComponentKind::Button), 2U);
     }
 
+    /// Whichever button's release another window got, the next click is one of its own.
+    void ALostReleaseDoesNotLeadTheNextClick() {
+        Editing main;
+        main.Drag(300, 200, 380, 260);
+        QTest::mousePress(main.canvas, Qt::RightButton, {}, {120, 120});
+        QTest::mouseRelease(main.list, Qt::RightButton);
+        main.Drag(310, 210, 330, 220);
+        QCOMPARE(main.SelectedBox(), (Rectangle{320, 210, 80, 60}));
+        QCOMPARE(main.Held().Left, 100);
+    }
+
     void RefusedNamesAreExplained() {
         Editing main;
         main.canvas->setFocus();

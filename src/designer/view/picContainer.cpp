@@ -72,15 +72,21 @@ void picContainer::RunKey(const std::function<void()>& gesture) {
 
 // --- Mouse and keyboard -----------------------------------------------------------------------------------------
 
+/// A dialog that opened while a button was held got the release that ends the gesture.
+void picContainer::EndLostGesture() {
+    if (canvas_.IsPressed())
+        Run([&] { canvas_.Release(); });
+}
+
 void picContainer::mousePressEvent(QMouseEvent* event) {
+    if (event->buttons() == event->button())
+        EndLostGesture();
     Run([&] { canvas_.Press(event->pos().x(), event->pos().y(), ButtonOf(*event)); });
 }
 
 void picContainer::mouseMoveEvent(QMouseEvent* event) {
-    // A dialog that opened during the gesture got the release that ends it.
-    const bool inGesture = canvas_.IsMoving() || canvas_.IsResizing() || canvas_.IsDrawing();
-    if (inGesture && event->buttons() == Qt::NoButton)
-        Run([&] { canvas_.Release(); });
+    if (event->buttons() == Qt::NoButton)
+        EndLostGesture();
     Run([&] { canvas_.Move(event->pos().x(), event->pos().y()); });
     if (event->buttons() == Qt::NoButton)
         ShowCursor(event->pos());

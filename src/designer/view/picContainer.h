@@ -48,6 +48,7 @@ class picContainer : public QWidget {
   private:
     void Run(const std::function<void()>& gesture);
     void RunKey(const std::function<void()>& gesture);
+    void EndLostGesture();
     void ShowCursor(const QPoint& position);
     bool FillLayersFor(std::span<const Rectangle> areas);
     void PaintBackground(QPainter& painter, std::span<const Rectangle> areas) const;
