@@ -1,6 +1,7 @@
 #include "app/frmHelp.h"
 
 #include "app/Handbook.h"
+#include "designer/view/CellDelegate.h"
 #include "designer/view/FormParts.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -45,6 +46,8 @@ frmHelp::frmHelp(QWidget* owner)
     setModal(false);
     resize(usualSize);
 
+    // Its rows have room for the dots of capital umlauts.
+    lstChapters_->setItemDelegate(new CellDelegate(lstChapters_));
     lstChapters_->setToolTip("Ein Klick zeigt das Kapitel");
     txtHandbook_->setToolTip("Strg + Mausrad ändert die Schriftgröße");
     txtHandbook_->setOpenLinks(false);

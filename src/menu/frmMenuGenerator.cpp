@@ -1,6 +1,7 @@
 #include "menu/frmMenuGenerator.h"
 
 #include "designer/view/Bitmaps.h"
+#include "designer/view/CellDelegate.h"
 #include "designer/view/FormParts.h"
 
 #include <QButtonGroup>
@@ -73,6 +74,8 @@ frmMenuGenerator::frmMenuGenerator(MenuBar& bar, cCommonDialog& dialogs, QWidget
 QLayout* frmMenuGenerator::NewList() {
     auto* const caption = new QLabel("Menüle&iste:");
     caption->setBuddy(lstEntries_);
+    // Its rows have room for the dots of capital umlauts.
+    lstEntries_->setItemDelegate(new CellDelegate(lstEntries_));
     lstEntries_->setUniformItemSizes(true);
     lstEntries_->setMinimumWidth(fontMetrics().averageCharWidth() * 44);
     lstEntries_->setToolTip("Neue Zeilen kommen in das gewählte Menü oder hinter den gewählten Eintrag");

@@ -10,12 +10,14 @@
 #include "designer/view/frmListEditor.h"
 #include "FakeDialogs.h"
 #include "menu/frmMenuGenerator.h"
+#include "project/frmRecovery.h"
 #include "sql/frmSQLGenerator.h"
 #include "window/Forms.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QLabel>
+#include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
@@ -72,6 +74,8 @@ const FormRow forms[] = {
          form->setAttribute(Qt::WA_DeleteOnClose, false);
          return form;
      }},
+    {"frmRecovery", "cmdRestore",
+     [](Program&, QWidget* owner) { return new frmRecovery("/home/anna/Quiz.prl", 0, 2, owner); }},
     {"frmAbout", "cmdClose", [](Program&, QWidget* owner) { return new frmAbout(owner); }},
     {"frmDonation", "cmdClose", [](Program&, QWidget* owner) { return new frmDonation(owner); }},
 };
@@ -235,6 +239,10 @@ void FormsTest::NothingIsClipped() {
             QVERIFY2(widget->width() >= widget->minimumSizeHint().width(), qPrintable(what.arg(scale)));
             QVERIFY2(widget->height() >= height, qPrintable(what.arg(scale)));
         }
+        // The dots of a capital umlaut need more than the height of the font.
+        for (const QListWidget* const list : form.findChildren<QListWidget*>())
+            QVERIFY2(list->count() == 0 || list->sizeHintForRow(0) > list->fontMetrics().height(),
+                     qPrintable(list->objectName()));
     }
 }
 
