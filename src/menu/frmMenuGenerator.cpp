@@ -80,7 +80,7 @@ QLayout* frmMenuGenerator::NewList() {
     lstEntries_->setMinimumWidth(fontMetrics().averageCharWidth() * 44);
     lstEntries_->setToolTip("Neue Zeilen kommen in das gewählte Menü oder hinter den gewählten Eintrag");
     connect(lstEntries_, &QListWidget::currentRowChanged, this, [this](int row) {
-        editor_.SelectRow(static_cast<std::size_t>(row + 1));
+        editor_.SelectRow(static_cast<std::size_t>(row) + 1); // no row is -1 and becomes 0
         ShowSelection();
     });
 

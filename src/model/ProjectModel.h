@@ -37,7 +37,7 @@ struct ComponentRef {
     ComponentKind kind;
     std::size_t index;
 
-    auto operator<=>(const ComponentRef&) const = default;
+    auto operator<=>(const ComponentRef&) const = default; // NOLINT(modernize-use-nullptr): no pointer here
 };
 
 /// What an operation of the model changed.
