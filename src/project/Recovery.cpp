@@ -62,7 +62,6 @@ void MakeFolder(const fs::path& folder) {
 
 std::vector<fs::path> FilesIn(const fs::path& folder) {
     std::vector<fs::path> files;
-    // The iterator's operations that give an error instead of raising it cannot bear that memory runs out.
     try {
         for (const fs::directory_entry& entry : fs::directory_iterator(folder))
             files.push_back(entry.path());
