@@ -1,6 +1,7 @@
 #include "project/frmLoading.h"
 #include "project/ProjectFile.h"
 
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QProgressBar>
 #include <QTest>
@@ -10,7 +11,9 @@
 namespace pirol {
 namespace {
 
-constexpr int longEnough = 250; ///< milliseconds until the form is shown
+// Milliseconds: loading that ends earlier shows no form, loading that takes longer does.
+constexpr int unnoticed = 200;
+constexpr int longEnough = 250;
 
 /// Counts what a widget is asked to do.
 class Count : public QObject {
@@ -42,10 +45,14 @@ void LoadingTest::ShowsWhatTheReaderTells() {
     const auto* const caption = form.findChild<QLabel*>("lblProcess");
     const auto* const bar = form.findChild<QProgressBar*>("Process");
 
+    QElapsedTimer loading;
+    loading.start();
     form.SetMaximum(500);
     form.SetCaption("Lade Komponenten . . .");
     form.SetValue(499);
-    QVERIFY2(!form.isVisible(), "a project that is read at once needs no form");
+    const bool visible = form.isVisible();
+    // A busy machine may have taken that long for the lines above.
+    QVERIFY2(!visible || loading.hasExpired(unnoticed), "a project that is read at once needs no form");
     QTest::qSleep(longEnough);
     form.SetCaption("Lade Komponenten . . .");
     QVERIFY(form.isVisible());
