@@ -236,6 +236,7 @@ class InstallerTest(WindowsTest):
     def test_installs_associates_and_leaves_no_trace(self):
         work = self.folder / "Mein Quiz.prl"
         shutil.copy(QUIZ, work)
+        shutil.rmtree(wine.user_folder / "AppData" / "Local" / "Pirol", ignore_errors=True)  # of other tests
         before, classes = self.files(), r"HKEY_CURRENT_USER\Software\Classes"
         wine.run("reg", "add", classes + r"\.prl", "/ve", "/d", "Other.Program")
 
