@@ -3,6 +3,7 @@
 #include "designer/MainLayout.h"
 #include "designer/view/FormParts.h"
 
+#include <QIcon>
 #include <QListWidget>
 #include <QStyle>
 #include <QToolButton>
@@ -21,14 +22,23 @@ QString Count(std::size_t hints) {
     return hints < mostHints ? QString::number(hints) : QString("%1 und mehr").arg(mostHints);
 }
 
-QListWidgetItem* NewLine(const Hint& hint, const QStyle& style) {
+/// The style makes each icon anew whenever it is asked, which would be felt with many hints.
+struct EffectIcons {
+    explicit EffectIcons(const QStyle& style)
+        : worksWrongly(style.standardIcon(QStyle::SP_MessageBoxWarning)),
+          doesNotCompile(style.standardIcon(QStyle::SP_MessageBoxCritical)) {}
+
+    QIcon worksWrongly;
+    QIcon doesNotCompile;
+};
+
+QListWidgetItem* NewLine(const Hint& hint, const EffectIcons& icons) {
     const bool compiles = hint.rule->effect == HintEffect::WorksWrongly;
     const QString text = ToText(hint.text);
     const QString effect =
         compiles ? "Das Programm läuft anders als gezeichnet." : "Java kann das Programm so nicht übersetzen.";
     const QString where = ToText(WhereToMend(hint.subject));
-    auto* line = new QListWidgetItem(
-        style.standardIcon(compiles ? QStyle::SP_MessageBoxWarning : QStyle::SP_MessageBoxCritical), text);
+    auto* line = new QListWidgetItem(compiles ? icons.worksWrongly : icons.doesNotCompile, text);
     // As markup, so that long lines are broken; texts of the design are none.
     line->setToolTip("<qt>" + QStringList{text.toHtmlEscaped(), effect, where}.join("<br>") + "</qt>");
     line->setData(Qt::AccessibleDescriptionRole, effect + ' ' + where);
@@ -76,8 +86,9 @@ void lstHints::ShowHints(std::vector<Hint> hints) {
     list_->clear();
     if (hints_.empty())
         return hide();
+    const EffectIcons icons(*style());
     for (const Hint& hint : hints_)
-        list_->addItem(NewLine(hint, *style()));
+        list_->addItem(NewLine(hint, icons));
     // Nothing is marked before the user was in the list.
     if (current >= 0)
         list_->setCurrentRow(std::min(current, list_->count() - 1));
