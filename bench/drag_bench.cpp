@@ -4,11 +4,11 @@
 #include "app/frmCommonDialog.h"
 #include "app/frmProgramStarter.h"
 #include "designer/view/frmMain.h"
+#include "Median.h"
 
 #include <QApplication>
 #include <QMouseEvent>
 
-#include <algorithm>
 #include <cstdio>
 #include <ctime>
 #include <stdexcept>
@@ -57,11 +57,6 @@ double DragOnce(frmMain& window) {
     Send(canvas, QEvent::MouseMove, grip, Qt::NoButton, Qt::LeftButton);
     Send(canvas, QEvent::MouseButtonRelease, grip, Qt::LeftButton, Qt::NoButton);
     return 1e6 * static_cast<double>(end - begin) / CLOCKS_PER_SEC / events;
-}
-
-double Median(std::vector<double> values) {
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 #include "app/frmCommonDialog.h"
 #include "app/frmProgramStarter.h"
 #include "designer/view/frmMain.h"
+#include "Median.h"
 #include "model/FileAccess.h"
 #include "project/FileCommands.h"
 #include "project/ProjectFile.h"
@@ -13,7 +14,6 @@
 #include <QApplication>
 #include <QTemporaryDir>
 
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
@@ -46,11 +46,6 @@ double Time(frmMain& window, Load load) {
     window.ShowDesign();
     QApplication::processEvents();
     return 1e3 * static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC;
-}
-
-double Median(std::vector<double> values) {
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
 }
 
 } // namespace

@@ -56,6 +56,7 @@ class DesignCanvas {
 
     /// Whether a press has had no release yet.
     bool IsPressed() const { return target_ != Target::None; }
+    bool IsInGesture() const { return IsDrawing() || IsMoving() || IsResizing(); }
     bool IsDrawing() const { return drawing_; }
     bool IsMoving() const { return moving_; }
     bool IsResizing() const { return resizing_; }

@@ -375,7 +375,7 @@ class User : public QObject {
 
     bool InGesture() {
         const DesignCanvas& canvas = main_.Canvas();
-        return canvas.IsMoving() || canvas.IsResizing() || canvas.IsDrawing();
+        return canvas.IsInGesture();
     }
 
     void Check() {

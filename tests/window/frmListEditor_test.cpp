@@ -3,6 +3,7 @@
 #include "designer/ListText.h"
 #include "designer/view/frmListEditor.h"
 #include "window/Forms.h"
+#include "window/Keys.h"
 
 #include <QApplication>
 #include <QHeaderView>
@@ -14,16 +15,6 @@
 
 namespace pirol {
 namespace {
-
-void Type(const QString& text) {
-    for (const QChar character : text)
-        QTest::keyClick(QApplication::focusWidget(), character.toLatin1());
-}
-
-void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-    QTest::keyClick(QApplication::focusWidget(), key, modifiers);
-    QCoreApplication::processEvents();
-}
 
 /// The form on the screen with its table.
 class Bench {

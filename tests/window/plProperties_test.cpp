@@ -4,6 +4,7 @@
 #include "model/Conversions.h"
 #include "model/ProjectModel.h"
 #include "window/Forms.h"
+#include "window/Keys.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -19,17 +20,6 @@
 
 namespace pirol {
 namespace {
-
-/// Key presses that go wherever the focus is, as a user's do.
-void Type(const QString& text) {
-    for (const QChar character : text)
-        QTest::keyClick(QApplication::focusWidget(), character.toLatin1());
-}
-
-void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-    QTest::keyClick(QApplication::focusWidget(), key, modifiers);
-    QCoreApplication::processEvents(); // Enter in an editor takes effect when it comes back to the event loop
-}
 
 /// The property list beside a field that can take the focus, connected to a design as the main window does it.
 class Bench : public QWidget {

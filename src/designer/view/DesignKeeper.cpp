@@ -24,10 +24,6 @@ constexpr auto delayAfterFailure = 10s;
 
 constexpr int messageMilliseconds = 10'000;
 
-bool IsInGesture(const DesignCanvas& canvas) {
-    return canvas.IsDrawing() || canvas.IsMoving() || canvas.IsResizing();
-}
-
 } // namespace
 
 DesignKeeper::DesignKeeper(frmMain& window, cCommonDialog& dialogs, const std::filesystem::path& folder)
@@ -60,7 +56,7 @@ void DesignKeeper::Keep() {
         file_.Remove();
         return;
     }
-    if (IsInGesture(window_.Canvas()) && !sinceChange_.hasExpired(std::chrono::milliseconds(longestDelay).count())) {
+    if (window_.Canvas().IsInGesture() && !sinceChange_.hasExpired(std::chrono::milliseconds(longestDelay).count())) {
         timer_.start(delayDuringGesture);
         return;
     }

@@ -282,7 +282,7 @@ void frmMain::ShowStatus() {
 
 void frmMain::ShowHints() {
     // What counts is where a gesture ends.
-    if (canvas_.IsDrawing() || canvas_.IsMoving() || canvas_.IsResizing())
+    if (canvas_.IsInGesture())
         hintTimer_.start();
     else
         ReportErrors(this, [this] { lstHints_->ShowHints(FindHints(model_, options_)); });

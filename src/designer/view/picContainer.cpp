@@ -153,7 +153,7 @@ void picContainer::ShowChanges(std::span<const Change> changes) {
         }
     if (!changes.empty())
         visibleComponentsAreCurrent_ = false;
-    const bool inGesture = canvas_.IsMoving() || canvas_.IsResizing() || canvas_.IsDrawing();
+    const bool inGesture = canvas_.IsInGesture();
     const auto isOfGesture = [selected = canvas_.Selected()](const Change& change) {
         return change.what == Change::What::Component && change.component == selected;
     };
