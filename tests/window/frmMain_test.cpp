@@ -13,10 +13,29 @@ namespace pirol {
 
 using test::MainWindow;
 
+/// Counts the windows that the system is asked for.
+class WindowCounter : public QObject {
+  public:
+    WindowCounter() { qApp->installEventFilter(this); }
+    bool eventFilter(QObject* object, QEvent* event) override {
+        if (object->isWindowType() && event->type() == QEvent::PlatformSurface)
+            ++count;
+        return false;
+    }
+
+    int count = 0;
+};
+
 class FrmMainTest : public QObject {
     Q_OBJECT
 
   private slots:
+    void BringsUpNoWindowButItself() {
+        const WindowCounter windows;
+        const MainWindow main;
+        QCOMPARE(windows.count, 1);
+    }
+
     void HasEveryCommandWithTextsOfItsOwn() {
         MainWindow main;
         QStringList names = {"mnuFileNew",

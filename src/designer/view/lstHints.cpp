@@ -60,7 +60,6 @@ lstHints::lstHints(QWidget* parent)
     font.setBold(true);
     heading_->setFont(font);
     connect(heading_, &QToolButton::toggled, this, &lstHints::Fold);
-    heading_->setChecked(true);
 
     list_->setUniformItemSizes(true);
     list_->setIconSize({iconSize, iconSize});
@@ -74,8 +73,10 @@ lstHints::lstHints(QWidget* parent)
     rows->setSpacing(0);
     rows->addWidget(heading_);
     rows->addWidget(list_);
-    setFocusProxy(list_);
+    // Only now: unfolding shows the list, which is a window of its own until it stands here.
     hide();
+    heading_->setChecked(true);
+    setFocusProxy(list_);
 }
 
 void lstHints::ShowHints(std::vector<Hint> hints) {
