@@ -40,8 +40,21 @@ QRect ToRect(const Rectangle& box) {
     return {box.left, box.top, box.width, box.height};
 }
 
+/// A bar of the canvas. While there is nothing to scroll it is an empty strip: the style's many gradients for a bar
+/// that does nothing take longer to paint than all the rest of the window.
+class CanvasBar final : public QScrollBar {
+  public:
+    using QScrollBar::QScrollBar;
+
+  private:
+    void paintEvent(QPaintEvent* event) override {
+        if (isEnabled())
+            QScrollBar::paintEvent(event);
+    }
+};
+
 QScrollBar* NewBar(const char* name, const QString& accessibleName, Qt::Orientation orientation, QWidget* parent) {
-    return Named(new QScrollBar(orientation, parent), name, accessibleName);
+    return Named(new CanvasBar(orientation, parent), name, accessibleName);
 }
 
 QLabel* NewHeading(const char* name, const QString& text, QWidget* parent) {

@@ -10,7 +10,9 @@
 #include <QComboBox>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QScrollBar>
+#include <QStyle>
 
 #include <algorithm>
 
@@ -21,10 +23,29 @@ QString KeyOf(const PropertyPanelRow& row) {
     return ToText(row.key);
 }
 
+/// The captions of the columns, as flat as the bands of the categories. The style's own shades cost more to paint than
+/// the list below them, as Qt starts threads for them.
+class ColumnCaptions final : public QHeaderView {
+  public:
+    explicit ColumnCaptions(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {}
+
+  private:
+    void paintSection(QPainter* painter, const QRect& box, int section) const override {
+        const QColor line = palette().color(QPalette::Mid);
+        painter->fillRect(box, palette().color(QPalette::Button));
+        painter->fillRect(box.left(), box.bottom(), box.width(), 1, line);
+        painter->fillRect(box.right(), box.top(), 1, box.height(), line);
+        const int margin = style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, this);
+        painter->drawText(box.adjusted(margin, 0, -margin, 0), Qt::AlignVCenter | Qt::AlignLeft,
+                          model()->headerData(section, Qt::Horizontal).toString());
+    }
+};
+
 } // namespace
 
 plProperties::plProperties(QWidget* parent) : QTreeView(parent), model_(new PropertyListModel(this)) {
     Named(this, "plProperties", "Eigenschaften");
+    setHeader(new ColumnCaptions(this));
     setModel(model_);
     setItemDelegate(new PropertyDelegate(this));
 
