@@ -9,7 +9,7 @@ int main(int argumentCount, char* arguments[]) {
     QApplication::setStyle("Fusion");
     QApplication application(argumentCount, arguments);
     QMainWindow window;
-    window.resize(1080, 680);
+    window.resize(1200, 720);
     if (argumentCount > 1)
         window.statusBar()->showMessage(arguments[1]);
     window.show();

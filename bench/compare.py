@@ -47,12 +47,12 @@ def rows_of(task, size, names, results, patience):
     for name, result in zip(names, results):
         row = [task, f"{size:,}", name]
         if result is None:
-            rows.append(row + [f"over {patience} s", "–", "–", "–", "–"])
+            rows.append(row + [f"over {patience} s", "–", "–", "–", "–", "–"])
             continue
         first = results[0]
         rows.append(row + [milliseconds(result.cpu), f"{result.cpu / size * 1e6:,.1f} µs" if size else "–",
-                           megabytes(result.memory), f"{result.cpu / first.cpu:,.1f}",
-                           f"{result.memory / first.memory:,.1f}"])
+                           megabytes(result.memory), milliseconds(result.painted) if result.painted else "–",
+                           f"{result.cpu / first.cpu:,.1f}", f"{result.memory / first.memory:,.1f}"])
     return rows
 
 
@@ -81,8 +81,8 @@ def compare_programs(build, folder, arguments):
     rows += rows_of("start empty", 0, names, measure(Opening, commands, arguments.runs, arguments.patience),
                     arguments.patience)
     print("### Equal designs in Pirol and in other designers\n")
-    table(["task", "components", "program", "processor time", "per component", "peak memory", "× processor", "× memory"],
-          rows)
+    table(["task", "components", "program", "processor time", "per component", "peak memory", "painted after",
+           "× processor", "× memory"], rows)
 
 
 def compare_memory(cli, folder, arguments):

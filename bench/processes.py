@@ -1,5 +1,6 @@
-"""Runs of whole programs: processor time and peak memory."""
+"""Runs of whole programs: processor time, peak memory and, for a window, the time until it is painted."""
 
+import math
 import os
 import resource
 import shutil
@@ -10,9 +11,14 @@ import tempfile
 import time
 from pathlib import Path
 
+from Xlib import display
+from Xlib.ext import damage
+
 
 class Generating:
     """A program that ends by itself: seconds of processor time, or stopped when it needed more than the patience."""
+
+    painted = None
 
     def __init__(self, command, patience):
         process = subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE)
@@ -37,6 +43,8 @@ class Opening:
     IDLE_SHARE = 0.05
 
     def __init__(self, command, patience):
+        screen = Screen()
+        started = time.monotonic()
         process = subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         try:
             busy, used, self.cpu = time.monotonic(), 0.0, 0.0
@@ -49,16 +57,40 @@ class Opening:
                     used, busy = self.cpu, time.monotonic()
             self.stopped = self.cpu >= patience
             self.memory = peak_memory_of_running(process.pid)
+            self.painted = screen.last_change() - started
         finally:
             process.kill()
             process.wait()
+            screen.close()
             shutil.rmtree(Path(os.environ["XDG_STATE_HOME"]) / "pirol", ignore_errors=True)
 
 
+class Screen:
+    """The display as another program paints on it."""
+
+    def __init__(self):
+        self._display = display.Display()
+        self._display.damage_query_version()
+        self._display.screen().root.damage_create(damage.DamageReportRawRectangles)
+        self._display.sync()
+
+    def last_change(self):
+        """Seconds on the monotonic clock, which is the one that an X server on this machine stamps events with."""
+        stamps = []
+        while self._display.pending_events():
+            event = self._display.next_event()
+            if event.type == self._display.extension_event.DamageNotify:
+                stamps.append(event.timestamp)
+        return stamps[-1] / 1000 if stamps else math.nan
+
+    def close(self):
+        self._display.close()
+
+
 def processor_time(pid):
-    """Seconds, to the nanosecond: the scheduler's own account of every thread."""
-    threads = Path(f"/proc/{pid}/task").glob("*/schedstat")
-    return sum(int(thread.read_text(encoding="ascii").split()[0]) for thread in threads) / 1e9
+    """Seconds, to the nanosecond, of all threads that the process has or had."""
+    scheduler_clock_of_process = ~pid << 3 | 2  # as clock_getcpuclockid(3) has it
+    return time.clock_gettime(scheduler_clock_of_process)
 
 
 def peak_memory_of_running(pid):
@@ -79,6 +111,7 @@ class Medians:
     def __init__(self, runs):
         self.cpu = statistics.median(run.cpu for run in runs)
         self.memory = statistics.median(run.memory for run in runs)
+        self.painted = statistics.median(run.painted for run in runs) if runs[0].painted else None
 
 
 def measure(kind, commands, runs, patience):
