@@ -7,12 +7,15 @@
 #include "project/Snapshot.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <chrono>
+#include <memory>
 #include <string>
 
 #ifdef _WIN32
 #include <process.h>
 #else
+#include <dirent.h>
 #include <unistd.h>
 #endif
 
@@ -60,6 +63,7 @@ void MakeFolder(const fs::path& folder) {
         throw RuntimeError::OfFile(error);
 }
 
+#ifdef _WIN32
 std::vector<fs::path> FilesIn(const fs::path& folder) {
     std::vector<fs::path> files;
     try {
@@ -71,6 +75,27 @@ std::vector<fs::path> FilesIn(const fs::path& folder) {
     }
     return files;
 }
+#else
+/// Not with the standard library's iterator: GNU's ends the program when it finds no memory.
+std::vector<fs::path> FilesIn(const fs::path& folder) {
+    const auto fail = [] { throw RuntimeError::OfFile({errno, std::generic_category()}); };
+    const std::unique_ptr<DIR, int (*)(DIR*)> directory(opendir(folder.c_str()), closedir);
+    std::vector<fs::path> files;
+    if (!directory && errno == ENOENT)
+        return files;
+    if (!directory)
+        fail();
+    errno = 0;
+    while (const dirent* entry = readdir(directory.get())) {
+        if (const std::string_view name = entry->d_name; name != "." && name != "..")
+            files.push_back(folder / name);
+        errno = 0;
+    }
+    if (errno != 0)
+        fail();
+    return files;
+}
+#endif
 
 std::time_t WrittenAt(const fs::path& file) {
     std::error_code ignored;

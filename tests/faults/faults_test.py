@@ -59,9 +59,8 @@ CASES = [
     cli("lint", "/design.prl"),
     cli("hash", "/design.prl"),
     *(Case(OPERATION, [name, "/"]) for name in ("load", "save", "import", "export-file", "export-folder",
-                                                 "keep-preferences", "load-preferences", "keep")),
-    # The standard library's directory iterator, like the window toolkit, ends the program when it finds no memory.
-    Case(OPERATION, ["restore", "/"], allocations=False),
+                                                 "keep-preferences", "load-preferences", "keep", "restore")),
+    # The window toolkit ends the program when it finds no memory.
     *(Case(program, [name, "/"], allocations=False) for program in WINDOW_OPERATION
       for name in ("load", "save", "import", "export-file", "export-folder", "keep-preferences")),
 ]
