@@ -35,8 +35,10 @@ class ColumnCaptions final : public QHeaderView {
         painter->fillRect(box, palette().color(QPalette::Button));
         painter->fillRect(box.left(), box.bottom(), box.width(), 1, line);
         painter->fillRect(box.right(), box.top(), 1, box.height(), line);
-        const int margin = style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, this);
-        painter->drawText(box.adjusted(margin, 0, -margin, 0), Qt::AlignVCenter | Qt::AlignLeft,
+        const int margin = section == PropertyListModel::CaptionColumn
+                               ? PropertyDelegate::captionMargin
+                               : style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, this);
+        painter->drawText(box.adjusted(margin, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft,
                           model()->headerData(section, Qt::Horizontal).toString());
     }
 };
