@@ -46,7 +46,6 @@ import sum.komponenten.Textbereich;
  * use FIELD      raises every event of the component in that field with real mouse clicks and keys
  * menu PATH      clicks through the menus to an entry; the captions on the way are separated by tabs
  * picture FILE   saves the client area, menu bar included, as PNG
- * content FILE   saves the area below the menu bar as PNG
  * compare FILE   compares the client area with a PNG
  * </pre>
  *
@@ -114,7 +113,6 @@ public final class Driver {
             case "use" -> use(words.next());
             case "menu" -> menu(words.next());
             case "picture" -> ImageIO.write(paint(frame().getRootPane()), "png", new File(words.next()));
-            case "content" -> ImageIO.write(paint(content()), "png", new File(words.next()));
             case "compare" -> compare(paint(frame().getRootPane()), ImageIO.read(new File(words.next())));
             default -> throw new IllegalArgumentException(command);
         }
@@ -148,7 +146,7 @@ public final class Driver {
     }
 
     private void listField(String name, Object value) {
-        if (value instanceof Komponente component) {
+        if (value instanceof Komponente<?> component) {
             Point origin = content().getLocationOnScreen();
             Point corner = component.view().getLocationOnScreen();
             print("Komponente", value.getClass().getSimpleName(), name, corner.x - origin.x, corner.y - origin.y,
@@ -188,15 +186,15 @@ public final class Driver {
         print("Schritt", "use", name);
         Field field = program.getClass().getDeclaredField(name);
         field.setAccessible(true);
-        FokusKomponente component = (FokusKomponente) field.get(program);
+        FokusKomponente<?> component = (FokusKomponente<?>) field.get(program);
         Point target = onEventThread(() -> reachablePoint(component));
         if (target == null) {
             print("Verdeckt", name);
             return;
         }
         activate();
-        if (component instanceof Schaltflaeche) {
-            press((AbstractButton) component.input(), target);
+        if (component instanceof Schaltflaeche button) {
+            press(button.input(), target);
         } else {
             click(target);
         }
@@ -212,10 +210,10 @@ public final class Driver {
     }
 
     /** Keys that, after a click on it, raise the events of a kind that a click does not. */
-    private static List<int[]> keysFor(FokusKomponente component) {
+    private static List<int[]> keysFor(FokusKomponente<?> component) {
         int[] letter = {KeyEvent.VK_A};
         int[] enter = {KeyEvent.VK_ENTER};
-        if (component instanceof Eingabefeld || component instanceof Tabelle) {
+        if (component instanceof Eingabefeld<?> || component instanceof Tabelle) {
             return List.of(letter, enter);
         }
         if (component instanceof Textbereich) {
@@ -231,7 +229,7 @@ public final class Driver {
     }
 
     /** A point on the screen where a click meets the component, or null. Tables are met in their first cell. */
-    private Point reachablePoint(FokusKomponente component) {
+    private Point reachablePoint(FokusKomponente<?> component) {
         JComponent aim = component instanceof Tabelle ? component.input() : component.view();
         Rectangle part = aim.getVisibleRect();
         Point point = component instanceof Tabelle ? new Point(part.x + 4, part.y + 4)

@@ -6,7 +6,7 @@ Compared with the project file, which is read here independently of the generato
 class, rectangle, text and registered handlers, the menu lines, the database and multimedia calls. Then every component
 that has handlers is used with real mouse clicks and keys and every menu entry is clicked; each must call its handler.
 
-With --picture or --content it only saves what the window shows as PNG, for comparing it with the designer's drawing;
+With --picture it only saves what the window shows as PNG, for comparing it with the designer's drawing;
 with --compare it only compares what the window shows with such a picture.
 """
 
@@ -136,12 +136,12 @@ class Expectation:
         return ["--menu"] * bool(self.menu_lines) + ["--sql"] * self.uses_database
 
 
-def run(command, seconds, **options):
-    """Runs a command and gives back its standard output; whatever it started ends with it."""
-    process = subprocess.Popen(command, stdout=subprocess.PIPE, stderr=subprocess.PIPE, stdin=subprocess.DEVNULL,
+def run(command, seconds, text="", **options):
+    """Runs a command that reads the text and gives back its standard output; whatever it started ends with it."""
+    process = subprocess.Popen(command, stdout=subprocess.PIPE, stderr=subprocess.PIPE, stdin=subprocess.PIPE,
                                start_new_session=True, **options)
     try:
-        output, errors = process.communicate(timeout=seconds)
+        output, errors = process.communicate(text.encode(), timeout=seconds)
     except subprocess.TimeoutExpired as timeout:
         os.killpg(process.pid, signal.SIGKILL)
         output, _ = process.communicate()
@@ -288,8 +288,7 @@ def check(arguments, project, folder):
 
 
 def save_picture(arguments, project, folder):
-    option, file = ("picture", arguments.picture) if arguments.picture else ("content", arguments.content)
-    drive(arguments, project, Expectation(project), folder, [option, str(file.resolve())])
+    drive(arguments, project, Expectation(project), folder, ["picture", str(arguments.picture.resolve())])
 
 
 def compare_picture(arguments, project, folder):
@@ -314,15 +313,13 @@ def read_arguments():
                         help="run this SuMAnwendung.java instead of generating one")
     parser.add_argument("--picture", type=pathlib.Path, metavar="FILE",
                         help="save the client area, menu bar included, as PNG (one project)")
-    parser.add_argument("--content", type=pathlib.Path, metavar="FILE",
-                        help="save the area that the components' coordinates count from as PNG (one project)")
     parser.add_argument("--compare", type=pathlib.Path, metavar="FILE",
                         help=f"compare the client area with a PNG; up to {100 * TOLERANCE:g} %% of it may differ "
                              "(one project)")
     arguments = parser.parse_intermixed_args()
     if not arguments.projects and not arguments.compile_standins:
         parser.error("no project given")
-    for option in ("java", "picture", "content", "compare"):
+    for option in ("java", "picture", "compare"):
         if getattr(arguments, option) and len(arguments.projects) != 1:
             parser.error(f"--{option} takes exactly one project")
     return arguments
@@ -345,9 +342,7 @@ def main():
             arguments.standins = arguments.standins.resolve()
         except Failure as failure:
             sys.exit(str(failure))
-        task = compare_picture if arguments.compare else check
-        if arguments.picture or arguments.content:
-            task = save_picture
+        task = compare_picture if arguments.compare else save_picture if arguments.picture else check
         for number, project in enumerate(arguments.projects):
             folder = scratch / str(number)
             folder.mkdir()

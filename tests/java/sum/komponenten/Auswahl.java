@@ -5,22 +5,15 @@ import java.util.ArrayList;
 import java.util.List;
 import javax.swing.JComboBox;
 
-public class Auswahl extends FokusKomponente {
-    private final JComboBox<String> box;
-
+public class Auswahl extends FokusKomponente<JComboBox<String>> {
     public Auswahl(double left, double top, double width, double height) {
-        this(new Box(), left, top, width, height);
-    }
-
-    private Auswahl(JComboBox<String> box, double left, double top, double width, double height) {
-        super(box, box, left, top, width, height);
-        this.box = box;
-        box.setBackground(Color.WHITE);
-        box.addActionListener(e -> raise("Geaendert"));
+        super(new Box(), left, top, width, height);
+        input.setBackground(Color.WHITE);
+        input.addActionListener(e -> raise("Geaendert"));
     }
 
     public void haengeAn(String entry) {
-        box.addItem(entry);
+        input.addItem(entry);
     }
 
     public void setzeBearbeiterGeaendert(String method) {
@@ -30,8 +23,8 @@ public class Auswahl extends FokusKomponente {
     @Override
     public String text() {
         List<String> entries = new ArrayList<>();
-        for (int i = 0; i < box.getItemCount(); i++) {
-            entries.add(box.getItemAt(i));
+        for (int i = 0; i < input.getItemCount(); i++) {
+            entries.add(input.getItemAt(i));
         }
         return String.join("\1", entries);
     }

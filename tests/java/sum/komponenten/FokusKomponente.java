@@ -5,12 +5,11 @@ import java.awt.event.FocusListener;
 import javax.swing.JComponent;
 
 /** A component that can hold the keyboard focus and says so. */
-public abstract class FokusKomponente extends Komponente {
-    private final JComponent input;
+public abstract class FokusKomponente<I extends JComponent> extends Komponente<JComponent> {
+    /** The part of the view that takes the keyboard: the text area inside its scroll pane. */
+    protected final I input;
 
-    /** The input is the part of the view that takes the keyboard: the text area inside its scroll pane. */
-    protected FokusKomponente(JComponent view, JComponent input, double left, double top, double width,
-                              double height) {
+    protected FokusKomponente(JComponent view, I input, double left, double top, double width, double height) {
         super(view, left, top, width, height);
         this.input = input;
         input.addFocusListener(new FocusListener() {
@@ -26,7 +25,11 @@ public abstract class FokusKomponente extends Komponente {
         });
     }
 
-    public JComponent input() {
+    protected FokusKomponente(I input, double left, double top, double width, double height) {
+        this(input, input, left, top, width, height);
+    }
+
+    public I input() {
         return input;
     }
 

@@ -6,11 +6,13 @@ import javax.swing.JComponent;
 import sum.intern.Application;
 
 /** Something placed in the window by its constructor's coordinates. */
-public abstract class Komponente {
-    private final JComponent view;
+public abstract class Komponente<V extends JComponent> {
+    /** The Swing component that covers the whole rectangle. */
+    protected final V view;
+
     private final Map<String, String> handlers = new LinkedHashMap<>();
 
-    protected Komponente(JComponent view, double left, double top, double width, double height) {
+    protected Komponente(V view, double left, double top, double width, double height) {
         this.view = view;
         view.setBounds((int) Math.rint(left), (int) Math.rint(top), (int) Math.rint(width), (int) Math.rint(height));
         JComponent content = Application.current().content();
@@ -19,8 +21,7 @@ public abstract class Komponente {
         content.repaint();
     }
 
-    /** The Swing component that covers the whole rectangle. */
-    public JComponent view() {
+    public V view() {
         return view;
     }
 

@@ -3,20 +3,13 @@ package sum.komponenten;
 import javax.swing.JSlider;
 import javax.swing.SwingConstants;
 
-public class Regler extends FokusKomponente {
-    private final JSlider slider;
-
+public class Regler extends FokusKomponente<JSlider> {
     public Regler(double left, double top, double width, double height, int start, int minimum, int maximum) {
-        this(new JSlider(height > width ? SwingConstants.VERTICAL : SwingConstants.HORIZONTAL, minimum, maximum,
-                         start),
-             left, top, width, height);
-    }
-
-    private Regler(JSlider slider, double left, double top, double width, double height) {
-        super(slider, slider, left, top, width, height);
-        this.slider = slider;
-        slider.setOpaque(false);
-        slider.addChangeListener(e -> raise("Geaendert"));
+        super(new JSlider(height > width ? SwingConstants.VERTICAL : SwingConstants.HORIZONTAL, minimum, maximum,
+                          start),
+              left, top, width, height);
+        input.setOpaque(false);
+        input.addChangeListener(e -> raise("Geaendert"));
     }
 
     public void setzeBearbeiterGeaendert(String method) {
@@ -25,6 +18,6 @@ public class Regler extends FokusKomponente {
 
     @Override
     public String text() {
-        return slider.getValue() + "\1" + slider.getMinimum() + "\1" + slider.getMaximum();
+        return input.getValue() + "\1" + input.getMinimum() + "\1" + input.getMaximum();
     }
 }

@@ -8,6 +8,6 @@ public class Schalter extends Schaltflaeche {
     }
 
     public void schalteAn() {
-        button().setSelected(true);
+        input.setSelected(true);
     }
 }

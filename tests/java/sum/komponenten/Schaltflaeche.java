@@ -4,22 +4,15 @@ import java.awt.Color;
 import javax.swing.AbstractButton;
 
 /** What can be clicked: push button, switch and radio button. */
-public abstract class Schaltflaeche extends FokusKomponente {
-    private final AbstractButton button;
-
+public abstract class Schaltflaeche extends FokusKomponente<AbstractButton> {
     protected Schaltflaeche(AbstractButton button, double left, double top, double width, double height) {
-        super(button, button, left, top, width, height);
-        this.button = button;
+        super(button, left, top, width, height);
         button.setBackground(Color.WHITE);
         button.addActionListener(e -> raise("Geklickt"));
     }
 
-    protected AbstractButton button() {
-        return button;
-    }
-
     public void setzeInhalt(String text) {
-        button.setText(text);
+        input.setText(text);
     }
 
     public void setzeBearbeiterGeklickt(String method) {
@@ -28,6 +21,6 @@ public abstract class Schaltflaeche extends FokusKomponente {
 
     @Override
     public String text() {
-        return button.getText();
+        return input.getText();
     }
 }

@@ -4,7 +4,7 @@ import javax.swing.JScrollPane;
 import javax.swing.JTextArea;
 
 /** Several lines of text under scroll bars. */
-public abstract class Textbereich extends Textkomponente {
+public abstract class Textbereich extends Textkomponente<JTextArea> {
     private String marked = "";
 
     protected Textbereich(JTextArea area, int horizontalBar, double left, double top, double width, double height) {

@@ -6,13 +6,9 @@ import javax.swing.event.DocumentListener;
 import javax.swing.text.JTextComponent;
 
 /** A component whose text the user edits. */
-public abstract class Textkomponente extends FokusKomponente {
-    private final JTextComponent editor;
-
-    protected Textkomponente(JComponent view, JTextComponent editor, double left, double top, double width,
-                             double height) {
+public abstract class Textkomponente<I extends JTextComponent> extends FokusKomponente<I> {
+    protected Textkomponente(JComponent view, I editor, double left, double top, double width, double height) {
         super(view, editor, left, top, width, height);
-        this.editor = editor;
         editor.getDocument().addDocumentListener(new DocumentListener() {
             @Override
             public void insertUpdate(DocumentEvent e) {
@@ -32,7 +28,7 @@ public abstract class Textkomponente extends FokusKomponente {
     }
 
     public void setzeInhalt(String text) {
-        editor.setText(text);
+        input.setText(text);
     }
 
     public void setzeBearbeiterInhaltGeaendert(String method) {
@@ -41,6 +37,6 @@ public abstract class Textkomponente extends FokusKomponente {
 
     @Override
     public String text() {
-        return editor.getText();
+        return input.getText();
     }
 }

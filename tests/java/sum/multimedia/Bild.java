@@ -7,7 +7,7 @@ import javax.swing.JComponent;
 import sum.komponenten.Komponente;
 
 /** Shows an image file stretched over its rectangle; an unreadable file leaves it empty. */
-public class Bild extends Komponente {
+public class Bild extends Komponente<JComponent> {
     private final String path;
 
     public Bild(double left, double top, double width, double height, String path) {
