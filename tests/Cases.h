@@ -50,4 +50,25 @@ std::string ErrorOf(Operation&& operation) {
     return {};
 }
 
+/// What an operation returns, or "Fehler" and the number of the error in which it ends.
+template <class Operation>
+std::string OutcomeOf(Operation&& operation) {
+    try {
+        return operation();
+    } catch (const RuntimeError& error) {
+        return "Fehler " + std::to_string(error.ErrorNumber());
+    }
+}
+
+/// The number of the error in which an operation ends; 0 when it succeeds.
+template <class Operation>
+int ErrorNumberOf(Operation&& operation) {
+    try {
+        operation();
+    } catch (const RuntimeError& error) {
+        return error.ErrorNumber();
+    }
+    return 0;
+}
+
 } // namespace pirol::test

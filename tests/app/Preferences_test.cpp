@@ -98,39 +98,32 @@ TEST_F(PreferencesStore, AreStoredUnderTheirNames) {
 }
 
 TEST_F(PreferencesStore, WrongValuesReadAsDefaults) {
-    const struct {
-        const char* lines;
-        Preferences loaded;
-    } cases[] = {
+    const std::pair<const char*, Preferences> cases[] = {
         {"\"GridColor\"=\"255\"\n\"GridStyle\"=dword:1\n\"BlueJPath\"=dword:1\n", {"", 1, 0}},
         {"\"GridColor\"=dword:ffffff\n\"GridStyle\"=\"2\"\n\"BlueJPath\"=\"x\"\n", {"x", 0, 0xFFFFFF}},
         {"\"GridColor\"=dword:1000000\n\"GridStyle\"=dword:3\n", {"", 3, 0x1000000}},
         {"\"GridColor\"=dword:ffffffff\n\"GridStyle\"=dword:ffffffff\n", {"", -1, 0xFFFFFFFF}},
         {"\"GridStyle\"=dword:10002\n", {"", 2, 0}},
     };
-    for (const auto& row : cases) {
-        PutFile(std::string("[Software\\Pirol]\n") + row.lines);
-        EXPECT_EQ(Preferences::Load(), row.loaded) << row.lines;
+    for (const auto& [lines, loaded] : cases) {
+        PutFile(std::string("[Software\\Pirol]\n") + lines);
+        EXPECT_EQ(Preferences::Load(), loaded) << lines;
     }
 }
 
 TEST_F(PreferencesStore, BlueJPathIsCheckedByNameAndFile) {
-    const struct {
-        const char* name;
-        bool isRight;
-    } cases[] = {
+    const std::pair<const char*, bool> cases[] = {
         {"bluej.exe", true}, {"BLUEJ.EXE", true}, {"MyBlueJ.exe", true}, {"bluej", true},  {"bluej.exe.lnk", false},
         {"notbluej", false}, {"BlueJ", false},    {"luej.exe", false},   {"x.exe", false},
     };
-    for (const auto& row : cases) {
-        const std::string path = TextOf(folder_ / row.name);
+    for (const auto& [name, isRight] : cases) {
+        const std::string path = TextOf(folder_ / name);
         EXPECT_FALSE(IsBlueJProgram(path)) << "no such file yet";
         ReplaceFileBytes(PathOf(path), "");
-        EXPECT_EQ(IsBlueJProgram(path), row.isRight) << row.name;
-        EXPECT_EQ(BlueJPathAfterBrowsing("old", path), row.isRight ? path : "old");
+        EXPECT_EQ(IsBlueJProgram(path), isRight) << name;
+        EXPECT_EQ(BlueJPathAfterBrowsing("old", path), isRight ? path : "old");
         EXPECT_EQ(BlueJPathWarning(path).value_or(""),
-                  row.isRight ? ""
-                              : "Der BlueJ - Pfad ist fehlerhaft.\r\nEinige Funktionen können daher nicht arbeiten");
+                  isRight ? "" : "Der BlueJ - Pfad ist fehlerhaft.\r\nEinige Funktionen können daher nicht arbeiten");
     }
     fs::create_directories(folder_ / "folder" / "bluej.exe");
     EXPECT_FALSE(IsBlueJProgram(TextOf(folder_ / "folder" / "bluej.exe")));

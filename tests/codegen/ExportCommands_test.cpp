@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace pirol {
 namespace {
 
@@ -38,44 +40,42 @@ class ExportCommandsTest : public testing::Test {
 };
 
 TEST_F(ExportCommandsTest, BlueJIsStartedWhenItsPathNamesAFile) {
-    const struct {
-        const char* folder;
-        std::string blueJ;
-        bool starts;
-    } cases[] = {
-        {"Projekt", "", false},
-        {"mit Leerzeichen", Path("blue j"), true},
-        {"Übung", Path("missing"), false},
-        {"noch eins", Path("directory"), false},
+    const std::pair<const char*, std::string> cases[] = {
+        {"Projekt", ""},
+        {"mit Leerzeichen", Path("blue j")},
+        {"Übung", Path("missing")},
+        {"noch eins", Path("directory")},
     };
-    for (const auto& row : cases) {
-        dialogs_.paths = {Path(row.folder)};
+    for (const auto& [folder, blueJ] : cases) {
+        dialogs_.paths = {Path(folder)};
         starter_.started.clear();
-        ExportBlueJ(model_, options_, row.blueJ, dialogs_, starter_);
+        ExportBlueJ(model_, options_, blueJ, dialogs_, starter_);
         EXPECT_EQ(dialogs_.TakeSeen(), blueJDialog);
-        EXPECT_EQ(ReadFileBytes(folder_ / row.folder / "SuMAnwendung.java"), Source());
+        EXPECT_EQ(ReadFileBytes(folder_ / folder / "SuMAnwendung.java"), Source());
+        StartBlueJ(blueJ, starter_);
+        const bool starts = blueJ == Path("blue j");
         EXPECT_EQ(starter_.started,
-                  row.starts ? row.blueJ + " \"" + Path(row.folder) + "\" minimised\n" : std::string());
+                  starts ? blueJ + " \"" + Path(folder) + "\" minimised\n" + blueJ + " normal\n" : std::string())
+            << folder;
     }
+    starter_.refuses = true;
+    EXPECT_EQ(ErrorOf([&] { StartBlueJ(Path("blue j"), starter_); }),
+              "Fehler 70: Zugriff verweigert (Main.File.StartBlueJ)");
+    EXPECT_EQ(dialogs_.TakeSeen(), "");
 }
 
 TEST_F(ExportCommandsTest, BlueJExportThatFails) {
     CreateFileBytes(folder_ / "directory/keep", "x");
-    const struct {
-        const char* folder;
-        bool refuses;
-        const char* error;
-    } cases[] = {
+    const std::tuple<const char*, bool, const char*> cases[] = {
         {"directory", false, "Fehler 75: Fehler beim Zugriff auf Pfad/Datei (Main.Project.Export)"},
         {"blue j", false, "Fehler 75: Fehler beim Zugriff auf Pfad/Datei (Main.Project.Export)"},
         {"missing/new", false, "Fehler 76: Pfad nicht gefunden (Main.Project.Export)"},
         {"new", true, "Fehler 70: Zugriff verweigert (Main.Project.Export)"},
     };
-    for (const auto& row : cases) {
-        dialogs_.paths = {Path(row.folder)};
-        starter_.refuses = row.refuses;
-        EXPECT_EQ(ErrorOf([&] { ExportBlueJ(model_, options_, Path("blue j"), dialogs_, starter_); }), row.error)
-            << row.folder;
+    for (const auto& [folder, refuses, error] : cases) {
+        dialogs_.paths = {Path(folder)};
+        starter_.refuses = refuses;
+        EXPECT_EQ(ErrorOf([&] { ExportBlueJ(model_, options_, Path("blue j"), dialogs_, starter_); }), error) << folder;
     }
     EXPECT_EQ(ReadFileBytes(folder_ / "directory/keep"), "x");
     EXPECT_EQ(ReadFileBytes(folder_ / "new/SuMAnwendung.java"), Source()) << "the export is done when the start fails";
@@ -107,27 +107,6 @@ TEST_F(ExportCommandsTest, FilesAreOverwrittenFromTheBeginning) {
     dialogs_.paths = {Path("directory")};
     EXPECT_EQ(ErrorOf([&] { ExportJava(model_, options_, dialogs_); }),
               "Fehler 75: Fehler beim Zugriff auf Pfad/Datei (Main.Project.Export)");
-}
-
-TEST_F(ExportCommandsTest, StartBlueJ) {
-    const struct {
-        std::string blueJ;
-        std::string started;
-    } cases[] = {
-        {"", ""},
-        {Path("missing"), ""},
-        {Path("directory"), ""},
-        {Path("blue j"), Path("blue j") + " normal\n"},
-    };
-    for (const auto& row : cases) {
-        starter_.started.clear();
-        StartBlueJ(row.blueJ, starter_);
-        EXPECT_EQ(starter_.started, row.started) << row.blueJ;
-    }
-    starter_.refuses = true;
-    EXPECT_EQ(ErrorOf([&] { StartBlueJ(Path("blue j"), starter_); }),
-              "Fehler 70: Zugriff verweigert (Main.File.StartBlueJ)");
-    EXPECT_EQ(dialogs_.TakeSeen(), "");
 }
 
 TEST_F(ExportCommandsTest, ImportReadsBackWhatWasExported) {

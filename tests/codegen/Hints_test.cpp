@@ -114,16 +114,5 @@ TEST(Hints, AMenuTooLargeToGenerateIsOneHint) {
               "Programm: Das Programm lässt sich nicht erzeugen: Nicht genügend Speicher. [not-generated]\n");
 }
 
-TEST(Hints, ExamplesLackOnlyTheirFiles) {
-    for (const auto& entry : fs::directory_iterator(PIROL_EXAMPLES)) {
-        if (entry.path().extension() != ".prl")
-            continue;
-        ProjectModel model;
-        ASSERT_EQ(ReadPRLFile(entry.path(), model), ReadResult::Loaded);
-        for (const Hint& hint : FindHints(model, {true, model.Sql().UsesDatabase()}))
-            EXPECT_EQ(hint.rule->key, "missing-file") << entry.path() << hint.text;
-    }
-}
-
 } // namespace
 } // namespace pirol

@@ -1,4 +1,5 @@
 #include "Cases.h"
+#include "codegen/Hints.h"
 #include "codegen/JavaGenerator.h"
 #include "model/FileAccess.h"
 #include "model/RuntimeError.h"
@@ -12,19 +13,19 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string GeneratedFrom(const fs::path& project, CodeOptions options) {
+std::string GeneratedFrom(const fs::path& project, std::string_view options) {
     ProjectModel model;
     EXPECT_EQ(ReadPRLFile(project, model), ReadResult::Loaded) << project;
-    return ToWindows1252(GenerateCode(model, options));
+    const auto has = [options](std::string_view option) { return options.find(option) != std::string_view::npos; };
+    return ToWindows1252(GenerateCode(model, {has("--menu"), has("--sql")}));
 }
 
 /// tests/data/generate/*: design.prl gives expected.java with the options of options.txt.
 TEST(JavaGenerator, Cases) {
-    for (const fs::path& folder : test::CaseFolders("generate")) {
-        const std::string options = ReadFileBytes(folder / "options.txt");
-        const CodeOptions code{options.find("--menu") != std::string::npos, options.find("--sql") != std::string::npos};
-        EXPECT_EQ(GeneratedFrom(folder / "design.prl", code), ReadFileBytes(folder / "expected.java")) << folder;
-    }
+    for (const fs::path& folder : test::CaseFolders("generate"))
+        EXPECT_EQ(GeneratedFrom(folder / "design.prl", ReadFileBytes(folder / "options.txt")),
+                  ReadFileBytes(folder / "expected.java"))
+            << folder;
 }
 
 /// Each example stands beside its Java, generated with all it has.
@@ -39,6 +40,8 @@ TEST(JavaGenerator, Examples) {
         const CodeOptions code{!model.Menus().IsEmpty(), model.Sql().UsesDatabase()};
         EXPECT_EQ(ToWindows1252(GenerateCode(model, code)), ReadFileBytes(project.replace_extension(".java")))
             << project;
+        for (const Hint& hint : FindHints(model, code))
+            EXPECT_EQ(hint.rule->key, "missing-file") << project << hint.text;
         ++examples;
     }
     EXPECT_GE(examples, 5U);

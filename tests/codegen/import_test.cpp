@@ -5,6 +5,7 @@
 #include "model/RuntimeError.h"
 #include "model/Windows1252.h"
 #include "project/ProjectFile.h"
+#include "Tables.h"
 
 #include <gtest/gtest.h>
 
@@ -23,20 +24,8 @@ TEST(JavaImport, Cases) {
 }
 
 TEST(JavaImport, GetAllLinesFindsNamesAndArguments) {
-    const std::string_view nul("\0", 1);
-    const struct {
-        std::string source, entries;
-    } cases[] = {
-        {"", ""},
-        {"    hatK = new Knopf(1, \"a\");", "hatK,1, a"},
-        {"hatK = new Knopf();", "hatK,"},
-        {"x;\r\nhatK = new Knopf(1);", "hatK,1"},
-        {"a = new Knopf(1);\r\nb = new Knopf(2);", "a,1" + std::string(nul) + "b,2"},
-        {"a = new  Knopf(1); b =new Knopf(2); c = new Knopfe(3); d = new Knopf (4);", ""},
-        {"a = new Knopf(f(1);2);", "a,f(1"},
-    };
-    for (const auto& row : cases)
-        EXPECT_EQ(GetAllLines(row.source, "Knopf"), row.entries) << row.source;
+    for (const test::TableRow& row : test::Table("import-lines"))
+        EXPECT_EQ(GetAllLines(row[0], "Knopf"), row[1]) << row.line;
 }
 
 TEST(JavaImport, GetValueFindsTheFirstCall) {
@@ -62,28 +51,10 @@ TEST(JavaImport, TheIndexFindsWhatAPlainSearchFinds) {
 }
 
 TEST(JavaImport, BadArgumentsEndInAnErrorAndKeepWhatWasRead) {
-    const struct {
-        const char* source;
-        const char* error;
-    } cases[] = {
-        {"super(x, 480);", "Fehler 13: Typen unverträglich (Main.File.Import.Analyse)"},
-        {"super();", "Fehler 13: Typen unverträglich (Main.File.Import.Analyse)"},
-        {"super(640);", "Fehler 9: Index außerhalb des gültigen Bereichs (Main.File.Import.Analyse)"},
-        {"super(640, 40000);", "Fehler 6: Überlauf (Main.File.Import.Analyse)"},
-        {"super(640, 480", "Fehler 5: Ungültiger Prozeduraufruf (Main.File.Import.GetValue)"},
-        {"a = new Knopf(links, 0, 1, 1, \"\");", "Fehler 13: Typen unverträglich (Main.File.Import.Analyse)"},
-        {"a = new Knopf(1, 2, 3, 4);", "Fehler 9: Index außerhalb des gültigen Bereichs (Main.File.Import.Analyse)"},
-        {"a = new Knopf(1, 2", "Fehler 5: Ungültiger Prozeduraufruf (Main.File.Import.GetAllLines)"},
-        {"a = new Etikett(1,2,3,4,\"x\"); a.setzeAusrichtung(schief);",
-         "Fehler 13: Typen unverträglich (Main.File.Import.Analyse)"},
-        {"a = new Tabelle(1,2,3,4,5,99999);", "Fehler 6: Überlauf (Main.File.Import.Analyse)"},
-        {"hatDatenbank.verbindeMySQL(\"nur eine\");",
-         "Fehler 9: Index außerhalb des gültigen Bereichs (Main.File.Import.Analyse)"},
-    };
-    for (const auto& row : cases) {
+    for (const test::TableRow& row : test::Table("import-errors")) {
         ProjectModel model;
-        const std::string source = std::string("good = new Etikett(1, 2, 3, 4, \"x\"); ") + row.source;
-        EXPECT_EQ(ErrorOf([&] { AnalyseCode(source, model); }), row.error) << row.source;
+        const std::string source = "good = new Etikett(1, 2, 3, 4, \"x\"); " + row[0];
+        EXPECT_EQ(ErrorOf([&] { AnalyseCode(source, model); }), row[1]) << row.line;
     }
     ProjectModel model;
     EXPECT_NE(ErrorOf([&] { AnalyseCode("a = new Knopf(1,2,3,4,\"\"); b = new Knopf(?,2,3,4,\"\");", model); }), "");

@@ -1,5 +1,6 @@
+#include "Cases.h"
 #include "designer/Grid.h"
-#include "model/RuntimeError.h"
+#include "Tables.h"
 
 #include <gtest/gtest.h>
 
@@ -10,47 +11,11 @@ namespace pirol {
 namespace {
 
 TEST(SnapToGrid, RoundsToTheGridAndNegativeValuesTowardsZero) {
-    const struct {
-        double value;
-        int snapped;
-        int whole; ///< with the grid off
-    } cases[] = {
-        {0, 0, 0},
-        {4, 0, 4},
-        {5, 10, 5},
-        {14, 10, 14},
-        {15, 20, 15},
-        {24.5, 20, 24},
-        {25.5, 30, 26},
-        {26, 30, 26},
-        {-3, 0, -3},
-        {-7, 0, -7},
-        {-13, -10, -13},
-        {-20, -20, -20},
-        {-0.5, 0, 0},
-        {0.5, 0, 0},
-        {1.5, 0, 2},
-        {32764, 32760, 32764},
-        {-32768, -32760, -32768},
-    };
-    for (const auto& [value, snapped, whole] : cases) {
-        EXPECT_EQ(SnapToGrid(value, true), snapped) << value;
-        EXPECT_EQ(SnapToGrid(value, false), whole) << value;
-    }
-}
-
-TEST(SnapToGrid, RaisesOverflowOutside16Bits) {
-    const struct {
-        double value;
-        bool gridOn;
-    } cases[] = {{32765, true}, {32767, true}, {32767.5, false}, {40000, false}, {-32769, true}, {-1e300, false}};
-    for (const auto& [value, gridOn] : cases)
-        try {
-            SnapToGrid(value, gridOn);
-            ADD_FAILURE() << value;
-        } catch (const RuntimeError& error) {
-            EXPECT_EQ(error.ErrorNumber(), RuntimeError::Overflow) << value;
-        }
+    for (const test::TableRow& row : test::Table("snap-to-grid"))
+        for (const bool gridOn : {true, false})
+            EXPECT_EQ(test::OutcomeOf([&] { return std::to_string(SnapToGrid(std::stod(row[0]), gridOn)); }),
+                      row[gridOn ? 1 : 2])
+                << row.line;
 }
 
 using Pixels = std::set<std::pair<int, int>>;

@@ -1,8 +1,7 @@
-#include "designer/controls/PropertyTable.h"
+#include "Cases.h"
 #include "designer/ListEditorModel.h"
 #include "designer/ListText.h"
-#include "model/Conversions.h"
-#include "model/RuntimeError.h"
+#include "Tables.h"
 
 #include <gtest/gtest.h>
 
@@ -18,68 +17,32 @@ std::string ListOf(const ListEditorModel& model) {
     return ReplaceAll(model.ListText(), std::string_view(&fieldSeparator, 1), "/");
 }
 
-int ErrorIn(const std::function<void()>& operation) {
-    try {
-        operation();
-        return 0;
-    } catch (const RuntimeError& error) {
-        return error.ErrorNumber();
-    }
+std::string Described(const RowDescriptor& row) {
+    std::string text = row.label;
+    for (const FieldDescriptor& field : row.fields)
+        text += ", " + field.label + " " + std::to_string(static_cast<int>(field.type)) + " " + field.initialValue;
+    return text;
 }
 
 TEST(ListEditorModel, ReadsDescriptors) {
-    const RowDescriptor radio = ParseRowDescriptor(keys::optionbuttons.detail);
-    EXPECT_EQ(radio.label, "Radioknopf");
-    const std::vector<FieldDescriptor> fields = {
-        {"Name", FieldType::String, "hatRadioKnopf"},
-        {"Beschriftung", FieldType::String, ""},
-        {"Breite", FieldType::Number, "150"},
-        {"Höhe", FieldType::Number, "20"},
-        {"Links", FieldType::Number, "0"},
-        {"Oben", FieldType::Number, "0"},
-        {"Aktiviert", FieldType::Boolean, "Falsch"},
-    };
-    EXPECT_EQ(radio.fields, fields);
-    EXPECT_EQ(ParseRowDescriptor(captionRows), (RowDescriptor{"Spalte", {{"Beschriftung", FieldType::String, ""}}}));
-}
-
-TEST(ListEditorModel, RefusesDescriptors) {
-    const struct {
-        std::string_view descriptor;
-        int error;
-    } cases[] = {
-        {"", 9},
-        {"Spalte", 9},
-        {"Spalte|Beschriftung", 9},
-        {"Spalte|Beschriftung|tString", 9},
-        {"Spalte|Beschriftung|tString||Breite", 9},
-        {"Spalte|Beschriftung|string|", 13},
-        {"Spalte|Beschriftung|TString|", 13},
-        {"Spalte|Breite|tNumber|", 13},
-        {"Spalte|Breite|tNumber|40000", 6},
-    };
-    for (const auto& row : cases)
-        EXPECT_EQ(ErrorIn([&] { ParseRowDescriptor(row.descriptor); }), row.error) << row.descriptor;
+    for (const test::TableRow& row : test::Table("row-descriptors"))
+        EXPECT_EQ(test::OutcomeOf([&row] { return Described(ParseRowDescriptor(row[0])); }), row[1]) << row.line;
 }
 
 TEST(ListEditorModel, ListsComeBackAsTheyWere) {
-    const struct {
-        std::string_view descriptor;
-        std::string_view list;
-        std::size_t rows;
-    } cases[] = {
+    const std::tuple<std::string_view, std::string_view, std::size_t> cases[] = {
         {captionRows, "", 0},
         {captionRows, "a", 1},
         {captionRows, "a//b/", 4},
         {mixedRows, "a/1/Wahr", 1},
         {mixedRows, "a/1/Wahr//-5/Falsch", 2},
     };
-    for (const auto& row : cases) {
-        const ListEditorModel model(row.descriptor, ListText(row.list));
-        EXPECT_EQ(model.RowCount(), row.rows) << row.list;
-        EXPECT_EQ(ListOf(model), row.list);
+    for (const auto& [descriptor, list, rows] : cases) {
+        const ListEditorModel model(descriptor, ListText(list));
+        EXPECT_EQ(model.RowCount(), rows) << list;
+        EXPECT_EQ(ListOf(model), list);
     }
-    EXPECT_EQ(ErrorIn([] { ListEditorModel(mixedRows, ListText("a/1/Wahr/b")); }), 9);
+    EXPECT_EQ(test::ErrorNumberOf([] { ListEditorModel(mixedRows, ListText("a/1/Wahr/b")); }), 9);
 }
 
 TEST(ListEditorModel, EditsRows) {
@@ -126,7 +89,7 @@ TEST(ListEditorModel, BadEditsChangeNothing) {
         {[&] { model.MoveDown(1); }, 9},
     };
     for (const auto& row : cases)
-        EXPECT_EQ(ErrorIn(row.edit), row.error) << &row - cases;
+        EXPECT_EQ(test::ErrorNumberOf(row.edit), row.error) << &row - cases;
     EXPECT_EQ(ListOf(model), "a/1/Wahr");
 }
 

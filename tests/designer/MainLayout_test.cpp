@@ -1,7 +1,10 @@
 #include "designer/MainLayout.h"
 #include "model/RuntimeError.h"
+#include "Tables.h"
 
 #include <gtest/gtest.h>
+
+#include <array>
 
 namespace pirol {
 namespace {
@@ -18,39 +21,22 @@ TEST(MainLayout, DividesTheWindow) {
 }
 
 TEST(MainLayout, CentresOrScrollsEachDirectionByItself) {
-    const struct {
-        int room; ///< the frame's size
-        int designed;
-        int position;
-        bool scrolls;
-        int maximum;
-    } cases[] = {
-        {660, 480, 80, false, 0},
-        {660, 640, 0, false, 0},
-        {660, 641, 0, false, 0}, // half a pixel to the left
-                                 // rounds to even
-        {660, 643, -2, false, 0},
-        {660, 660, -10, false, 0}, // fits the frame, though not what the bar leaves of it
-        {660, 661, 0, true, 4},    // 21 / 8 + 1 = 3.625
-        {660, 668, 0, true, 4},    // 28 / 8 + 1 = 4.5, halves to even
-        {660, 676, 0, true, 6},    // 36 / 8 + 1 = 5.5
-        {660, 32767, 0, true, 4017},
-        {0, 1, 0, true, 4},
-        {-42, 240, 0, true, 39},
-        {660, 0, 320, false, 0},
-    };
-    for (const auto& [room, designed, position, scrolls, maximum] : cases) {
+    for (const test::TableRow& row : test::Table("canvas-places")) {
+        SCOPED_TRACE(row.line);
+        const int room = row.Number(0);
+        const int designed = row.Number(1);
+        const int maximum = row.Number(3);
         const MainLayout across = LayOutMainWindow(room + 370, 400, designed, 10);
-        EXPECT_EQ(across.canvas.left, position) << designed;
+        EXPECT_EQ(across.canvas.left, row.Number(2));
         EXPECT_EQ(across.canvas.width, designed);
-        EXPECT_EQ(across.horizontal.enabled, scrolls) << designed;
-        EXPECT_EQ(across.horizontal.maximum, maximum) << designed;
+        EXPECT_EQ(across.horizontal.maximum, maximum);
+        EXPECT_EQ(across.horizontal.enabled, maximum != 0);
         EXPECT_FALSE(across.vertical.enabled);
 
         const MainLayout down = LayOutMainWindow(800, room + 40, 10, designed);
-        EXPECT_EQ(down.canvas.top, position) << designed;
-        EXPECT_EQ(down.vertical.enabled, scrolls) << designed;
-        EXPECT_EQ(down.vertical.maximum, maximum) << designed;
+        EXPECT_EQ(down.canvas.top, row.Number(2));
+        EXPECT_EQ(down.vertical.maximum, maximum);
+        EXPECT_EQ(down.vertical.enabled, maximum != 0);
         EXPECT_FALSE(down.horizontal.enabled);
     }
 }
@@ -74,12 +60,7 @@ TEST(MainLayout, ScrollsInStepsOfEightUpTo16Bits) {
 }
 
 TEST(MainLayout, ScrollsNoFurtherThanNeededToShowSomething) {
-    const struct {
-        int begin;
-        int end;
-        int value;
-        int expected;
-    } cases[] = {
+    const std::array<int, 4> cases[] = {
         {0, 30, 0, 0},     {0, 30, 9, 0},     {79, 90, 9, 9},    {71, 90, 9, 8},      {150, 170, 9, 9},
         {170, 173, 9, 10}, {170, 180, 9, 10}, {300, 900, 9, 37}, {2000, 2010, 9, 40}, {-50, -20, 9, 0},
     };

@@ -1,174 +1,130 @@
+#include "Cases.h"
 #include "menu/MenuBar.h"
+#include "menu/MenuEditor.h"
 #include "model/Conversions.h"
-#include "model/RuntimeError.h"
+#include "Tables.h"
 
 #include <gtest/gtest.h>
+
+#include <utility>
 
 namespace pirol {
 namespace {
 
-/// Reads project lines written with "|" between the fields and "/" between the lines.
+constexpr std::string_view twoMenus = "0|0|hatA|A/1|2|a/1|1|b/2|2|c/2|3/1|2|d/0|0|hatB|B/1|2|e";
+
+/// Reads project lines written with "|" between the fields and "/" between the lines. A line that is refused adds
+/// nothing.
+void ReadLines(MenuBar& bar, std::string_view lines) {
+    MenuBarReader reader(bar);
+    for (const std::string_view line : Split(lines, '/')) {
+        const MenuBar before = bar;
+        try {
+            reader.AddLine(Split(line, '|'));
+        } catch (const RuntimeError&) {
+            EXPECT_EQ(bar, before) << line;
+            throw;
+        }
+    }
+}
+
+/// The bar of these lines; each node's tag is its caption, that of a separator is "-".
 MenuBar BarOf(std::string_view lines) {
     MenuBar bar;
-    MenuBarReader reader(bar);
-    for (const std::string_view line : Split(lines, '/'))
-        reader.AddLine(Split(line, '|'));
+    ReadLines(bar, lines);
+    const auto setTags = [](const auto& self, const MenuNodes& nodes) -> void {
+        for (cMenu& node : nodes) {
+            node.Tag = node.EntryType == cMenu::Separator ? "-" : node.Caption;
+            self(self, node.Children());
+        }
+    };
+    setTags(setTags, bar.Menus());
     return bar;
 }
 
-/// The project lines of a bar in the same notation.
-std::string LinesOf(const MenuBar& bar) {
-    std::string lines = ReplaceAll(bar.CreatePRLString(), lineEnd, "/");
-    lines = ReplaceAll(lines, std::string_view(&fieldSeparator, 1), "|");
-    if (!lines.empty())
-        lines.pop_back();
-    return lines;
-}
-
-constexpr std::string_view twoMenus = "0|0|hatA|A/1|2|a/1|1|b/2|2|c/2|3/1|2|d/0|0|hatB|B/1|2|e";
-
-void SetTags(const MenuNodes& nodes) {
-    for (cMenu& node : nodes) {
-        node.Tag = node.Caption;
-        SetTags(node.Children());
+/// The tags in the order of the tree, children in brackets.
+std::string Order(const std::list<cMenu>& nodes, const cMenu* parent = nullptr) {
+    std::string order;
+    for (const cMenu& node : nodes) {
+        EXPECT_EQ(node.Parent(), parent) << node.Tag;
+        order += node.Tag + (node.Children().empty() ? "" : "[" + Order(node.Children(), &node) + "]");
     }
+    return order;
 }
 
-TEST(MenuBar, ReadsBackWhatItWrites) {
-    const std::string_view cases[] = {
-        "0|0||",
-        "0|0|hatA|A",
-        twoMenus,
-        "0|0|a|A/1|1|B/2|1|C/3|1|D/4|2|E/2|2|F/1|2|G",
-        "0|0|a|A/1|2|entry/2|2|below an entry/1|3",
-    };
-    for (const std::string_view lines : cases)
-        EXPECT_EQ(LinesOf(BarOf(lines)), lines);
-}
-
-TEST(MenuBar, ReaderAcceptsLooseLines) {
-    const struct {
-        std::string_view lines;
-        std::string_view same;
-    } cases[] = {
-        {"5|0|a|A/1|2|x", "0|0|a|A/1|2|x"},
-        {" 0 | 0 |a|A/+1|2,0|x|more|fields", "0|0|a|A/1|2|x"},
-        {"0|0|a|A/1|3|ignored", "0|0|a|A/1|3"},
-        {"0|0|a|A/1|1|b/2|2|c/-7|0|d|D/1|2|e", "0|0|a|A/1|1|b/2|2|c/0|0|d|D/1|2|e"},
-    };
-    for (const auto& row : cases)
-        EXPECT_EQ(LinesOf(BarOf(row.lines)), row.same) << row.lines;
-}
-
-TEST(MenuBar, ReaderRefusesWhatFitsNowhere) {
-    const struct {
-        std::string_view start;
-        std::string_view line;
-        int number;
-    } cases[] = {
-        {"", "1|2|x", RuntimeError::IndexOutOfRange},
-        {"0|0|a|A", "0|2|x", RuntimeError::IndexOutOfRange},
-        {"0|0|a|A", "-1|2|x", RuntimeError::IndexOutOfRange},
-        {"0|0|a|A", "2|2|x", RuntimeError::IndexOutOfRange},
-        {"0|0|a|A/1|1|b/2|1|c/1|2|d", "3|2|x", RuntimeError::IndexOutOfRange},
-        {"0|0|a|A/1|1|b/0|0|c|C", "2|2|x", RuntimeError::IndexOutOfRange},
-        {"0|0|a|A", "1|4|x", RuntimeError::IndexOutOfRange},
-        {"0|0|a|A", "1|-1|x", RuntimeError::IndexOutOfRange},
-        {"0|0|a|A", "1|2", RuntimeError::IndexOutOfRange},
-        {"0|0|a|A", "1|1", RuntimeError::IndexOutOfRange},
-        {"0|0|a|A", "1", RuntimeError::IndexOutOfRange},
-        {"0|0|a|A", "0|0|b", RuntimeError::IndexOutOfRange},
-        {"0|0|a|A", "0|0", RuntimeError::IndexOutOfRange},
-        {"0|0|a|A", "", RuntimeError::TypeMismatch},
-        {"0|0|a|A", "x|2|x", RuntimeError::TypeMismatch},
-        {"0|0|a|A", "1|x|x", RuntimeError::TypeMismatch},
-        {"0|0|a|A", "1||x", RuntimeError::TypeMismatch},
-        {"0|0|a|A", "99999|2|x", RuntimeError::Overflow},
-    };
-    for (const auto& row : cases) {
-        MenuBar bar;
-        MenuBarReader reader(bar);
-        if (!row.start.empty())
-            for (const std::string_view line : Split(row.start, '/'))
-                reader.AddLine(Split(line, '|'));
-        const MenuBar before = bar;
-        try {
-            reader.AddLine(Split(row.line, '|'));
-            ADD_FAILURE() << "accepted " << row.line;
-        } catch (const RuntimeError& error) {
-            EXPECT_EQ(error.ErrorNumber(), row.number) << row.line;
-        }
-        EXPECT_EQ(bar, before) << row.line;
+TEST(MenuBar, LinesAreReadAndWritten) {
+    for (const test::TableRow& row : test::Table("menu-lines")) {
+        const auto readAndWritten = [&row] {
+            MenuBar bar;
+            ReadLines(bar, row[0]);
+            const std::string lines = ReplaceAll(bar.CreatePRLString(), std::string_view(&fieldSeparator, 1), "|");
+            return ReplaceAll(lines.substr(0, lines.rfind(lineEnd)), lineEnd, "/");
+        };
+        EXPECT_EQ(test::OutcomeOf(readAndWritten), row[1]) << row.line;
     }
     MenuBar bar;
-    EXPECT_THROW(MenuBarReader(bar).AddLine({}), RuntimeError);
+    EXPECT_EQ(test::ErrorNumberOf([&bar] { MenuBarReader(bar).AddLine({}); }), RuntimeError::IndexOutOfRange);
 }
 
 TEST(MenuBar, ReaderLimitsDepth) {
-    MenuBar bar = BarOf("0|0|a|A");
+    MenuBar bar;
     MenuBarReader reader(bar);
     reader.AddLine(Split("0|0|b|B", '|'));
     for (int depth = 1; depth <= MenuBarReader::maxDepth; ++depth)
         reader.AddLine(Split(std::to_string(depth) + "|1|x", '|'));
-    try {
-        reader.AddLine(Split(std::to_string(MenuBarReader::maxDepth + 1) + "|2|x", '|'));
-        ADD_FAILURE() << "no limit";
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.ErrorNumber(), RuntimeError::OutOfMemory);
-    }
+    const std::string tooDeep = std::to_string(MenuBarReader::maxDepth + 1) + "|2|x";
+    EXPECT_EQ(test::ErrorNumberOf([&] { reader.AddLine(Split(tooDeep, '|')); }), RuntimeError::OutOfMemory);
     const MenuBar copy = bar;
     EXPECT_EQ(copy, bar);
-    EXPECT_EQ(copy.CreatePRLString(), bar.CreatePRLString());
     EXPECT_EQ(bar.ReturnMenuPerTag("x"), nullptr);
 }
 
-TEST(MenuBar, TagOperationsTakeTopLevelMenusToo) {
-    const struct {
-        const char* tag;
-        const char* direction; // empty: delete
-        std::string_view result;
-    } cases[] = {
-        {"A", "UP", twoMenus},
-        {"B", "DOWN", twoMenus},
-        {"A", "DOWN", "0|0|hatB|B/1|2|e/0|0|hatA|A/1|2|a/1|1|b/2|2|c/2|3/1|2|d"},
-        {"B", "UP", "0|0|hatB|B/1|2|e/0|0|hatA|A/1|2|a/1|1|b/2|2|c/2|3/1|2|d"},
-        {"d", "UP", "0|0|hatA|A/1|2|a/1|2|d/1|1|b/2|2|c/2|3/0|0|hatB|B/1|2|e"},
-        {"c", "DOWN", "0|0|hatA|A/1|2|a/1|1|b/2|3/2|2|c/1|2|d/0|0|hatB|B/1|2|e"},
-        {"e", "UP", twoMenus},
-        {"B", "sideways", twoMenus},
-        {"?", "UP", twoMenus},
-        {"A", "", "0|0|hatB|B/1|2|e"},
-        {"B", "", "0|0|hatA|A/1|2|a/1|1|b/2|2|c/2|3/1|2|d"},
-        {"b", "", "0|0|hatA|A/1|2|a/1|2|d/0|0|hatB|B/1|2|e"},
-        {"e", "", "0|0|hatA|A/1|2|a/1|1|b/2|2|c/2|3/1|2|d/0|0|hatB|B"},
-        {"?", "", twoMenus},
-    };
-    for (const auto& row : cases) {
+TEST(MenuBar, TagOperations) {
+    for (const test::TableRow& row : test::Table("menu-tags")) {
         MenuBar bar = BarOf(twoMenus);
-        SetTags(bar.Menus());
-        if (*row.direction == '\0')
-            bar.DeletePerTag(row.tag);
-        else
-            bar.MoveItemPerTag(row.tag, row.direction);
-        EXPECT_EQ(LinesOf(bar), row.result) << row.tag << ' ' << row.direction;
+        if (row[0] == "DELETE")
+            bar.DeletePerTag(row[1]);
+        else if (row[0] != "ADD")
+            bar.MoveItemPerTag(row[1], row[0]);
+        else if (cMenu* added = bar.ReturnMenuPerTag("A")->AddEntry("new", cMenu::Entry, row[1]))
+            added->Tag = "n";
+        EXPECT_EQ(Order(std::as_const(bar).Menus()), row[2]) << row.line;
     }
 }
 
-TEST(MenuBar, CollectsTheThreeTexts) {
-    const MenuBar empty;
-    EXPECT_EQ(empty.GenerateCode(MenuSection::Init), "    Menue hatMenueTemp;\r\n");
-    EXPECT_EQ(empty.GenerateCode(MenuSection::Main), "");
-    EXPECT_EQ(empty.GenerateCode(MenuSection::Events), "");
+TEST(MenuBar, TagSearchSkipsWhatIsNoSubmenu) {
+    MenuBar bar = BarOf("0|0|hatA|A/1|1|b/2|2|c/1|2|d/2|2|hidden");
+    EXPECT_EQ(bar.ReturnMenuPerTag("c")->Caption, "c");
+    EXPECT_EQ(bar.ReturnMenuPerTag("hidden"), nullptr);
+    cMenu* menu = bar.ReturnMenuPerTag("A");
+    EXPECT_EQ(menu, &*bar.Menus().begin());
+    EXPECT_EQ(menu->ReturnMenuPerTag("A"), menu);
+    menu->MoveItemPerTag("A", cMenu::up);
+    menu->DeletePerTag("A");
+    EXPECT_EQ(Order(std::as_const(bar).Menus()), "A[b[c]d[hidden]]");
+    EXPECT_EQ(bar.ReturnMenuPerTag("d")->ReturnMenuPerTag("d"), nullptr) << "an entry does not find itself";
+}
 
-    const MenuBar bar = BarOf("0|0|hatA|A/1|1|b/2|2|c/1|2|Ä x/0|0|hatB|B");
-    EXPECT_EQ(bar.GenerateCode(MenuSection::Init), "    Menue hatMenueTemp;\r\n    Menue hatA;\r\n    Menue hatB;\r\n");
-    EXPECT_EQ(bar.GenerateCode(MenuSection::Main), "        hatA = new Menue(\"A\");\r\n"
-                                                   "        hatMenueTemp = hatA.neuesUntermenue(\"b\");\r\n"
-                                                   "        hatMenueTemp.haengeZeileAn(\"c\", \"hatAc\");\r\n"
-                                                   "        hatA.haengeZeileAn(\"Ä x\", \"hatAAex\");\r\n"
-                                                   "        hatB = new Menue(\"B\");\r\n");
-    EXPECT_EQ(bar.GenerateCode(MenuSection::Events), "    public void hatAc()\r\n    {\r\n\r\n    }\r\n\r\n"
-                                                     "    public void hatAAex()\r\n    {\r\n\r\n    }\r\n\r\n");
+TEST(MenuBar, CaptionsBecomeNames) {
+    for (const test::TableRow& row : test::Table("menu-names")) {
+        EXPECT_EQ(cMenu::CleanString(row[0]), row[1]);
+        EXPECT_EQ(MenuEditor::ProposeName(cMenu::Menu, row[0]), row[2]);
+    }
+    for (const auto option : {cMenu::SubMenu, cMenu::Entry, cMenu::Separator})
+        EXPECT_FALSE(MenuEditor::ProposeName(option, "Datei"));
+}
+
+/// What the cases in tests/data/generate cannot hold.
+TEST(MenuBar, AMenuAsAChildIsNeitherGeneratedNorStored) {
+    MenuBar bar;
+    cMenu& menu = bar.Append("Datei", "hatMenueDatei");
+    menu.AddEntry("X", cMenu::Menu)->AddEntry("Y", cMenu::Entry);
+    EXPECT_EQ(menu.AddEntry("Titel", cMenu::Separator)->Caption, "--------------");
+    EXPECT_EQ(bar.GenerateCode(MenuSection::Main),
+              "        hatMenueDatei = new Menue(\"Datei\");\r\n        hatMenueDatei.haengeTrennungAn();\r\n");
+    EXPECT_EQ(bar.GenerateCode(MenuSection::Events), "");
+    using namespace std::string_literals;
+    EXPECT_EQ(bar.CreatePRLString(), "0\0000\0hatMenueDatei\0Datei\r\n1\0003\r\n"s);
 }
 
 TEST(MenuBar, LimitsTheTextThatNamesMultiply) {
@@ -180,40 +136,45 @@ TEST(MenuBar, LimitsTheTextThatNamesMultiply) {
         menu.AddEntry("E", cMenu::Entry);
         manyMenus.Append("M", longName);
     }
-    const struct {
-        const MenuBar& bar;
-        MenuSection section;
-    } cases[] = {
-        {oneMenu, MenuSection::Main},
-        {oneMenu, MenuSection::Events},
-        {manyMenus, MenuSection::Init},
-    };
-    for (const auto& row : cases) {
-        try {
-            row.bar.GenerateCode(row.section);
-            ADD_FAILURE() << static_cast<int>(row.section);
-        } catch (const RuntimeError& error) {
-            EXPECT_EQ(error.ErrorNumber(), RuntimeError::OutOfMemory);
-        }
-    }
+    for (const auto& [bar, section] :
+         {std::pair(&oneMenu, MenuSection::Main), {&oneMenu, MenuSection::Events}, {&manyMenus, MenuSection::Init}})
+        EXPECT_EQ(test::ErrorNumberOf([&, bar = bar, section = section] { bar->GenerateCode(section); }),
+                  RuntimeError::OutOfMemory);
 }
 
-TEST(MenuBar, IsAValueWithStableMenus) {
-    MenuBar bar;
-    EXPECT_TRUE(bar.IsEmpty());
-    cMenu& first = bar.Append("Datei", "hatMenueDatei");
-    for (int i = 0; i < 100; ++i)
-        bar.Append("X", "hatMenueX");
-    EXPECT_EQ(&first, &*bar.Menus().begin());
-    EXPECT_EQ(first.EntryType, cMenu::Menu);
+TEST(MenuBar, EqualityLooksAtEveryStoredPart) {
+    const std::string_view base = "0|0|hatA|A/1|1|b/2|2|c/2|3";
+    for (const std::string_view other :
+         {"0|0|hatB|A/1|1|b/2|2|c/2|3", "0|0|hatA|B/1|1|b/2|2|c/2|3", "0|0|hatA|A/1|2|b/2|2|c/2|3",
+          "0|0|hatA|A/1|1|b/2|2|c/2|3/1|3", "0|0|hatA|A/1|1|b/2|3/2|2|c", "0|0|hatA|A/1|1|b/2|2|c/1|3"})
+        EXPECT_NE(BarOf(other), BarOf(base)) << other;
+    MenuBar untagged;
+    ReadLines(untagged, base);
+    EXPECT_EQ(untagged, BarOf(base)) << "tags do not count";
+}
 
-    MenuBar copy = bar;
-    EXPECT_EQ(copy, bar);
-    copy.Menus().begin()->Name = "hatMenueY";
-    EXPECT_NE(copy, bar);
-    copy.Clear();
-    EXPECT_TRUE(copy.IsEmpty());
-    EXPECT_FALSE(bar.IsEmpty());
+TEST(CMenu, CopiesAndMovedNodesKeepTheirParentsRight) {
+    MenuBar bar = BarOf(twoMenus);
+    cMenu& original = *bar.Menus().begin();
+    const cMenu* grandchild = original.ReturnMenuPerTag("c");
+    const cMenu copiedChild = *original.ReturnMenuPerTag("b");
+    EXPECT_EQ(Order({copiedChild}), "b[c-]");
+    std::list<cMenu> nodes = {original};
+    nodes.front().ReturnMenuPerTag("d")->Caption = "changed";
+    EXPECT_NE(nodes.front(), original);
+    EXPECT_EQ(original.ReturnMenuPerTag("d")->Caption, "d");
+
+    nodes.emplace_back(std::move(original));
+    EXPECT_EQ(Order(nodes), "A[ab[c-]d]A[ab[c-]d]");
+    cMenu& moved = nodes.back();
+    EXPECT_EQ(moved.ReturnMenuPerTag("c"), grandchild) << "nodes stay where they are";
+    *moved.ReturnMenuPerTag("a") = nodes.front();
+    EXPECT_EQ(Order(nodes), "A[ab[c-]d]A[A[ab[c-]d]b[c-]d]") << "the place in the tree belongs to the place";
+    moved = std::move(*moved.ReturnMenuPerTag("b"));
+    EXPECT_EQ(Order(nodes), "A[ab[c-]d]b[c-]") << "a node can be replaced by its own descendant";
+    const cMenu& same = moved;
+    moved = same;
+    EXPECT_EQ(Order(nodes), "A[ab[c-]d]b[c-]");
 }
 
 } // namespace

@@ -4,21 +4,12 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
-
 namespace pirol {
 namespace {
 
 namespace fs = std::filesystem;
 
-int ErrorOf(const std::function<void()>& operation) {
-    try {
-        operation();
-    } catch (const RuntimeError& error) {
-        return error.ErrorNumber();
-    }
-    return 0;
-}
+using test::ErrorNumberOf;
 
 std::size_t FilesIn(const fs::path& folder) {
     return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder), {}));
@@ -40,10 +31,10 @@ TEST(FileAccess, WhatFailsHalfWayLeavesTheOldFile) {
         write(std::string(100'000, 'x'));
         throw RuntimeError(RuntimeError::Overflow);
     };
-    EXPECT_EQ(ErrorOf([&] { ReplaceFile(file, failing); }), 6);
+    EXPECT_EQ(ErrorNumberOf([&] { ReplaceFile(file, failing); }), 6);
     EXPECT_FALSE(fs::exists(file));
     ReplaceFileBytes(file, "old");
-    EXPECT_EQ(ErrorOf([&] { ReplaceFile(file, failing); }), 6);
+    EXPECT_EQ(ErrorNumberOf([&] { ReplaceFile(file, failing); }), 6);
     EXPECT_EQ(ReadFileBytes(file), "old");
     EXPECT_EQ(FilesIn(file.parent_path()), 1U);
 }
@@ -69,9 +60,9 @@ TEST(FileAccess, ReplacingWritesThroughALink) {
 }
 
 TEST(FileAccess, DevicesFailAsFilesDo) {
-    EXPECT_EQ(ErrorOf([] { ReadFileBytes("/dev/zero"); }), 7);
+    EXPECT_EQ(ErrorNumberOf([] { ReadFileBytes("/dev/zero"); }), 7);
     for (const auto write : {ReplaceFileBytes, OverwriteFileBytes})
-        EXPECT_EQ(ErrorOf([&] { write("/dev/full", "x"); }), 61);
+        EXPECT_EQ(ErrorNumberOf([&] { write("/dev/full", "x"); }), 61);
 }
 
 #endif
@@ -88,15 +79,15 @@ TEST(FileAccess, EveryFailureHasItsNumber) {
     fs::create_directory(scratch / "folder");
     CreateFileBytes(scratch / "file", "x");
     const fs::path missing = scratch / "no" / "file";
-    EXPECT_EQ(ErrorOf([&] { ReadFileBytes(missing); }), 53);
-    EXPECT_EQ(ErrorOf([&] { ReadFileBytes(scratch / "folder"); }), 75);
-    EXPECT_EQ(ErrorOf([&] { ReadFileBytes(scratch / "file" / "below"); }), 76);
-    EXPECT_EQ(ErrorOf([&] { ReadFileBytes(scratch / std::string(300, 'x').c_str()); }), 52);
+    EXPECT_EQ(ErrorNumberOf([&] { ReadFileBytes(missing); }), 53);
+    EXPECT_EQ(ErrorNumberOf([&] { ReadFileBytes(scratch / "folder"); }), 75);
+    EXPECT_EQ(ErrorNumberOf([&] { ReadFileBytes(scratch / "file" / "below"); }), 76);
+    EXPECT_EQ(ErrorNumberOf([&] { ReadFileBytes(scratch / std::string(300, 'x').c_str()); }), 52);
     for (const auto write : {ReplaceFileBytes, OverwriteFileBytes}) {
-        EXPECT_EQ(ErrorOf([&] { write(missing, "x"); }), 76);
-        EXPECT_EQ(ErrorOf([&] { write(scratch / "folder", "x"); }), 75);
+        EXPECT_EQ(ErrorNumberOf([&] { write(missing, "x"); }), 76);
+        EXPECT_EQ(ErrorNumberOf([&] { write(scratch / "folder", "x"); }), 75);
     }
-    EXPECT_EQ(ErrorOf([&] { CreateFileBytes(scratch / "file", "y"); }), 75);
+    EXPECT_EQ(ErrorNumberOf([&] { CreateFileBytes(scratch / "file", "y"); }), 75);
     EXPECT_EQ(ReadFileBytes(scratch / "file"), "x");
 }
 

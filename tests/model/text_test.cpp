@@ -1,6 +1,8 @@
+#include "Cases.h"
 #include "model/Conversions.h"
 #include "model/RuntimeError.h"
 #include "model/Windows1252.h"
+#include "Tables.h"
 
 #include <gtest/gtest.h>
 
@@ -28,9 +30,7 @@ TEST(Windows1252, OtherCharactersAreFoundAtEveryPlace) {
 }
 
 TEST(Windows1252, CharactersOutsideBecomeQuestionMarks) {
-    const struct {
-        std::string utf8, bytes;
-    } cases[] = {
+    const std::pair<std::string, std::string> cases[] = {
         {"Größe", "Gr\xF6\xDF"
                   "e"},
         {"€ „Ÿ“", "\x80 \x84\x9F\x93"},
@@ -41,50 +41,15 @@ TEST(Windows1252, CharactersOutsideBecomeQuestionMarks) {
         {"\xC0\xAF", "??"},        // too long a form
         {"\xED\xA0\x80", "???"},   // half a pair
     };
-    for (const auto& row : cases)
-        EXPECT_EQ(ToWindows1252(row.utf8), row.bytes) << row.utf8;
+    for (const auto& [utf8, bytes] : cases)
+        EXPECT_EQ(ToWindows1252(utf8), bytes) << utf8;
 }
 
 TEST(Conversions, WholeNumbersRoundHalfToEven) {
-    const struct {
-        const char* text;
-        int value;
-    } cases[] = {{"0", 0},      {"-0", 0},          {" 42 ", 42},        {"+7", 7},          {"24,5", 24},
-                 {"25.5", 26},  {"-24,5", -24},     {"-25,5", -26},      {"24,50001", 25},   {",5", 0},
-                 {"1,5", 2},    {"7,", 7},          {"32767", 32767},    {"-32768", -32768}, {"32767,4", 32767},
-                 {"00012", 12}, {"32766,5", 32766}, {"-32768,5", -32768}};
-    for (const auto& row : cases)
-        EXPECT_EQ(ToInt16(std::string_view(row.text)), row.value) << row.text;
-}
-
-TEST(Conversions, WhatIsNoNumberOrTooLargeIsAnError) {
-    const struct {
-        const char* text;
-        int number;
-    } cases[] = {{"", 13},
-                 {" ", 13},
-                 {"x", 13},
-                 {"1 2", 13},
-                 {"--1", 13},
-                 {"1,2,3", 13},
-                 {",", 13},
-                 {"1e3", 13},
-                 {"0x10", 13},
-                 {"1.000,5", 13},
-                 {"32768", 6},
-                 {"-32769", 6},
-                 {"32767,5", 6},
-                 {"99999999999999999999", 6},
-                 {"-99999999999999999999", 6},
-                 {"12\t", 13}};
-    for (const auto& row : cases) {
-        try {
-            ToInt16(std::string_view(row.text));
-            ADD_FAILURE() << row.text;
-        } catch (const RuntimeError& error) {
-            EXPECT_EQ(error.ErrorNumber(), row.number) << row.text;
-        }
-        EXPECT_EQ(IsNumeric(row.text), row.number == 6) << row.text;
+    for (const test::TableRow& row : test::Table("numbers")) {
+        const std::string_view typed = row[0];
+        EXPECT_EQ(test::OutcomeOf([typed] { return std::to_string(ToInt16(typed)); }), row[1]) << row.line;
+        EXPECT_EQ(IsNumeric(typed), row[1] != "Fehler 13") << row.line;
     }
 }
 
@@ -103,18 +68,11 @@ TEST(Conversions, SplitGivesAllPiecesUpToTheLimit) {
 }
 
 TEST(RuntimeErrors, KeepTheInnermostLabel) {
-    try {
-        UnderLabel("Outer", [] { UnderLabel("Inner", [] { throw RuntimeError(RuntimeError::Overflow); }); });
-        FAIL();
-    } catch (const RuntimeError& error) {
-        EXPECT_STREQ(error.what(), "Fehler 6: Überlauf (Inner)");
-    }
-    try {
-        UnderLabel("Memory", []() -> int { throw std::bad_alloc(); });
-        FAIL();
-    } catch (const RuntimeError& error) {
-        EXPECT_STREQ(error.what(), "Fehler 7: Nicht genügend Speicher (Memory)");
-    }
+    const auto overflow = [] { throw RuntimeError(RuntimeError::Overflow); };
+    EXPECT_EQ(test::ErrorOf([&] { UnderLabel("Outer", [&] { UnderLabel("Inner", overflow); }); }),
+              "Fehler 6: Überlauf (Inner)");
+    EXPECT_EQ(test::ErrorOf([] { UnderLabel("Memory", []() -> int { throw std::bad_alloc(); }); }),
+              "Fehler 7: Nicht genügend Speicher (Memory)");
 }
 
 } // namespace

@@ -30,18 +30,15 @@ ProjectModel DesignOf(std::string_view author) {
 }
 
 TEST(FileCommands, ProjectOnCommandLine) {
-    const struct {
-        std::vector<std::string> words;
-        std::string_view path;
-    } cases[] = {
+    const std::pair<std::vector<std::string>, std::string_view> cases[] = {
         {{}, ""},
         {{"a.prl"}, "a.prl"},
         {{"\"C:\\Meine Projekte\\a.prl\""}, "C:\\Meine Projekte\\a.prl"},
         {{"Meine", "Projekte/a.prl"}, "Meine Projekte/a.prl"},
         {{"\"\""}, ""},
     };
-    for (const auto& row : cases)
-        EXPECT_EQ(ProjectOnCommandLine(row.words), row.path);
+    for (const auto& [words, path] : cases)
+        EXPECT_EQ(ProjectOnCommandLine(words), path);
 }
 
 /// What lies at the chosen path before, what the user answers, and what comes of it.
@@ -96,24 +93,19 @@ TEST(FileCommands, SavingThatFailsLosesNothing) {
     const test::ScratchFolder folder;
     CreateFileBytes(folder / "file", "x");
     std::filesystem::create_directory(folder / "directory");
-    const struct {
-        std::string path;
-        std::string_view error;
-    } cases[] = {
+    const std::pair<std::string, std::string> cases[] = {
         {TextOf(folder / "missing/a.prl"), "Fehler 76: Pfad nicht gefunden"},
         {TextOf(folder / "file/a.prl"), "Fehler 76: Pfad nicht gefunden"},
         {TextOf(folder / "directory"), "Fehler 75: Fehler beim Zugriff auf Pfad/Datei"},
         {TextOf(folder / std::string(300, 'a').c_str()), "Fehler 52: Dateiname oder -nummer falsch"},
     };
-    for (const auto& row : cases) {
+    for (const auto& [path, error] : cases) {
         ProjectModel model = DesignOf("A");
         const ProjectModel before = model;
         test::FakeDialogs dialogs;
-        dialogs.paths = {row.path};
+        dialogs.paths = {path};
         dialogs.yes = {true};
-        EXPECT_EQ(ErrorOf([&] { SaveProject(model, dialogs); }),
-                  std::string(row.error) + " (Main.File.PRL.GeneratePRLCode)")
-            << row.path;
+        EXPECT_EQ(ErrorOf([&] { SaveProject(model, dialogs); }), error + " (Main.File.PRL.GeneratePRLCode)") << path;
         EXPECT_EQ(model, before);
         EXPECT_TRUE(model.IsChanged());
     }
@@ -154,19 +146,15 @@ TEST(FileCommands, ChangesByAnotherProgram) {
     ProjectModel model;
     test::FakeDialogs dialogs;
     LoadProject(TextOf(path), model, dialogs, nullptr);
-    EXPECT_EQ(model.Author(), "first");
-    ReplaceFileBytes(path, GeneratePRLCode(DesignOf("second")));
-    EXPECT_EQ(model.Author(), "first");
-
-    dialogs.paths = {TextOf(path), TextOf(path)};
+    ReplaceFileBytes(path, "second");
+    dialogs.paths = {TextOf(path), TextOf(path), TextOf(path)};
     dialogs.yes = {false, true};
     EXPECT_FALSE(SaveProject(model, dialogs));
-    EXPECT_EQ(ReadFileBytes(path), GeneratePRLCode(DesignOf("second")));
+    EXPECT_EQ(ReadFileBytes(path), "second");
     EXPECT_TRUE(SaveProject(model, dialogs));
     EXPECT_EQ(ReadFileBytes(path), good);
 
     std::filesystem::remove(path);
-    dialogs.paths = {TextOf(path)};
     dialogs.TakeSeen();
     EXPECT_TRUE(SaveProject(model, dialogs));
     EXPECT_EQ(dialogs.TakeSeen(), Seen("save")) << "there is nothing to replace";
