@@ -1,9 +1,12 @@
 #pragma once
 
+#include "app/frmError.h"
+
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPointer>
 #include <QTest>
 #include <QTimer>
@@ -17,6 +20,13 @@ Widget* Part(const QWidget& form, const char* name) {
     if (part == nullptr)
         qFatal("%s has no %s", qPrintable(form.objectName()), name);
     return part;
+}
+
+/// Shows a window and waits until it has the keyboard.
+inline void Show(QWidget& window) {
+    window.show();
+    if (!QTest::qWaitForWindowActive(&window))
+        qFatal("%s was not activated", qPrintable(window.objectName()));
 }
 
 /// Clicks a button with the mouse, near its left edge, where option buttons have their mark.
@@ -52,6 +62,15 @@ void WhenShown(Answer answer, int triesLeft = 500) {
         if (triesLeft == 0)
             qFatal("no %s is shown", Dialog::staticMetaObject.className());
         WhenShown<Dialog>(answer, triesLeft - 1);
+    });
+}
+
+/// Notes the text of the error report that comes next, and closes it.
+inline void ExpectError(QString& text) {
+    text.clear();
+    WhenShown<frmError>([&text](frmError& report) {
+        text = Part<QPlainTextEdit>(report, "txtError")->toPlainText();
+        report.reject();
     });
 }
 

@@ -3,14 +3,12 @@
 #include "designer/view/frmMain.h"
 #include "designer/view/picContainer.h"
 #include "FakeDialogs.h"
+#include "window/Forms.h"
 
 #include <QAction>
 #include <QApplication>
-#include <QDialog>
 #include <QLabel>
-#include <QPlainTextEdit>
 #include <QTest>
-#include <QTimer>
 #include <QToolButton>
 
 namespace pirol::test {
@@ -18,9 +16,8 @@ namespace pirol::test {
 /// A main window on the screen with the mouse and the keyboard of a user.
 struct MainWindow {
     MainWindow() {
-        window.show();
         window.resize(1080, 680);
-        QVERIFY(QTest::qWaitForWindowActive(&window));
+        Show(window);
     }
 
     template <class Widget>
@@ -54,15 +51,7 @@ struct MainWindow {
     Rectangle SelectedBox() { return window.Model().VisibleBox(Selected()); }
 
     /// Closes the error report that comes next and notes its text.
-    void ExpectError() {
-        errorText.clear();
-        QTimer::singleShot(0, [this] {
-            auto* report = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-            QVERIFY2(report != nullptr && report->objectName() == "frmError", "no error report");
-            errorText = report->findChild<QPlainTextEdit*>("txtError")->toPlainText();
-            report->close();
-        });
-    }
+    void ExpectError() { test::ExpectError(errorText); }
 
     FakeDialogs dialogs;
     FakeStarter starter;

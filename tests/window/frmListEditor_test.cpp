@@ -1,20 +1,16 @@
-#include "app/frmError.h"
 #include "designer/controls/PropertyTable.h"
 #include "designer/ListText.h"
 #include "designer/view/frmListEditor.h"
-#include "window/Forms.h"
 #include "window/Keys.h"
+#include "window/Rows.h"
 
-#include <QApplication>
 #include <QHeaderView>
-#include <QLineEdit>
-#include <QPlainTextEdit>
-#include <QPushButton>
 #include <QTableView>
-#include <QTest>
 
 namespace pirol {
 namespace {
+
+constexpr const char* radioRow = "a/A/1/2/3/4/Wahr";
 
 /// The form on the screen with its table.
 class Bench {
@@ -22,18 +18,10 @@ class Bench {
     Bench(const PropertyKey& key, std::string_view items)
         : form({key.key, key.label, false, pirol::ListText(items), key.editor, key.detail}, nullptr),
           table(*form.findChild<QTableView*>("lstRows")) {
-        form.show();
-        if (!QTest::qWaitForWindowActive(&form))
-            QTest::qFail("the form was not activated", __FILE__, __LINE__);
+        test::Show(form);
     }
 
-    void Click(const char* button) { QTest::mouseClick(form.findChild<QPushButton*>(button), Qt::LeftButton); }
-
-    void ClickCell(int row, int column, int fromLeft = 20) {
-        const QRect box = table.visualRect(table.model()->index(row, column));
-        QTest::mouseClick(table.viewport(), Qt::LeftButton, Qt::NoModifier,
-                          QPoint(box.left() + fromLeft, box.center().y()));
-    }
+    void Select(int row, int column = 0) { table.setCurrentIndex(table.model()->index(row, column)); }
 
     QString Items() const {
         return QString::fromStdString(ReplaceAll(form.ListText(), std::string_view(&fieldSeparator, 1), "/"));
@@ -43,6 +31,55 @@ class Bench {
     QTableView& table;
 };
 
+/// The rows before and after some work with mouse or keyboard, which begins in one of them.
+constexpr struct {
+    const char* name;
+    const char* before;
+    int row;
+    const char* steps;
+    const char* after;
+} edits[] = {
+    {"add by button", "a/b", 0, "@cmdAdd neu Return", "a/b/neu"},
+    {"add by key", "a/b", 0, "Ins neu Return Ins Return", "a/b/neu/"},
+    {"add to nothing", "", 0, "@cmdAdd x Return", "x"},
+    {"add while typing", "a", 0, "F2 x @cmdAdd y Return", "x/y"},
+    {"remove by button", "a/b/c", 1, "@cmdRemove", "a/c"},
+    {"remove by key", "a/b/c", 2, "Del Del", "a"},
+    {"remove all", "a", 0, "Del Del Del", ""},
+    {"remove by the focused button", "a/b", 0, "Tab Tab Return Return Return", ""},
+    {"up by button", "a/b/c", 2, "@cmdUp @cmdUp @cmdUp", "c/a/b"},
+    {"up by keys", "a/b/c", 2, "Alt+Up", "a/c/b"},
+    {"down by button", "a/b/c", 0, "@cmdDown", "b/a/c"},
+    {"down by keys", "a/b/c", 0, "Alt+Down Alt+Down Alt+Down", "b/c/a"},
+    {"move while typing", "a/b", 1, "F2 x @cmdUp", "x/a"},
+    {"type over", "a/b", 1, "neu Return", "a/neu"},
+    {"Enter edits", "a/b", 1, "Return neu Return", "a/neu"},
+    {"Escape gives up", "a/b", 1, "F2 neu Esc", "a/b"},
+    {"arrows walk", "a/b", 0, "Down z Return", "a/z"},
+};
+
+/// The second cell is being typed into, or has been, when the form is closed.
+constexpr struct {
+    const char* name;
+    const char* steps;
+    int result;
+} endings[] = {
+    {"OK takes over", "neu @cmdAccept", QDialog::Accepted},
+    {"Abbrechen", "neu @cmdCancel", QDialog::Rejected},
+    {"Escape", "neu Esc Esc", QDialog::Rejected},
+    {"Enter on the focused button", "Tab Tab Tab Tab Tab Tab Return", QDialog::Rejected},
+};
+
+constexpr struct {
+    const char* name;
+    const char* steps;
+    const char* report;
+} badNumbers[] = {
+    {"no number", "breit Return", "Fehlernummer: 13\n"},
+    {"too big", "40000 Return", "Fehlernummer: 6\n"},
+    {"click on OK", "breit @cmdAccept", "Fehlernummer: 13\n"},
+};
+
 } // namespace
 
 class frmListEditorTest : public QObject {
@@ -50,101 +87,39 @@ class frmListEditorTest : public QObject {
 
   private slots:
     void HasAColumnPerField() {
-        Bench bench(keys::optionbuttons, "a/A/1/2/3/4/Wahr");
+        Bench bench(keys::optionbuttons, radioRow);
         QStringList titles;
-        for (int column = 0; column < bench.table.model()->columnCount(); ++column)
+        for (int column = 0; column < bench.table.model()->columnCount(); ++column) {
             titles.append(bench.table.model()->headerData(column, Qt::Horizontal).toString());
+            QVERIFY(bench.table.columnWidth(column) >= bench.table.horizontalHeader()->sectionSizeHint(column));
+        }
         QCOMPARE(titles.join(" "), "Name Beschriftung Breite Höhe Links Oben Aktiviert");
         QCOMPARE(bench.form.windowTitle(), "Pirol - Radioknöpfe bearbeiten");
-        QCOMPARE(bench.table.model()->index(0, 6).data().toString(), "wahr");
         QCOMPARE(bench.table.accessibleName(), "Radioknöpfe");
-        for (int column = 0; column < bench.table.model()->columnCount(); ++column)
-            QVERIFY(bench.table.columnWidth(column) >= bench.table.horizontalHeader()->sectionSizeHint(column));
+        QCOMPARE(bench.table.model()->index(0, 6).data().toString(), "wahr");
     }
 
-    /// The rows after some work with mouse or keyboard; "@" stands for a click on a button of the form.
-    void RowsAreEdited_data() {
-        QTest::addColumn<QString>("before");
-        QTest::addColumn<int>("row");
-        QTest::addColumn<QString>("steps");
-        QTest::addColumn<QString>("after");
-        QTest::newRow("add by button") << "a/b" << 0 << "@cmdAdd neu Enter"
-                                       << "a/b/neu";
-        QTest::newRow("add by key") << "a/b" << 0 << "Ins neu Enter Ins Enter"
-                                    << "a/b/neu/";
-        QTest::newRow("add to nothing") << "" << 0 << "@cmdAdd x Enter"
-                                        << "x";
-        QTest::newRow("add while typing") << "a" << 0 << "F2 x @cmdAdd y Enter"
-                                          << "x/y";
-        QTest::newRow("remove by button") << "a/b/c" << 1 << "@cmdRemove"
-                                          << "a/c";
-        QTest::newRow("remove by key") << "a/b/c" << 2 << "Del Del"
-                                       << "a";
-        QTest::newRow("remove all") << "a" << 0 << "Del Del Del"
-                                    << "";
-        QTest::newRow("up by button") << "a/b/c" << 2 << "@cmdUp @cmdUp @cmdUp"
-                                      << "c/a/b";
-        QTest::newRow("up by keys") << "a/b/c" << 2 << "Alt+Up"
-                                    << "a/c/b";
-        QTest::newRow("down by button") << "a/b/c" << 0 << "@cmdDown"
-                                        << "b/a/c";
-        QTest::newRow("down by keys") << "a/b/c" << 0 << "Alt+Down Alt+Down Alt+Down"
-                                      << "b/c/a";
-        QTest::newRow("move while typing") << "a/b" << 1 << "F2 x @cmdUp"
-                                           << "x/a";
-        QTest::newRow("type over") << "a/b" << 1 << "neu Enter"
-                                   << "a/neu";
-        QTest::newRow("Enter edits") << "a/b" << 1 << "Enter neu Enter"
-                                     << "a/neu";
-        QTest::newRow("Escape gives up") << "a/b" << 1 << "F2 neu Esc"
-                                         << "a/b";
-        QTest::newRow("arrows walk") << "a/b" << 0 << "Down z Enter"
-                                     << "a/z";
-    }
+    void RowsAreEdited_data() { test::AddRows(edits); }
 
     void RowsAreEdited() {
-        QFETCH(QString, before);
-        QFETCH(int, row);
-        QFETCH(QString, steps);
-        QFETCH(QString, after);
-        Bench bench(keys::combovalues, before.toStdString());
-        bench.table.setCurrentIndex(bench.table.model()->index(row, 0));
-        const QHash<QString, QKeyCombination> pressed = {
-            {"Enter", Qt::Key_Return},
-            {"Ins", Qt::Key_Insert},
-            {"Del", Qt::Key_Delete},
-            {"F2", Qt::Key_F2},
-            {"Esc", Qt::Key_Escape},
-            {"Down", Qt::Key_Down},
-            {"Alt+Up", Qt::AltModifier | Qt::Key_Up},
-            {"Alt+Down", Qt::AltModifier | Qt::Key_Down},
-        };
-        for (const QString& step : steps.split(' ')) {
-            if (step.startsWith('@'))
-                bench.Click(step.mid(1).toLatin1());
-            else if (pressed.contains(step))
-                Press(pressed[step].key(), pressed[step].keyboardModifiers());
-            else
-                Type(step);
-        }
-        QCOMPARE(bench.Items(), after);
+        const auto& row = test::CurrentRow(edits);
+        Bench bench(keys::combovalues, row.before);
+        bench.Select(row.row);
+        Do(bench.form, row.steps);
+        QCOMPARE(bench.Items(), QString(row.after));
         QVERIFY(bench.form.isVisible());
-        const bool hasRows = !after.isEmpty();
+        const bool hasRows = !bench.Items().isEmpty();
         for (const char* button : {"cmdRemove", "cmdUp", "cmdDown"})
-            QCOMPARE(bench.form.findChild<QPushButton*>(button)->isEnabled(), hasRows);
+            QCOMPARE(test::Part<QAbstractButton>(bench.form, button)->isEnabled(), hasRows);
     }
 
     void FieldsHaveTheirTypes() {
         Bench bench(keys::optionbuttons, "");
-        bench.Click("cmdAdd");
+        Do(bench.form, "@cmdAdd");
         QCOMPARE(bench.Items(), "hatRadioKnopf//150/20/0/0/Falsch");
-        Type("hatRot");
-        Press(Qt::Key_Tab);
-        Type("Rot");
-        Press(Qt::Key_Tab);
-        Type("99,5");
-        Press(Qt::Key_Return);
-        bench.ClickCell(0, 6, 9);
+        Do(bench.form, "hatRot Tab Rot Tab 99,5 Return");
+        const QRect flag = bench.table.visualRect(bench.table.model()->index(0, 6));
+        QTest::mouseClick(bench.table.viewport(), Qt::LeftButton, {}, {flag.left() + 9, flag.center().y()});
         QCOMPARE(bench.Items(), "hatRot/Rot/100/20/0/0/Wahr");
         Press(Qt::Key_Space);
         QCOMPARE(bench.Items(), "hatRot/Rot/100/20/0/0/Falsch");
@@ -152,108 +127,47 @@ class frmListEditorTest : public QObject {
         QCOMPARE(bench.Items(), "hatRot/Rot/100/20/0/0/Wahr");
     }
 
-    /// A number that is none is reported under its label and the cell keeps its value; OK waits for the report.
-    void BadNumbersAreReported_data() {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("report");
-        QTest::addColumn<bool>("byOk");
-        QTest::newRow("no number") << "breit"
-                                   << "Fehlernummer: 13" << false;
-        QTest::newRow("too big") << "40000"
-                                 << "Fehlernummer: 6" << false;
-        QTest::newRow("click on OK") << "breit"
-                                     << "Fehlernummer: 13" << true;
-    }
+    void BadNumbersAreReported_data() { test::AddRows(badNumbers); }
 
+    /// A number that is none is reported under its label and the cell keeps its value; OK waits for the report.
     void BadNumbersAreReported() {
-        QFETCH(QString, typed);
-        QFETCH(QString, report);
-        QFETCH(bool, byOk);
-        Bench bench(keys::optionbuttons, "a/A/1/2/3/4/Wahr");
-        bench.table.setCurrentIndex(bench.table.model()->index(0, 2));
-        Type(typed);
+        const auto& row = test::CurrentRow(badNumbers);
+        Bench bench(keys::optionbuttons, radioRow);
+        bench.Select(0, 2);
         QString text;
-        test::WhenShown<frmError>([&text](frmError& form) {
-            text = form.findChild<QPlainTextEdit*>("txtError")->toPlainText();
-            form.reject();
-        });
-        if (byOk)
-            bench.Click("cmdAccept");
-        else
-            Press(Qt::Key_Return);
-        QTRY_VERIFY2(text.contains(report), qPrintable(text));
+        test::ExpectError(text);
+        Do(bench.form, row.steps);
+        QTRY_VERIFY2(text.startsWith(row.report), qPrintable(text));
         QVERIFY(text.endsWith("Main.File.Properties.PropertyChanged"));
-        QCOMPARE(bench.Items(), "a/A/1/2/3/4/Wahr");
+        QCOMPARE(bench.Items(), radioRow);
         QVERIFY(bench.form.isVisible());
         // The report is closed; the form can be.
         QCoreApplication::processEvents();
-        bench.Click("cmdAccept");
+        Do(bench.form, "@cmdAccept");
         QCOMPARE(bench.form.result(), int(QDialog::Accepted));
     }
 
-    void ClosesAsTheUserSays_data() {
-        QTest::addColumn<QString>("button");
-        QTest::addColumn<int>("result");
-        QTest::newRow("OK") << "cmdAccept" << int(QDialog::Accepted);
-        QTest::newRow("Abbrechen") << "cmdCancel" << int(QDialog::Rejected);
-    }
+    void ClosesAsTheUserSays_data() { test::AddRows(endings); }
 
     void ClosesAsTheUserSays() {
-        QFETCH(QString, button);
-        QFETCH(int, result);
+        const auto& row = test::CurrentRow(endings);
         Bench bench(keys::columns, "a/b");
-        bench.table.setCurrentIndex(bench.table.model()->index(1, 0));
-        Type("neu"); // and not yet Enter: OK takes it over
-        bench.Click(button.toLatin1());
+        bench.Select(1);
+        Do(bench.form, row.steps);
         QVERIFY(!bench.form.isVisible());
-        QCOMPARE(bench.form.result(), result);
-        if (result == QDialog::Accepted)
+        QCOMPARE(bench.form.result(), row.result);
+        if (row.result == QDialog::Accepted)
             QCOMPARE(bench.Items(), "a/neu");
     }
 
-    /// Enter presses the button that has the focus, not always OK.
-    void EnterPressesTheFocusedButton() {
-        Bench bench(keys::columns, "a");
-        bench.form.findChild<QPushButton*>("cmdRemove")->setFocus();
-        Press(Qt::Key_Return);
-        QVERIFY(bench.form.isVisible());
-        QCOMPARE(bench.Items(), "");
-        bench.form.findChild<QPushButton*>("cmdCancel")->setFocus();
-        Press(Qt::Key_Return);
-        QVERIFY(!bench.form.isVisible());
-        QCOMPARE(bench.form.result(), int(QDialog::Rejected));
-    }
-
-    void EscapeClosesTheForm() {
-        Bench bench(keys::columns, "a/b");
-        Press(Qt::Key_Escape);
-        QVERIFY(!bench.form.isVisible());
-        QCOMPARE(bench.form.result(), int(QDialog::Rejected));
-    }
-
-    void EverythingIsReachedByTab() {
-        Bench bench(keys::columns, "a");
-        QSet<QString> reached;
-        for (int step = 0; step < 10; ++step) {
-            reached.insert(QApplication::focusWidget()->objectName());
-            Press(Qt::Key_Tab);
-        }
-        for (const char* name : {"lstRows", "cmdAdd", "cmdRemove", "cmdUp", "cmdDown", "cmdAccept", "cmdCancel"})
-            QVERIFY2(reached.contains(name), name);
-    }
-
     void HugeListsAndCells() {
-        const std::string huge(100'000, 'w');
-        std::string items = huge;
-        for (int row = 0; row < 20'000; ++row)
-            items += "/x";
+        const std::string items = std::string(100'000, 'w') + QString("/x").repeated(20'000).toStdString();
         Bench bench(keys::columns, items);
         QCOMPARE(bench.table.model()->rowCount(), 20'001);
         QVERIFY(bench.table.model()->index(0, 0).data().toString().size() < 300);
         bench.form.grab();
-        Press(Qt::Key_F2);
-        Press(Qt::Key_Return);
-        QCOMPARE(bench.Items().size(), qsizetype(items.size()));
+        Do(bench.form, "F2 Return");
+        QCOMPARE(bench.Items(), QString::fromStdString(items));
     }
 };
 
