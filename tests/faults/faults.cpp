@@ -2,7 +2,7 @@
 // rename or remove files below one folder, or those that ask for memory. Only what main does counts.
 //
 //   FAULTS_FOLDER    the folder; standard output counts with it
-//   FAULTS_REPORT    a file that gets the names of all file calls and the number of allocations at the end of main
+//   FAULTS_REPORT    a file that gets the names of all file calls and, at the end of main, the number of allocations
 //   FAULTS_FILE      the number of the file call that shall fail, from 1
 //   FAULTS_MEMORY    the number of the allocation that shall fail, from 1
 //   FAULTS_ERROR     the error number of the file call that fails; 0 kills the program instead
@@ -37,15 +37,11 @@ std::atomic<long> allocations = 0;
 
 // Read before main, while nothing counts.
 const char* folder = nullptr;
-const char* report = nullptr;
+int report = -1; ///< a descriptor
 long failingFileCall = 0;
 long failingAllocation = 0;
 int error = 0;
 bool lasting = false;
-
-constexpr std::size_t largestReport = 1 << 16;
-char names[largestReport]; ///< of the file calls, one a line
-std::size_t namesLength = 0;
 
 constexpr int mostFiles = 1024;
 bool isOurs[mostFiles]; ///< by descriptor: a file below the folder
@@ -60,6 +56,7 @@ template <class Function>
 Function* Real(Function*, const char* name) {
     return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
 }
+
 bool IsOurs(const char* path) {
     return folder != nullptr && std::strncmp(path, folder, std::strlen(folder)) == 0;
 }
@@ -72,6 +69,17 @@ bool IsOurs(std::FILE* file) {
     return file != nullptr && IsOurs(fileno(file));
 }
 
+/// Writes a line of the report, without memory of its own.
+void Report(const char* line) {
+    if (report >= 0 && (write(report, line, std::strlen(line)) < 0 || write(report, "\n", 1) < 0))
+        std::abort();
+}
+
+/// Whether it is the one that shall fail, or a later one where those fail, too.
+bool IsChosen(long number, long chosen, bool lasts) {
+    return chosen != 0 && (number == chosen || (lasts && number > chosen));
+}
+
 enum class Outcome { Succeeds, Fails, Kills };
 
 /// Counts a call about one of the files and says what becomes of it.
@@ -79,14 +87,8 @@ Outcome Next(const char* name, bool ours, bool removes = false) {
     if (!counts || !ours)
         return Outcome::Succeeds;
     const long number = ++fileCalls;
-    const std::size_t length = std::strlen(name);
-    if (namesLength + length + 1 < largestReport) {
-        std::memcpy(names + namesLength, name, length);
-        names[namesLength + length] = '\n';
-        namesLength += length + 1;
-    }
-    const bool isLater = lasting && !removes && failingFileCall != 0 && number > failingFileCall;
-    if (number != failingFileCall && !isLater)
+    Report(name);
+    if (!IsChosen(number, failingFileCall, lasting && !removes))
         return Outcome::Succeeds;
     return error == 0 ? Outcome::Kills : Outcome::Fails;
 }
@@ -108,8 +110,7 @@ bool Fails(const char* name, bool ours, bool removes = false) {
 bool AllocationFails() {
     if (!counts)
         return false;
-    const long number = ++allocations;
-    const bool fails = number == failingAllocation || (lasting && failingAllocation != 0 && number > failingAllocation);
+    const bool fails = IsChosen(++allocations, failingAllocation, lasting);
     if (fails)
         errno = ENOMEM;
     return fails;
@@ -127,18 +128,10 @@ auto Unreachable(std::FILE* file, Operation operation) {
 
 int (*realMain)(int, char**, char**) = nullptr;
 
-void WriteReport() {
-    if (report == nullptr)
-        return;
-    std::FILE* file = std::fopen(report, "w");
-    std::fprintf(file, "%ld\n", allocations.load());
-    std::fwrite(names, 1, namesLength, file);
-    std::fclose(file);
-}
-
 int CountedMain(int argumentCount, char** arguments, char** environment) {
     folder = std::getenv("FAULTS_FOLDER");
-    report = std::getenv("FAULTS_REPORT");
+    if (const char* const path = std::getenv("FAULTS_REPORT"))
+        report = open(path, O_WRONLY);
     failingFileCall = NumberFrom("FAULTS_FILE");
     failingAllocation = NumberFrom("FAULTS_MEMORY");
     error = static_cast<int>(NumberFrom("FAULTS_ERROR"));
@@ -147,7 +140,9 @@ int CountedMain(int argumentCount, char** arguments, char** environment) {
     counts = true;
     const int status = realMain(argumentCount, arguments, environment);
     counts = false;
-    WriteReport();
+    char line[32];
+    std::snprintf(line, sizeof line, "%ld", allocations.load());
+    Report(line);
     return status;
 }
 

@@ -43,21 +43,18 @@ class Case(typing.NamedTuple):
         return " ".join([pathlib.Path(self.program).name, *self.words])
 
 
-def cli(*words):
-    return Case(CLI, list(words))
-
-
 CASES = [
-    cli("generate", "/design.prl", "--menu", "--sql", "-o", "/old.java"),
-    cli("generate", "/design.prl", "--menu", "--sql"),
-    cli("import", "/SuMAnwendung.java", "-o", "/old.prl"),
-    cli("export", "/design.prl", "/BlueJ"),
-    cli("copy", "/design.prl", "/old.prl"),
-    cli("copy", "/design.prl", "/link.prl"),
-    cli("copy", "/design.prl", "/new.prl"),
-    cli("check", "/design.prl"),
-    cli("lint", "/design.prl"),
-    cli("hash", "/design.prl"),
+    *(Case(CLI, line.split()) for line in (
+        "generate /design.prl --menu --sql -o /old.java",
+        "generate /design.prl --menu --sql",
+        "import /SuMAnwendung.java -o /old.prl",
+        "export /design.prl /BlueJ",
+        "copy /design.prl /old.prl",
+        "copy /design.prl /link.prl",
+        "copy /design.prl /new.prl",
+        "check /design.prl",
+        "lint /design.prl",
+        "hash /design.prl")),
     *(Case(OPERATION, [name, "/"]) for name in ("load", "save", "import", "export-file", "export-folder",
                                                  "keep-preferences", "load-preferences", "keep", "restore")),
     # The window toolkit ends the program when it finds no memory.
@@ -130,7 +127,7 @@ def count(case):
         result = run(case, REPORT=report.name)
         if result.status not in (0, 1) or result.message:
             sys.exit(f"{case}: undisturbed: {result.status}: {result.message}")
-        allocations, *names = report.read().split("\n")[:-1]
+        *names, allocations = report.read().split("\n")[:-1]
         return result, names, int(allocations) if case.allocations else 0
 
 
@@ -141,24 +138,24 @@ def is_mixture(data, old, new):
 
 
 def faults_of(names, allocations):
-    for number in range(1, len(names) + 1):
+    """All faults, each with the name of what is disturbed."""
+    for number, name in enumerate(names, 1):
         for error in ERRORS:
-            yield {"FILE": number, "ERROR": error}
-            yield {"FILE": number, "ERROR": error, "LASTING": 1}
-        yield {"FILE": number, "ERROR": KILLED}
+            yield name, {"FILE": number, "ERROR": error}
+            yield name, {"FILE": number, "ERROR": error, "LASTING": 1}
+        yield name, {"FILE": number, "ERROR": KILLED}
     for number in range(1, allocations + 1, STEP):
-        yield {"MEMORY": number}
-        yield {"MEMORY": number, "LASTING": 1}
+        yield "allocation", {"MEMORY": number}
+        yield "allocation", {"MEMORY": number, "LASTING": 1}
 
 
-def complaint(case, before, undisturbed, names, fault):
+def complaint(case, before, undisturbed, name, fault):
     """What is wrong with one run; None when it is right."""
     try:
         result = run(case, **fault)
     except subprocess.TimeoutExpired:
         return "hangs"
     killed = fault.get("ERROR") == KILLED
-    name = names[fault["FILE"] - 1] if "FILE" in fault else "allocation"
     if killed != (result.status == -9) or (not killed and result.status not in (0, 1)):
         return f"ends with {result.status}: {result.message}"
     if not killed and (undisturbed.status == 0 or result.output != undisturbed.output):
@@ -189,21 +186,19 @@ def main():
         folder = pathlib.Path(name)
         prepare(folder)
         before = files_in(folder)
-    wrong, runs, injected = 0, 0, collections.Counter()
+    wrong, injected = 0, collections.Counter()
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
         for case in CASES:
             undisturbed, names, allocations = count(case)
             faults = list(faults_of(names, allocations))
-            complaints = pool.map(lambda fault: complaint(case, before, undisturbed, names, fault), faults)
-            for fault, text in zip(faults, complaints):
-                runs += 1
-                injected[names[fault["FILE"] - 1] if "FILE" in fault else "allocation"] += 1
+            complaints = pool.map(lambda pair: complaint(case, before, undisturbed, *pair), faults)
+            for (disturbed, fault), text in zip(faults, complaints):
+                injected[disturbed] += 1
                 if text:
                     wrong += 1
-                    what = names[fault["FILE"] - 1] if "FILE" in fault else "allocation"
-                    print(f"{case}: {what} {fault}: {text}")
+                    print(f"{case}: {disturbed} {fault}: {text}")
             print(f"{case}: {len(names)} file calls, {allocations} allocations, {len(faults)} runs", flush=True)
-    print(f"{runs} runs, {wrong} of them wrong; disturbed: " +
+    print(f"{injected.total()} runs, {wrong} of them wrong; disturbed: " +
           ", ".join(f"{name} {number}" for name, number in injected.most_common()))
     sys.exit(1 if wrong else 0)
 

@@ -78,64 +78,25 @@ class AnyAnswer : public test::FakeDialogs {
     QString folder_;
 };
 
-struct KeyStroke {
-    Qt::Key key;
-    Qt::KeyboardModifiers modifiers = {};
-    const char* text = "";
-};
+/// The keys that the user presses, as Qt writes them; some more often than others.
+constexpr const char* keyStrokes =
+    "Tab Shift+Backtab Left Right Up Down Shift+Left Shift+Right Shift+Up Shift+Down Alt+Up Alt+Down Home End PgDown "
+    "Ins Del Del Backspace Return Return Esc Space F2 F3 F4 F6 Ctrl+A Ctrl+C Ctrl+V Ctrl+Z Ctrl+F Ctrl++ Alt+D Alt+O "
+    "A B 1 0 9 - , ; ) \" ' \\ Ä € Ж";
 
-constexpr KeyStroke keyStrokes[] = {
-    {Qt::Key_Tab, {}, "\t"},
-    {Qt::Key_Backtab, Qt::ShiftModifier},
-    {Qt::Key_Left},
-    {Qt::Key_Right},
-    {Qt::Key_Up},
-    {Qt::Key_Down},
-    {Qt::Key_Left, Qt::ShiftModifier},
-    {Qt::Key_Right, Qt::ShiftModifier},
-    {Qt::Key_Up, Qt::ShiftModifier},
-    {Qt::Key_Down, Qt::ShiftModifier},
-    {Qt::Key_Up, Qt::AltModifier},
-    {Qt::Key_Down, Qt::AltModifier},
-    {Qt::Key_Home},
-    {Qt::Key_End},
-    {Qt::Key_PageDown},
-    {Qt::Key_Insert},
-    {Qt::Key_Delete, {}, "\x7F"},
-    {Qt::Key_Delete, {}, "\x7F"},
-    {Qt::Key_Backspace, {}, "\b"},
-    {Qt::Key_Return, {}, "\r"},
-    {Qt::Key_Return, {}, "\r"},
-    {Qt::Key_Escape, {}, "\x1B"},
-    {Qt::Key_Space, {}, " "},
-    {Qt::Key_F2},
-    {Qt::Key_F3},
-    {Qt::Key_F4},
-    {Qt::Key_F6},
-    {Qt::Key_A, Qt::ControlModifier, "\x01"},
-    {Qt::Key_C, Qt::ControlModifier, "\x03"},
-    {Qt::Key_V, Qt::ControlModifier, "\x16"},
-    {Qt::Key_Z, Qt::ControlModifier, "\x1A"},
-    {Qt::Key_F, Qt::ControlModifier, "\x06"},
-    {Qt::Key_Plus, Qt::ControlModifier, "+"},
-    {Qt::Key_D, Qt::AltModifier, "d"},
-    {Qt::Key_O, Qt::AltModifier, "o"},
-    {Qt::Key_A, {}, "a"},
-    {Qt::Key_B, {}, "b"},
-    {Qt::Key_1, {}, "1"},
-    {Qt::Key_0, {}, "0"},
-    {Qt::Key_9, {}, "9"},
-    {Qt::Key_Minus, {}, "-"},
-    {Qt::Key_Comma, {}, ","},
-    {Qt::Key_Semicolon, {}, ";"},
-    {Qt::Key_ParenRight, {}, ")"},
-    {Qt::Key_QuoteDbl, {}, "\""},
-    {Qt::Key_Apostrophe, {}, "'"},
-    {Qt::Key_Backslash, {}, "\\"},
-    {Qt::Key_Adiaeresis, {}, "ä"},
-    {Qt::Key_unknown, {}, "€"},
-    {Qt::Key_unknown, {}, "Ж"},
-};
+/// What a keyboard types with it.
+QString SignOf(QKeyCombination stroke) {
+    static const QMap<int, char16_t> special = {{Qt::Key_Tab, '\t'},
+                                                {Qt::Key_Backspace, '\b'},
+                                                {Qt::Key_Return, '\r'},
+                                                {Qt::Key_Escape, 0x1B},
+                                                {Qt::Key_Delete, 0x7F}};
+    if (stroke.key() >= Qt::Key_Escape)
+        return special.contains(stroke.key()) ? QString(QChar(special[stroke.key()])) : QString();
+    const QChar sign(static_cast<char16_t>(stroke.key()));
+    const bool controls = stroke.keyboardModifiers() == Qt::ControlModifier && sign.isLetter();
+    return controls ? QString(QChar(sign.unicode() & 0x1F)) : QString(sign.toLower());
+}
 
 /// The user. Dialogs run event loops of their own, so each event arranges the next one before it happens.
 class User : public QObject {
@@ -147,7 +108,6 @@ class User : public QObject {
     }
 
     int Done() const { return done_; }
-    const std::string& Broken() const { return broken_; }
 
   private:
     void Next() {
@@ -214,7 +174,7 @@ class User : public QObject {
         std::copy_if(all.begin(), all.end(), std::back_inserter(others), [this](const QWidget* window) {
             return window->isVisible() && window != &main_ && window->windowType() != Qt::ToolTip;
         });
-        return others.isEmpty() || !chance_.OneIn(20) ? &main_ : others[chance_.Below(int(others.size()))];
+        return others.isEmpty() || !chance_.OneIn(20) ? &main_ : chance_.Of(others);
     }
 
     void Act() {
@@ -222,9 +182,9 @@ class User : public QObject {
         const bool onMain = window == &main_;
         const int what = chance_.Below(100);
         if (!onMain && what < 6)
-            return Key(window, {Qt::Key_Escape, {}, "\x1B"});
+            return Key(window, "Esc");
         if (what < 40)
-            return Key(window, chance_.Of(keyStrokes));
+            return Key(window, chance_.Of(QString(keyStrokes).split(' ')));
         if (onMain && what < 46)
             return Command();
         if (onMain && what < 48)
@@ -251,7 +211,7 @@ class User : public QObject {
                 usable << widget;
         if (usable.isEmpty() || chance_.OneIn(4))
             return RandomIn(window.rect());
-        const QWidget* widget = usable[chance_.Below(int(usable.size()))];
+        const QWidget* widget = chance_.Of(usable);
         return widget->mapTo(&window, RandomIn(widget->rect()));
     }
 
@@ -268,15 +228,15 @@ class User : public QObject {
         return main_.rect().contains(inMain) ? inMain : RandomIn(main_.rect());
     }
 
-    void Key(QWidget* window, const KeyStroke& stroke) {
-        Log(std::string("key ") + QKeySequence(stroke.key | stroke.modifiers).toString().toStdString());
-        const QString text = QString::fromUtf8(stroke.text);
+    void Key(QWidget* window, const QString& name) {
+        Log("key " + name.toStdString());
+        const QKeyCombination stroke = QKeySequence(name)[0];
         const QPointer<QWindow> target = window->windowHandle();
         const std::optional<ComponentRef> selected = main_.Canvas().Selected();
         for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease})
             if (!target.isNull())
-                qt_handleKeyEvent(target, type, stroke.key, stroke.modifiers, text);
-        if (stroke.key == Qt::Key_Delete && selected && !canvas_->IsVisibleComponent(*selected))
+                qt_handleKeyEvent(target, type, stroke.key(), stroke.keyboardModifiers(), SignOf(stroke));
+        if (stroke.key() == Qt::Key_Delete && selected && !canvas_->IsVisibleComponent(*selected))
             Require(HasVisible(selected->kind) || main_.Model().ElementCount(selected->kind) == 1 ||
                         !oddities::DeleteKeyEmptiesKind(selected->kind),
                     "a kind whose last component is deleted begins anew");
@@ -342,7 +302,7 @@ class User : public QObject {
         for (QAction* action : main_.findChildren<QAction*>(QRegularExpression("^mnu")))
             if (action->isEnabled() && action->menu() == nullptr)
                 commands << action;
-        QAction* command = commands[chance_.Below(int(commands.size()))];
+        QAction* command = chance_.Of(commands);
         // A design must live for a while to become interesting.
         static const QRegularExpression endsTheDesign("New|Open|Import|End");
         if (endsTheDesign.match(command->objectName()).hasMatch() && !chance_.OneIn(4))
@@ -373,10 +333,7 @@ class User : public QObject {
 
     // --- What must be so ----------------------------------------------------------------------------------------
 
-    bool InGesture() {
-        const DesignCanvas& canvas = main_.Canvas();
-        return canvas.IsInGesture();
-    }
+    bool InGesture() { return main_.Canvas().IsInGesture(); }
 
     void Check() {
         const ProjectModel& model = main_.Model();
@@ -435,16 +392,6 @@ class User : public QObject {
     std::deque<std::string> lastEvents_;
 };
 
-int Run(const QString& seed, const QString& events, bool trace) {
-    const QTemporaryDir folder;
-    qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
-    qputenv("XDG_STATE_HOME", folder.path().toUtf8());
-    User user(seed.toULongLong(), events.toInt(), trace, folder.path());
-    const int status = QApplication::exec();
-    std::cout << "seed " << seed.toStdString() << ": " << user.Done() << " events\n";
-    return status;
-}
-
 } // namespace
 } // namespace pirol
 
@@ -463,5 +410,13 @@ int main(int argumentCount, char** arguments) {
                      {"events", "How many events.", "N", "20000"},
                      {"trace", "Write every event to standard error."}});
     line.process(application);
-    return pirol::Run(line.value("seed"), line.value("events"), line.isSet("trace"));
+
+    const QTemporaryDir folder;
+    qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
+    qputenv("XDG_STATE_HOME", folder.path().toUtf8());
+    const QString seed = line.value("seed");
+    pirol::User user(seed.toULongLong(), line.value("events").toInt(), line.isSet("trace"), folder.path());
+    const int status = QApplication::exec();
+    std::cout << "seed " << seed.toStdString() << ": " << user.Done() << " events\n";
+    return status;
 }

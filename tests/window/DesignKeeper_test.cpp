@@ -84,8 +84,7 @@ class DesignKeeperTest : public QObject {
 
     void WaitsForTheEndOfAGestureButNotForever() {
         KeptWindow main(folder_);
-        main.Command("mnuObjectsObject1")->trigger();
-        main.Drag(100, 100, 200, 150);
+        main.PlaceButton();
         main.Press(150, 120);
         QElapsedTimer held;
         held.start();
@@ -97,10 +96,13 @@ class DesignKeeperTest : public QObject {
         main.Release(150, 120);
     }
 
-    void OffersTheNewestFirst() {
+    void ReportsWhatIsDamagedOnceAndOffersTheNewestFirst() {
+        const auto now = fs::file_time_type::clock::now();
         Leave("1-0.design", "alt");
         Leave("2-0.design", "neu");
-        fs::last_write_time(folder_ / "2-0.design", fs::file_time_type::clock::now() + std::chrono::hours(1));
+        fs::last_write_time(folder_ / "2-0.design", now + std::chrono::hours(1));
+        CreateFileBytes(folder_ / "3-0.design", "Pirol-Wiederherstellung 1\nkaputt");
+        fs::last_write_time(folder_ / "3-0.design", now + std::chrono::hours(2));
         KeptWindow main(folder_);
         WhenShown<frmRecovery>([](frmRecovery& form) {
             const QString text = Part<QLabel>(form, "lblQuestion")->text();
@@ -108,6 +110,10 @@ class DesignKeeperTest : public QObject {
             QTest::keyClick(&form, Qt::Key_Escape);
         });
         main.keeper.OfferLeftDesigns();
+        const std::string seen = main.dialogs.TakeSeen();
+        QVERIFY2(seen.find("ist beschädigt") != std::string::npos && seen.find("3-0.damaged") != std::string::npos,
+                 seen.c_str());
+        QCOMPARE(ReadFileBytes(folder_ / "3-0.damaged"), "Pirol-Wiederherstellung 1\nkaputt");
         QCOMPARE(Designs().size(), 2U);
         QVERIFY(main.window.Model() == ProjectModel());
 
@@ -119,26 +125,12 @@ class DesignKeeperTest : public QObject {
             Click(form, "cmdDiscard");
         });
         main.keeper.OfferLeftDesigns();
+        QCOMPARE(main.dialogs.TakeSeen(), "");
         QCOMPARE(main.window.Model().Author(), "alt");
         QVERIFY(main.window.isWindowModified());
         QCOMPARE(main.window.windowTitle(), "Quiz.prl[*] – Pirol");
         QCOMPARE(Designs().size(), 1U); // the one of the window itself
         main.keeper.OfferLeftDesigns();
-    }
-
-    void ADamagedFileIsReportedOnceAndDoesNotHideTheNext() {
-        Leave("1-0.design", "heil");
-        CreateFileBytes(folder_ / "2-0.design", "Pirol-Wiederherstellung 1\nkaputt");
-        fs::last_write_time(folder_ / "2-0.design", fs::file_time_type::clock::now() + std::chrono::hours(1));
-        KeptWindow main(folder_);
-        WhenShown<frmRecovery>([](frmRecovery& form) { Click(form, "cmdDiscard"); });
-        main.keeper.OfferLeftDesigns();
-        const std::string seen = main.dialogs.TakeSeen();
-        QVERIFY2(seen.find("ist beschädigt") != std::string::npos && seen.find("2-0.damaged") != std::string::npos,
-                 seen.c_str());
-        main.keeper.OfferLeftDesigns();
-        QCOMPARE(main.dialogs.TakeSeen(), "");
-        QCOMPARE(ReadFileBytes(folder_ / "2-0.damaged"), "Pirol-Wiederherstellung 1\nkaputt");
     }
 
     void AFailureIsOneMessageInTheStatusBar() {

@@ -14,7 +14,6 @@
 #include "sql/frmSQLGenerator.h"
 #include "window/Forms.h"
 
-#include <QAbstractItemView>
 #include <QApplication>
 #include <QLabel>
 #include <QListWidget>
@@ -31,6 +30,7 @@ namespace {
 
 /// What the forms work on.
 struct Program {
+    QWidget* owner = nullptr;
     test::FakeDialogs dialogs;
     MenuBar bar;
     SQLSettings sql;
@@ -41,43 +41,39 @@ struct Program {
 struct FormRow {
     const char* name;
     const char* defaultButton; ///< empty where Enter belongs to the text
-    std::function<QDialog*(Program&, QWidget*)> make;
+    std::function<QDialog*(Program&)> make;
 };
 
 const FormRow forms[] = {
-    {"frmMenuGenerator", "cmdAdd",
-     [](Program& p, QWidget* owner) { return new frmMenuGenerator(p.bar, p.dialogs, owner); }},
-    {"frmSQLGenerator", "cmdStepForward", [](Program& p, QWidget* owner) { return new frmSQLGenerator(p.sql, owner); }},
-    {"frmPreferences", "cmdAccept",
-     [](Program& p, QWidget* owner) { return new frmPreferences(p.preferences, p.dialogs, owner); }},
+    {"frmMenuGenerator", "cmdAdd", [](Program& p) { return new frmMenuGenerator(p.bar, p.dialogs, p.owner); }},
+    {"frmSQLGenerator", "cmdStepForward", [](Program& p) { return new frmSQLGenerator(p.sql, p.owner); }},
+    {"frmPreferences", "cmdAccept", [](Program& p) { return new frmPreferences(p.preferences, p.dialogs, p.owner); }},
     {"frmProjectSettings", "cmdAccept",
-     [](Program&, QWidget* owner) {
-         return new frmProjectSettings({640, 480, "A"}, owner);
+     [](Program& p) {
+         return new frmProjectSettings({640, 480, "A"}, p.owner);
      }},
     {"frmListEditor", "cmdAccept",
-     [](Program&, QWidget* owner) {
+     [](Program& p) {
          const PropertyKey& key = keys::optionbuttons;
-         return new frmListEditor({key.key, key.label, false, "", key.editor, key.detail}, owner);
+         return new frmListEditor({key.key, key.label, false, "", key.editor, key.detail}, p.owner);
      }},
     {"frmCode", "",
-     [](Program&, QWidget* owner) {
-         auto* const form = new frmCode("class A {}", owner);
+     [](Program& p) {
+         auto* const form = new frmCode("class A {}", p.owner);
          form->OfferPrinting([](QTextDocument&) {});
          return form;
      }},
-    {"frmPrint", "cmdPrinter", [](Program& p, QWidget* owner) { return new frmPrint(p.source, p.dialogs, owner); }},
-    {"frmError", "cmdClose",
-     [](Program&, QWidget* owner) { return new frmError(RuntimeError(RuntimeError::DiskFull), owner); }},
+    {"frmPrint", "cmdPrinter", [](Program& p) { return new frmPrint(p.source, p.dialogs, p.owner); }},
+    {"frmError", "cmdClose", [](Program& p) { return new frmError(RuntimeError(RuntimeError::DiskFull), p.owner); }},
     {"frmHelp", "cmdClose",
-     [](Program&, QWidget* owner) {
-         auto* const form = new frmHelp(owner);
+     [](Program& p) {
+         auto* const form = new frmHelp(p.owner);
          form->setAttribute(Qt::WA_DeleteOnClose, false);
          return form;
      }},
-    {"frmRecovery", "cmdRestore",
-     [](Program&, QWidget* owner) { return new frmRecovery("/home/anna/Quiz.prl", 0, 2, owner); }},
-    {"frmAbout", "cmdClose", [](Program&, QWidget* owner) { return new frmAbout(owner); }},
-    {"frmDonation", "cmdClose", [](Program&, QWidget* owner) { return new frmDonation(owner); }},
+    {"frmRecovery", "cmdRestore", [](Program& p) { return new frmRecovery("/home/anna/Quiz.prl", 0, 2, p.owner); }},
+    {"frmAbout", "cmdClose", [](Program& p) { return new frmAbout(p.owner); }},
+    {"frmDonation", "cmdClose", [](Program& p) { return new frmDonation(p.owner); }},
 };
 
 /// What every form owes its user, whatever it is for.
@@ -85,166 +81,150 @@ class FormsTest : public QObject {
     Q_OBJECT
 
   private slots:
-    void cleanup() { QApplication::setFont(font_); }
-    void OpensInTheMiddleOfItsOwner_data() { EveryForm(); }
-    void OpensInTheMiddleOfItsOwner();
-    void EnterAndEscape_data() { EveryForm(); }
-    void EnterAndEscape();
-    void EveryKeyIsGivenOnce_data() { EveryForm(); }
-    void EveryKeyIsGivenOnce();
-    void EveryControlSaysWhatItIs_data() { EveryForm(); }
-    void EveryControlSaysWhatItIs();
-    void TabLeadsThroughAllControls_data() { EveryForm(); }
-    void TabLeadsThroughAllControls();
-    void NothingIsClipped_data() { EveryForm(); }
-    void NothingIsClipped();
-
-  private:
-    static void EveryForm() {
+    /// Each test runs for each form.
+    void initTestCase_data() {
         QTest::addColumn<int>("index");
         for (int index = 0; index < static_cast<int>(std::size(forms)); ++index)
             QTest::newRow(forms[index].name) << index;
     }
+
+    void cleanup() { QApplication::setFont(font_); }
+
+    void OpensInTheMiddleAndKnowsEnterAndEscape() {
+        QFETCH_GLOBAL(int, index);
+        const QDialog& form = Open();
+        QCOMPARE(form.objectName(), QString(forms[index].name));
+        QVERIFY(form.windowTitle().startsWith("Pirol - "));
+        // A form that is larger than this screen has no place in the middle.
+        if (const QSize room = form.screen()->availableSize(); form.size().boundedTo(room) == form.size()) {
+            const QPoint distance = form.frameGeometry().center() - owner_.frameGeometry().center();
+            QVERIFY2(distance.manhattanLength() < 40,
+                     qPrintable(QString("%1, %2").arg(distance.x()).arg(distance.y())));
+        }
+        QStringList defaults;
+        for (const QPushButton* const button : form.findChildren<QPushButton*>())
+            if (button->isDefault())
+                defaults << button->objectName();
+        QCOMPARE(defaults.join(' '), QString(forms[index].defaultButton));
+        QTest::keyClick(form_.get(), Qt::Key_Escape);
+        QVERIFY(!form.isVisible());
+    }
+
+    void EveryKeyIsGivenOnce() {
+        const QDialog& form = Open();
+        QSet<QString> keys;
+        const auto isNew = [&keys](const QString& caption) {
+            const QString key = QKeySequence::mnemonic(caption).toString();
+            const bool isNew = key.isEmpty() || !keys.contains(key);
+            keys << key;
+            return isNew;
+        };
+        for (const QAbstractButton* const button : form.findChildren<QAbstractButton*>())
+            QVERIFY2(!button->isVisible() || isNew(button->text()), qPrintable(button->text()));
+        QList<const QWidget*> labelled;
+        for (const QLabel* const label : form.findChildren<QLabel*>()) {
+            labelled << label->buddy();
+            QVERIFY2(!label->isVisible() || label->buddy() == nullptr || isNew(label->text()),
+                     qPrintable(label->text()));
+        }
+        for (const QLineEdit* const field : form.findChildren<QLineEdit*>())
+            QVERIFY2(!field->isVisible() || labelled.contains(field), qPrintable(field->objectName()));
+    }
+
+    void EveryControlSaysWhatItIs() {
+        const QStringList selfExplaining = {"cmdClose", "cmdCopy", "cmdStepBack", "cmdStepForward",
+                                            "txtError", "rtfCode", "tabs"};
+        for (const QWidget* const control : Controls(Open())) {
+            QVERIFY2(!control->objectName().isEmpty(), control->metaObject()->className());
+            if (control->inherits("QTabBar"))
+                continue;
+            QVERIFY2(!control->accessibleName().isEmpty(), qPrintable(control->objectName()));
+            QVERIFY2(selfExplaining.contains(control->objectName()) || !control->toolTip().isEmpty(),
+                     qPrintable(control->objectName()));
+        }
+    }
+
+    void TabLeadsThroughAllControls() {
+        const QDialog& form = Open();
+        form_->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(form_.get()));
+        QSet<QWidget*> reached;
+        QPoint last;
+        int backwards = 0;
+        const int most = static_cast<int>(form.findChildren<QWidget*>().size());
+        for (int step = 0; step < most && !reached.contains(form.focusWidget()); ++step) {
+            QWidget* const control = form.focusWidget();
+            QVERIFY(control != nullptr);
+            const QPoint place = control->mapTo(form_.get(), QPoint());
+            backwards += place.y() < last.y() - control->height() ? 1 : 0;
+            last = place;
+            reached << control;
+            QTest::keyClick(form_.get(), Qt::Key_Tab);
+        }
+        for (QWidget* const control : Controls(form)) {
+            // The Tab key reaches one button of a group; the arrow keys lead to the others.
+            const auto* const option = qobject_cast<QRadioButton*>(control);
+            QVERIFY2(reached.contains(control) || (option != nullptr && !option->isChecked()),
+                     qPrintable(control->objectName()));
+        }
+        // From the top to the bottom, at most one column after the other, and from the bottom to the top once.
+        QVERIFY2(backwards <= 2, qPrintable(QString::number(backwards)));
+    }
+
+    void NothingIsClipped() {
+        for (const double scale : {1.0, 1.6, 2.2}) {
+            QFont font = font_;
+            font.setPointSizeF(font_.pointSizeF() * scale);
+            QApplication::setFont(font);
+            const QDialog& form = Open();
+            for (const QWidget* const widget : form.findChildren<QWidget*>()) {
+                const auto* const label = qobject_cast<const QLabel*>(widget);
+                const bool speaks = label != nullptr || qobject_cast<const QAbstractButton*>(widget) != nullptr;
+                if (!speaks || !widget->isVisible())
+                    continue;
+                const int height = label != nullptr && label->wordWrap() ? label->heightForWidth(label->width())
+                                                                         : widget->minimumSizeHint().height();
+                const QString what = QString("%1 \"%2\" at %3").arg(widget->objectName(), widget->accessibleName());
+                QVERIFY2(widget->width() >= widget->minimumSizeHint().width(), qPrintable(what.arg(scale)));
+                QVERIFY2(widget->height() >= height, qPrintable(what.arg(scale)));
+            }
+            // The dots of a capital umlaut need more than the height of the font.
+            for (const QListWidget* const list : form.findChildren<QListWidget*>())
+                QVERIFY2(list->count() == 0 || list->sizeHintForRow(0) > list->fontMetrics().height(),
+                         qPrintable(list->objectName()));
+        }
+    }
+
+  private:
     /// The form of the current row, shown over the owner.
-    QDialog& Open();
+    QDialog& Open() {
+        QFETCH_GLOBAL(int, index);
+        owner_.setGeometry(40, 30, 720, 540);
+        owner_.show();
+        form_.reset();
+        program_ = std::make_unique<Program>();
+        program_->owner = &owner_;
+        form_.reset(forms[index].make(*program_));
+        form_->show();
+        QApplication::processEvents();
+        return *form_;
+    }
+
+    /// The controls that the user can reach with the Tab key.
+    static QList<QWidget*> Controls(const QDialog& form) {
+        QList<QWidget*> controls;
+        for (QWidget* const widget : form.findChildren<QWidget*>())
+            if ((widget->focusPolicy() & Qt::TabFocus) != 0 && widget->isVisible() && widget->isEnabled() &&
+                !widget->objectName().startsWith("qt_") && widget->focusProxy() == nullptr)
+                controls << widget;
+        return controls;
+    }
 
     QFont font_ = QApplication::font();
     QWidget owner_;
     std::unique_ptr<Program> program_;
     std::unique_ptr<QDialog> form_;
 };
-
-QDialog& FormsTest::Open() {
-    QFETCH(int, index);
-    owner_.setGeometry(40, 30, 720, 540);
-    owner_.show();
-    form_.reset();
-    program_ = std::make_unique<Program>();
-    form_.reset(forms[index].make(*program_, &owner_));
-    form_->show();
-    QApplication::processEvents();
-    return *form_;
-}
-
-void FormsTest::OpensInTheMiddleOfItsOwner() {
-    const QDialog& form = Open();
-    QFETCH(int, index);
-    QCOMPARE(form.objectName(), QString(forms[index].name));
-    QVERIFY(form.windowTitle().startsWith("Pirol - "));
-    if (const QSize room = form.screen()->availableSize(); form.size().boundedTo(room) != form.size())
-        QSKIP("the form is larger than this screen");
-    const QPoint distance = form.frameGeometry().center() - owner_.frameGeometry().center();
-    QVERIFY2(distance.manhattanLength() < 40, qPrintable(QString("%1, %2").arg(distance.x()).arg(distance.y())));
-}
-
-void FormsTest::EnterAndEscape() {
-    QFETCH(int, index);
-    const QDialog& form = Open();
-    QStringList defaults;
-    for (const QPushButton* const button : form.findChildren<QPushButton*>())
-        if (button->isDefault())
-            defaults << button->objectName();
-    QCOMPARE(defaults.join(' '), QString(forms[index].defaultButton));
-    QTest::keyClick(form_.get(), Qt::Key_Escape);
-    QVERIFY(!form.isVisible());
-}
-
-void FormsTest::EveryKeyIsGivenOnce() {
-    const QDialog& form = Open();
-    QMap<QString, QString> captions; // by mnemonic
-    const auto add = [&captions](const QString& caption) {
-        const QString key = QKeySequence::mnemonic(caption).toString();
-        if (key.isEmpty())
-            return true;
-        const QString other = captions.value(key);
-        captions[key] = caption;
-        return other.isEmpty();
-    };
-    for (const QAbstractButton* const button : form.findChildren<QAbstractButton*>())
-        QVERIFY2(!button->isVisible() || add(button->text()), qPrintable(button->text()));
-    for (const QLabel* const label : form.findChildren<QLabel*>())
-        QVERIFY2(!label->isVisible() || label->buddy() == nullptr || add(label->text()), qPrintable(label->text()));
-    for (const QLineEdit* const field : form.findChildren<QLineEdit*>()) {
-        const QList<QLabel*> labels = form.findChildren<QLabel*>();
-        QVERIFY2(!field->isVisible() || std::any_of(labels.begin(), labels.end(),
-                                                    [field](const QLabel* label) { return label->buddy() == field; }),
-                 qPrintable(field->objectName()));
-    }
-}
-
-/// The controls that the user can reach with the Tab key.
-QList<QWidget*> Controls(const QDialog& form) {
-    QList<QWidget*> controls;
-    for (QWidget* const widget : form.findChildren<QWidget*>())
-        if ((widget->focusPolicy() & Qt::TabFocus) != 0 && widget->isVisible() && widget->isEnabled() &&
-            !widget->objectName().startsWith("qt_") && widget->focusProxy() == nullptr)
-            controls << widget;
-    return controls;
-}
-
-void FormsTest::EveryControlSaysWhatItIs() {
-    const QStringList selfExplaining = {"cmdClose", "cmdCopy", "cmdStepBack", "cmdStepForward",
-                                        "txtError", "rtfCode", "tabs"};
-    for (const QWidget* const control : Controls(Open())) {
-        QVERIFY2(!control->objectName().isEmpty(), control->metaObject()->className());
-        if (control->inherits("QTabBar"))
-            continue;
-        QVERIFY2(!control->accessibleName().isEmpty(), qPrintable(control->objectName()));
-        QVERIFY2(selfExplaining.contains(control->objectName()) || !control->toolTip().isEmpty(),
-                 qPrintable(control->objectName()));
-    }
-}
-
-void FormsTest::TabLeadsThroughAllControls() {
-    const QDialog& form = Open();
-    form_->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(form_.get()));
-    QSet<QWidget*> reached;
-    QPoint last;
-    int backwards = 0;
-    const int most = static_cast<int>(form.findChildren<QWidget*>().size());
-    for (int step = 0; step < most && !reached.contains(form.focusWidget()); ++step) {
-        QWidget* const control = form.focusWidget();
-        QVERIFY(control != nullptr);
-        const QPoint place = control->mapTo(form_.get(), QPoint());
-        backwards += place.y() < last.y() - control->height() ? 1 : 0;
-        last = place;
-        reached << control;
-        QTest::keyClick(form_.get(), Qt::Key_Tab);
-    }
-    for (QWidget* const control : Controls(form)) {
-        // The Tab key reaches one button of a group; the arrow keys lead to the others.
-        const auto* const option = qobject_cast<QRadioButton*>(control);
-        QVERIFY2(reached.contains(control) || (option != nullptr && !option->isChecked()),
-                 qPrintable(control->objectName()));
-    }
-    // From the top to the bottom, at most one column after the other, and from the bottom to the top once.
-    QVERIFY2(backwards <= 2, qPrintable(QString::number(backwards)));
-}
-
-void FormsTest::NothingIsClipped() {
-    for (const double scale : {1.0, 1.6, 2.2}) {
-        QFont font = font_;
-        font.setPointSizeF(font_.pointSizeF() * scale);
-        QApplication::setFont(font);
-        const QDialog& form = Open();
-        for (const QWidget* const widget : form.findChildren<QWidget*>()) {
-            const auto* const label = qobject_cast<const QLabel*>(widget);
-            const bool speaks = label != nullptr || qobject_cast<const QAbstractButton*>(widget) != nullptr;
-            if (!speaks || !widget->isVisible())
-                continue;
-            const int height = label != nullptr && label->wordWrap() ? label->heightForWidth(label->width())
-                                                                     : widget->minimumSizeHint().height();
-            const QString what = QString("%1 \"%2\" at %3").arg(widget->objectName(), widget->accessibleName());
-            QVERIFY2(widget->width() >= widget->minimumSizeHint().width(), qPrintable(what.arg(scale)));
-            QVERIFY2(widget->height() >= height, qPrintable(what.arg(scale)));
-        }
-        // The dots of a capital umlaut need more than the height of the font.
-        for (const QListWidget* const list : form.findChildren<QListWidget*>())
-            QVERIFY2(list->count() == 0 || list->sizeHintForRow(0) > list->fontMetrics().height(),
-                     qPrintable(list->objectName()));
-    }
-}
 
 } // namespace
 } // namespace pirol

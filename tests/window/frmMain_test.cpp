@@ -1,9 +1,9 @@
 #include "designer/MainLayout.h"
 #include "window/MainWindow.h"
 
-#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QRegularExpression>
 #include <QScreen>
 #include <QScrollBar>
 #include <QSet>
@@ -30,81 +30,47 @@ class FrmMainTest : public QObject {
     Q_OBJECT
 
   private slots:
-    void BringsUpNoWindowButItself() {
+    void ComesUpAloneWithNothingSelected() {
         const WindowCounter windows;
-        const MainWindow main;
+        MainWindow main;
         QCOMPARE(windows.count, 1);
-    }
-
-    void HasEveryCommandWithTextsOfItsOwn() {
-        MainWindow main;
-        QStringList names = {"mnuFileNew",
-                             "mnuFileOpen",
-                             "mnuFileSave",
-                             "mnuFileImportJava",
-                             "mnuFileStartBlueJ",
-                             "mnuFileOptions",
-                             "mnuFileEnd",
-                             "mnuViewShowGrid",
-                             "mnuObjectsGrid",
-                             "mnuProjectSettings",
-                             "mnuProjectExportBlueJ",
-                             "mnuProjectExportJava",
-                             "mnuProjectExportText",
-                             "mnuFunctionsMenuGenerator",
-                             "mnuFunctionsSQLGenerator",
-                             "mnuCodeMenu",
-                             "mnuCodeSQL",
-                             "mnuCodeGenerate",
-                             "mnuWindowSize0",
-                             "mnuWindowSize1",
-                             "mnuWindowSize2",
-                             "mnuHelpHandbook",
-                             "mnuHelpDonation",
-                             "mnuHelpAbout"};
-        for (int entry = 0; entry < 15; ++entry)
-            names << QString("mnuObjectsObject%1").arg(entry);
-        QSet<QKeySequence> shortcuts;
-        for (const QString& name : names) {
-            const QAction* command = main.Command(name);
-            QVERIFY2(command != nullptr, qPrintable(name));
-            QVERIFY2(!command->statusTip().isEmpty(), qPrintable(name));
-            if (!command->shortcut().isEmpty()) {
-                QVERIFY2(!shortcuts.contains(command->shortcut()), qPrintable(name));
-                shortcuts << command->shortcut();
-            }
-        }
-    }
-
-    void SaysFromTheStartThatNothingIsSelected() {
-        MainWindow main;
         const QAbstractItemModel* rows = main.Find<QTreeView>("plProperties")->model();
         QCOMPARE(rows->index(0, 0).data().toString(), QString("Kein Objekt gewählt"));
     }
 
-    void MnemonicsAreUniqueInEachMenu() {
+    void EveryCommandHasTextsKeysAndAnIconOfItsOwn() {
+        const struct {
+            QString menu, commands; // without the menu's name and the numbers of equal ones
+            bool hasIcons;
+        } menus[] = {
+            {"mnuFile", "New Open Save ImportJava StartBlueJ Options End", true},
+            {"mnuView", "ShowGrid", true},
+            {"mnuObjects", QString("Object ").repeated(15) + "Grid", true},
+            {"mnuProject", "Settings ExportBlueJ ExportJava ExportText", true},
+            {"mnuFunctions", "MenuGenerator SQLGenerator", true},
+            {"mnuCode", "Menu SQL Generate", false},
+            {"mnuWindow", "Size Size Size", false},
+            {"mnuHelp", "Handbook Donation About", true},
+        };
         MainWindow main;
-        QList<QList<QAction*>> levels = {main.window.menuBar()->actions()};
-        for (const QAction* menu : levels.front())
-            levels << menu->menu()->actions();
-        for (const QList<QAction*>& level : levels) {
-            QSet<QString> seen;
-            for (const QAction* action : level)
-                if (!action->isSeparator()) {
-                    const QString mnemonic = QKeySequence::mnemonic(action->text()).toString();
-                    QVERIFY2(!mnemonic.isEmpty() && !seen.contains(mnemonic), qPrintable(action->text()));
-                    seen << mnemonic;
-                }
-        }
-    }
-
-    void CommandsHaveIconsWhenTheirMenuIsOpen() {
-        MainWindow main;
-        for (const char* name : {"mnuFile", "mnuObjects", "mnuProject", "mnuHelp"}) {
-            auto* menu = main.Find<QMenu>(name);
+        QSet<QString> shortcuts, menuMnemonics;
+        for (const auto& row : menus) {
+            auto* const menu = main.Find<QMenu>(row.menu);
+            QVERIFY2(IsNew(QKeySequence::mnemonic(menu->title()), menuMnemonics), qPrintable(row.menu));
             emit menu->aboutToShow();
-            for (const QAction* action : menu->actions())
-                QVERIFY2(action->isSeparator() || !action->icon().isNull(), qPrintable(action->text()));
+            QSet<QString> mnemonics;
+            QStringList names;
+            for (const QAction* const command : menu->actions()) {
+                if (command->isSeparator())
+                    continue;
+                const QString name = command->objectName();
+                names << name.mid(row.menu.size()).remove(QRegularExpression("\\d+$"));
+                QVERIFY2(!command->statusTip().isEmpty(), qPrintable(name));
+                QVERIFY2(command->shortcut().isEmpty() || IsNew(command->shortcut(), shortcuts), qPrintable(name));
+                QVERIFY2(IsNew(QKeySequence::mnemonic(command->text()), mnemonics), qPrintable(name));
+                QVERIFY2(!row.hasIcons || !command->icon().isNull(), qPrintable(name));
+            }
+            QCOMPARE(names.join(' '), row.commands);
         }
     }
 
@@ -130,11 +96,9 @@ class FrmMainTest : public QObject {
 
     void LaysItselfOutAtEverySize_data() {
         QTest::addColumn<QSize>("size");
-        QTest::newRow("large") << QSize(1400, 900);
-        QTest::newRow("usual") << QSize(1080, 680);
-        QTest::newRow("narrow") << QSize(700, 680);
-        QTest::newRow("low") << QSize(1080, 300);
-        QTest::newRow("tiny") << QSize(328, 328);
+        for (const QSize size :
+             {QSize(1400, 900), QSize(1080, 680), QSize(700, 680), QSize(1080, 300), QSize(328, 328)})
+            QTest::addRow("%d x %d", size.width(), size.height()) << size;
     }
 
     void LaysItselfOutAtEverySize() {
@@ -196,65 +160,14 @@ class FrmMainTest : public QObject {
         QCOMPARE(main.canvas->y(), -80);
     }
 
-    void CodeMenuOffersWhatTheDesignHas() {
-        MainWindow main;
-        auto* menu = main.Find<QMenu>("mnuCode");
-        const auto enabled = [&] {
-            emit menu->aboutToShow();
-            return std::pair(main.Command("mnuCodeMenu")->isEnabled(), main.Command("mnuCodeSQL")->isEnabled());
-        };
-        QCOMPARE(enabled(), std::pair(false, false));
-        main.window.Model().EditMenus().Append("Datei", "hatDatei");
-        main.window.Model().EditSql().Server = "localhost";
-        QCOMPARE(enabled(), std::pair(true, true));
-        QCOMPARE(main.window.GenerateCode().find("hatDatenbank"), std::string::npos);
-        main.Command("mnuCodeSQL")->trigger();
-        main.Command("mnuCodeMenu")->trigger();
-        QVERIFY(main.window.Options().menu && main.window.Options().database);
-        QVERIFY(main.window.GenerateCode().find("hatDatenbank") != std::string::npos);
-    }
-
-    void NewKeepsTheDatabaseAndForgetsTheRest() {
-        MainWindow main;
-        main.window.Model().EditSql().Server = "localhost";
-        main.window.Model().SetWindowSize(300, 200);
-        main.Command("mnuObjectsObject1")->trigger();
-        main.Drag(10, 10, 100, 60);
-        QVERIFY(main.window.isWindowModified());
-        main.Command("mnuFileNew")->trigger();
-        QCOMPARE(main.window.Model().Sql().Server, std::string("localhost"));
-        QCOMPARE(main.canvas->size(), QSize(640, 480));
-        QVERIFY(main.window.Model().CreationOrder().empty());
-        QCOMPARE(main.Status(2), QString("Kein Objekt gewählt"));
-        QVERIFY(!main.window.isWindowModified());
-    }
-
-    void OpensSavesAndRefuses() {
-        MainWindow main;
-        main.dialogs.paths = {PIROL_EXAMPLES "/Quiz.prl"};
-        main.Command("mnuFileOpen")->trigger();
-        QVERIFY(main.window.windowTitle().startsWith("Quiz.prl"));
-        QVERIFY(!main.window.isWindowModified());
-        QCOMPARE(main.canvas->size(), QSize(main.window.Model().WindowWidth(), main.window.Model().WindowHeight()));
-        const ProjectModel opened = main.window.Model();
-
-        main.dialogs.TakeSeen();
-        main.Command("mnuFileOpen")->trigger(); // and cancels
-        main.Command("mnuFileSave")->trigger();
-        QCOMPARE(main.dialogs.TakeSeen().substr(0, 4), std::string("open"));
-        QVERIFY(main.window.Model() == opened);
-
-        main.dialogs.paths = {PIROL_EXAMPLES "/Quiz.java"};
-        main.Command("mnuFileOpen")->trigger();
-        QVERIFY(main.dialogs.TakeSeen().find("critical Fehler: Die .prl - Datei ist fehlerhaft") != std::string::npos);
-        QVERIFY(main.window.Model() == ProjectModel());
-
-        main.ExpectError();
-        main.window.ReadPRLFile("/does/not/exist.prl");
-        QVERIFY2(main.errorText.contains("Main.File.PRL.ReadPRLFile"), qPrintable(main.errorText));
-    }
-
   private:
+    /// Whether it is a key at all that was not among these so far.
+    static bool IsNew(const QKeySequence& key, QSet<QString>& seen) {
+        const bool isNew = !key.isEmpty() && !seen.contains(key.toString());
+        seen << key.toString();
+        return isNew;
+    }
+
     static QToolButton* ToolbarButton(MainWindow& main, int entry) {
         const std::string_view key = KindRows()[static_cast<std::size_t>(entry)].key;
         return main.Find<QToolButton>("tbComponents_" + QString::fromLatin1(key.data(), qsizetype(key.size())));
