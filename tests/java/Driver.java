@@ -79,10 +79,7 @@ public final class Driver {
         Toolkit.getDefaultToolkit().addAWTEventListener(this::countRelease,
                                                         AWTEvent.MOUSE_EVENT_MASK | AWTEvent.KEY_EVENT_MASK);
         program = onEventThread(() -> Class.forName("SuMAnwendung").getConstructor().newInstance());
-        onEventThread(() -> {
-            frame().validate();
-            return null;
-        });
+        SwingUtilities.invokeAndWait(() -> frame().validate());
         until("window shown", () -> frame().isShowing());
     }
 
@@ -202,10 +199,7 @@ public final class Driver {
         for (int[] chord : keysFor(component)) {
             type(chord);
         }
-        onEventThread(() -> {
-            KeyboardFocusManager.getCurrentKeyboardFocusManager().clearGlobalFocusOwner();
-            return null;
-        });
+        SwingUtilities.invokeAndWait(KeyboardFocusManager.getCurrentKeyboardFocusManager()::clearGlobalFocusOwner);
         until("focus off " + name, () -> !component.input().isFocusOwner());
     }
 
@@ -278,11 +272,8 @@ public final class Driver {
 
     /** Keys reach a window only when it is active, and without a window manager nobody else makes it so. */
     private void activate() throws Exception {
-        onEventThread(() -> {
-            frame().toFront();
-            frame().requestFocus();
-            return null;
-        });
+        SwingUtilities.invokeAndWait(frame()::toFront);
+        SwingUtilities.invokeAndWait(frame()::requestFocus);
         until("window active", () -> frame().isActive());
     }
 
@@ -337,10 +328,7 @@ public final class Driver {
 
     /** Paints without a focus mark or caret, so that pictures of the same window are always the same. */
     private BufferedImage paint(JComponent area) throws Exception {
-        onEventThread(() -> {
-            KeyboardFocusManager.getCurrentKeyboardFocusManager().clearGlobalFocusOwner();
-            return null;
-        });
+        SwingUtilities.invokeAndWait(KeyboardFocusManager.getCurrentKeyboardFocusManager()::clearGlobalFocusOwner);
         until("no focus", () -> frame().getFocusOwner() == null);
         return onEventThread(() -> {
             BufferedImage picture = new BufferedImage(area.getWidth(), area.getHeight(), BufferedImage.TYPE_INT_RGB);

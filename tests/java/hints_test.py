@@ -231,6 +231,15 @@ class HintsTest(unittest.TestCase):
             missed = [character for character, hint, reject in zip(characters, hinted, rejected) if reject and not hint]
             self.assertEqual(missed, [], use)
 
+    def test_every_odd_name(self):
+        names = Texts.NAMES + Texts.BAD_NAMES
+        paths = [self.write(number, project([button(name.encode("cp1252"))])) for number, name in enumerate(names)]
+        hinted = [bool(self.stop_compiling & set(lint(path, []))) for path in paths]
+        rejected = [verdict != "ok" for verdict in verdicts([generate(path, []) for path in paths])]
+        differing = [name for name, hint, reject in zip(names, hinted, rejected) if hint != reject]
+        # The compiler takes an escape for the letter that it means, even in a name; the hints do not.
+        self.assertEqual(differing, ["a\\u0041"])
+
     def test_largest_program(self):
         """The largest design without a hint compiles; one tenth more does not."""
         mixes = {

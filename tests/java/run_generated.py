@@ -288,11 +288,11 @@ def check(arguments, project, folder):
 
 
 def save_picture(arguments, project, folder):
-    drive(arguments, project, Expectation(project), folder, ["picture", str(arguments.picture.resolve())])
+    drive(arguments, project, Expectation(project), folder, ["picture", str(arguments.picture)])
 
 
 def compare_picture(arguments, project, folder):
-    lines = drive(arguments, project, Expectation(project), folder, ["compare", str(arguments.compare.resolve())])
+    lines = drive(arguments, project, Expectation(project), folder, ["compare", str(arguments.compare)])
     different, pixels = next(map(int, line.split("\t")[1:]) for line in lines if line.startswith("Vergleich\t"))
     print(f"{project}: {different} of {pixels} pixels differ from {arguments.compare}")
     if different > pixels * TOLERANCE:
@@ -305,23 +305,17 @@ def read_arguments():
     parser.add_argument("projects", metavar="PROJECT", nargs="*", type=lambda text: pathlib.Path(text).resolve())
     parser.add_argument("--strict", action="store_true",
                         help="also fail when a project has nothing to press or a component with handlers is covered")
-    parser.add_argument("--standins", type=pathlib.Path, metavar="FOLDER",
-                        help="compiled library stand-ins; without this they are compiled for this run")
-    parser.add_argument("--compile-standins", type=pathlib.Path, metavar="FOLDER",
-                        help="only compile the library stand-ins and the driver into this folder")
-    parser.add_argument("--java", type=lambda text: pathlib.Path(text).resolve(), metavar="FILE",
-                        help="run this SuMAnwendung.java instead of generating one")
-    parser.add_argument("--picture", type=pathlib.Path, metavar="FILE",
-                        help="save the client area, menu bar included, as PNG (one project)")
-    parser.add_argument("--compare", type=pathlib.Path, metavar="FILE",
-                        help=f"compare the client area with a PNG; up to {100 * TOLERANCE:g} %% of it may differ "
-                             "(one project)")
+    for option, meaning in {"standins": "compiled library stand-ins; without this they are compiled for this run",
+                            "compile-standins": "only compile the library stand-ins and the driver into this folder",
+                            "java": "run this SuMAnwendung.java instead of generating one",
+                            "picture": "save the client area, menu bar included, as PNG",
+                            "compare": "compare the client area with a PNG"}.items():
+        parser.add_argument("--" + option, type=lambda text: pathlib.Path(text).resolve(), metavar="PATH", help=meaning)
     arguments = parser.parse_intermixed_args()
     if not arguments.projects and not arguments.compile_standins:
         parser.error("no project given")
-    for option in ("java", "picture", "compare"):
-        if getattr(arguments, option) and len(arguments.projects) != 1:
-            parser.error(f"--{option} takes exactly one project")
+    if len(arguments.projects) > 1 and (arguments.java or arguments.picture or arguments.compare):
+        parser.error("--java, --picture and --compare take one project")
     return arguments
 
 
@@ -329,20 +323,13 @@ def main():
     arguments = read_arguments()
     # Being told to stop runs the same cleaning up as an error, so neither display nor program stays behind.
     signal.signal(signal.SIGTERM, lambda number, frame: sys.exit(128 + number))
+    task = compare_picture if arguments.compare else save_picture if arguments.picture else check
     failed = False
     with tempfile.TemporaryDirectory(prefix="pirol-java-") as name:
         scratch = pathlib.Path(name)
-        try:
-            if arguments.compile_standins:
-                compile_standins(arguments.compile_standins)
-            if arguments.standins is None:
-                arguments.standins = arguments.compile_standins or scratch / "standins"
-                if arguments.projects and not arguments.compile_standins:
-                    compile_standins(arguments.standins)
-            arguments.standins = arguments.standins.resolve()
-        except Failure as failure:
-            sys.exit(str(failure))
-        task = compare_picture if arguments.compare else save_picture if arguments.picture else check
+        if not arguments.standins:
+            arguments.standins = arguments.compile_standins or scratch / "standins"
+            compile_standins(arguments.standins)
         for number, project in enumerate(arguments.projects):
             folder = scratch / str(number)
             folder.mkdir()

@@ -2,6 +2,7 @@ package sum.intern;
 
 import java.awt.Color;
 import java.awt.Dimension;
+import java.lang.reflect.Method;
 import java.util.function.Consumer;
 import javax.swing.JComponent;
 import javax.swing.JFrame;
@@ -66,25 +67,14 @@ public final class Application {
         return menuBar;
     }
 
-    /** True when the program has the public method that would handle an event. */
-    public boolean canCall(String handler) {
-        try {
-            program.getClass().getMethod(handler);
-            return true;
-        } catch (NoSuchMethodException e) {
-            return false;
-        }
-    }
-
     /** Calls the program's method of that name; a missing one is reported, as nobody would notice it otherwise. */
     public void call(String handler) {
-        if (!canCall(handler)) {
-            report("Fehlt", handler);
-            return;
-        }
-        report("Bearbeiter", handler);
         try {
-            program.getClass().getMethod(handler).invoke(program);
+            Method method = program.getClass().getMethod(handler);
+            report("Bearbeiter", handler);
+            method.invoke(program);
+        } catch (NoSuchMethodException e) {
+            report("Fehlt", handler);
         } catch (ReflectiveOperationException e) {
             throw new IllegalStateException(handler, e);
         }
