@@ -33,16 +33,14 @@ std::vector<std::string> Targets(const std::regex& pattern) {
 }
 
 TEST(Handbook, AnchorsAreThoseOfMarkdown) {
-    const struct {
-        std::string_view heading, anchor;
-    } cases[] = {
+    const std::pair<std::string_view, std::string_view> cases[] = {
         {"Das Hauptfenster", "das-hauptfenster"},
         {"Der Menü-Generator", "der-menü-generator"},
         {"Über Pirol (1.0)!", "über-pirol-10"},
         {"", ""},
     };
-    for (const auto& row : cases)
-        EXPECT_EQ(ChapterAnchor(row.heading), row.anchor);
+    for (const auto& [heading, anchor] : cases)
+        EXPECT_EQ(ChapterAnchor(heading), anchor);
 }
 
 TEST(Handbook, EveryWindowHasItsChapter) {

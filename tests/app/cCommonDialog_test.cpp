@@ -6,10 +6,7 @@ namespace pirol {
 namespace {
 
 TEST(CommonDialog, TakesFiltersApart) {
-    const struct {
-        std::string_view filter;
-        std::vector<FileFilter> expected;
-    } cases[] = {
+    const std::pair<std::string_view, std::vector<FileFilter>> cases[] = {
         {"", {}},
         {"BlueJ.exe|BlueJ.exe", {{"BlueJ.exe", {"BlueJ.exe"}}}},
         {"prl - Dateien (*.prl)|*.prl|Alle Dateien (*.*)|*.*",
@@ -19,8 +16,8 @@ TEST(CommonDialog, TakesFiltersApart) {
         {"Alles", {{"Alles", {"*"}}}},
         {"Alles|;|", {{"Alles", {"*"}}, {"", {"*"}}}},
     };
-    for (const auto& row : cases)
-        EXPECT_EQ(FileFilters(row.filter), row.expected) << row.filter;
+    for (const auto& [filter, expected] : cases)
+        EXPECT_EQ(FileFilters(filter), expected) << filter;
 }
 
 } // namespace

@@ -82,27 +82,23 @@ TEST_F(ExportCommandsTest, BlueJExportThatFails) {
 }
 
 TEST_F(ExportCommandsTest, FilesAreOverwrittenFromTheBeginning) {
-    const struct {
-        void (*command)(const ProjectModel&, CodeOptions, cCommonDialog&);
-        const char* dialog;
-        std::string before;
-        std::string tail;
-    } cases[] = {
+    using Command = void (*)(const ProjectModel&, CodeOptions, cCommonDialog&);
+    const std::tuple<Command, const char*, std::string, std::string> cases[] = {
         {ExportJava, javaDialog, "", ""},
         {ExportText, textDialog, "short", ""},
         {ExportJava, javaDialog, std::string(Source().size(), 'x') + "old end", "old end"},
         {ExportText, textDialog, std::string(Source().size(), 'x') + "old end", "old end"},
     };
-    for (const auto& row : cases) {
+    for (const auto& [command, dialog, before, tail] : cases) {
         const auto path = folder_ / "SuMAnwendung.java";
-        ReplaceFileBytes(path, row.before);
-        row.command(model_, options_, dialogs_);
-        EXPECT_EQ(dialogs_.TakeSeen(), row.dialog) << "cancelled";
-        EXPECT_EQ(ReadFileBytes(path), row.before) << "cancelled";
+        ReplaceFileBytes(path, before);
+        command(model_, options_, dialogs_);
+        EXPECT_EQ(dialogs_.TakeSeen(), dialog) << "cancelled";
+        EXPECT_EQ(ReadFileBytes(path), before) << "cancelled";
         dialogs_.paths = {TextOf(path)};
-        row.command(model_, options_, dialogs_);
-        EXPECT_EQ(dialogs_.TakeSeen(), row.dialog);
-        EXPECT_EQ(ReadFileBytes(path), Source() + row.tail);
+        command(model_, options_, dialogs_);
+        EXPECT_EQ(dialogs_.TakeSeen(), dialog);
+        EXPECT_EQ(ReadFileBytes(path), Source() + tail);
     }
     dialogs_.paths = {Path("directory")};
     EXPECT_EQ(ErrorOf([&] { ExportJava(model_, options_, dialogs_); }),
@@ -127,21 +123,18 @@ TEST_F(ExportCommandsTest, ImportOfWhatIsNoJava) {
     const ProjectModel before = model_;
     CreateFileBytes(folder_ / "letter.java", std::string("Liebe Oma,\0\xFF danke!", 19));
     CreateFileBytes(folder_ / "broken.java", "hatKnopf1 = new Knopf(eins, 2, 3, 4, \"\");");
-    const struct {
-        const char* name;
-        const char* error;
-        std::size_t menusLeft; ///< a file that could be read takes the place of the design
-    } cases[] = {
+    // A file that could be read takes the place of the design.
+    const std::tuple<const char*, const char*, std::size_t> cases[] = {
         {"missing.java", "Fehler 53: Datei nicht gefunden (Main.File.Import.Analyse)", 1},
         {"directory", "Fehler 75: Fehler beim Zugriff auf Pfad/Datei (Main.File.Import.Analyse)", 1},
         {"letter.java", "", 0},
         {"broken.java", "Fehler 13: Typen unverträglich (Main.File.Import.Analyse)", 0},
     };
-    for (const auto& row : cases) {
+    for (const auto& [name, error, menusLeft] : cases) {
         ProjectModel model = before;
-        dialogs_.paths = {Path(row.name)};
-        EXPECT_EQ(ErrorOf([&] { ImportJava(model, dialogs_); }), row.error) << row.name;
-        EXPECT_EQ(model.Menus().Menus().size(), row.menusLeft) << row.name;
+        dialogs_.paths = {Path(name)};
+        EXPECT_EQ(ErrorOf([&] { ImportJava(model, dialogs_); }), error) << name;
+        EXPECT_EQ(model.Menus().Menus().size(), menusLeft) << name;
     }
 }
 

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <set>
+#include <tuple>
 
 namespace pirol {
 namespace {
@@ -62,14 +63,8 @@ TEST(Hints, SayWhatToSelect) {
     button.Caption = "\"";
     button.Left = 620;
     model.EditMenus().Append("", "hatMenueDatei");
-    struct Wanted {
-        std::string_view rule;
-        HintSubject subject;
-        std::optional<ComponentRef> component;
-        std::string_view property;
-    };
     const ComponentRef second{ComponentKind::Button, 2};
-    const Wanted wanted[] = {
+    const std::tuple<std::string_view, HintSubject, std::optional<ComponentRef>, std::string_view> wanted[] = {
         {"invalid-name", HintSubject::Component, second, "name"},
         {"outside-window", HintSubject::Component, second, "left"},
         {"unescaped-quote", HintSubject::Component, second, "value"},
@@ -80,10 +75,11 @@ TEST(Hints, SayWhatToSelect) {
     const std::vector<Hint> hints = FindHints(model, everything);
     ASSERT_EQ(hints.size(), std::size(wanted)) << Lines(hints);
     for (std::size_t i = 0; i < hints.size(); ++i) {
-        EXPECT_EQ(hints[i].rule->key, wanted[i].rule);
-        EXPECT_EQ(hints[i].subject, wanted[i].subject) << wanted[i].rule;
-        EXPECT_EQ(hints[i].component, wanted[i].component) << wanted[i].rule;
-        EXPECT_EQ(hints[i].property, wanted[i].property) << wanted[i].rule;
+        const auto& [rule, subject, component, property] = wanted[i];
+        EXPECT_EQ(hints[i].rule->key, rule);
+        EXPECT_EQ(hints[i].subject, subject) << rule;
+        EXPECT_EQ(hints[i].component, component) << rule;
+        EXPECT_EQ(hints[i].property, property) << rule;
     }
     // What is not generated needs no hint.
     EXPECT_EQ(FindHints(model, {}).size(), 3U);

@@ -47,11 +47,7 @@ TEST(ListEditorModel, ListsComeBackAsTheyWere) {
 
 TEST(ListEditorModel, EditsRows) {
     using Edit = std::function<void(ListEditorModel&)>;
-    const struct {
-        std::string_view what;
-        Edit edit;
-        std::string_view list;
-    } cases[] = {
+    const std::tuple<std::string_view, Edit, std::string_view> cases[] = {
         {"add", [](auto& model) { EXPECT_EQ(model.AddRow(), 3U); }, "a/1/Wahr/b/2/Falsch/c/3/Wahr/neu/7/Wahr"},
         {"remove first", [](auto& model) { model.RemoveRow(0); }, "b/2/Falsch/c/3/Wahr"},
         {"remove last", [](auto& model) { model.RemoveRow(2); }, "a/1/Wahr/b/2/Falsch"},
@@ -65,19 +61,16 @@ TEST(ListEditorModel, EditsRows) {
         {"number", [](auto& model) { model.SetCell(0, 1, " 2,5 "); }, "a/2/Wahr/b/2/Falsch/c/3/Wahr"},
         {"flag", [](auto& model) { model.SetCell(0, 2, "nein"); }, "a/1/Falsch/b/2/Falsch/c/3/Wahr"},
     };
-    for (const auto& row : cases) {
+    for (const auto& [what, edit, list] : cases) {
         ListEditorModel model(mixedRows, ListText("a/1/Wahr/b/2/Falsch/c/3/Wahr"));
-        row.edit(model);
-        EXPECT_EQ(ListOf(model), row.list) << row.what;
+        edit(model);
+        EXPECT_EQ(ListOf(model), list) << what;
     }
 }
 
 TEST(ListEditorModel, BadEditsChangeNothing) {
     ListEditorModel model(mixedRows, ListText("a/1/Wahr"));
-    const struct {
-        std::function<void()> edit;
-        int error;
-    } cases[] = {
+    const std::pair<std::function<void()>, int> cases[] = {
         {[&] { model.SetCell(0, 1, "viel"); }, 13},
         {[&] { model.SetCell(0, 1, ""); }, 13},
         {[&] { model.SetCell(0, 1, "32768"); }, 6},
@@ -89,7 +82,7 @@ TEST(ListEditorModel, BadEditsChangeNothing) {
         {[&] { model.MoveDown(1); }, 9},
     };
     for (const auto& row : cases)
-        EXPECT_EQ(test::ErrorNumberOf(row.edit), row.error) << &row - cases;
+        EXPECT_EQ(test::ErrorNumberOf(row.first), row.second) << &row - cases;
     EXPECT_EQ(ListOf(model), "a/1/Wahr");
 }
 

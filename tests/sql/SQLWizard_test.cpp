@@ -2,18 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace pirol {
 namespace {
 
 const SQLSettings stored = {"srv", "usr", "pw", "db", "tbl", {0, 7, -1}};
 
 TEST(SQLWizard, WalksTheStepsAndStopsAtBothEnds) {
-    const struct {
-        char key; // what is pressed before: back or forward
-        std::size_t step;
-        const char* title;
-        const char* forwardCaption;
-    } walk[] = {
+    const std::tuple<char, std::size_t, const char*, const char*> walk[] = {
         {'<', 0, "Schritt 1 - Die Datenbankverbindung", "Weiter >>"},
         {'>', 1, "Schritt 2 - Die Datenbanktabelle", "Weiter >>"},
         {'>', 2, "Schritt 3 - Vordefinierte Abfragen", "Fertig"},
@@ -22,11 +19,11 @@ TEST(SQLWizard, WalksTheStepsAndStopsAtBothEnds) {
         {'<', 0, "Schritt 1 - Die Datenbankverbindung", "Weiter >>"},
     };
     SQLWizard wizard({});
-    for (const auto& row : walk) {
-        row.key == '<' ? wizard.Back() : wizard.Forward();
-        EXPECT_EQ(wizard.StepIndex(), row.step);
-        EXPECT_EQ(wizard.Step().title, row.title);
-        EXPECT_EQ(wizard.Step().forwardCaption, row.forwardCaption);
+    for (const auto& [key, step, title, forwardCaption] : walk) {
+        key == '<' ? wizard.Back() : wizard.Forward();
+        EXPECT_EQ(wizard.StepIndex(), step);
+        EXPECT_EQ(wizard.Step().title, title);
+        EXPECT_EQ(wizard.Step().forwardCaption, forwardCaption);
     }
 }
 
