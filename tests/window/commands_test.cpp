@@ -5,7 +5,7 @@
 #include "model/Windows1252.h"
 #include "project/ProjectFile.h"
 #include "sql/frmSQLGenerator.h"
-#include "window/Forms.h"
+#include "window/Keys.h"
 #include "window/MainWindow.h"
 
 #include <QMenu>
@@ -165,8 +165,7 @@ class CommandsTest : public QObject {
             QCOMPARE(tabs->count(), 1);
             QCOMPARE(tabs->tabText(0), "Allgemein");
 
-            Click(form, "optGridStyle1");
-            Click(form, "picGridColor");
+            Do(form, "@optGridStyle1 @picGridColor");
             QCOMPARE(color(), QColor(0x56, 0x34, 0x12));
             Click(form, "cmdBrowseGridColor");
             QCOMPARE(color(), QColor(255, 0, 0));
@@ -192,10 +191,7 @@ class CommandsTest : public QObject {
         QCOMPARE(canvas.pixelColor(QPoint(100, 50) * canvas.devicePixelRatio()), QColor(255, 0, 0));
         QCOMPARE(main.dialogs.TakeSeen(), "");
 
-        WhenShown<frmPreferences>([](frmPreferences& form) {
-            Type(form, "txtBlueJPath", "/no/such/bluej.exe");
-            Click(form, "cmdAccept");
-        });
+        WhenShown<frmPreferences>([](frmPreferences& form) { Do(form, "Alt+R /no/such/bluej.exe @cmdAccept"); });
         Choose(main, "mnuFileOptions");
         QCOMPARE(main.dialogs.TakeSeen(), "information Der BlueJ - Pfad ist fehlerhaft.\r\n"
                                           "Einige Funktionen können daher nicht arbeiten\n");
@@ -256,21 +252,14 @@ class CommandsTest : public QObject {
             return main.window.GenerateCode().find(part) != std::string::npos;
         };
         QVERIFY(!main.Command("mnuCodeMenu")->isEnabled() && !main.Command("mnuCodeSQL")->isEnabled());
-        WhenShown<frmMenuGenerator>([](frmMenuGenerator& form) {
-            Type(form, "txtCaption", "Datei");
-            Click(form, "cmdAdd");
-            Click(form, "cmdOK");
-        });
+        WhenShown<frmMenuGenerator>([](frmMenuGenerator& form) { Do(form, "Datei @cmdAdd @cmdOK"); });
         Choose(main, "mnuFunctionsMenuGenerator");
         QVERIFY(main.window.isWindowModified() && !generates("hatMenueDatei"));
         Choose(main, "mnuCodeMenu");
         QVERIFY(generates("hatMenueDatei"));
 
-        WhenShown<frmSQLGenerator>([](frmSQLGenerator& form) {
-            Type(form, "txtServer", "localhost");
-            for (int step = 0; step < 3; ++step)
-                Click(form, "cmdStepForward");
-        });
+        WhenShown<frmSQLGenerator>(
+            [](frmSQLGenerator& form) { Do(form, "localhost @cmdStepForward @cmdStepForward @cmdStepForward"); });
         Choose(main, "mnuFunctionsSQLGenerator");
         QCOMPARE(main.window.Model().Sql().Server, "localhost");
         QVERIFY(!generates("VerbindeMitDatenbank"));

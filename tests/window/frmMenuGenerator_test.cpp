@@ -1,7 +1,7 @@
 #include "FakeDialogs.h"
 #include "menu/frmMenuGenerator.h"
 #include "model/Conversions.h"
-#include "window/Forms.h"
+#include "window/Keys.h"
 
 #include <QLabel>
 #include <QListWidget>
@@ -11,7 +11,6 @@ namespace pirol {
 
 using test::Click;
 using test::Part;
-using test::Type;
 
 /// The form on a bar of one menu with an entry and a submenu with an entry.
 struct Generator {
@@ -20,7 +19,7 @@ struct Generator {
         menu.AddEntry("x", cMenu::Entry);
         menu.AddEntry("B", cMenu::SubMenu)->AddEntry("y", cMenu::Entry);
         form.emplace(bar, dialogs, nullptr);
-        form->show();
+        test::Show(*form);
         list = Part<QListWidget>(*form, "lstEntries");
     }
 
@@ -36,11 +35,15 @@ struct Generator {
         return QString::fromStdString(ReplaceAll(lines, std::string_view(&fieldSeparator, 1), "|"));
     }
 
-    QString Rows() const {
-        QStringList rows;
-        for (int row = 0; row < list->count(); ++row)
-            rows << list->item(row)->text();
-        return rows.join('/');
+    /// Whether the list shows the bar as it is.
+    bool ShowsTheBar() const {
+        MenuBar copy = bar;
+        const MenuEditor editor(copy);
+        int row = 0;
+        for (const MenuRow& expected : editor.Rows())
+            if (row == list->count() || list->item(row++)->text().toStdString() != expected.text)
+                return false;
+        return row == list->count();
     }
 
     QString Depth() const { return Part<QLabel>(*form, "lblDepth")->text(); }
@@ -55,65 +58,46 @@ class MenuGeneratorTest : public QObject {
     Q_OBJECT
 
   private slots:
-    void RefusesAndAdds() {
+    /// What the user does with a row, what he is told, what the bar is then, and that Escape undoes it.
+    void ChangesTheBarUntilEscape() {
+        const QString menu = "0|0|hatMenueA|A/", entry = "1|2|x/", sub = "1|1|B/", inner = "2|2|y/";
+        const QString all = menu + entry + sub + inner;
         const struct {
             int row; // 0: nothing is selected
-            const char* option;
-            QString caption;
-            QString name; // null: the proposed one
-            std::string message;
-            QString added; // behind which row, and what
-        } rows[] = {
-            {0, "optType1", "C", {}, "In der 1. Ebene können nur Menüs erzeugt werden!", ""},
-            {0, "optType0", "C", "", "Bitte geben Sie einen Menünamen an!", ""},
-            {2, "optType0", "C", {}, "Menüs können nur in der 1. Ebene erzeugt werden!", ""},
-            {0, "optType0", "Größe", {}, "", "0|0|hatMenueGroeße|Größe/"},
-            {0, "optType0", "C", "m", "", "0|0|m|C/"},
-            {1, "optType2", "\"Ä\"", {}, "", "1|2|\"Ä\"/"},
-            {3, "optType3", "", {}, "", "2|3/"},
-            {1, "optType1", "C", {}, "", "1|1|C/"},
-        };
-        for (const auto& row : rows) {
-            Generator menus;
-            if (row.row > 0)
-                menus.Select(row.row);
-            Type(*menus.form, "txtCaption", row.caption);
-            if (!row.name.isNull())
-                Type(*menus.form, "txtName", row.name);
-            Click(*menus.form, row.option);
-            QTest::keyClick(Part<QLineEdit>(*menus.form, "txtCaption"), Qt::Key_Return);
-            QCOMPARE(menus.dialogs.TakeSeen(), row.message.empty() ? "" : "information " + row.message + "\n");
-            QCOMPARE(menus.Lines(), "0|0|hatMenueA|A/1|2|x/1|1|B/2|2|y/" + row.added);
-            QVERIFY(menus.form->isVisible());
-        }
-    }
-
-    /// Each button on a row, what the list shows then, and what Escape makes of it.
-    void ButtonsActOnTheSelectedRow() {
-        const struct {
-            int row;
-            const char* button;
-            QString rows, depth;
+            const char* steps;
+            std::string told;
+            QString lines, depth;
         } cases[] = {
-            {1, "cmdDel", "", "0"},
-            {4, "cmdDel", "A/    x/    B", "2"},
-            {1, "cmdMoveUp", "A/    x/    B/        y", "1"},
-            {3, "cmdMoveUp", "A/    B/        y/    x", "2"},
-            {2, "cmdMoveDown", "A/    B/        y/    x", "1"},
-            {4, "cmdLevelUp", "A/    x/    B/        y", "1"},
-            {1, "cmdLevelUp", "A/    x/    B/        y", "0"},
+            {0, "@optType1 @cmdAdd", "In der 1. Ebene können nur Menüs erzeugt werden!", all, "0"},
+            {0, "C Tab Del Return", "Bitte geben Sie einen Menünamen an!", all, "0"},
+            {2, "Alt+B C Return", "Menüs können nur in der 1. Ebene erzeugt werden!", all, "1"},
+            {0, "Größe Return", "", all + "0|0|hatMenueGroeße|Größe/", "0"},
+            {0, "C Tab m Return", "", all + "0|0|m|C/", "0"},
+            {1, "@optType2 Alt+B \"Ä\" Return", "", all + "1|2|\"Ä\"/", "1"},
+            {3, "@optType3 @cmdAdd", "", all + "2|3/", "2"},
+            {1, "@optType1 Alt+B C Return", "", all + "1|1|C/", "1"},
+            {1, "@cmdDel", "", "", "0"},
+            {4, "@cmdDel", "", menu + entry + sub, "2"},
+            {1, "@cmdMoveUp", "", all, "1"},
+            {3, "@cmdMoveUp", "", menu + sub + inner + entry, "2"},
+            {2, "@cmdMoveDown", "", menu + sub + inner + entry, "1"},
+            {4, "@cmdLevelUp", "", all, "1"},
+            {1, "@cmdLevelUp", "", all, "0"},
         };
         for (const auto& row : cases) {
             Generator menus;
-            const QString before = menus.Lines();
-            menus.Select(row.row);
-            Click(*menus.form, row.button);
-            const QString what = QString("%1 on row %2").arg(row.button).arg(row.row);
-            QVERIFY2(menus.Rows() == row.rows, qPrintable(what + ": " + menus.Rows()));
-            QVERIFY2(menus.Depth() == "Aktuelle Menütiefe: " + row.depth, qPrintable(what + ": " + menus.Depth()));
-            QTest::keyClick(&*menus.form, Qt::Key_Escape);
+            if (row.row > 0)
+                menus.Select(row.row);
+            Do(*menus.form, row.steps);
+            const QString what = QString("%1 on row %2").arg(row.steps).arg(row.row);
+            QCOMPARE(what + ": " + menus.Lines(), what + ": " + row.lines);
+            QCOMPARE(menus.dialogs.TakeSeen(), row.told.empty() ? "" : "information " + row.told + "\n");
+            QVERIFY2(menus.ShowsTheBar(), qPrintable(what));
+            QCOMPARE(menus.Depth(), "Aktuelle Menütiefe: " + row.depth);
+            QVERIFY(menus.form->isVisible());
+            Press(Qt::Key_Escape);
             QVERIFY(!menus.form->isVisible());
-            QCOMPARE(menus.Lines(), before);
+            QCOMPARE(menus.Lines(), all);
         }
     }
 
@@ -134,7 +118,7 @@ class MenuGeneratorTest : public QObject {
         }
         // The way up ends in the bar, where only menus can be made. Nothing else has a name.
         Click(form, "optType2");
-        Type(form, "txtCaption", "C");
+        test::Type(form, "txtCaption", "C");
         QVERIFY(!Part<QLineEdit>(form, "txtName")->isEnabled());
         QCOMPARE(Part<QLineEdit>(form, "txtName")->text(), "");
         Click(form, "cmdLevelUp");
