@@ -21,73 +21,36 @@ class BitmapsTest : public QObject {
 
   private slots:
     /// The components' pieces by their known names; a slice that is stretched is one pixel long.
-    void PiecesHaveTheirSizes_data() {
-        QTest::addColumn<QSize>("size");
+    void PiecesHaveTheirSizes() {
         const std::pair<const char*, QSize> pieces[] = {
-            {"BUTTON_OL", {2, 2}},
-            {"BUTTON_OR", {2, 2}},
-            {"BUTTON_UL", {2, 2}},
-            {"BUTTON_UR", {2, 2}},
-            {"BUTTON_L", {1, 1}},
-            {"BUTTON_R", {1, 1}},
-            {"BUTTON_O", {1, 1}},
-            {"BUTTON_U", {1, 1}},
-            {"SCROLL_UP", {15, 16}},
-            {"SCROLL_DOWN", {15, 16}},
-            {"SCROLL_LEFT", {16, 15}},
-            {"SCROLL_RIGHT", {16, 15}},
+            {"BUTTON_OL BUTTON_OR BUTTON_UL BUTTON_UR", {2, 2}},
+            {"BUTTON_L BUTTON_R BUTTON_O BUTTON_U", {1, 1}},
+            {"SCROLL_UP SCROLL_DOWN", {15, 16}},
+            {"SCROLL_LEFT SCROLL_RIGHT", {16, 15}},
             {"SCROLL_BAR_V", {15, 1}},
             {"SCROLL_BAR_H", {1, 15}},
-            {"CHECKBOX_CHECKED", {13, 13}},
-            {"CHECKBOX_UNCHECKED", {13, 13}},
-            {"option_active", {12, 12}},
-            {"option_inactive", {12, 12}},
-            {"SLIDER_H_LEFT", {1, 6}},
-            {"SLIDER_H_RIGHT", {1, 6}},
-            {"SLIDER_H_BAR", {1, 6}},
+            {"CHECKBOX_CHECKED CHECKBOX_UNCHECKED", {13, 13}},
+            {"option_active option_inactive", {12, 12}},
+            {"SLIDER_H_LEFT SLIDER_H_RIGHT SLIDER_H_BAR", {1, 6}},
             {"SLIDER_H", {15, 16}},
-            {"SLIDER_V_TOP", {6, 1}},
-            {"SLIDER_V_BOTTOM", {6, 1}},
-            {"SLIDER_V_BAR", {6, 1}},
+            {"SLIDER_V_TOP SLIDER_V_BOTTOM SLIDER_V_BAR", {6, 1}},
             {"SLIDER_V", {16, 15}},
-            {"PROGRESS_CORNER_LT", {1, 1}},
-            {"PROGRESS_CORNER_LB", {1, 1}},
-            {"PROGRESS_CORNER_RT", {1, 1}},
-            {"PROGRESS_CORNER_RB", {1, 1}},
-            {"PROGRESS_BORDER_LEFT", {1, 1}},
-            {"PROGRESS_BORDER_RIGHT", {1, 1}},
-            {"PROGRESS_FILLED_TOP", {1, 2}},
-            {"PROGRESS_FILLED_BOTTOM", {1, 2}},
-            {"PROGRESS_UNFILLED_TOP", {1, 2}},
-            {"PROGRESS_UNFILLED_BOTTOM", {1, 2}},
-            {"TABLE_HEADER", {1, 20}},
-            {"TABLE_SEPERATOR", {1, 20}},
+            {"PROGRESS_CORNER_LT PROGRESS_CORNER_LB PROGRESS_CORNER_RT PROGRESS_CORNER_RB", {1, 1}},
+            {"PROGRESS_BORDER_LEFT PROGRESS_BORDER_RIGHT", {1, 1}},
+            {"PROGRESS_FILLED_TOP PROGRESS_FILLED_BOTTOM PROGRESS_UNFILLED_TOP PROGRESS_UNFILLED_BOTTOM", {1, 2}},
+            {"TABLE_HEADER TABLE_SEPERATOR", {1, 20}},
             {"MENU", {20, 20}},
         };
-        for (const auto& [name, size] : pieces)
-            QTest::newRow(name) << size;
-    }
-
-    void PiecesHaveTheirSizes() {
-        QFETCH(QSize, size);
-        const QImage& image = Bitmap(QTest::currentDataTag());
-        QCOMPARE(image.size(), size);
-        QVERIFY(Painted(image) > 0);
-    }
-
-    void UnknownNamesGiveNothing_data() {
-        QTest::addColumn<QString>("name");
-        QTest::newRow("unknown") << "NO_SUCH_BITMAP";
-        QTest::newRow("empty") << "";
-        QTest::newRow("other case") << "table_seperator";
-        QTest::newRow("spelled right") << "TABLE_SEPARATOR";
-        QTest::newRow("with its ending") << "TABLE_SEPERATOR.bmp";
+        for (const auto& [names, size] : pieces)
+            for (const QString& name : QString(names).split(' ')) {
+                const QImage& image = Bitmap(name.toStdString());
+                QVERIFY2(image.size() == size && Painted(image) > 0, qPrintable(name));
+            }
     }
 
     void UnknownNamesGiveNothing() {
-        QFETCH(QString, name);
-        QVERIFY(Bitmap(name.toStdString()).isNull());
-        QVERIFY(CommandIcon(name.toStdString()).isNull());
+        for (const char* name : {"NO_SUCH_BITMAP", "", "table_seperator", "TABLE_SEPARATOR", "TABLE_SEPERATOR.bmp"})
+            QVERIFY2(Bitmap(name).isNull() && CommandIcon(name).isNull(), name);
     }
 
     /// The toolbar's pictures stand on its own background and are told apart at a glance.

@@ -2,6 +2,7 @@
 #include "designer/view/plProperties.h"
 #include "designer/view/PropertyListModel.h"
 #include "project/ProjectFile.h"
+#include "window/Keys.h"
 #include "window/MainWindow.h"
 
 #include <QDir>
@@ -22,7 +23,7 @@ struct HintedWindow : MainWindow {
     bool Shows(int hints) {
         return QTest::qWaitFor([&] { return list->isVisible() == (hints > 0) && list->count() == hints; });
     }
-    QString TextOf(int row) { return row < list->count() ? list->item(row)->text() : QString(); }
+    QString FirstText() { return list->count() > 0 ? list->item(0)->text() : QString(); }
     void ClickHint(int row) {
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(row)).center());
     }
@@ -53,10 +54,8 @@ class LstHintsTest : public QObject {
         main.ClickHint(0);
         QCOMPARE(main.CurrentProperty(), std::string("left"));
         QVERIFY(main.Find<plProperties>("plProperties")->hasFocus());
-        for (const QChar digit : QString("300"))
-            QTest::keyClick(QApplication::focusWidget(), digit.toLatin1());
-        main.Key(Qt::Key_Return);
-        QTRY_COMPARE(main.SelectedBox().left, 300);
+        Do(main.window, "300 Return");
+        QCOMPARE(main.SelectedBox().left, 300);
         QVERIFY(main.Shows(0));
         QTRY_COMPARE(main.canvas->geometry(), canvas);
     }
@@ -68,17 +67,16 @@ class LstHintsTest : public QObject {
             ReadPRLFile((PIROL_TEST_DATA "/hints/" + rule + "/design.prl").toStdString(), main.window.Model());
             main.window.ShowDesign();
             const std::vector<Hint> hints = FindHints(main.window.Model(), {});
-            const QString first = hints.empty() ? QString() : QString::fromStdString(hints[0].text);
-            QTRY_COMPARE(hints.empty() ? QString() : main.TextOf(0), first);
+            QTRY_COMPARE(main.FirstText(), hints.empty() ? QString() : QString::fromStdString(hints[0].text));
             QVERIFY2(main.Shows(int(hints.size())), qPrintable(rule));
             for (int row = 0; row < int(hints.size()); ++row) {
                 const Hint& hint = hints[std::size_t(row)];
-                main.window.Canvas().Deselect();
-                QTest::keyClick(&main.window, Qt::Key_F6);
-                main.list->setCurrentRow(row);
-                main.Key(Qt::Key_Return);
                 if (!hint.component)
                     continue;
+                main.window.Canvas().Deselect();
+                main.Key(Qt::Key_F6);
+                main.list->setCurrentRow(row);
+                main.Key(Qt::Key_Return);
                 QCOMPARE(main.Selected(), *hint.component);
                 if (!hint.property.empty())
                     QCOMPARE(main.CurrentProperty(), std::string(hint.property));
