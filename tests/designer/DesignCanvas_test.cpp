@@ -1,8 +1,13 @@
+#include "codegen/JavaText.h"
 #include "designer/DesignCanvas.h"
 #include "model/RuntimeError.h"
+#include "Tables.h"
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <map>
+#include <sstream>
 #include <tuple>
 
 namespace pirol {
@@ -25,12 +30,92 @@ class DesignCanvasTest : public ::testing::Test {
 
     Rectangle BoxOf(ComponentRef component) const { return model.VisibleBox(component); }
 
+    /// Places components given as "kind left top width height", separated by commas.
+    void AddAll(const std::string& components) {
+        std::istringstream list(components);
+        for (std::string component; std::getline(list, component, ',');) {
+            std::istringstream words(component);
+            std::string kind;
+            Rectangle box;
+            ASSERT_TRUE(words >> kind >> box.left >> box.top >> box.width >> box.height) << component;
+            Add(KindByKey(kind).value(), box);
+        }
+    }
+
+    /// One step of a gesture: a command and mostly two numbers.
+    void Do(std::string_view step) {
+        const std::map<std::string, std::function<void(int, int)>> commands = {
+            {"press", [this](int x, int y) { canvas.Press(x, y, MouseButton::Left); }},
+            {"other", [this](int x, int y) { canvas.Press(x, y, MouseButton::Other); }},
+            {"move", [this](int x, int y) { canvas.Move(x, y); }},
+            {"release", [this](int, int) { canvas.Release(); }},
+            {"escape", [this](int, int) { canvas.Escape(); }},
+            {"delete", [this](int, int) { canvas.DeleteSelected(); }},
+            {"kind", [this](int number, int) { canvas.ChooseKind(number); }},
+            {"grid", [this](int snaps, int) { canvas.SetSnapsToGrid(snaps == 1); }},
+            {"next", [this](int, int) { isAtEnd = !canvas.SelectNext(true); }},
+            {"previous", [this](int, int) { isAtEnd = !canvas.SelectNext(false); }},
+            {"step", [this](int x, int y) { canvas.MoveSelected(x, y); }},
+            {"grow", [this](int x, int y) { canvas.ResizeSelected(x, y); }},
+            {"place", [this](int, int) { canvas.PlaceByKeyboard(); }},
+        };
+        std::istringstream words{std::string(step)};
+        std::string command;
+        int x = 0;
+        int y = 0;
+        words >> command >> x >> y;
+        commands.at(command)(x, y);
+    }
+
+    static std::string Text(const Rectangle& box) {
+        return Concatenate(box.left, " ", box.top, " ", box.width, " ", box.height);
+    }
+
+    /// The boxes of the visible components, the selected one behind a star.
+    std::string Boxes() {
+        std::string boxes;
+        for (const ComponentRef component : model.CreationOrder())
+            if (model.Element(component).Visible)
+                boxes += (boxes.empty() ? "" : ", ") + std::string(canvas.Selected() == component ? "*" : "") +
+                         Text(BoxOf(component));
+        return boxes;
+    }
+
+    std::string Gesture() {
+        if (canvas.IsDrawing())
+            return canvas.IsFrameVisible() ? "draws " + Text(canvas.Frame()) : "draws";
+        EXPECT_FALSE(canvas.IsFrameVisible());
+        return canvas.IsMoving() ? "moves" : canvas.IsResizing() ? "resizes" : isAtEnd ? "no further one" : "";
+    }
+
     ProjectModel model;
     int loads = 0;
+    bool isAtEnd = false; ///< whether the last selection by keyboard found no further component
     DesignCanvas canvas{model, [this] { ++loads; }};
 };
 
 using enum ComponentKind;
+
+TEST_F(DesignCanvasTest, Gestures) {
+    for (const test::TableRow& row : test::Table("canvas-gestures")) {
+        SCOPED_TRACE(row.line);
+        model.Reset();
+        canvas.SetSnapsToGrid(true);
+        canvas.ChooseKind(1);
+        isAtEnd = false;
+        AddAll(row[0]);
+        canvas.TakeChanges();
+        int loadsBefore = 0;
+        for (const std::string_view step : Split(row[1], ';')) {
+            loadsBefore = loads;
+            Do(step);
+        }
+        EXPECT_EQ(Boxes(), row[2]);
+        EXPECT_EQ(canvas.StatusText(), row[3]);
+        EXPECT_EQ(Gesture(), row[4]);
+        EXPECT_EQ(loads > loadsBefore ? "yes" : "no", row[5]);
+    }
+}
 
 TEST_F(DesignCanvasTest, PlacesTheKindOfTheNumberOnTheGrid) {
     // The two text areas are crossed.
@@ -55,87 +140,6 @@ TEST_F(DesignCanvasTest, PlacesTheKindOfTheNumberOnTheGrid) {
     EXPECT_EQ(model.CreationOrder().size(), kindCount);
 }
 
-TEST_F(DesignCanvasTest, FrameFollowsThePointerInEveryDirection) {
-    const std::tuple<int, int, Rectangle, const char*> cases[] = {
-        {150, 130, {100, 100, 50, 30}, "B = 50 / H = 30"}, {150, 70, {100, 70, 50, 30}, "B = 50 / H = 30"},
-        {50, 130, {50, 100, 50, 30}, "B = 50 / H = 30"},   {40, 30, {40, 30, 60, 70}, "B = 60 / H = 70"},
-        {100, 130, {90, 100, 10, 10}, "B = 10 / H = 10"}, // in the start's column the frame stays as it was
-        {150, 100, {90, 100, 10, 10}, "B = 10 / H = 10"},
-    };
-    for (const auto& [toX, toY, frame, status] : cases) {
-        canvas.Press(100, 100, MouseButton::Left);
-        EXPECT_EQ(canvas.Frame(), (Rectangle{100, 100, 1, 1}));
-        EXPECT_FALSE(canvas.IsFrameVisible());
-        canvas.Move(90, 120);
-        canvas.Move(90, 110);
-        EXPECT_EQ(canvas.StatusText(), "B = 10 / H = 10");
-        canvas.Move(toX, toY);
-        EXPECT_EQ(canvas.Frame(), frame);
-        EXPECT_EQ(canvas.StatusText(), status);
-        EXPECT_TRUE(canvas.IsFrameVisible() && canvas.IsDrawing());
-        canvas.Escape();
-        EXPECT_FALSE(canvas.IsFrameVisible() || canvas.IsDrawing());
-        canvas.Release();
-    }
-    EXPECT_TRUE(model.CreationOrder().empty());
-}
-
-TEST_F(DesignCanvasTest, OnlyFramesLargerThan25BothWaysPlaceSomething) {
-    const std::tuple<int, int, bool, std::optional<Rectangle>> cases[] = {
-        {26, 26, true, Rectangle{100, 100, 30, 30}},
-        {26, 26, false, Rectangle{103, 104, 26, 26}},
-        {25, 100, true, {}},
-        {100, 25, true, {}},
-        {0, 0, true, {}},
-    };
-    for (const auto& [width, height, snap, placed] : cases) {
-        canvas.SetSnapsToGrid(snap);
-        canvas.Select(Add(Slider, {500, 500, 30, 30}));
-        Drag(103, 104, 103 + width, 104 + height);
-        const std::optional<ComponentRef> selected = canvas.Selected();
-        ASSERT_EQ(selected.has_value(), placed.has_value()) << "the click on the empty canvas deselects";
-        if (placed) {
-            EXPECT_EQ(BoxOf(*selected), *placed);
-            canvas.DeleteSelected();
-        }
-        EXPECT_EQ(model.ElementCount(Label), 1U) << width << ", " << height;
-        EXPECT_EQ(canvas.StatusText(), "");
-    }
-}
-
-TEST_F(DesignCanvasTest, OtherButtonsNeitherDrawNorMoveButReleaseEndsAnything) {
-    const ComponentRef button = Add(Button, {43, 67, 100, 50});
-    canvas.Press(300, 300, MouseButton::Other);
-    canvas.Move(400, 400);
-    EXPECT_EQ(canvas.StatusText(), "400 / 400");
-    canvas.Release();
-    EXPECT_EQ(model.CreationOrder().size(), 1U);
-
-    canvas.Press(50, 80, MouseButton::Other);
-    EXPECT_EQ(canvas.Selected(), button);
-    canvas.Move(90, 90);
-    EXPECT_EQ(BoxOf(button), (Rectangle{43, 67, 100, 50}));
-    canvas.Release();
-    EXPECT_EQ(BoxOf(button), (Rectangle{40, 70, 100, 50})) << "any release snaps";
-}
-
-TEST_F(DesignCanvasTest, MovesWithoutSnappingUntilReleasedAndWithoutLimits) {
-    const ComponentRef button = Add(Button);
-    canvas.Press(left + 5, top + 5, MouseButton::Left);
-    EXPECT_EQ(canvas.Selected(), button);
-    EXPECT_TRUE(canvas.IsMoving());
-    const std::pair<int, int> path[] = {{1, 0}, {3, -2}, {3, 4}, {-100, -200}, {-47, 133}};
-    for (const auto& [dx, dy] : path) {
-        canvas.Move(left + 5 + dx, top + 5 + dy);
-        EXPECT_EQ(BoxOf(button), (Rectangle{left + dx, top + dy, 100, 50}));
-    }
-    canvas.Release();
-    EXPECT_EQ(BoxOf(button), (Rectangle{0, 190, 100, 50})) << "-7 and 193";
-    EXPECT_FALSE(canvas.IsMoving());
-    canvas.Move(300, 300);
-    EXPECT_EQ(BoxOf(button).left, 0);
-}
-
 TEST_F(DesignCanvasTest, ConvertsTwipsOfAComponentToPixels) {
     const ComponentRef button = Add(Button);
     canvas.MouseDown(MouseButton::Left, 30, 45);
@@ -146,37 +150,6 @@ TEST_F(DesignCanvasTest, ConvertsTwipsOfAComponentToPixels) {
     EXPECT_EQ(BoxOf(button), (Rectangle{left + 2, top - 2, 100, 50})) << "7 twips round to 0, 8 to 1 pixel";
     canvas.MouseUp(button);
     EXPECT_EQ(BoxOf(button), (Rectangle{left, top, 100, 50}));
-}
-
-TEST_F(DesignCanvasTest, ResizesWhereTheHandleGoesButNoSmallerThan20Pixels) {
-    const std::tuple<int, int, Rectangle, const char*, Rectangle> cases[] = {
-        {13, 8, {left, top, 113, 58}, "B = 113 / H = 58", {left, top, 110, 60}},
-        // The same step once more would be too far: nothing is told.
-        {-79, -29, {left, top, 21, 21}, "", {left, top, 20, 20}},
-        // Too narrow, yet the height follows.
-        {-80, 17, {left, top, 100, 67}, "B = 100 / H = 67", {left, top, 100, 70}},
-        {17, -30, {left, top, 117, 50}, "B = 117 / H = 50", {left, top, 120, 50}},
-        {-80, -30, {left, top, 100, 50}, "", {left, top, 100, 50}},
-        {0, 0, {left, top, 100, 50}, "B = 100 / H = 50", {left, top, 100, 50}},
-    };
-    const ComponentRef button = Add(Button);
-    for (const auto& [dx, dy, moved, status, released] : cases) {
-        model.EditElement(button).Width = 100;
-        model.EditElement(button).Height = 50;
-        const int x = left + 100 - 17;
-        const int y = top + 50 - 17;
-        canvas.Press(x, y, MouseButton::Left);
-        EXPECT_TRUE(canvas.IsResizing());
-        canvas.Move(x + dx, y + dy);
-        EXPECT_EQ(BoxOf(button), moved);
-        EXPECT_EQ(canvas.StatusText(), status);
-        const int loadsBefore = loads;
-        canvas.Release();
-        EXPECT_EQ(loads, loadsBefore + 1);
-        EXPECT_EQ(BoxOf(button), released);
-        EXPECT_EQ(canvas.StatusText(), "");
-        EXPECT_FALSE(canvas.IsResizing());
-    }
 }
 
 TEST_F(DesignCanvasTest, FindsTheTopmostComponentAndItsParts) {
@@ -242,77 +215,6 @@ TEST_F(DesignCanvasTest, FindsWhatLinearSearchFinds) {
             EXPECT_EQ(hit.component, at.back());
         }
     }
-}
-
-TEST_F(DesignCanvasTest, DeletingHidesTheSelectedComponent) {
-    const ComponentRef labels[] = {Add(Label), Add(Label)};
-    canvas.Select(labels[1]);
-    int loadsBefore = loads;
-    canvas.DeleteSelected();
-    EXPECT_EQ(loads, loadsBefore + 1);
-    EXPECT_EQ(canvas.Selected(), std::nullopt);
-    EXPECT_FALSE(model.Element(labels[1]).Visible);
-    EXPECT_TRUE(model.Element(labels[0]).Visible);
-    loadsBefore = loads;
-    canvas.DeleteSelected();
-    EXPECT_EQ(loads, loadsBefore) << "nothing is selected, nothing happens";
-}
-
-TEST_F(DesignCanvasTest, KeyboardWalksTheComponentsInCreationOrder) {
-    EXPECT_FALSE(canvas.SelectNext(true));
-    const ComponentRef order[] = {Add(Table), Add(Label), Add(Button), Add(Label)};
-    canvas.Select(order[1]);
-    canvas.DeleteSelected();
-    const ComponentRef visible[] = {order[0], order[2], order[3]};
-    for (const ComponentRef component : visible) {
-        EXPECT_TRUE(canvas.SelectNext(true));
-        EXPECT_EQ(canvas.Selected(), component);
-    }
-    EXPECT_FALSE(canvas.SelectNext(true));
-    EXPECT_EQ(canvas.Selected(), order[3]);
-    EXPECT_TRUE(canvas.SelectNext(false) && canvas.SelectNext(false));
-    EXPECT_EQ(canvas.Selected(), order[0]);
-    EXPECT_FALSE(canvas.SelectNext(false));
-    canvas.Escape();
-    EXPECT_EQ(canvas.Selected(), std::nullopt);
-    EXPECT_TRUE(canvas.SelectNext(false));
-    EXPECT_EQ(canvas.Selected(), order[3]);
-}
-
-TEST_F(DesignCanvasTest, KeyboardMovesAndResizesByStep) {
-    const std::tuple<bool, bool, int, int, Rectangle, Rectangle> cases[] = {
-        {false, false, 1, 0, {13, 7, 50, 50}, {14, 7, 50, 50}},
-        {false, false, 0, -1, {13, 0, 50, 50}, {13, -1, 50, 50}},
-        {true, false, 1, 0, {13, 7, 50, 50}, {20, 7, 50, 50}}, // only the direction of the arrow snaps
-        {true, false, 0, -1, {13, 0, 50, 50}, {13, -10, 50, 50}},
-        {true, true, 1, 0, {0, 0, 44, 50}, {0, 0, 50, 50}},
-        {true, true, 0, -1, {0, 0, 50, 40}, {0, 0, 50, 30}},
-        {true, true, 0, -1, {0, 0, 50, 30}, {0, 0, 50, 30}}, // 20 is too small
-        {false, true, -1, 0, {0, 0, 21, 30}, {0, 0, 21, 30}},
-        {false, true, 1, 0, {0, 0, 3, 30}, {0, 0, 4, 30}}, // growing always goes
-    };
-    for (const auto& [snap, resize, dx, dy, before, after] : cases) {
-        const ComponentRef button = Add(Button, before);
-        canvas.Select(button);
-        canvas.SetSnapsToGrid(snap);
-        resize ? canvas.ResizeSelected(dx, dy) : canvas.MoveSelected(dx, dy);
-        EXPECT_EQ(BoxOf(button), after);
-    }
-    const ComponentRef sound = Add(Sound);
-    canvas.Select(sound);
-    canvas.ResizeSelected(1, 1);
-    EXPECT_EQ(BoxOf(sound).width, 32) << "multimedia is not resized on the canvas";
-}
-
-TEST_F(DesignCanvasTest, KeyboardPlacesWithoutCoveringTheLastOne) {
-    canvas.ChooseKind(2);
-    canvas.PlaceByKeyboard();
-    const ComponentRef first = *canvas.Selected();
-    canvas.PlaceByKeyboard();
-    EXPECT_NE(BoxOf(first).left, BoxOf(*canvas.Selected()).left);
-    canvas.ChooseKind(0);
-    canvas.PlaceByKeyboard();
-    EXPECT_EQ(model.CreationOrder().size(), 2U);
 }
 
 TEST_F(DesignCanvasTest, OverflowEndsTheGestureAndLosesNothing) {
