@@ -197,7 +197,7 @@ class DesignerTest(WindowsTest):
         designer.key("o")
         designer.use("Optionen")
         designer.key("alt+n")
-        designer.use(self.MAIN)  # the warning that there is no BlueJ
+        designer.use("^Pirol$")  # the warning that there is no BlueJ
         designer.key("Return")
         designer.wait_until_gone("Optionen")
         self.assertEqual(wine.registry(KEY)[KEY, "GridColor"], ("REG_DWORD", "0x0"))
