@@ -353,6 +353,7 @@ class LookTest : public QObject {
         box.Width = 120;
         box.Height = 25;
         box.Caption = "Schalter";
+        box.Checked = true;
         QImage coarse = Painted(box, {120, 25});
         QImage fine(240, 50, QImage::Format_RGB32);
         fine.setDevicePixelRatio(2);
@@ -361,7 +362,9 @@ class LookTest : public QObject {
             QPainter painter(&fine);
             PaintControl(painter, box);
         }
-        QVERIFY(fine != coarse.scaled(240, 50));
+        const QImage enlarged = coarse.scaled(240, 50);
+        for (const QRect& part : {QRect(0, 0, 40, 50), QRect(40, 0, 200, 50)}) // the mark and its caption
+            QVERIFY(fine.copy(part) != enlarged.copy(part));
         const QRgb outline = coarse.pixel(4, 12);
         for (const int x : {8, 9})
             QCOMPARE(fine.pixel(x, 24), outline);
