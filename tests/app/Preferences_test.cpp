@@ -1,5 +1,6 @@
 #include "app/Preferences.h"
 #include "app/Registry.h"
+#include "Cases.h"
 #include "model/FileAccess.h"
 
 #include <gtest/gtest.h>
@@ -19,16 +20,8 @@ constexpr const char* configVariable = "XDG_CONFIG_HOME";
 /// A user with a configuration folder of his own, empty at first.
 class Store : public testing::Test {
   protected:
-    void SetUp() override {
-        std::string pattern = TextOf(fs::path(testing::TempDir()) / "pirol-XXXXXX");
-        folder_ = mkdtemp(pattern.data());
-        setenv(configVariable, folder_.c_str(), 1);
-    }
-
-    void TearDown() override {
-        unsetenv(configVariable);
-        fs::remove_all(folder_);
-    }
+    Store() { setenv(configVariable, (folder_ / "").c_str(), 1); }
+    ~Store() override { unsetenv(configVariable); }
 
     fs::path File() const { return folder_ / "Pirol" / "registry.conf"; }
 
@@ -37,7 +30,7 @@ class Store : public testing::Test {
         ReplaceFileBytes(File(), text);
     }
 
-    fs::path folder_;
+    const test::ScratchFolder folder_;
 };
 
 using PreferencesStore = Store;
