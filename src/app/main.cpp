@@ -8,11 +8,6 @@
 
 #include <QApplication>
 
-#ifdef PIROL_FONTCONFIG
-#include <fontconfig/fontconfig.h>
-#endif
-
-#include <future>
 #include <string>
 #include <vector>
 
@@ -25,24 +20,11 @@ std::string ProjectOf(const QStringList& arguments) {
     return pirol::ProjectOnCommandLine(words);
 }
 
-/// Reads beside the start of Qt what Qt will ask for the first letter: which fonts the system has. That is a sixth of
-/// the time until the window stands. Not valid where no other thread can do it.
-std::future<void> BeginReadingFonts() {
-#ifdef PIROL_FONTCONFIG
-    return std::async(std::launch::async, [] { FcInit(); });
-#else
-    return {};
-#endif
-}
-
 } // namespace
 
 int main(int argumentCount, char* arguments[]) {
-    const std::future<void> fonts = BeginReadingFonts();
     QApplication::setStyle("Fusion");
     QApplication application(argumentCount, arguments);
-    if (fonts.valid())
-        fonts.wait();
     QApplication::setApplicationName("Pirol");
     QApplication::setApplicationVersion(PIROL_VERSION);
     QApplication::setWindowIcon(pirol::ProgramIcon());
