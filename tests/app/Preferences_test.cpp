@@ -20,8 +20,8 @@ constexpr const char* configVariable = "XDG_CONFIG_HOME";
 /// A user with a configuration folder of his own, empty at first.
 class Store : public testing::Test {
   protected:
-    Store() { setenv(configVariable, (folder_ / "").c_str(), 1); }
-    ~Store() override { unsetenv(configVariable); }
+    void SetUp() override { setenv(configVariable, (folder_ / "").c_str(), 1); }
+    void TearDown() override { unsetenv(configVariable); }
 
     fs::path File() const { return folder_ / "Pirol" / "registry.conf"; }
 

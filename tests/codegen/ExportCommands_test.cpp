@@ -1,5 +1,6 @@
 #include "Cases.h"
 #include "codegen/ExportCommands.h"
+#include "codegen/JavaText.h"
 #include "FakeDialogs.h"
 #include "model/RuntimeError.h"
 #include "model/Windows1252.h"
@@ -55,7 +56,7 @@ TEST_F(ExportCommandsTest, BlueJIsStartedWhenItsPathNamesAFile) {
         StartBlueJ(blueJ, starter_);
         const bool starts = blueJ == Path("blue j");
         EXPECT_EQ(starter_.started,
-                  starts ? blueJ + " \"" + Path(folder) + "\" minimised\n" + blueJ + " normal\n" : std::string())
+                  starts ? Concatenate(blueJ, " \"", Path(folder), "\" minimised\n", blueJ, " normal\n") : "")
             << folder;
     }
     starter_.refuses = true;
