@@ -22,6 +22,7 @@
 #include <unistd.h>
 #include <utility>
 
+// NOLINTBEGIN(bugprone-reserved-identifier, readability-identifier-naming): the names are the C library's
 extern "C" {
 void* __libc_malloc(std::size_t size);
 void* __libc_calloc(std::size_t count, std::size_t size);
@@ -297,3 +298,4 @@ void* aligned_alloc(std::size_t alignment, std::size_t size) {
 }
 
 } // extern "C"
+// NOLINTEND(bugprone-reserved-identifier, readability-identifier-naming)

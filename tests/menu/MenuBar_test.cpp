@@ -18,7 +18,7 @@ constexpr std::string_view twoMenus = "0|0|hatA|A/1|2|a/1|1|b/2|2|c/2|3/1|2|d/0|
 void ReadLines(MenuBar& bar, std::string_view lines) {
     MenuBarReader reader(bar);
     for (const std::string_view line : Split(lines, '/')) {
-        const MenuBar before = bar;
+        const MenuBar before = bar; // NOLINT(performance-unnecessary-copy-initialization): the reader changes it
         try {
             reader.AddLine(Split(line, '|'));
         } catch (const RuntimeError&) {

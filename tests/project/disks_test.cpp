@@ -3,6 +3,7 @@
 #include "app/Preferences.h"
 #include "Cases.h"
 #include "codegen/ExportCommands.h"
+#include "codegen/JavaText.h"
 #include "FakeDialogs.h"
 #include "project/FileCommands.h"
 #include "SmallDisk.h"
@@ -59,7 +60,7 @@ TEST_P(Disks, CommandsLoseNothing) {
     for (const auto& [file, write, label] : cases) {
         dialogs.paths = {TextOf(path_ / file)};
         dialogs.yes = {true};
-        EXPECT_EQ(test::ErrorOf(write), error + " (" + label + ")") << file;
+        EXPECT_EQ(test::ErrorOf(write), Concatenate(error, " (", label, ")")) << file;
         EXPECT_EQ(ReadFileBytes(path_ / "old.prl"), "old") << file;
         EXPECT_EQ(FileCount(), files) << file << " left something half-written";
         EXPECT_TRUE(model == before && model.IsChanged()) << file;
