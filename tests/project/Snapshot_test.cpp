@@ -37,7 +37,7 @@ ProjectModel FullDesign() {
     model.SetAuthor("Zoë\r\n");
     model.EditSql() = {"server", "", "pass\1word", "db", "漢", {1, -1, 32767}};
     cMenu& menu = model.EditMenus().Append("Datei", "hatMenue1");
-    cMenu* sub = menu.AddEntry("Unter\0menü", cMenu::SubMenu);
+    cMenu* sub = menu.AddEntry(std::string("Unter\0menü", 11), cMenu::SubMenu);
     sub->AddEntry("Eintrag", cMenu::Entry)->Name = "name of an entry";
     sub->AddEntry({}, cMenu::Separator);
     menu.AddEntry("", cMenu::Menu);
