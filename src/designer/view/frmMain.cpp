@@ -40,8 +40,8 @@ QRect ToRect(const Rectangle& box) {
     return {box.left, box.top, box.width, box.height};
 }
 
-/// A bar of the canvas. While there is nothing to scroll it is an empty strip: the style's many gradients for a bar
-/// that does nothing take longer to paint than all the rest of the window.
+/// A bar of the canvas. While there is nothing to scroll it is an empty strip: the style has many gradients for a bar
+/// that does nothing, and Qt starts threads to fill each of them.
 class CanvasBar final : public QScrollBar {
   public:
     using QScrollBar::QScrollBar;

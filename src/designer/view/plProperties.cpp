@@ -23,8 +23,7 @@ QString KeyOf(const PropertyPanelRow& row) {
     return ToText(row.key);
 }
 
-/// The captions of the columns, as flat as the bands of the categories. The style's own shades cost more to paint than
-/// the list below them, as Qt starts threads for them.
+/// The captions of the columns, as flat as the bands of the categories. For the style's own shades Qt starts threads.
 class ColumnCaptions final : public QHeaderView {
   public:
     explicit ColumnCaptions(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {}
