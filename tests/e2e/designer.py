@@ -113,6 +113,11 @@ class Designer:
         self.wait_for(lambda: not any(re.search(title, name) for name in self.windows().values()),
                       f"the end of {title!r}")
 
+    def back_from(self, title):
+        """Waits until a window is gone and turns to the main window."""
+        self.wait_until_gone(title)
+        self.use("Pirol$")
+
     def size(self):
         geometry = self.xdotool("getwindowgeometry", "--shell", self.window)
         return tuple(int(re.search(rf"{side}=(\d+)", geometry)[1]) for side in ("WIDTH", "HEIGHT"))
@@ -173,8 +178,18 @@ class Designer:
         self.use(title)
         self.type(self.path(path))
         self.key("Return")
-        self.wait_until_gone(title)
-        self.use("Pirol$")
+        self.back_from(title)
+
+    def save(self, path):
+        """Saves the project, and waits until it is saved."""
+        self.key("ctrl+s")
+        self.choose_file("Projekt speichern", path)
+        self.use(f"^{path.name} –")
+
+    def end(self):
+        self.key("ctrl+q")
+        if status := self.wait_for_end():
+            raise Failure(f"the program ended with status {status}")
 
     def clipboard(self, part):
         """The text on the clipboard when it holds this part."""

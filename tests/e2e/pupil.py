@@ -2,38 +2,24 @@
 """A pupil's whole piece of work in the real program, with mouse and keyboard only: places five kinds of component, sets
 their properties, builds a menu with a submenu, goes through the SQL wizard, reads the code, exports a BlueJ project and
 saves; starts again with the saved file and exports once more. Both exports must be equal byte for byte, and the exported
-program must compile, start and answer.
+program must compile, start and answer as tests/data/pupil.txt says.
 
-Usage: pupil.py PIROL PIROL_CLI STANDINS      STANDINS: the folder of the compiled library stand-ins
+Usage: pupil.py PIROL STANDINS      STANDINS: the folder of the compiled library stand-ins
 """
 import pathlib
-import subprocess
 import sys
 import tempfile
 
-from designer import Designer, Display, Failure
-
-JAVA = pathlib.Path(__file__).resolve().parents[1] / "java"
-sys.path.insert(0, str(JAVA))
-from run_generated import Expectation  # noqa: E402
+TESTS = pathlib.Path(__file__).resolve().parents[1]
+sys.path.insert(0, str(TESTS / "java"))
+from designer import Designer, Display, Failure  # noqa: E402
+from run_generated import check  # noqa: E402
 
 # The toolbar's buttons from the top.
 LABEL, BUTTON, TEXT, RADIO_GROUP, TABLE = 0, 1, 2, 7, 11
 
 # The rows of the property list that every component has.
 NAME_ROW, WIDTH_ROW, FIRST_OWN_ROW = 1, 3, 8
-
-# Name -> class, width, height, text, handlers. Frames snap to the grid of ten pixels.
-COMPONENTS = {
-    "hatKnopf1": ("Knopf", 150, 45, "Würfeln", ["hatKnopf1Geklickt"]),
-    "hatEtikett1": ("Etikett", 200, 40, "Größe", []),
-    "hatEingabe": ("Textfeld", 200, 30, "Textfeld 1", ["hatEingabeFokusVerloren"]),
-    "hatTabelle1": ("Tabelle", 250, 110, "5\1Name\1Spalte 2\1Spalte 3", []),
-    "hatRot": ("Radioknopf", 150, 20, "Rot", ["hatRotGeklickt"]),
-    "hatGruen": ("Radioknopf", 150, 20, "Grün", ["hatGruenGeklickt"]),
-}
-MENU = [(0, 0, "Datei"), (1, 1, "Zuletzt geöffnet"), (2, 2, "Übung 1"), (1, 2, "Ende")]
-METHODS = {"AnzahlDerTabellen": True, "NameDerTabelle": False, "AnzahlDerEintraege": True}
 
 
 def place(designer, button, left, top, right, bottom):
@@ -84,8 +70,7 @@ def edit_list(designer, caption, edit):
     edit()
     width, height = designer.size()
     designer.click(width - 145, height - 22)  # OK, which takes over what is being typed
-    designer.wait_until_gone(f"{caption} bearbeiten")
-    designer.use("Pirol$")
+    designer.back_from(f"{caption} bearbeiten")
 
 
 def add_radio_buttons(designer):
@@ -111,8 +96,7 @@ def build_menu(designer):
     designer.type("Ende")
     designer.key("Return")
     designer.key("alt+i", "shift+Tab", "shift+Tab", "space")  # OK is the last but one
-    designer.wait_until_gone("Menü-Generator")
-    designer.use("Pirol$")
+    designer.back_from("Menü-Generator")
 
 
 def connect_database(designer):
@@ -125,8 +109,7 @@ def connect_database(designer):
     designer.type("schueler")
     designer.key("Return")
     designer.key("space", "Down", "Down", "space", "Return")  # the first and the last method
-    designer.wait_until_gone("SQL Generator")
-    designer.use("Pirol$")
+    designer.back_from("SQL Generator")
 
 
 def switch_code_on(designer):
@@ -140,26 +123,13 @@ def read_code(designer):
     designer.key("ctrl+a", "ctrl+c")
     source = designer.wait_for(lambda: designer.clipboard("SuMAnwendung"), "a copied source")
     designer.key("Escape")
-    designer.wait_until_gone("SuMAnwendung")
-    designer.use("Pirol$")
+    designer.back_from("SuMAnwendung")
     return source
 
 
 def export(designer, folder):
     designer.key("ctrl+b")
     designer.choose_file("BlueJ-Projekt exportieren", folder)
-
-
-def save(designer, path):
-    designer.key("ctrl+s")
-    designer.choose_file("Projekt speichern", path)
-    designer.use(f"^{path.name} –")
-
-
-def end(designer):
-    designer.key("ctrl+q")
-    if status := designer.wait_for_end():
-        raise Failure(f"the program ended with status {status}")
 
 
 def work(pirol, display, home, project):
@@ -172,26 +142,16 @@ def work(pirol, display, home, project):
         switch_code_on(designer)
         source = read_code(designer)
         export(designer, first)
-        save(designer, project)
-        end(designer)
+        designer.save(project)
+        designer.end()
     if source.split() != (first / "SuMAnwendung.java").read_text("cp1252").split():
         raise Failure("the viewer shows another source than the exported one:\n" + source)
     with Designer(pirol, display, home, project) as designer:
         designer.use(project.name)
         switch_code_on(designer)
         export(designer, second)
-        end(designer)
+        designer.end()
     return first, second
-
-
-def check_project(project):
-    """What was saved is what the pupil did."""
-    saved = Expectation(project)
-    found = {name: (row[0], *row[3:]) for name, row in saved.components.items()}
-    for what, is_now, should_be in (("components", found, COMPONENTS), ("menu", saved.menu_lines, MENU),
-                                    ("methods", saved.methods, METHODS)):
-        if is_now != should_be:
-            raise Failure(f"the saved {what}: {is_now}\ninstead of:     {should_be}")
 
 
 def content(folder):
@@ -199,20 +159,16 @@ def content(folder):
 
 
 def main():
-    pirol, pirol_cli, standins = (pathlib.Path(word).resolve() for word in sys.argv[1:])
+    pirol, standins = (pathlib.Path(word).resolve() for word in sys.argv[1:])
     with tempfile.TemporaryDirectory() as name, Display() as display:
-        home = pathlib.Path(name)
-        project = home / "Würfel.prl"
-        first, second = work(pirol, display, home, project)
-        check_project(project)
+        first, second = work(pirol, display, pathlib.Path(name), pathlib.Path(name) / "Würfel.prl")
         if len(content(first)) != 5 or content(first) != content(second):
             raise Failure(f"the exports differ: {content(first)}\n{content(second)}")
-        return subprocess.run([sys.executable, JAVA / "run_generated.py", pirol_cli, project, "--strict", "--standins",
-                               standins, "--java", second / "SuMAnwendung.java"], check=False).returncode
+        check(standins, second / "SuMAnwendung.java", second, TESTS / "data" / "pupil.txt")
 
 
 if __name__ == "__main__":
     try:
-        sys.exit(main())
+        main()
     except Failure as failure:
         sys.exit(str(failure))

@@ -163,7 +163,7 @@ class LookTest : public QObject {
     }
 
   private slots:
-    /// The pictures are made by tests/java/run_generated.py with --picture.
+    /// The pictures are made by tests/java/run_generated.py with --write.
     void DesignsLookLikeTheirPrograms_data() { test::AddRows(designs); }
 
     void DesignsLookLikeTheirPrograms() {

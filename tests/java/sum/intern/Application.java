@@ -2,23 +2,29 @@ package sum.intern;
 
 import java.awt.Color;
 import java.awt.Dimension;
-import java.lang.reflect.Method;
-import java.util.function.Consumer;
-import javax.swing.JComponent;
+import java.io.PrintStream;
+import java.nio.charset.StandardCharsets;
+import java.util.ArrayList;
+import java.util.List;
+import java.util.stream.Collectors;
+import java.util.stream.Stream;
 import javax.swing.JFrame;
 import javax.swing.JMenuBar;
 import javax.swing.JPanel;
-import javax.swing.UIManager;
 
 /** The window of the running program and the way from its events to the program's methods. */
 public final class Application {
+    private static final PrintStream OUT = new PrintStream(System.out, true, StandardCharsets.UTF_8);
     private static Application current;
-    private static Consumer<String[]> log = columns -> { };
+
+    public final JFrame frame = new JFrame("SuM");
+    /** The area that the components' coordinates count from. */
+    public final JPanel content = new JPanel(null);
+    public final JMenuBar menuBar = new JMenuBar();
+    /** The program's methods that were called. */
+    public final List<String> called = new ArrayList<>();
 
     private final Object program;
-    private final JFrame frame = new JFrame("SuM");
-    private final JPanel content = new JPanel(null);
-    private final JMenuBar menuBar = new JMenuBar();
 
     private Application(Object program) {
         this.program = program;
@@ -26,11 +32,6 @@ public final class Application {
 
     /** Shows an empty window whose client area, menu bar included, is width x height pixels. */
     public static void open(Object program, int width, int height) {
-        try {
-            UIManager.setLookAndFeel(UIManager.getCrossPlatformLookAndFeelClassName());
-        } catch (ReflectiveOperationException | javax.swing.UnsupportedLookAndFeelException e) {
-            throw new IllegalStateException(e);
-        }
         current = new Application(program);
         current.content.setBackground(Color.WHITE);
         current.frame.setContentPane(current.content);
@@ -45,36 +46,21 @@ public final class Application {
         return current;
     }
 
-    /** Tells the listener what the library did: the kind of call and its arguments. */
-    public static void report(String... columns) {
-        log.accept(columns);
+    /** Prints a line of columns in UTF-8, separated by tabs; tabs, line ends and backslashes in them are escaped. */
+    public static void print(Object... columns) {
+        OUT.println(Stream.of(columns)
+                        .map(column -> column.toString().replace("\\", "\\\\").replace("\t", "\\t")
+                                             .replace("\r", "\\r").replace("\n", "\\n").replace("\1", "\\1"))
+                        .collect(Collectors.joining("\t")));
     }
 
-    public static void setLog(Consumer<String[]> listener) {
-        log = listener;
-    }
-
-    public JFrame frame() {
-        return frame;
-    }
-
-    /** The area that the components' coordinates count from. */
-    public JComponent content() {
-        return content;
-    }
-
-    public JMenuBar menuBar() {
-        return menuBar;
-    }
-
-    /** Calls the program's method of that name; a missing one is reported, as nobody would notice it otherwise. */
+    /** Calls the program's method of that name; a missing one is told, as nobody would notice it otherwise. */
     public void call(String handler) {
         try {
-            Method method = program.getClass().getMethod(handler);
-            report("Bearbeiter", handler);
-            method.invoke(program);
+            program.getClass().getMethod(handler).invoke(program);
+            called.add(handler);
         } catch (NoSuchMethodException e) {
-            report("Fehlt", handler);
+            print("Fehlt", handler);
         } catch (ReflectiveOperationException e) {
             throw new IllegalStateException(handler, e);
         }

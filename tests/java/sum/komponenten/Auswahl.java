@@ -1,8 +1,8 @@
 package sum.komponenten;
 
 import java.awt.Color;
-import java.util.ArrayList;
-import java.util.List;
+import java.util.stream.Collectors;
+import java.util.stream.IntStream;
 import javax.swing.JComboBox;
 
 public class Auswahl extends FokusKomponente<JComboBox<String>> {
@@ -17,16 +17,12 @@ public class Auswahl extends FokusKomponente<JComboBox<String>> {
     }
 
     public void setzeBearbeiterGeaendert(String method) {
-        setHandler("Geaendert", method);
+        handlers.put("Geaendert", method);
     }
 
     @Override
     public String text() {
-        List<String> entries = new ArrayList<>();
-        for (int i = 0; i < input.getItemCount(); i++) {
-            entries.add(input.getItemAt(i));
-        }
-        return String.join("\1", entries);
+        return IntStream.range(0, input.getItemCount()).mapToObj(input::getItemAt).collect(Collectors.joining("\1"));
     }
 
     /** Without entries there is nothing to unfold, and the arrow stays away until the first one comes. */

@@ -10,6 +10,6 @@ public abstract class Eingabefeld<I extends JTextField> extends Textkomponente<I
     }
 
     public void setzeBearbeiterEingabeBestaetigt(String method) {
-        setHandler("EingabeBestaetigt", method);
+        handlers.put("EingabeBestaetigt", method);
     }
 }

@@ -11,10 +11,6 @@ public class Etikett extends Komponente<JLabel> {
         super(new JLabel(text), left, top, width, height);
     }
 
-    public void setzeInhalt(String text) {
-        view.setText(text);
-    }
-
     public void setzeAusrichtung(int alignment) {
         view.setHorizontalAlignment(ALIGNMENTS[alignment]);
     }

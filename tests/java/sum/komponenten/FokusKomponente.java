@@ -7,7 +7,7 @@ import javax.swing.JComponent;
 /** A component that can hold the keyboard focus and says so. */
 public abstract class FokusKomponente<I extends JComponent> extends Komponente<JComponent> {
     /** The part of the view that takes the keyboard: the text area inside its scroll pane. */
-    protected final I input;
+    public final I input;
 
     protected FokusKomponente(JComponent view, I input, double left, double top, double width, double height) {
         super(view, left, top, width, height);
@@ -29,15 +29,11 @@ public abstract class FokusKomponente<I extends JComponent> extends Komponente<J
         this(input, input, left, top, width, height);
     }
 
-    public I input() {
-        return input;
-    }
-
     public void setzeBearbeiterFokusErhalten(String method) {
-        setHandler("FokusErhalten", method);
+        handlers.put("FokusErhalten", method);
     }
 
     public void setzeBearbeiterFokusVerloren(String method) {
-        setHandler("FokusVerloren", method);
+        handlers.put("FokusVerloren", method);
     }
 }

@@ -10,8 +10,8 @@ public class Menue {
 
     public Menue(String text) {
         menu = new JMenu(text);
-        Application.current().menuBar().add(menu);
-        Application.current().menuBar().revalidate();
+        Application.current().menuBar.add(menu);
+        Application.current().menuBar.revalidate();
     }
 
     private Menue(JMenu parent, String text) {

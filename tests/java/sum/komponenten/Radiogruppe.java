@@ -7,6 +7,6 @@ public class Radiogruppe {
     private final ButtonGroup group = new ButtonGroup();
 
     public void fuegeEin(Radioknopf radioButton) {
-        group.add(radioButton.input());
+        group.add(radioButton.input);
     }
 }

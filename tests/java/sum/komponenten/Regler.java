@@ -13,7 +13,7 @@ public class Regler extends FokusKomponente<JSlider> {
     }
 
     public void setzeBearbeiterGeaendert(String method) {
-        setHandler("Geaendert", method);
+        handlers.put("Geaendert", method);
     }
 
     @Override

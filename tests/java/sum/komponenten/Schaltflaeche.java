@@ -11,12 +11,8 @@ public abstract class Schaltflaeche extends FokusKomponente<AbstractButton> {
         button.addActionListener(e -> raise("Geklickt"));
     }
 
-    public void setzeInhalt(String text) {
-        input.setText(text);
-    }
-
     public void setzeBearbeiterGeklickt(String method) {
-        setHandler("Geklickt", method);
+        handlers.put("Geklickt", method);
     }
 
     @Override

@@ -26,11 +26,11 @@ public class Tabelle extends FokusKomponente<JTable> {
     }
 
     public void setzeBearbeiterInhaltGeaendert(String method) {
-        setHandler("InhaltGeaendert", method);
+        handlers.put("InhaltGeaendert", method);
     }
 
     public void setzeBearbeiterMarkierungGeaendert(String method) {
-        setHandler("MarkierungGeaendert", method);
+        handlers.put("MarkierungGeaendert", method);
     }
 
     @Override

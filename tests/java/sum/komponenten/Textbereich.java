@@ -20,6 +20,6 @@ public abstract class Textbereich extends Textkomponente<JTextArea> {
     }
 
     public void setzeBearbeiterMarkierungGeaendert(String method) {
-        setHandler("MarkierungGeaendert", method);
+        handlers.put("MarkierungGeaendert", method);
     }
 }

@@ -1,30 +1,13 @@
 package sum.komponenten;
 
 import javax.swing.JComponent;
-import javax.swing.event.DocumentEvent;
-import javax.swing.event.DocumentListener;
 import javax.swing.text.JTextComponent;
 
 /** A component whose text the user edits. */
 public abstract class Textkomponente<I extends JTextComponent> extends FokusKomponente<I> {
     protected Textkomponente(JComponent view, I editor, double left, double top, double width, double height) {
         super(view, editor, left, top, width, height);
-        editor.getDocument().addDocumentListener(new DocumentListener() {
-            @Override
-            public void insertUpdate(DocumentEvent e) {
-                raise("InhaltGeaendert");
-            }
-
-            @Override
-            public void removeUpdate(DocumentEvent e) {
-                raise("InhaltGeaendert");
-            }
-
-            @Override
-            public void changedUpdate(DocumentEvent e) {
-                // Only styles changed, which plain text does not have.
-            }
-        });
+        editor.getDocument().addUndoableEditListener(e -> raise("InhaltGeaendert"));
     }
 
     public void setzeInhalt(String text) {
@@ -32,7 +15,7 @@ public abstract class Textkomponente<I extends JTextComponent> extends FokusKomp
     }
 
     public void setzeBearbeiterInhaltGeaendert(String method) {
-        setHandler("InhaltGeaendert", method);
+        handlers.put("InhaltGeaendert", method);
     }
 
     @Override

@@ -11,25 +11,19 @@ public class Bild extends Komponente<JComponent> {
     private final String path;
 
     public Bild(double left, double top, double width, double height, String path) {
-        super(new Canvas(new ImageIcon(path).getImage()), left, top, width, height);
+        super(new JComponent() {
+            private final transient Image image = new ImageIcon(path).getImage();
+
+            @Override
+            protected void paintComponent(Graphics g) {
+                g.drawImage(image, 0, 0, getWidth(), getHeight(), this);
+            }
+        }, left, top, width, height);
         this.path = path;
     }
 
     @Override
     public String text() {
         return path;
-    }
-
-    private static final class Canvas extends JComponent {
-        private final transient Image image;
-
-        Canvas(Image image) {
-            this.image = image;
-        }
-
-        @Override
-        protected void paintComponent(Graphics g) {
-            g.drawImage(image, 0, 0, getWidth(), getHeight(), this);
-        }
     }
 }

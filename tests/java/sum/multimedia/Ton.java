@@ -2,13 +2,9 @@ package sum.multimedia;
 
 import sum.intern.Application;
 
-/** A sound; test machines have no loudspeaker, so loading and playing are only reported. */
+/** A sound; test machines have no loudspeaker, so loading is only reported. */
 public class Ton {
     public void ladeTon(String path) {
-        Application.report("Ton", "ladeTon", path);
-    }
-
-    public void spieleTon() {
-        Application.report("Ton", "spieleTon");
+        Application.print("Ton", "ladeTon", path);
     }
 }
