@@ -15,21 +15,14 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <dirent.h>
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <new>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
 
 // NOLINTBEGIN(bugprone-reserved-identifier, readability-identifier-naming): the names are the C library's
-extern "C" {
-void* __libc_malloc(std::size_t size);
-void* __libc_calloc(std::size_t count, std::size_t size);
-void* __libc_realloc(void* memory, std::size_t size);
-void* __libc_memalign(std::size_t alignment, std::size_t size);
-}
-
 namespace {
 
 std::atomic<bool> counts = false; ///< while main runs
@@ -81,31 +74,28 @@ bool IsChosen(long number, long chosen, bool lasts) {
     return chosen != 0 && (number == chosen || (lasts && number > chosen));
 }
 
-enum class Outcome { Succeeds, Fails, Kills };
-
-/// Counts a call about one of the files and says what becomes of it.
-Outcome Next(const char* name, bool ours, bool removes = false) {
+/// Counts a call about one of the files and says whether it is disturbed.
+bool IsDisturbed(const char* name, bool ours, bool removes = false) {
     if (!counts || !ours)
-        return Outcome::Succeeds;
+        return false;
     const long number = ++fileCalls;
     Report(name);
-    if (!IsChosen(number, failingFileCall, lasting && !removes))
-        return Outcome::Succeeds;
-    return error == 0 ? Outcome::Kills : Outcome::Fails;
+    return IsChosen(number, failingFileCall, lasting && !removes);
 }
 
-void Kill() {
-    kill(getpid(), SIGKILL);
+/// Does not come back when the program is to be killed.
+void Disturb() {
+    if (error == 0)
+        kill(getpid(), SIGKILL);
+    errno = error;
 }
 
-/// Whether the call fails; does not come back when the program is to be killed.
+/// Whether the call fails.
 bool Fails(const char* name, bool ours, bool removes = false) {
-    const Outcome outcome = Next(name, ours, removes);
-    if (outcome == Outcome::Kills)
-        Kill();
-    if (outcome == Outcome::Fails)
-        errno = error;
-    return outcome == Outcome::Fails;
+    const bool fails = IsDisturbed(name, ours, removes);
+    if (fails)
+        Disturb();
+    return fails;
 }
 
 bool AllocationFails() {
@@ -181,13 +171,11 @@ std::size_t fread(void* data, std::size_t size, std::size_t count, std::FILE* fi
 std::size_t fwrite(const void* data, std::size_t size, std::size_t count, std::FILE* file) {
     static auto* const real = Real(&fwrite, "fwrite");
     static auto* const realFlush = Real(&fflush, "fflush");
-    const Outcome outcome = Next("fwrite", IsOurs(file));
-    if (outcome == Outcome::Succeeds)
+    if (!IsDisturbed("fwrite", IsOurs(file)))
         return real(data, size, count, file);
     const std::size_t written = real(data, size, count / 2, file);
     realFlush(file);
-    if (outcome == Outcome::Kills)
-        Kill();
+    Disturb();
     Unreachable(file, [&] {
         real(static_cast<const char*>(data) + size * written, size, count - written, file);
         return realFlush(file);
@@ -264,38 +252,35 @@ int rename(const char* from, const char* to) noexcept {
     return Fails("rename", IsOurs(from)) ? -1 : real(from, to);
 }
 
-int remove(const char* path) noexcept {
-    static auto* const real = Real(&remove, "remove");
-    return Fails("remove", IsOurs(path), true) ? -1 : real(path);
-}
-
 int unlink(const char* path) noexcept {
     static auto* const real = Real(&unlink, "unlink");
     return Fails("unlink", IsOurs(path), true) ? -1 : real(path);
 }
 
-int unlinkat(int folderDescriptor, const char* path, int flags) noexcept {
-    static auto* const real = Real(&unlinkat, "unlinkat");
-    return Fails("unlinkat", folder != nullptr, true) ? -1 : real(folderDescriptor, path, flags);
-}
-
 // --- Memory -----------------------------------------------------------------------------------------------------
 
 void* malloc(std::size_t size) {
-    return AllocationFails() ? nullptr : __libc_malloc(size);
+    static auto* const real = Real(&malloc, "malloc");
+    return AllocationFails() ? nullptr : real(size);
 }
 
 void* calloc(std::size_t count, std::size_t size) {
-    return AllocationFails() ? nullptr : __libc_calloc(count, size);
+    static auto* const real = Real(&calloc, "calloc");
+    return AllocationFails() ? nullptr : real(count, size);
 }
 
 void* realloc(void* memory, std::size_t size) {
-    return AllocationFails() ? nullptr : __libc_realloc(memory, size);
-}
-
-void* aligned_alloc(std::size_t alignment, std::size_t size) {
-    return AllocationFails() ? nullptr : __libc_memalign(alignment, size);
+    static auto* const real = Real(&realloc, "realloc");
+    return AllocationFails() ? nullptr : real(memory, size);
 }
 
 } // extern "C"
+
+/// The sanitizers' own asks for memory past malloc.
+void* operator new(std::size_t size) {
+    void* const memory = malloc(size);
+    if (memory == nullptr)
+        throw std::bad_alloc();
+    return memory;
+}
 // NOLINTEND(bugprone-reserved-identifier, readability-identifier-naming)

@@ -5,8 +5,9 @@ First an undisturbed run counts the calls. Then, for each call, one run in which
 in which all calls from there on fail, and one that is killed there. Each run must end by itself with status 0 or 1 and
 a German message; the files must be the old or the new ones, whole, with nothing beside them.
 
-Usage: faults_test.py FAULTS_LIBRARY STEP PIROL_CLI RUN_OPERATION [RUN_WINDOW_OPERATION]
-    STEP    1 for everything, else a sample: only every STEP-th allocation and one error
+Usage: faults_test.py FAULTS_LIBRARY STEP PROGRAM...
+    STEP       1 for everything, else a sample: only every STEP-th allocation, and one error at each call
+    PROGRAM    pirol-cli, run_operation, run_window_operation; what the sanitizers say of one is wrong, too
 """
 import collections
 import concurrent.futures
@@ -22,29 +23,22 @@ import typing
 
 LIBRARY = str(pathlib.Path(sys.argv[1]).resolve())
 STEP = int(sys.argv[2])
-CLI, OPERATION, *WINDOW_OPERATION = (str(pathlib.Path(word).resolve()) for word in sys.argv[3:] if word)
+PROGRAMS = [pathlib.Path(word).resolve() for word in sys.argv[3:]]
 DATA = pathlib.Path(__file__).resolve().parents[1] / "data"
-ERRORS = [errno.ENOSPC, errno.EACCES, errno.EIO, errno.EMFILE][:4 if STEP == 1 else 1]
+# The number with which Pirol must tell each of the system's errors.
+NUMBERS = {errno.ENOSPC: 61, errno.EACCES: 70, errno.EROFS: 70, errno.EIO: 57, errno.EMFILE: 67}
+ERRORS = list(NUMBERS)
+OUT_OF_MEMORY, FILE_NOT_FOUND, DEVICE_ERROR = 7, 53, 57
 KILLED = 0
+SANITIZERS = "verify_asan_link_order=0:alloc_dealloc_mismatch=0"
 PATIENCE = 60
-MESSAGE = re.compile(r"Fehler (5|6|7|9|13|5\d|6\d|7\d): [A-ZÄÖÜ].*\n|Die .prl - Datei ist fehlerhaft[^!]*!\n")
+PREFERENCES = "config/Pirol/registry.conf"
 REGISTRY = '[Software\\Pirol]\n"GridColor"=dword:00000000\n"GridStyle"=dword:00000000\n"BlueJPath"="/alt"\n'
 
 
-class Case(typing.NamedTuple):
-    program: str
-    words: list  # what begins with a slash is a path below the folder
-    allocations: bool = True  # whether those fail, too
-
-    def command(self, folder):
-        return [self.program, *(folder + "/" + word[1:] if word.startswith("/") else word for word in self.words)]
-
-    def __str__(self):
-        return " ".join([pathlib.Path(self.program).name, *self.words])
-
-
-CASES = [
-    *(Case(CLI, line.split()) for line in (
+# What each program is called with; what begins with a slash is a path below the folder.
+CALLS = {
+    "pirol-cli": [
         "generate /design.prl --menu --sql -o /old.java",
         "generate /design.prl --menu --sql",
         "import /SuMAnwendung.java -o /old.prl",
@@ -54,13 +48,28 @@ CASES = [
         "copy /design.prl /new.prl",
         "check /design.prl",
         "lint /design.prl",
-        "hash /design.prl")),
-    *(Case(OPERATION, [name, "/"]) for name in ("load", "save", "import", "export-file", "export-folder",
-                                                 "keep-preferences", "load-preferences", "keep", "restore")),
-    # The window toolkit ends the program when it finds no memory.
-    *(Case(program, [name, "/"], allocations=False) for program in WINDOW_OPERATION
-      for name in ("load", "save", "import", "export-file", "export-folder", "keep-preferences")),
-]
+        "hash /design.prl"],
+    "run_operation": [
+        "load /", "save /", "import /", "export-file /", "export-folder /", "keep-preferences /", "load-preferences /",
+        "keep /", "restore /"],
+    "run_window_operation": [
+        "/", "/ mnuFileSave /old.prl", "/ mnuFileImportJava /SuMAnwendung.java", "/ mnuProjectExportJava /old.java",
+        "/ mnuProjectExportBlueJ /BlueJ", "/ mnuFileOptions"],
+}
+
+
+class Case(typing.NamedTuple):
+    program: pathlib.Path
+    call: str
+
+    def command(self, folder):
+        return [self.program, *(folder + word if word.startswith("/") else word for word in self.call.split())]
+
+    def __str__(self):
+        return f"{self.program.name} {self.call}"
+
+
+CASES = [Case(program, call) for program in PROGRAMS for call in CALLS[program.name]]
 
 
 class Result(typing.NamedTuple):
@@ -79,7 +88,7 @@ def prepare(folder):
     (folder / "old.java").write_bytes(b"// old\r\n" * 10000)
     (folder / "link.prl").symlink_to("old.prl")
     (folder / "config" / "Pirol").mkdir(parents=True)
-    (folder / "config" / "Pirol" / "registry.conf").write_text(REGISTRY)
+    (folder / PREFERENCES).write_text(REGISTRY)
 
 
 def environment(folder):
@@ -99,21 +108,21 @@ def run(case, **faults):
         folder = pathlib.Path(name).resolve() / "files"
         folder.mkdir()
         prepare(folder)
-        if case.words[0] == "restore":
-            subprocess.run([OPERATION, "keep", folder], env=environment(folder), check=True)
+        if case.call == "restore /":
+            subprocess.run([case.program, "keep", folder], env=environment(folder), check=True)
         variables = {f"FAULTS_{key}": str(value) for key, value in faults.items()}
         done = subprocess.run(case.command(str(folder)), capture_output=True, timeout=PATIENCE, check=False,
-                              env=environment(folder) | {"LD_PRELOAD": LIBRARY, "FAULTS_FOLDER": str(folder)} | variables)
+                              env=environment(folder) | {"LD_PRELOAD": LIBRARY, "ASAN_OPTIONS": SANITIZERS, "FAULTS_FOLDER": str(folder)} | variables)
         files = files_in(folder)
-        if case.words[0] in ("keep", "restore"):
-            files = files_without_recovery(folder, files, case.words[0] == "restore")
+        if case.call in ("keep /", "restore /"):
+            files = files_without_recovery(case, folder, files)
         return Result(done.returncode, done.stdout, done.stderr.decode(), files)
 
 
-def files_without_recovery(folder, files, surely_kept):
+def files_without_recovery(case, folder, files):
     """Sees what the next start makes of the recovery files: it reads them and clears away what was half written."""
-    restored = subprocess.run([OPERATION, "restore", folder], env=environment(folder), capture_output=True, check=False)
-    possible = [b"new\n"] if surely_kept else [b"", b"\n", b"new\n"]
+    restored = subprocess.run([case.program, "restore", folder], env=environment(folder), capture_output=True, check=False)
+    possible = [b"new\n"] if case.call == "restore /" else [b"", b"\n", b"new\n"]
     if restored.returncode != 0 or restored.stdout not in possible:
         return {"damaged recovery file": restored.stdout + restored.stderr}
     if any(name.endswith(".tmp") for name in files_in(folder)):
@@ -128,7 +137,7 @@ def count(case):
         if result.status not in (0, 1) or result.message:
             sys.exit(f"{case}: undisturbed: {result.status}: {result.message}")
         *names, allocations = report.read().split("\n")[:-1]
-        return result, names, int(allocations) if case.allocations else 0
+        return result, names, int(allocations)
 
 
 def is_mixture(data, old, new):
@@ -137,13 +146,15 @@ def is_mixture(data, old, new):
     return len({len(text) for text in lines}) == 1 and all(line in others for line, *others in zip(*lines))
 
 
-def faults_of(names, allocations):
+def faults_of(case, names, allocations):
     """All faults, each with the name of what is disturbed."""
     for number, name in enumerate(names, 1):
-        for error in ERRORS:
+        for error in ERRORS if STEP == 1 else ERRORS[number % len(ERRORS)::len(ERRORS)]:
             yield name, {"FILE": number, "ERROR": error}
             yield name, {"FILE": number, "ERROR": error, "LASTING": 1}
         yield name, {"FILE": number, "ERROR": KILLED}
+    if case.program.name == "run_window_operation":
+        return  # the window toolkit ends the program when it finds no memory
     for number in range(1, allocations + 1, STEP):
         yield "allocation", {"MEMORY": number}
         yield "allocation", {"MEMORY": number, "LASTING": 1}
@@ -159,23 +170,23 @@ def complaint(case, before, undisturbed, name, fault):
     if killed != (result.status == -9) or (not killed and result.status not in (0, 1)):
         return f"ends with {result.status}: {result.message}"
     if not killed and (undisturbed.status == 0 or result.output != undisturbed.output):
-        if result.status == 1 and not MESSAGE.fullmatch(result.message):
+        # What cannot be looked at may count as missing, and standard output is a device.
+        numbers = [NUMBERS.get(fault.get("ERROR"), OUT_OF_MEMORY), *[FILE_NOT_FOUND] * (name == "stat"),
+                   *[DEVICE_ERROR] * bool(undisturbed.output)]
+        if result.status == 1 and not re.fullmatch(rf"Fehler ({'|'.join(map(str, numbers))}): [A-ZÄÖÜ].*\n", result.message):
             return f"no clear message: {result.message!r}"
         if result.status == 0 and result.message:
             return f"a message without need: {result.message!r}"
-    if result.status == 0 and result.output != undisturbed.output and case.words[0] != "restore":
+    if result.status == 0 and result.output != undisturbed.output and case.call != "restore /":
         return f"another output: {result.output!r}"
     files = result.files
     # A killed program, or one that may not remove files, leaves what it had begun to write.
-    if killed or name in ("remove", "unlink", "unlinkat"):
-        files = {path: data for path, data in files.items() if not path.endswith(".tmp")}
-        if case.words[0] in ("export", "export-folder"):
-            files = {path: data for path, data in files.items() if not path.startswith("BlueJ/")}
+    if killed or name == "unlink":
+        files = {path: data for path, data in files.items() if not path.endswith(".tmp") and not path.startswith("BlueJ/")}
     if files == undisturbed.files or (result.status != 0 and files == before):
         return None
-    registry = "config/Pirol/registry.conf"
-    if case.words[0] == "keep-preferences" and files.keys() == before.keys() and is_mixture(
-            files[registry], before[registry], undisturbed.files[registry]):
+    old, new = before[PREFERENCES], undisturbed.files[PREFERENCES]
+    if old != new and files | {PREFERENCES: old} == before and is_mixture(files[PREFERENCES], old, new):
         return None
     changed = {path: data[:80] for path, data in files.items() if data != before.get(path)}
     return f"status {result.status}, wrong files: {changed}; missing: {before.keys() - files.keys()}"
@@ -190,7 +201,7 @@ def main():
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
         for case in CASES:
             undisturbed, names, allocations = count(case)
-            faults = list(faults_of(names, allocations))
+            faults = list(faults_of(case, names, allocations))
             complaints = pool.map(lambda pair: complaint(case, before, undisturbed, *pair), faults)
             for (disturbed, fault), text in zip(faults, complaints):
                 injected[disturbed] += 1

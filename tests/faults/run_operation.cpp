@@ -1,21 +1,92 @@
-// Does one of the operations once: run-operation NAME FOLDER. Ends with 0, or with 1 and the error on standard error.
-// What a normal end would clear away stays, as if the program were killed behind the operation.
+// Does what Pirol does with files once, so that faults can be made happen meanwhile: run_operation NAME FOLDER. The
+// folder holds design.prl, old.prl, SuMAnwendung.java and old.java; saving and exporting go to old.prl, old.java and
+// the new folder BlueJ. Preferences and recovery files lie where the environment says. Ends with 0, or with 1 and the
+// error on standard error.
 
 #include "app/ErrorReport.h"
-#include "faults/Operations.h"
+#include "app/Preferences.h"
+#include "codegen/ExportCommands.h"
+#include "FakeDialogs.h"
+#include "project/FileCommands.h"
+#include "project/Recovery.h"
+#include "project/Snapshot.h"
 
+#include <cstdio>
+#include <map>
 #include <new>
+#include <string>
+
+namespace {
+
+using namespace pirol;
+
+std::string folder;
+test::FakeDialogs dialogs;
+test::FakeStarter starter;
+ProjectModel model;
+
+std::string Path(const char* name) {
+    return folder + "/" + name;
+}
+
+void Load() {
+    LoadProject(Path("design.prl"), model, dialogs, nullptr);
+}
+
+const std::map<std::string_view, void (*)()> operations = {
+    {"load", Load},
+    {"save",
+     [] {
+         Load();
+         dialogs.paths = {Path("old.prl")};
+         dialogs.yes = {true};
+         SaveProject(model, dialogs);
+     }},
+    {"import",
+     [] {
+         dialogs.paths = {Path("SuMAnwendung.java")};
+         ImportJava(model, dialogs);
+     }},
+    {"export-file",
+     [] {
+         Load();
+         dialogs.paths = {Path("old.java")};
+         ExportJava(model, {}, dialogs);
+     }},
+    {"export-folder",
+     [] {
+         Load();
+         dialogs.paths = {Path("BlueJ")};
+         ExportBlueJ(model, {}, {}, dialogs, starter);
+     }},
+    {"keep-preferences",
+     [] {
+         Preferences{"/opt/bluej", 2, 255}.Save();
+     }},
+    {"load-preferences", [] { Preferences::Load(); }},
+    {"keep",
+     [] {
+         Load();
+         // What a normal end would clear away stays, as if the program were killed behind the operation.
+         static auto* const kept = new RecoveryFile(RecoveryFolder());
+         kept->Write(TakeSnapshot(model));
+         model.SetAuthor("new");
+         kept->Write(TakeSnapshot(model));
+     }},
+    {"restore",
+     [] {
+         for (const LeftDesign& left : LeftDesigns(RecoveryFolder()))
+             std::printf("%s\n", ReadDesign(left).Author().c_str());
+     }},
+};
+
+} // namespace
 
 int main(int, char* arguments[]) {
-    using namespace pirol;
-    static test::Operations* run = nullptr;
     try {
         const auto error = ErrorOf([arguments] {
-            run = new test::Operations;
-            run->folder = arguments[2];
-            for (const auto& [name, operation] : test::allOperations)
-                if (std::string_view(name) == arguments[1])
-                    (run->*operation)();
+            folder = arguments[2];
+            operations.at(arguments[1])();
         });
         if (!error)
             return 0;

@@ -1,6 +1,7 @@
-// Does one of the main window's commands once: run_window_operation NAME FOLDER. The error report is closed as soon as
-// it is shown and its content goes to standard error; then the window must still do what it is told. Ends with 0, with
-// 1 after an error report, with 3 when the window is of no use any more.
+// Loads FOLDER/design.prl and does one of the main window's commands: run_window_operation FOLDER [COMMAND [FILE]],
+// where FILE is what is answered to its file dialog. The error report is closed as soon as it is shown and its content
+// goes to standard error; then the window must still do what it is told. Ends with 0, with 1 after an error report,
+// with 3 when the window is of no use any more.
 
 #include "app/frmPreferences.h"
 #include "designer/view/frmMain.h"
@@ -15,52 +16,29 @@
 #include <QTimer>
 
 #include <cstdio>
-#include <map>
 
 namespace {
 
 using namespace pirol;
 
-struct Command {
-    const char* action;
-    const char* file; ///< what is answered to the file dialog
-};
-
-const std::map<std::string, Command> commands = {
-    {"load", {nullptr, nullptr}},
-    {"save", {"mnuFileSave", "/old.prl"}},
-    {"import", {"mnuFileImportJava", "/SuMAnwendung.java"}},
-    {"export-file", {"mnuProjectExportJava", "/old.java"}},
-    {"export-folder", {"mnuProjectExportBlueJ", "/BlueJ"}},
-    {"keep-preferences", {"mnuFileOptions", nullptr}},
-};
-
-/// Answers the forms that open: accepts the preferences and closes error reports, whose first two lines it prints.
-class Answers : public QTimer {
-  public:
-    Answers() {
-        callOnTimeout(this, &Answers::Answer);
-        start(5);
+/// Answers a form that is open: accepts the preferences, and closes an error report, whose first two lines it prints.
+/// Says whether it was a report.
+bool AnswerForm() {
+    QWidget* const form = QApplication::activeModalWidget();
+    if (form == nullptr)
+        return false;
+    if (form->objectName() == "frmPreferences") {
+        form->findChild<QAbstractButton*>("optGridStyle2")->click();
+        form->findChild<QAbstractButton*>("cmdAccept")->click();
     }
-    bool reported = false;
-
-  private:
-    void Answer() {
-        QWidget* const form = QApplication::activeModalWidget();
-        if (form == nullptr)
-            return;
-        if (form->objectName() == "frmPreferences") {
-            form->findChild<QAbstractButton*>("optGridStyle2")->click();
-            form->findChild<QAbstractButton*>("cmdAccept")->click();
-        } else if (form->objectName() == "frmError") {
-            static const QRegularExpression lines("Fehlernummer: (\\d+)\\s+Fehlerbeschreibung: ([^\\r\\n]*)");
-            const auto text = lines.match(form->findChild<QPlainTextEdit*>("txtError")->toPlainText());
-            std::fprintf(stderr, "Fehler %s: %s\n", qPrintable(text.captured(1)), qPrintable(text.captured(2)));
-            reported = true;
-            form->close();
-        }
-    }
-};
+    if (form->objectName() != "frmError")
+        return false;
+    static const QRegularExpression lines("Fehlernummer: (\\d+)\\s+Fehlerbeschreibung: ([^\\r\\n]*)");
+    const auto text = lines.match(form->findChild<QPlainTextEdit*>("txtError")->toPlainText());
+    std::fprintf(stderr, "Fehler %s: %s\n", qPrintable(text.captured(1)), qPrintable(text.captured(2)));
+    form->close();
+    return true;
+}
 
 bool StillWorks(frmMain& window) {
     const std::size_t before = window.Model().CreationOrder().size();
@@ -73,21 +51,21 @@ bool StillWorks(frmMain& window) {
 
 int main(int argumentCount, char* arguments[]) {
     QApplication application(argumentCount, arguments);
-    const std::string folder = arguments[2];
     test::FakeDialogs dialogs;
     test::FakeStarter starter;
     frmMain window(dialogs, starter, {"/alt", 0, 0});
     window.show();
-    Answers answers;
-    window.ReadPRLFile(folder + "/design.prl");
-    const Command& command = commands.at(arguments[1]);
-    if (command.action != nullptr && !answers.reported) {
-        if (command.file != nullptr)
-            dialogs.paths = {folder + command.file};
+    bool reported = false;
+    QTimer answers;
+    answers.callOnTimeout([&] { reported |= AnswerForm(); });
+    answers.start(5);
+    window.ReadPRLFile(std::string(arguments[1]) + "/design.prl");
+    if (argumentCount > 2 && !reported) {
+        dialogs.paths.assign(arguments + 3, arguments + argumentCount);
         dialogs.yes = {true};
-        window.findChild<QAction*>(command.action)->trigger();
+        window.findChild<QAction*>(arguments[2])->trigger();
     }
     if (!StillWorks(window))
         return 3;
-    return answers.reported ? 1 : 0;
+    return reported ? 1 : 0;
 }
