@@ -4,7 +4,7 @@
 #include "menu/MenuEditor.h"
 #include "model/Conversions.h"
 
-#include <array>
+#include <functional>
 #include <fuzzer/FuzzedDataProvider.h>
 
 using namespace pirol;
@@ -28,26 +28,15 @@ void Edit(MenuBar& bar, FuzzedDataProvider& input) {
     while (input.remaining_bytes() > 0) {
         const auto row = input.ConsumeIntegralInRange<std::size_t>(0, editor.Rows().size() + 1);
         const auto option = input.ConsumeIntegralInRange<std::int32_t>(0, 3);
-        switch (input.ConsumeIntegralInRange(0, 5)) {
-        case 0:
-            editor.Add(option, input.ConsumeRandomLengthString(8), input.ConsumeRandomLengthString(8));
-            break;
-        case 1:
-            editor.SelectRow(row);
-            break;
-        case 2:
-            editor.LevelUp(option);
-            break;
-        case 3:
-            fuzz::Require(editor.MoveUp(row) <= row, "moving up goes up");
-            break;
-        case 4:
-            editor.MoveDown(row);
-            break;
-        case 5:
-            editor.Delete(row);
-            break;
-        }
+        const std::function<void()> buttons[] = {
+            [&] { editor.Add(option, input.ConsumeRandomLengthString(8), input.ConsumeRandomLengthString(8)); },
+            [&] { editor.SelectRow(row); },
+            [&] { editor.LevelUp(option); },
+            [&] { fuzz::Require(editor.MoveUp(row) <= row, "moving up goes up"); },
+            [&] { editor.MoveDown(row); },
+            [&] { editor.Delete(row); },
+        };
+        buttons[input.ConsumeIntegralInRange(0, 5)]();
         fuzz::Require(editor.SelectedRow() <= editor.Rows().size(), "the selected row exists");
         fuzz::Require(editor.Depth() >= 0 && !editor.StatusText().empty(), "the status says how deep");
     }

@@ -1,7 +1,8 @@
 // Random gestures of a user on the real main window, its menus and its dialogs:
 //   gestures [--seed N] [--events N] [--trace]
 // After each batch of events the design must obey the rules of every design, and the window must show it. The same seed
-// makes the same events. Prints seed and number of events; a broken rule ends it with status 1.
+// makes the same events, and --trace writes them. Prints seed and number of events; a broken rule ends it with
+// status 1.
 
 #include "designer/view/frmMain.h"
 #include "designer/view/picContainer.h"
@@ -9,7 +10,6 @@
 #include "designer/view/PropertyListModel.h"
 #include "FakeDialogs.h"
 #include "gestures/DesignRules.h"
-#include "model/Oddities.h"
 
 #include <QAction>
 #include <QApplication>
@@ -24,7 +24,6 @@
 #include <QtTest/qtestkeyboard.h>
 #include <QtTest/qtestmouse.h>
 
-#include <deque>
 #include <iostream>
 #include <random>
 
@@ -148,17 +147,12 @@ class User : public QObject {
         if (holds || !broken_.empty())
             return;
         broken_ = rule;
-        std::cerr << "Broken rule after event " << done_ << ": " << rule << "\nThe last events:\n";
-        for (const std::string& event : lastEvents_)
-            std::cerr << event << '\n';
+        std::cerr << "Broken rule after event " << done_ << ": " << rule << '\n';
     }
 
     void Log(const std::string& event) {
-        lastEvents_.push_back(std::to_string(done_) + ": " + event);
-        if (lastEvents_.size() > 40)
-            lastEvents_.pop_front();
         if (trace_)
-            std::cerr << lastEvents_.back() << std::endl;
+            std::cerr << done_ << ": " << event << std::endl;
     }
 
     // --- What the user does -------------------------------------------------------------------------------------
@@ -232,19 +226,9 @@ class User : public QObject {
         Log("key " + name.toStdString());
         const QKeyCombination stroke = QKeySequence(name)[0];
         const QPointer<QWindow> target = window->windowHandle();
-        const std::optional<ComponentRef> selected = main_.Canvas().Selected();
         for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease})
             if (!target.isNull())
                 qt_handleKeyEvent(target, type, stroke.key(), stroke.keyboardModifiers(), SignOf(stroke));
-        if (stroke.key() == Qt::Key_Delete && selected && !canvas_->IsVisibleComponent(*selected))
-            Require(HasVisible(selected->kind) || main_.Model().ElementCount(selected->kind) == 1 ||
-                        !oddities::DeleteKeyEmptiesKind(selected->kind),
-                    "a kind whose last component is deleted begins anew");
-    }
-
-    bool HasVisible(ComponentKind kind) {
-        const std::vector<ComponentRef>& visible = canvas_->VisibleComponents();
-        return std::any_of(visible.begin(), visible.end(), [kind](ComponentRef other) { return other.kind == kind; });
     }
 
     void Mouse(QWidget* window, QEvent::Type type, const QPoint& position, Qt::MouseButton button) {
@@ -347,7 +331,10 @@ class User : public QObject {
         for (int point = 0; point < 20; ++point) {
             const QPoint position = RandomIn(canvas_->rect());
             const CanvasHit hit = main_.Canvas().HitTest(position.x(), position.y());
-            const std::optional<ComponentRef> topmost = TopmostAt(position);
+            std::optional<ComponentRef> topmost;
+            for (const ComponentRef component : model.CreationOrder())
+                if (model.VisibleBox(component).Contains(position.x(), position.y()))
+                    topmost = component;
             Require(topmost ? hit.area != CanvasHit::Area::Canvas && hit.component == *topmost
                             : hit.area == CanvasHit::Area::Canvas,
                     "the topmost component is found");
@@ -366,14 +353,6 @@ class User : public QObject {
         return rows;
     }
 
-    std::optional<ComponentRef> TopmostAt(const QPoint& position) {
-        std::optional<ComponentRef> topmost;
-        for (const ComponentRef component : main_.Model().CreationOrder())
-            if (main_.Model().VisibleBox(component).Contains(position.x(), position.y()))
-                topmost = component;
-        return topmost;
-    }
-
     Chance chance_;
     int events_;
     bool trace_;
@@ -389,7 +368,6 @@ class User : public QObject {
     int done_ = 0;
     bool checkIsDue_ = false;
     std::string broken_;
-    std::deque<std::string> lastEvents_;
 };
 
 } // namespace

@@ -48,8 +48,11 @@ ProjectModel FullDesign() {
                 round % 3 == 0 ? model.AddElement(row.kind) : model.PlaceComponent(row.kind, {1, 2, 30, 40});
             Control& control = model.EditElement(component);
             for (const auto* rows : {&CommonRows(), &control.Table().Rows()})
-                for (const PropertyRow& property : *rows)
+                for (const PropertyRow& property : *rows) {
+                    const std::string before = TakeSnapshot(model);
                     property.set(control, OtherValue(property, control, round));
+                    EXPECT_TRUE(round != 2 || TakeSnapshot(model) != before) << property.key->label;
+                }
             if (round % 2 == 1)
                 model.DeleteComponent(component);
         }
@@ -64,21 +67,6 @@ TEST(Snapshot, HoldsAllOfADesign) {
         EXPECT_EQ(back.FilePath(), model.FilePath());
         EXPECT_TRUE(back.IsChanged());
         EXPECT_EQ(back.TakeChanges().front().what, Change::What::Everything);
-    }
-}
-
-TEST(Snapshot, EveryPropertyTellsDesignsApart) {
-    // Else the test above would not see one that is missing in the snapshot.
-    for (const KindRow& kind : KindRows()) {
-        ProjectModel model;
-        const ComponentRef component = model.AddElement(kind.kind);
-        for (const auto* rows : {&CommonRows(), &model.Element(component).Table().Rows()})
-            for (const PropertyRow& property : *rows) {
-                const ProjectModel before = model;
-                property.set(model.EditElement(component), OtherValue(property, model.Element(component), 2));
-                EXPECT_FALSE(before == model) << property.key->label;
-                EXPECT_TRUE(DesignOfSnapshot(TakeSnapshot(model)) == model) << property.key->label;
-            }
     }
 }
 
