@@ -2,19 +2,13 @@
 #include "designer/view/DesignKeeper.h"
 #include "project/frmRecovery.h"
 #include "project/Snapshot.h"
-#include "window/Forms.h"
 #include "window/MainWindow.h"
 
 #include <QStatusBar>
 
-namespace pirol {
+namespace pirol::test {
 
 namespace fs = std::filesystem;
-
-using test::Click;
-using test::MainWindow;
-using test::Part;
-using test::WhenShown;
 
 /// A running program that keeps its designs in a folder of this test.
 struct KeptWindow : MainWindow {
@@ -32,17 +26,18 @@ class DesignKeeperTest : public QObject {
     Q_OBJECT
 
   private:
-    std::optional<test::ScratchFolder> scratch_;
+    std::optional<ScratchFolder> scratch_;
     fs::path folder_;
 
-    std::vector<fs::path> Designs() {
+    static std::vector<fs::path> DesignsIn(const fs::path& folder) {
         std::vector<fs::path> designs;
-        if (fs::exists(folder_))
-            for (const auto& entry : fs::directory_iterator(folder_))
+        if (fs::exists(folder))
+            for (const auto& entry : fs::directory_iterator(folder))
                 if (entry.path().extension() == ".design")
                     designs.push_back(entry.path());
         return designs;
     }
+    std::vector<fs::path> Designs() const { return DesignsIn(folder_); }
 
     /// What a program leaves that is killed with a design by this author.
     void Leave(const char* name, const char* author) {
@@ -53,9 +48,7 @@ class DesignKeeperTest : public QObject {
         RecoveryFile file(elsewhere);
         file.Write(TakeSnapshot(model));
         fs::create_directories(folder_);
-        for (const auto& entry : fs::directory_iterator(elsewhere))
-            if (entry.path().extension() == ".design")
-                fs::copy_file(entry.path(), folder_ / name);
+        fs::copy_file(DesignsIn(elsewhere).at(0), folder_ / name);
     }
 
   private slots:
@@ -70,13 +63,12 @@ class DesignKeeperTest : public QObject {
             main.PlaceButton();
             QTRY_COMPARE_WITH_TIMEOUT(Designs().size(), 1U, 5000);
             const fs::path copies = *scratch_ / "copies";
-            fs::create_directory(copies);
-            fs::copy_file(Designs()[0], copies / "1-0.design");
+            fs::copy(folder_, copies);
             QVERIFY(ReadDesign(LeftDesigns(copies).at(0)) == main.window.Model());
-            main.dialogs.paths = {(*scratch_ / "saved.prl").string()};
+            main.dialogs.paths = {TextOf(*scratch_ / "saved.prl")};
             main.Command("mnuFileSave")->trigger();
             QTRY_COMPARE(Designs().size(), 0U);
-            main.Key(Qt::Key_Right);
+            Do(main.window, "Right");
             QTRY_COMPARE_WITH_TIMEOUT(Designs().size(), 1U, 5000);
         }
         QCOMPARE(std::distance(fs::directory_iterator(folder_), {}), 0); // a normal end
@@ -107,7 +99,7 @@ class DesignKeeperTest : public QObject {
         WhenShown<frmRecovery>([](frmRecovery& form) {
             const QString text = Part<QLabel>(form, "lblQuestion")->text();
             QVERIFY2(text.contains("„Quiz.prl“") && text.contains("ein älterer"), qPrintable(text));
-            QTest::keyClick(&form, Qt::Key_Escape);
+            Press(Qt::Key_Escape);
         });
         main.keeper.OfferLeftDesigns();
         const std::string seen = main.dialogs.TakeSeen();
@@ -120,7 +112,7 @@ class DesignKeeperTest : public QObject {
         WhenShown<frmRecovery>([](frmRecovery& form) {
             WhenShown<frmRecovery>([](frmRecovery& next) {
                 QVERIFY(!Part<QLabel>(next, "lblQuestion")->text().contains("älter"));
-                QTest::keyClick(&next, Qt::Key_Return);
+                Press(Qt::Key_Return);
             });
             Click(form, "cmdDiscard");
         });
@@ -145,7 +137,7 @@ class DesignKeeperTest : public QObject {
     }
 };
 
-} // namespace pirol
+} // namespace pirol::test
 
-QTEST_MAIN(pirol::DesignKeeperTest)
+QTEST_MAIN(pirol::test::DesignKeeperTest)
 #include "DesignKeeper_test.moc"

@@ -2,10 +2,11 @@
 
 #include "app/frmError.h"
 
-#include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QDialog>
-#include <QLineEdit>
+#include <QKeySequence>
+#include <QPaintEvent>
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QTest>
@@ -15,35 +16,59 @@ namespace pirol::test {
 
 /// A part of a form by its name; the test ends when there is none.
 template <class Widget>
-Widget* Part(const QWidget& form, const char* name) {
+Widget* Part(const QWidget& form, const QString& name) {
     auto* const part = form.findChild<Widget*>(name);
     if (part == nullptr)
-        qFatal("%s has no %s", qPrintable(form.objectName()), name);
+        qFatal("%s has no %s", qPrintable(form.objectName()), qPrintable(name));
     return part;
 }
 
 /// Shows a window and waits until it has the keyboard.
 inline void Show(QWidget& window) {
     window.show();
+    window.activateWindow();
     if (!QTest::qWaitForWindowActive(&window))
         qFatal("%s was not activated", qPrintable(window.objectName()));
 }
 
-/// Clicks a button with the mouse, near its left edge, where option buttons have their mark.
-inline void Click(const QWidget& form, const char* name) {
-    auto* const button = Part<QAbstractButton>(form, name);
-    QTest::mouseClick(button, Qt::LeftButton, Qt::NoModifier, {6, button->height() / 2});
+/// Clicks a part of a form with the mouse, near its left edge, where option buttons have their mark.
+inline void Click(const QWidget& form, const QString& name) {
+    auto* const part = Part<QWidget>(form, name);
+    Show(*part->window()); // another one may have had the keyboard and been closed
+    QTest::mouseClick(part, Qt::LeftButton, {}, {6, part->height() / 2});
 }
 
-/// Types over what a field holds.
-inline void Type(const QWidget& form, const char* name, const QString& text) {
-    auto* const field = Part<QLineEdit>(form, name);
-    field->setFocus();
-    QTest::keySequence(field, QKeySequence::SelectAll);
-    if (text.isEmpty())
-        QTest::keyClick(field, Qt::Key_Delete);
-    for (const QChar sign : text)
-        QTest::sendKeyEvent(QTest::Click, field, Qt::Key_unknown, QString(sign), Qt::NoModifier);
+/// The row of a list or a tree that shows a text.
+inline QModelIndex FindRow(const QAbstractItemView& list, const QString& text) {
+    return list.model()
+        ->match(list.model()->index(0, 0), Qt::DisplayRole, text, 1, Qt::MatchExactly | Qt::MatchRecursive)
+        .value(0);
+}
+
+/// Clicks a row of a list.
+inline void ClickRow(const QAbstractItemView& list, int row) {
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualRect(list.model()->index(row, 0)).center());
+}
+
+/// Presses a key wherever the focus is, as a user does.
+inline void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+    QCoreApplication::processEvents(); // Enter in an editor takes effect when it comes back to the event loop
+}
+
+/// What a user does in a form, with a blank after each step: "@cmdAdd" clicks that part, "F2" and "Alt+Up" press keys,
+/// everything else is typed.
+inline void Do(const QWidget& form, const QString& steps) {
+    for (const QString& step : steps.split(' ')) {
+        const QKeyCombination key = QKeySequence(step)[0];
+        if (step.startsWith('@'))
+            Click(form, step.mid(1));
+        else if (step.size() > 1 && key.key() != Qt::Key_unknown)
+            Press(key.key(), key.keyboardModifiers());
+        else
+            for (const QChar sign : step)
+                QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), Qt::Key_unknown, sign, Qt::NoModifier);
+    }
 }
 
 /// Answers the next modal dialog of this kind once it is shown and has the keyboard; the test ends when none comes.
@@ -64,6 +89,31 @@ void WhenShown(Answer answer, int triesLeft = 500) {
         WhenShown<Dialog>(answer, triesLeft - 1);
     });
 }
+
+/// Adds up what a widget is asked to paint.
+class PaintCounter : public QObject {
+  public:
+    explicit PaintCounter(QWidget* watched) { watched->installEventFilter(this); }
+
+    int TakePixels() {
+        QApplication::processEvents();
+        return std::exchange(pixels_, 0);
+    }
+    int Paints() const { return paints_; }
+
+  private:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint) {
+            ++paints_;
+            for (const QRect& rect : static_cast<QPaintEvent*>(event)->region())
+                pixels_ += rect.width() * rect.height();
+        }
+        return false;
+    }
+
+    int pixels_ = 0;
+    int paints_ = 0;
+};
 
 /// Notes the text of the error report that comes next, and closes it.
 inline void ExpectError(QString& text) {

@@ -6,9 +6,7 @@
 #include "window/Forms.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QLabel>
-#include <QTest>
 #include <QToolButton>
 
 namespace pirol::test {
@@ -22,15 +20,15 @@ struct MainWindow {
 
     template <class Widget>
     Widget* Find(const QString& name) {
-        return window.findChild<Widget*>(name);
+        return Part<Widget>(window, name);
     }
-    QAction* Command(const QString& name) { return Find<QAction>(name); }
+    QAction* Command(const QString& name) { return Part<QAction>(window, name); }
 
     void Press(int x, int y) { QTest::mousePress(canvas, Qt::LeftButton, {}, {x, y}); }
-    void MoveTo(int x, int y) {
+    void MoveTo(int x, int y, Qt::MouseButton held = Qt::LeftButton) {
         // QTest::mouseMove holds no button, and a drag needs one.
-        QMouseEvent move(QEvent::MouseMove, QPointF(x, y), canvas->mapToGlobal(QPointF(x, y)), Qt::NoButton,
-                         Qt::LeftButton, Qt::NoModifier);
+        QMouseEvent move(QEvent::MouseMove, QPointF(x, y), canvas->mapToGlobal(QPointF(x, y)), Qt::NoButton, held,
+                         Qt::NoModifier);
         QApplication::sendEvent(canvas, &move);
     }
     void Release(int x, int y) { QTest::mouseRelease(canvas, Qt::LeftButton, {}, {x, y}); }
@@ -40,9 +38,7 @@ struct MainWindow {
         MoveTo(toX, toY);
         Release(toX, toY);
     }
-    void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
-        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
-    }
+    void Click(int x, int y) { Drag(x, y, x, y); }
 
     /// What the status bar's panel (1 to 3) shows.
     QString Status(int panel) { return Find<QLabel>(QString("sbPanel%1").arg(panel))->text(); }

@@ -1,22 +1,28 @@
 #pragma once
 
+#include "Tables.h"
+
 #include <QTest>
+
+#include <array>
 
 namespace pirol::test {
 
-/// The data of a test that runs once for each row of a table; every row has a name.
-template <class Row, std::size_t count>
-void AddRows(const Row (&table)[count]) {
-    QTest::addColumn<std::size_t>("row");
-    for (std::size_t row = 0; row < count; ++row)
-        QTest::newRow(table[row].name) << row;
+/// The data of a test that runs once for each line of a table of cases; the line's first field is its name.
+inline void AddRows(const char* table) {
+    QTest::addColumn<TableRow>("row");
+    for (const TableRow& row : Table(table))
+        QTest::newRow(row[0].c_str()) << row;
 }
 
-/// The row that the test runs with.
-template <class Row, std::size_t count>
-const Row& CurrentRow(const Row (&table)[count]) {
-    QFETCH(std::size_t, row);
-    return table[row];
+/// The fields behind the name, of the line that the test runs with.
+template <std::size_t count>
+std::array<QString, count> CurrentRow() {
+    QFETCH(const TableRow, row);
+    std::array<QString, count> fields;
+    for (std::size_t field = 0; field < count; ++field)
+        fields.at(field) = QString::fromStdString(row[field + 1]);
+    return fields;
 }
 
 } // namespace pirol::test

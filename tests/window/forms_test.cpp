@@ -14,8 +14,8 @@
 #include "sql/frmSQLGenerator.h"
 #include "window/Forms.h"
 
-#include <QApplication>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
@@ -25,13 +25,12 @@
 #include <functional>
 #include <memory>
 
-namespace pirol {
-namespace {
+namespace pirol::test {
 
 /// What the forms work on.
 struct Program {
     QWidget* owner = nullptr;
-    test::FakeDialogs dialogs;
+    FakeDialogs dialogs;
     MenuBar bar;
     SQLSettings sql;
     Preferences preferences;
@@ -106,7 +105,7 @@ class FormsTest : public QObject {
             if (button->isDefault())
                 defaults << button->objectName();
         QCOMPARE(defaults.join(' '), QString(forms[index].defaultButton));
-        QTest::keyClick(form_.get(), Qt::Key_Escape);
+        Press(Qt::Key_Escape);
         QVERIFY(!form.isVisible());
     }
 
@@ -145,9 +144,7 @@ class FormsTest : public QObject {
     }
 
     void TabLeadsThroughAllControls() {
-        const QDialog& form = Open();
-        form_->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(form_.get()));
+        QDialog& form = Open();
         QSet<QWidget*> reached;
         QPoint last;
         int backwards = 0;
@@ -155,11 +152,11 @@ class FormsTest : public QObject {
         for (int step = 0; step < most && !reached.contains(form.focusWidget()); ++step) {
             QWidget* const control = form.focusWidget();
             QVERIFY(control != nullptr);
-            const QPoint place = control->mapTo(form_.get(), QPoint());
+            const QPoint place = control->mapTo(&form, QPoint());
             backwards += place.y() < last.y() - control->height() ? 1 : 0;
             last = place;
             reached << control;
-            QTest::keyClick(form_.get(), Qt::Key_Tab);
+            QTest::keyClick(&form, Qt::Key_Tab);
         }
         for (QWidget* const control : Controls(form)) {
             // The Tab key reaches one button of a group; the arrow keys lead to the others.
@@ -176,7 +173,9 @@ class FormsTest : public QObject {
             QFont font = font_;
             font.setPointSizeF(font_.pointSizeF() * scale);
             QApplication::setFont(font);
-            const QDialog& form = Open();
+            QDialog& form = Open();
+            form.resize(form.minimumSize());
+            QApplication::processEvents();
             for (const QWidget* const widget : form.findChildren<QWidget*>()) {
                 const auto* const label = qobject_cast<const QLabel*>(widget);
                 const bool speaks = label != nullptr || qobject_cast<const QAbstractButton*>(widget) != nullptr;
@@ -205,8 +204,7 @@ class FormsTest : public QObject {
         program_ = std::make_unique<Program>();
         program_->owner = &owner_;
         form_.reset(forms[index].make(*program_));
-        form_->show();
-        QApplication::processEvents();
+        Show(*form_);
         return *form_;
     }
 
@@ -226,8 +224,7 @@ class FormsTest : public QObject {
     std::unique_ptr<QDialog> form_;
 };
 
-} // namespace
-} // namespace pirol
+} // namespace pirol::test
 
-QTEST_MAIN(pirol::FormsTest)
+QTEST_MAIN(pirol::test::FormsTest)
 #include "forms_test.moc"

@@ -1,17 +1,17 @@
 #include "codegen/frmCode.h"
-#include "window/Keys.h"
+#include "window/Forms.h"
 #include "window/Rows.h"
 
 #include <QClipboard>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextLayout>
 #include <QWheelEvent>
 
-namespace pirol {
-namespace {
+namespace pirol::test {
 
 constexpr std::string_view source = "import sum.ereignis.*;\r\n"
                                     "\r\n"
@@ -34,13 +34,15 @@ std::string ManyLines(int count) {
     return lines;
 }
 
-/// The viewer on the screen, with its parts.
-class Bench {
-  public:
-    explicit Bench(std::string_view shown = source)
-        : form(shown, nullptr), box(*form.findChild<CodeBox*>("rtfCode")),
-          find(*form.findChild<QLineEdit*>("txtFind")) {
-        test::Show(form);
+QString Copied() {
+    return QApplication::clipboard()->text();
+}
+
+/// The viewer on the screen with its parts, and a clipboard that holds nothing.
+struct Bench {
+    explicit Bench(std::string_view shown = source) : form(shown, nullptr) {
+        QApplication::clipboard()->clear();
+        Show(form);
     }
 
     /// The colour of a character as the box paints it; plain for the box's own.
@@ -52,11 +54,6 @@ class Bench {
         return plain;
     }
 
-    void SelectPublic() {
-        box.moveCursor(QTextCursor::Start);
-        box.find("public");
-    }
-
     /// The selection as line:column:text, lines and columns from 0.
     QString Selection() const {
         QTextCursor cursor = box.textCursor();
@@ -65,32 +62,12 @@ class Bench {
         return QString("%1:%2:%3").arg(cursor.blockNumber()).arg(cursor.positionInBlock()).arg(selected);
     }
 
+    QString Label(const char* name) const { return Part<QLabel>(form, name)->text(); }
+
     frmCode form;
-    CodeBox& box;
-    QLineEdit& find;
+    CodeBox& box = *Part<CodeBox>(form, "rtfCode");
+    QLineEdit& find = *Part<QLineEdit>(form, "txtFind");
 };
-
-/// Steps of a search and what is selected after each.
-constexpr struct {
-    const char* name;
-    const char* steps;
-    const char* selections;
-    const char* message;
-} searches[] = {
-    {"while typing", "gr ö", "4:7:Gr 4:7:Grö", ""},
-    {"next", "größe Return", "4:7:Größe 5:29:größe", ""},
-    {"next by F3", "größe F3", "4:7:Größe 5:29:größe", ""},
-    {"around the end", "größe Return Return", "4:7:Größe 5:29:größe 4:7:Größe", "von vorn weitergesucht"},
-    {"around the beginning", "größe Shift+Return", "4:7:Größe 5:29:größe", "vom Ende weitergesucht"},
-    {"previous", "größe @cmdFindNext @cmdFindPrevious", "4:7:Größe 5:29:größe 4:7:Größe", ""},
-    {"back to the first character", "import Shift+F3", "0:0:import 0:0:import", "vom Ende weitergesucht"},
-    {"with its case", "@chkCase Shift+Tab größe", "0:0: 0:0: 5:29:größe", ""},
-    {"nothing", "großer", "4:7:Gr", "nicht gefunden"},
-    {"nothing, then something", "q Backspace class", "0:0: 0:0: 2:7:class", ""},
-    {"quotes", "\"", "5:28:\"", ""},
-};
-
-} // namespace
 
 class frmCodeTest : public QObject {
     Q_OBJECT
@@ -125,60 +102,55 @@ class frmCodeTest : public QObject {
         for (const auto& [steps, copied] : ways) {
             QApplication::clipboard()->clear();
             bench.box.setFocus();
-            bench.SelectPublic();
+            bench.box.moveCursor(QTextCursor::Start);
+            bench.box.find("public");
             Do(bench.form, steps);
-            QCOMPARE(QApplication::clipboard()->text(), copied);
+            QCOMPARE(Copied(), copied);
         }
     }
 
-    void Searches_data() { test::AddRows(searches); }
+    void Searches_data() { AddRows("code-search"); }
 
     void Searches() {
-        const auto& row = test::CurrentRow(searches);
+        const auto [steps, selections, message] = CurrentRow<3>();
         Bench bench;
         QVERIFY(!bench.find.isVisible());
-        Press(Qt::Key_F, Qt::ControlModifier);
-        QVERIFY(bench.find.isVisible() && bench.find.hasFocus());
-        QStringList selections;
-        for (const QString& step : QString(row.steps).split(' ')) {
+        Do(bench.form, "Ctrl+F");
+        QStringList found;
+        for (const QString& step : steps.split(' ')) {
             Do(bench.form, step);
-            selections << bench.Selection();
+            found << bench.Selection();
         }
-        QCOMPARE(selections.join(' '), QString(row.selections));
-        QCOMPARE(bench.form.findChild<QLabel*>("lblFound")->text(), QString(row.message));
+        QCOMPARE(found.join(' '), selections);
+        QCOMPARE(bench.Label("lblFound"), message);
     }
 
     void SearchTakesOverTheSelectionAndEscapeClosesIt() {
         Bench bench;
-        bench.SelectPublic();
-        Do(bench.form, "@cmdFind");
-        QCOMPARE(bench.find.text(), "public");
-        QCOMPARE(bench.find.selectedText(), "public");
+        Do(bench.form, "Shift+Right @cmdFind");
+        QCOMPARE(bench.find.text(), "i");
+        QCOMPARE(bench.find.selectedText(), "i");
         for (const QWidget* part : bench.find.parentWidget()->findChildren<QWidget*>())
             if (part->focusPolicy() != Qt::NoFocus)
                 QVERIFY2(!part->accessibleName().isEmpty(), qPrintable(part->objectName()));
         Do(bench.form, "Esc");
         QVERIFY(!bench.find.isVisible());
         QVERIFY(bench.form.isVisible() && bench.box.hasFocus());
-    }
-
-    void CloseCloses() {
-        for (const char* steps : {"@cmdClose", "Tab Return", "Esc"}) {
-            Bench bench;
-            Do(bench.form, steps);
-            QVERIFY2(!bench.form.isVisible(), steps);
-        }
+        Do(bench.form, "Tab Return"); // Enter on the focused button
+        QVERIFY(!bench.form.isVisible());
     }
 
     void Zooms() {
         Bench bench;
         const int first = bench.box.font().pointSize();
-        const auto turnWheel = [&bench](int direction) {
+        const auto turnWheel = [&bench](int times, int direction) {
             QWheelEvent turn({20, 20}, bench.box.viewport()->mapToGlobal(QPointF(20, 20)), {}, {0, direction * 120},
                              Qt::NoButton, Qt::ControlModifier, Qt::NoScrollPhase, false);
-            QApplication::sendEvent(bench.box.viewport(), &turn);
+            for (int time = 0; time < times; ++time)
+                QApplication::sendEvent(bench.box.viewport(), &turn);
+            return bench.box.font().pointSize();
         };
-        turnWheel(1);
+        QCOMPARE(turnWheel(1, 1), first + 1);
         const std::pair<const char*, int> steps[] = {
             {"@cmdZoomIn", 2},  {"Ctrl++", 3}, {"Ctrl+=", 4},  {"Ctrl+-", 3},
             {"@cmdZoomOut", 2}, {"Ctrl+0", 0}, {"Ctrl+-", -1}, {"@cmdZoomReset", 0},
@@ -186,21 +158,17 @@ class frmCodeTest : public QObject {
         for (const auto& [step, larger] : steps) {
             Do(bench.form, step);
             QCOMPARE(bench.box.font().pointSize(), first + larger);
-            QCOMPARE(bench.form.findChild<QPushButton*>("cmdZoomReset")->text(),
+            QCOMPARE(Part<QPushButton>(bench.form, "cmdZoomReset")->text(),
                      QString("%1 %").arg((first + larger) * 100 / first));
         }
         // Neither direction leads to letters that nobody can read.
-        for (int turn = 0; turn < 100; ++turn)
-            turnWheel(-1);
-        QCOMPARE(bench.box.font().pointSize(), 6);
-        for (int turn = 0; turn < 100; ++turn)
-            turnWheel(1);
-        QCOMPARE(bench.box.font().pointSize(), 48);
+        QCOMPARE(turnWheel(100, -1), 6);
+        QCOMPARE(turnWheel(100, 1), 48);
     }
 
     void PrintsTheColouredTextWhenAsked() {
         Bench bench(ManyLines(5000));
-        auto* print = bench.form.findChild<QPushButton*>("cmdPrint");
+        const auto* print = Part<QPushButton>(bench.form, "cmdPrint");
         QVERIFY(!print->isVisible());
         int lines = 0;
         bench.form.OfferPrinting([&lines](QTextDocument& document) { lines = document.blockCount(); });
@@ -216,7 +184,7 @@ class frmCodeTest : public QObject {
         const std::string lines = ManyLines(lineCount);
         Bench bench(lines);
         QVERIFY(bench.box.blockCount() < lineCount);
-        QCOMPARE(bench.form.findChild<QLabel*>("lblLines")->text(), "100.001 Zeilen");
+        QCOMPARE(bench.Label("lblLines"), "100.001 Zeilen");
         QTRY_COMPARE(bench.box.blockCount(), lineCount + 1);
         QCOMPARE(bench.box.toPlainText().size(), qsizetype(lines.size()) - lineCount);
         QCOMPARE(bench.box.textCursor().position(), 0);
@@ -232,14 +200,14 @@ class frmCodeTest : public QObject {
     /// Whoever wants all of a big source need not wait until it is loaded.
     void BigSourcesAreWholeForTheUser() {
         constexpr int lineCount = 30'000;
+        const std::string lines = ManyLines(lineCount);
         const QString last = QString("private int zahl%1;").arg(lineCount - 1);
         for (const char* steps : {"@cmdCopy", "@cmdSelectAll @cmdCopy", "Ctrl+End Shift+Up Shift+Up Ctrl+C"}) {
-            QApplication::clipboard()->clear();
-            Bench bench(ManyLines(lineCount));
+            Bench bench(lines);
             Do(bench.form, steps);
-            QVERIFY2(QApplication::clipboard()->text().contains(last), steps);
+            QVERIFY2(Copied().contains(last), steps);
         }
-        Bench bench(ManyLines(lineCount));
+        Bench bench(lines);
         Do(bench.form, "@cmdFind");
         bench.find.setText(last);
         QCOMPARE(bench.box.textCursor().blockNumber(), lineCount - 1);
@@ -256,18 +224,17 @@ class frmCodeTest : public QObject {
             "public\"//super",
         };
         for (const QByteArray& odd : sources) {
-            QApplication::clipboard()->clear();
             Bench bench(std::string_view(odd.constData(), static_cast<std::size_t>(odd.size())));
             Do(bench.form, "Ctrl+End");
             bench.form.grab();
             QCOMPARE(bench.box.document()->characterCount(), bench.box.Source().size() + 1);
             Do(bench.form, "Ctrl+A Ctrl+C");
-            QCOMPARE(QApplication::clipboard()->text(), bench.box.Source());
+            QCOMPARE(Copied(), bench.box.Source());
         }
     }
 };
 
-} // namespace pirol
+} // namespace pirol::test
 
-QTEST_MAIN(pirol::frmCodeTest)
+QTEST_MAIN(pirol::test::frmCodeTest)
 #include "frmCode_test.moc"

@@ -5,26 +5,11 @@
 #include <QLabel>
 #include <QProgressBar>
 
-namespace pirol {
-namespace {
+namespace pirol::test {
 
 // Milliseconds: loading that ends earlier shows no form, loading that takes longer does.
 constexpr int unnoticed = 200;
 constexpr int longEnough = 250;
-
-/// Counts how often a widget is painted.
-class PaintCount : public QObject {
-  public:
-    explicit PaintCount(QObject* watched) { watched->installEventFilter(this); }
-    bool eventFilter(QObject*, QEvent* event) override {
-        paints += event->type() == QEvent::Paint ? 1 : 0;
-        return false;
-    }
-
-    int paints = 0;
-};
-
-} // namespace
 
 class LoadingTest : public QObject {
     Q_OBJECT
@@ -32,9 +17,8 @@ class LoadingTest : public QObject {
   private slots:
     void ShowsWhatTheReaderTellsAtABoundedRate() {
         frmLoading form(nullptr);
-        const auto* const caption = test::Part<QLabel>(form, "lblProcess");
-        auto* const bar = test::Part<QProgressBar>(form, "Process");
-        const PaintCount count(bar);
+        auto* const bar = Part<QProgressBar>(form, "Process");
+        const PaintCounter count(bar);
         constexpr int lines = 30'000'000;
 
         QElapsedTimer loading;
@@ -47,28 +31,27 @@ class LoadingTest : public QObject {
         QVERIFY2(!visible || loading.hasExpired(unnoticed), "a project that is read at once needs no form");
         QTest::qSleep(longEnough);
         form.SetCaption("Lade Menüeinträge . . .");
-        QVERIFY(form.isVisible());
-        QVERIFY(!form.isModal());
+        QVERIFY(form.isVisible() && !form.isModal());
         QCOMPARE(bar->maximum(), lines);
         QCOMPARE(bar->value(), 499);
-        QCOMPARE(caption->text(), QString("Lade Menüeinträge . . ."));
+        QCOMPARE(Part<QLabel>(form, "lblProcess")->text(), QString("Lade Menüeinträge . . ."));
         QTest::keyClick(&form, Qt::Key_Escape);
         QVERIFY(form.isVisible());
 
         for (int line = 500; line < lines; ++line)
             form.SetValue(line);
         const qint64 most = loading.elapsed() / 30 + 4;
-        QVERIFY2(count.paints <= most, qPrintable(QString("%1 of at most %2").arg(count.paints).arg(most)));
+        QVERIFY2(count.Paints() <= most, qPrintable(QString("%1 of at most %2").arg(count.Paints()).arg(most)));
 
         // The bar does move meanwhile.
-        const int before = count.paints;
+        const int before = count.Paints();
         QTest::qSleep(60);
         form.SetValue(lines);
-        QCOMPARE(count.paints, before + 1);
+        QCOMPARE(count.Paints(), before + 1);
     }
 };
 
-} // namespace pirol
+} // namespace pirol::test
 
-QTEST_MAIN(pirol::LoadingTest)
+QTEST_MAIN(pirol::test::LoadingTest)
 #include "frmLoading_test.moc"

@@ -1,16 +1,15 @@
 #include "FakeDialogs.h"
 #include "menu/frmMenuGenerator.h"
 #include "model/Conversions.h"
-#include "window/Keys.h"
+#include "window/Forms.h"
+#include "window/Rows.h"
 
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QRadioButton>
 
-namespace pirol {
-
-using test::Click;
-using test::Part;
+namespace pirol::test {
 
 /// The form on a bar of one menu with an entry and a submenu with an entry.
 struct Generator {
@@ -19,37 +18,32 @@ struct Generator {
         menu.AddEntry("x", cMenu::Entry);
         menu.AddEntry("B", cMenu::SubMenu)->AddEntry("y", cMenu::Entry);
         form.emplace(bar, dialogs, nullptr);
-        test::Show(*form);
+        Show(*form);
         list = Part<QListWidget>(*form, "lstEntries");
-    }
-
-    /// Clicks a row, counted from 1.
-    void Select(int row) {
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier,
-                          list->visualItemRect(list->item(row - 1)).center());
     }
 
     /// The bar with "|" between fields and "/" between lines.
     QString Lines() const {
         const std::string lines = ReplaceAll(bar.CreatePRLString(), lineEnd, "/");
-        return QString::fromStdString(ReplaceAll(lines, std::string_view(&fieldSeparator, 1), "|"));
+        return QString::fromStdString(ReplaceAll(lines, std::string_view(&fieldSeparator, 1), "|")).chopped(1);
     }
 
-    /// Whether the list shows the bar as it is.
-    bool ShowsTheBar() const {
+    void CheckList() const {
         MenuBar copy = bar;
         const MenuEditor editor(copy);
+        QCOMPARE(list->count(), int(editor.Rows().size()));
         int row = 0;
-        for (const MenuRow& expected : editor.Rows())
-            if (row == list->count() || list->item(row++)->text().toStdString() != expected.text)
-                return false;
-        return row == list->count();
+        for (const auto& [text, colour, node] : editor.Rows()) {
+            const QListWidgetItem* const item = list->item(row++);
+            QCOMPARE(item->text().toStdString(), text);
+            QCOMPARE(item->foreground(), colour ? QBrush(QColor(colour->red, colour->green, colour->blue)) : QBrush());
+        }
     }
 
     QString Depth() const { return Part<QLabel>(*form, "lblDepth")->text(); }
 
     MenuBar bar;
-    test::FakeDialogs dialogs;
+    FakeDialogs dialogs;
     std::optional<frmMenuGenerator> form;
     QListWidget* list = nullptr;
 };
@@ -58,79 +52,48 @@ class MenuGeneratorTest : public QObject {
     Q_OBJECT
 
   private slots:
-    /// What the user does with a row, what he is told, what the bar is then, and that Escape undoes it.
+    void ChangesTheBarUntilEscape_data() { AddRows("menu-generator"); }
+
     void ChangesTheBarUntilEscape() {
-        const QString menu = "0|0|hatMenueA|A/", entry = "1|2|x/", sub = "1|1|B/", inner = "2|2|y/";
-        const QString all = menu + entry + sub + inner;
-        const struct {
-            int row; // 0: nothing is selected
-            const char* steps;
-            std::string told;
-            QString lines, depth;
-        } cases[] = {
-            {0, "@optType1 @cmdAdd", "In der 1. Ebene können nur Menüs erzeugt werden!", all, "0"},
-            {0, "C Tab Del Return", "Bitte geben Sie einen Menünamen an!", all, "0"},
-            {2, "Alt+B C Return", "Menüs können nur in der 1. Ebene erzeugt werden!", all, "1"},
-            {0, "Größe Return", "", all + "0|0|hatMenueGroeße|Größe/", "0"},
-            {0, "C Tab m Return", "", all + "0|0|m|C/", "0"},
-            {1, "@optType2 Alt+B \"Ä\" Return", "", all + "1|2|\"Ä\"/", "1"},
-            {3, "@optType3 @cmdAdd", "", all + "2|3/", "2"},
-            {1, "@optType1 Alt+B C Return", "", all + "1|1|C/", "1"},
-            {1, "@cmdDel", "", "", "0"},
-            {4, "@cmdDel", "", menu + entry + sub, "2"},
-            {1, "@cmdMoveUp", "", all, "1"},
-            {3, "@cmdMoveUp", "", menu + sub + inner + entry, "2"},
-            {2, "@cmdMoveDown", "", menu + sub + inner + entry, "1"},
-            {4, "@cmdLevelUp", "", all, "1"},
-            {1, "@cmdLevelUp", "", all, "0"},
-        };
-        for (const auto& row : cases) {
-            Generator menus;
-            if (row.row > 0)
-                menus.Select(row.row);
-            Do(*menus.form, row.steps);
-            const QString what = QString("%1 on row %2").arg(row.steps).arg(row.row);
-            QCOMPARE(what + ": " + menus.Lines(), what + ": " + row.lines);
-            QCOMPARE(menus.dialogs.TakeSeen(), row.told.empty() ? "" : "information " + row.told + "\n");
-            QVERIFY2(menus.ShowsTheBar(), qPrintable(what));
-            QCOMPARE(menus.Depth(), "Aktuelle Menütiefe: " + row.depth);
-            QVERIFY(menus.form->isVisible());
-            Press(Qt::Key_Escape);
-            QVERIFY(!menus.form->isVisible());
-            QCOMPARE(menus.Lines(), all);
-        }
+        const auto [row, steps, told, lines, depth] = CurrentRow<5>();
+        Generator menus;
+        const QString before = menus.Lines();
+        if (row != "0")
+            ClickRow(*menus.list, row.toInt() - 1);
+        Do(*menus.form, steps);
+        QCOMPARE(menus.Lines(), lines);
+        QCOMPARE(QString::fromStdString(menus.dialogs.TakeSeen()), told.isEmpty() ? "" : "information " + told + "\n");
+        menus.CheckList();
+        QCOMPARE(menus.Depth(), "Aktuelle Menütiefe: " + depth);
+        QVERIFY(menus.form->isVisible());
+        Press(Qt::Key_Escape);
+        QVERIFY(!menus.form->isVisible());
+        QCOMPARE(menus.Lines(), before);
     }
 
-    void ShowsColoursAndDepthAndTheWayUp() {
+    /// The way up ends in the bar, where only menus can be made. Nothing else has a name.
+    void ShowsTheWayUp() {
         Generator menus;
         const QWidget& form = *menus.form;
-        const QColor own = QListWidgetItem().foreground().color();
-        const struct {
-            QColor color;
-            QString depth;
-        } rows[] = {{own, "1"}, {QColor(50, 50, 50), "1"}, {QColor(100, 100, 100), "2"}, {own, "2"}};
-        QCOMPARE(menus.Depth(), "Aktuelle Menütiefe: 0");
+        const auto* const name = Part<QLineEdit>(form, "txtName");
         QVERIFY(!Part<QWidget>(form, "cmdDel")->isEnabled());
-        for (int row = 0; row < menus.list->count(); ++row) {
-            QCOMPARE(menus.list->item(row)->foreground().color(), rows[row].color);
-            menus.Select(row + 1);
-            QCOMPARE(menus.Depth(), "Aktuelle Menütiefe: " + rows[row].depth);
+        for (int row = 0; row < 4; ++row) {
+            ClickRow(*menus.list, row);
+            QCOMPARE(menus.Depth(), QString("Aktuelle Menütiefe: %1").arg(row < 2 ? 1 : 2));
         }
-        // The way up ends in the bar, where only menus can be made. Nothing else has a name.
-        Click(form, "optType2");
-        test::Type(form, "txtCaption", "C");
-        QVERIFY(!Part<QLineEdit>(form, "txtName")->isEnabled());
-        QCOMPARE(Part<QLineEdit>(form, "txtName")->text(), "");
+        Do(form, "@optType2 @txtCaption C");
+        QVERIFY(!name->isEnabled());
+        QCOMPARE(name->text(), "");
         Click(form, "cmdLevelUp");
         QVERIFY(Part<QRadioButton>(form, "optType2")->isChecked());
         Click(form, "cmdLevelUp");
         QVERIFY(Part<QRadioButton>(form, "optType0")->isChecked());
-        QVERIFY(Part<QLineEdit>(form, "txtName")->isEnabled());
+        QVERIFY(name->isEnabled());
         QVERIFY(!Part<QWidget>(form, "cmdLevelUp")->isEnabled());
     }
 };
 
-} // namespace pirol
+} // namespace pirol::test
 
-QTEST_MAIN(pirol::MenuGeneratorTest)
+QTEST_MAIN(pirol::test::MenuGeneratorTest)
 #include "frmMenuGenerator_test.moc"

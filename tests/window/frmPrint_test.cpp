@@ -6,97 +6,70 @@
 
 #include <QFontDatabase>
 #include <QLabel>
-#include <QPlainTextEdit>
 #include <QTextDocument>
 
-namespace pirol {
-namespace {
-
-using test::Click;
-using test::Part;
+namespace pirol::test {
 
 constexpr const char* pdfDialog = "save <PDF-Dateien (*.pdf)|*.pdf|Alle Dateien (*.*)|*.*> 2048 <SuMAnwendung.pdf>\n";
 
 /// A source of a given number of lines.
-std::unique_ptr<QTextDocument> Source(int lines) {
-    auto source = std::make_unique<QTextDocument>();
-    source->setPlainText(QString("    public void hatKnopf1Geklickt() // größer\n").repeated(lines));
-    return source;
-}
+struct Source : QTextDocument {
+    explicit Source(int lines) {
+        setPlainText(QString("    public void hatKnopf1Geklickt() // größer\n").repeated(lines));
+    }
+};
 
 int PagesOf(const std::string& pdf) {
-    int pages = 0;
-    for (std::size_t at = pdf.find("/Type /Page\n"); at != std::string::npos; at = pdf.find("/Type /Page\n", at + 1))
-        ++pages;
-    return pages;
+    return int(QString::fromLatin1(pdf.data(), qsizetype(pdf.size())).count("/Type /Page\n"));
 }
-
-constexpr struct {
-    const char* name;
-    int lines;
-    double pointSize;
-    bool landscape;
-    int lastPage; ///< 0: all
-    int fewest, most;
-} layouts[] = {
-    {"nothing", 0, 10, false, 0, 1, 1},    {"short", 30, 10, false, 0, 1, 1},
-    {"long", 200, 10, false, 0, 3, 5},     {"large", 200, 20, false, 0, 6, 30},
-    {"landscape", 200, 10, true, 0, 5, 8}, {"two pages of many", 200, 20, false, 2, 2, 2},
-};
 
 class PrintTest : public QObject {
     Q_OBJECT
 
   private slots:
-    void LaysOutPages_data() { test::AddRows(layouts); }
+    void LaysOutPages_data() { AddRows("print-layouts"); }
 
     void LaysOutPages() {
-        const auto& row = test::CurrentRow(layouts);
+        const auto [lines, pointSize, orientation, lastPage, fewest, most] = CurrentRow<6>();
         PrintJob job;
         job.PdfFile = TextOf(folder_ / "a.pdf");
         job.Paper = "A4";
-        job.Landscape = row.landscape;
-        job.FirstPage = row.lastPage > 0 ? 1 : 0;
-        job.LastPage = row.lastPage;
+        job.Landscape = orientation == "landscape";
+        job.LastPage = lastPage.toInt();
+        job.FirstPage = job.LastPage > 0 ? 1 : 0;
         const std::string family = QFontDatabase::systemFont(QFontDatabase::FixedFont).family().toStdString();
-        PrintText(*Source(row.lines), {.Family = family, .Style = {}, .PointSize = row.pointSize}, job);
+        PrintText(Source(lines.toInt()), {.Family = family, .Style = {}, .PointSize = pointSize.toDouble()}, job);
         const std::string pdf = ReadFileBytes(folder_ / "a.pdf");
         QVERIFY(pdf.starts_with("%PDF-"));
         const int pages = PagesOf(pdf);
-        QVERIFY2(pages >= row.fewest && pages <= row.most, qPrintable(QString::number(pages)));
+        QVERIFY2(pages >= fewest.toInt() && pages <= most.toInt(), qPrintable(QString::number(pages)));
     }
 
     void AsksBeforeItReplaces() {
-        const auto source = Source(3);
+        const Source source(3);
         for (const bool yes : {false, true}) {
             ReplaceFileBytes(folder_ / "b.pdf", "old");
-            test::FakeDialogs dialogs;
+            FakeDialogs dialogs;
             dialogs.paths = {TextOf(folder_ / "b.pdf")};
             dialogs.yes = {yes};
-            frmPrint form(*source, dialogs, nullptr);
-            form.show();
-            Click(form, "cmdPdf");
-            QCOMPARE(QString::fromStdString(dialogs.TakeSeen()),
-                     QString(pdfDialog) + "question Die Datei existiert bereits! Überschreiben?\n");
+            frmPrint form(source, dialogs, nullptr);
+            Do(form, "@cmdPdf");
+            QCOMPARE(dialogs.TakeSeen(),
+                     std::string(pdfDialog) + "question Die Datei existiert bereits! Überschreiben?\n");
             QCOMPARE(ReadFileBytes(folder_ / "b.pdf").starts_with("%PDF-"), yes);
             QCOMPARE(form.isVisible(), !yes);
         }
     }
 
     void UsesTheChosenFont() {
-        const auto source = Source(100);
-        test::FakeDialogs dialogs;
+        const Source source(100);
+        FakeDialogs dialogs;
         const std::string family = QFontInfo(QApplication::font()).family().toStdString();
         dialogs.fonts = {{.Family = family, .Style = "Bold", .PointSize = 24}};
         dialogs.jobs = {{.Printer = {}, .PdfFile = TextOf(folder_ / "c.pdf"), .Paper = "A5"}};
-        frmPrint form(*source, dialogs, nullptr);
-        form.show();
-        Click(form, "cmdFont");
-        const QString shown = Part<QLabel>(form, "lblFont")->text();
-        QCOMPARE(shown, QString::fromStdString(family + " Bold, 24 Punkt"));
-        Click(form, "cmdFont"); // cancelled
-        QCOMPARE(Part<QLabel>(form, "lblFont")->text(), shown);
-        Click(form, "cmdPdf"); // cancelled too
+        frmPrint form(source, dialogs, nullptr);
+        Do(form, "@cmdFont @cmdFont @cmdPdf"); // the last two are cancelled
+        QCOMPARE(Part<QLabel>(form, "lblFont")->text().toStdString(), family + " Bold, 24 Punkt");
         QVERIFY(form.isVisible());
         Click(form, "cmdPrinter");
         QVERIFY(!form.isVisible());
@@ -104,21 +77,19 @@ class PrintTest : public QObject {
     }
 
     void ReportsWhatCannotBeWritten() {
-        const auto source = Source(3);
+        const Source source(3);
         const std::pair<PrintJob, const char*> jobs[] = {
             {{.Printer = {}, .PdfFile = TextOf(folder_ / "missing/a.pdf"), .Paper = {}}, "Fehlernummer: 76\n"},
             {{.Printer = "no such printer", .PdfFile = {}, .Paper = {}}, "Fehlernummer: 57\n"},
         };
         for (const auto& [job, begin] : jobs) {
-            test::FakeDialogs dialogs;
+            FakeDialogs dialogs;
             dialogs.jobs = {job};
-            frmPrint form(*source, dialogs, nullptr);
-            form.show();
+            frmPrint form(source, dialogs, nullptr);
             QString report;
-            test::ExpectError(report);
+            ExpectError(report);
             Click(form, "cmdPrinter");
-            QVERIFY2(report.startsWith(begin), qPrintable(report));
-            QVERIFY2(report.endsWith("Main.Code.Print"), qPrintable(report));
+            QVERIFY2(report.startsWith(begin) && report.endsWith("Main.Code.Print"), qPrintable(report));
             Click(form, "cmdPrinter"); // and now cancelled
             QVERIFY(form.isVisible());
             Click(form, "cmdCancel");
@@ -127,11 +98,10 @@ class PrintTest : public QObject {
     }
 
   private:
-    test::ScratchFolder folder_;
+    ScratchFolder folder_;
 };
 
-} // namespace
-} // namespace pirol
+} // namespace pirol::test
 
-QTEST_MAIN(pirol::PrintTest)
+QTEST_MAIN(pirol::test::PrintTest)
 #include "frmPrint_test.moc"

@@ -1,21 +1,20 @@
+#include "Cases.h"
 #include "designer/ListText.h"
 #include "designer/PropertyPanel.h"
+#include "designer/view/Bitmaps.h"
 #include "designer/view/PaintingFunctions.h"
 #include "project/ProjectFile.h"
-#include "window/Rows.h"
 
 #include <QColorSpace>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QPainter>
 #include <QRegion>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <algorithm>
 
-namespace pirol {
-namespace {
+namespace pirol::test {
 
 constexpr QRgb background = qRgb(255, 255, 255);
 
@@ -45,11 +44,19 @@ void PaintModel(QImage& image, const ProjectModel& model, int menuBarHeight, Let
     model.ForEachVisible([&painter](const Control& control) { PaintControl(painter, control); });
 }
 
-QImage Painted(const Control& control, const QSize& size = usualSize) {
-    QImage image = Canvas(size);
+/// The control on a screen with so many pixels for each of the design's in a row.
+QImage Painted(const Control& control, int pixelRatio = 1) {
+    QImage image = Canvas(usualSize * pixelRatio);
+    image.setDevicePixelRatio(pixelRatio);
     QPainter painter(&image);
     PaintControl(painter, control);
     return image;
+}
+
+dBild Picture(const std::string& path) {
+    dBild picture;
+    picture.File = path;
+    return picture;
 }
 
 QRect BoxOf(const Control& control) {
@@ -113,16 +120,44 @@ ProjectModel LoadAsStarted(const QString& file) {
     return model;
 }
 
+/// Says how the design differs from the picture of its program, with either letters; empty when it does not.
+QString DesignDifference(const QString& project, const QString& picture, int menuBarHeight,
+                         const Tolerance& tolerance) {
+    QImage expected(QString(PIROL_TEST_DATA "/look/%1.png").arg(picture));
+    expected.convertTo(QImage::Format_RGB32);
+    expected.setColorSpace({}); // what is painted has none
+    const QRect content = expected.rect().adjusted(0, menuBarHeight, 0, 0);
+    const ProjectModel model = LoadAsStarted(project);
+    QImage painted = Canvas(expected.size());
+    PaintModel(painted, model, menuBarHeight, tolerance.letters);
+    QString differences;
+    QRegion outside(content);
+    model.ForEachVisible([&](const Control& control) {
+        const QRect area = BoxOf(control).translated(content.topLeft()).intersected(content);
+        differences += Difference(painted, expected, area, control.ObjectName, tolerance);
+        outside -= area;
+    });
+    for (const QRect& area : outside)
+        if (painted.copy(area) != expected.copy(area))
+            differences += QString("something is painted outside the components\n");
+    return differences.isEmpty() ? QString() : differences + SaveBeside(painted, expected, picture);
+}
+
 /// A component of a kind, at 20, 30, with the text wherever it takes one.
 class Component {
   public:
     Component(ComponentKind kind, const std::string& text) : ref_(model_.PlaceComponent(kind, {20, 30, 120, 60})) {
-        const std::string radioRow = text + "/" + text + "/32767/20/-50/0/Wahr";
         Set("value", text);
         Set("combovalues", text);
         Set("columns", ListText(text + "/" + text + "/" + text));
         Set("rows", "32767");
-        Set("optionbuttons", ListText(radioRow + "/" + radioRow));
+        Set("optionbuttons", RadioButtons(text, "Wahr"));
+    }
+
+    /// Two buttons, the lower one chosen or not.
+    static std::string RadioButtons(const std::string& text, const std::string& chosen) {
+        const std::string button = text + "/" + text + "/32767/20/0/";
+        return ListText(button + "0/Falsch/" + button + "20/" + chosen);
     }
 
     /// Changes a property; a kind without it ignores that.
@@ -140,19 +175,6 @@ class Component {
     ComponentRef ref_;
 };
 
-constexpr struct {
-    const char* name;
-    const char* project;
-    const char* picture;
-    int menuBarHeight;
-} designs[] = {
-    {"all kinds", PIROL_TEST_DATA "/look/alle.prl", "alle", 2},
-    {"sizes and long texts", PIROL_TEST_DATA "/look/formen.prl", "formen", 2},
-    {"an example", PIROL_EXAMPLES "/Quiz.prl", "Quiz", 21},
-};
-
-} // namespace
-
 class LookTest : public QObject {
     Q_OBJECT
 
@@ -164,32 +186,20 @@ class LookTest : public QObject {
 
   private slots:
     /// The pictures are made by tests/java/run_generated.py with --write.
-    void DesignsLookLikeTheirPrograms_data() { test::AddRows(designs); }
-
     void DesignsLookLikeTheirPrograms() {
-        const auto& [name, project, picture, menuBarHeight] = test::CurrentRow(designs);
-        QImage expected(QString(PIROL_TEST_DATA "/look/%1.png").arg(picture));
-        expected.convertTo(QImage::Format_RGB32);
-        expected.setColorSpace({}); // what is painted has none
-        const QRect content = expected.rect().adjusted(0, menuBarHeight, 0, 0);
-        const ProjectModel model = LoadAsStarted(project);
-        for (const Tolerance& tolerance : tolerances) {
-            QImage painted = Canvas(expected.size());
-            PaintModel(painted, model, menuBarHeight, tolerance.letters);
-            QString differences;
-            QRegion outside(content);
-            model.ForEachVisible([&](const Control& control) {
-                const QRect area = BoxOf(control).translated(content.topLeft()).intersected(content);
-                differences += Difference(painted, expected, area, control.ObjectName, tolerance);
-                outside -= area;
-            });
-            for (const QRect& area : outside)
-                if (painted.copy(area) != expected.copy(area))
-                    differences += QString("something is painted outside the components\n");
-            if (!differences.isEmpty())
-                differences += SaveBeside(painted, expected, picture);
-            QVERIFY2(differences.isEmpty(), qPrintable(differences));
-        }
+        const struct {
+            const char *project, *picture;
+            int menuBarHeight;
+        } designs[] = {
+            {PIROL_TEST_DATA "/look/alle.prl", "alle", 2},     // all kinds
+            {PIROL_TEST_DATA "/look/formen.prl", "formen", 2}, // sizes and long texts
+            {PIROL_EXAMPLES "/Quiz.prl", "Quiz", 21},
+        };
+        for (const auto& row : designs)
+            for (const Tolerance& tolerance : tolerances) {
+                const QString differences = DesignDifference(row.project, row.picture, row.menuBarHeight, tolerance);
+                QVERIFY2(differences.isEmpty(), qPrintable(differences));
+            }
     }
 
     void NothingIsPaintedOutside_data() { AddKinds(); }
@@ -260,77 +270,62 @@ class LookTest : public QObject {
         }
     }
 
-    void MarksShowTheirState() {
-        dSchalter box;
-        box.Width = box.Height = 25;
-        const QImage off = Painted(box);
-        box.Checked = true;
-        const QImage on = Painted(box);
-        QVERIFY(qGray(off.pixel(8, 14)) > 160);
-        QVERIFY(qGray(on.pixel(8, 14)) < 100);
-
-        dOptionsgruppe group;
-        group.Width = group.Height = 40;
-        group.OptionButtons.resize(2);
-        group.OptionButtons[1].Top = 20;
-        group.OptionButtons[1].Selected = true;
-        const QImage buttons = Painted(group);
-        QVERIFY(qGray(buttons.pixel(10, 10)) > 160);
-        QVERIFY(qGray(buttons.pixel(10, 30)) < 100);
+    /// What is painted differently when a component is on or half full: the mark, the lower mark, the left half of a
+    /// bar, which lies although it is higher than wide.
+    void ValuesAreSeen() {
+        const struct {
+            ComponentKind kind;
+            QSize size;
+            const char* key;
+            std::string before, after;
+            QRect change;
+        } rows[] = {
+            {ComponentKind::CheckBox, {25, 25}, "checked", "falsch", "wahr", {27, 39, 7, 7}},
+            {ComponentKind::OptionGroup,
+             {40, 40},
+             "optionbuttons",
+             Component::RadioButtons("", "Falsch"),
+             Component::RadioButtons("", "Wahr"),
+             {27, 57, 6, 6}},
+            {ComponentKind::ProgressBar, {30, 100}, "currentvalue", "0", "50", {21, 31, 14, 98}},
+        };
+        for (const auto& row : rows) {
+            Component component(row.kind, "");
+            component.Set(row.key, row.before);
+            const QImage before = Painted(component.Sized(row.size));
+            component.Set(row.key, row.after);
+            const QImage after = Painted(component.Sized(row.size));
+            QRegion change;
+            for (int y = 0; y < before.height(); ++y)
+                for (int x = 0; x < before.width(); ++x)
+                    if (before.pixel(x, y) != after.pixel(x, y))
+                        change += QRect(x, y, 1, 1);
+            QCOMPARE(change.boundingRect(), row.change);
+        }
     }
 
-    void ProgressIsFilledFromTheLeft() {
-        dFortschritt bar;
-        bar.Width = 30;
-        bar.Height = 100; // it lies although it is higher than wide
-        bar.Value = 50;
-        const QImage image = Painted(bar);
-        bar.Value = 0;
-        const QImage empty = Painted(bar);
-        for (const int y : {1, 3, 50, 97})
-            QVERIFY(image.pixel(13, y) != empty.pixel(13, y));
-        QCOMPARE(image.copy(15, 0, 15, 100), empty.copy(15, 0, 15, 100));
-    }
-
+    /// As it is at the time; what is no picture shows the kind's symbol.
     void PicturesShowTheirFile() {
-        const QTemporaryDir folder;
-        const QString file = folder.filePath("bild.bmp");
-        QImage flag(4, 2, QImage::Format_RGB32);
-        flag.fill(Qt::red);
-        flag.setPixelColor(0, 0, Qt::blue);
-        flag.setPixelColor(0, 1, Qt::blue);
-        QVERIFY(flag.save(file));
+        const ScratchFolder folder;
+        const auto paintedFile = [&folder](std::string_view bytes) {
+            ReplaceFileBytes(folder / "bild.jpg", bytes);
+            return Painted(Picture(TextOf(folder / "bild.jpg")));
+        };
+        const std::string blueAndRed = " 0 0 255  255 0 0  255 0 0  255 0 0";
+        const QImage flag = paintedFile("P3 4 2 255" + blueAndRed + blueAndRed);
+        QCOMPARE(flag.pixel(2, 60), qRgb(0, 0, 255));
+        QCOMPARE(flag.pixel(157, 2), qRgb(255, 0, 0));
+        QCOMPARE(flag.pixel(157, 117), qRgb(255, 0, 0));
+        QCOMPARE(paintedFile("P3 1 1 255 0 255 0").pixel(2, 60), qRgb(0, 255, 0));
 
-        dBild picture;
-        picture.File = file.toStdString();
-        const QImage image = Painted(picture);
-        QCOMPARE(image.pixel(2, 60), qRgb(0, 0, 255));
-        QCOMPARE(image.pixel(157, 2), qRgb(255, 0, 0));
-        QCOMPARE(image.pixel(157, 117), qRgb(255, 0, 0));
-
-        QImage changed(3, 3, QImage::Format_RGB32);
-        changed.fill(Qt::green);
-        QVERIFY(changed.save(file));
-        QCOMPARE(Painted(picture).pixel(2, 60), qRgb(0, 255, 0));
-    }
-
-    void FilesThatAreNoPictureShowTheSymbol() {
         const QImage symbol = Painted(dBild());
-        QVERIFY(symbol != Canvas(symbol.size()));
-        const QTemporaryDir folder;
-        const QByteArray contents[] = {"", "kein Bild", QByteArray("BM\x46\0\0\0\0\0\0\0\x36\0\0\0", 14),
-                                       "P6 100000 100000 255 x"};
-        QStringList paths = {folder.path(), folder.filePath("fehlt.jpg"), "/dev/zero"};
-        for (const QByteArray& content : contents) {
-            paths << folder.filePath(QString("%1.jpg").arg(paths.size()));
-            QFile file(paths.last());
-            QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
-        }
-        for (const QString& path : paths) {
-            dBild picture;
-            picture.File = path.toStdString();
-            QVERIFY2(Painted(picture) == symbol, qPrintable(path));
-        }
+        QVERIFY(symbol != Canvas());
+        for (const std::string_view bytes :
+             {std::string_view(), std::string_view("kein Bild"), std::string_view("BM\x46\0\0\0\0\0\0\0\x36\0\0\0", 14),
+              std::string_view("P6 100000 100000 255 x")})
+            QVERIFY2(paintedFile(bytes) == symbol, bytes.data());
+        for (const std::string& path : {TextOf(folder / ""), TextOf(folder / "fehlt.jpg"), std::string("/dev/zero")})
+            QVERIFY2(Painted(Picture(path)) == symbol, path.c_str());
     }
 
     void SelectionStaysInsideAndIsSeenOnAnyComponent() {
@@ -347,6 +342,19 @@ class LookTest : public QObject {
         }
     }
 
+    /// The toolbar's pictures stand on its own background and are told apart at a glance.
+    void EveryKindHasItsOwnIcon() {
+        QList<QImage> seen;
+        for (const KindRow& row : KindRows())
+            for (const int size : {48, 32, 24, 16}) {
+                const QImage image = KindIcon(row.kind).pixmap(size, size).toImage();
+                QCOMPARE(image.size(), QSize(size, size));
+                QVERIFY2(qAlpha(image.pixel(0, 0)) == 0, row.key.data());
+                QVERIFY2(!seen.contains(image), row.key.data());
+                seen.append(image);
+            }
+    }
+
     /// On a screen with small pixels lines stay lines and letters get more pixels.
     void FinerScreensShowMore() {
         dSchalter box;
@@ -354,15 +362,9 @@ class LookTest : public QObject {
         box.Height = 25;
         box.Caption = "Schalter";
         box.Checked = true;
-        QImage coarse = Painted(box, {120, 25});
-        QImage fine(240, 50, QImage::Format_RGB32);
-        fine.setDevicePixelRatio(2);
-        fine.fill(background);
-        {
-            QPainter painter(&fine);
-            PaintControl(painter, box);
-        }
-        const QImage enlarged = coarse.scaled(240, 50);
+        const QImage coarse = Painted(box);
+        const QImage fine = Painted(box, 2);
+        const QImage enlarged = coarse.scaled(fine.size());
         for (const QRect& part : {QRect(0, 0, 40, 50), QRect(40, 0, 200, 50)}) // the mark and its caption
             QVERIFY(fine.copy(part) != enlarged.copy(part));
         const QRgb outline = coarse.pixel(4, 12);
@@ -372,7 +374,7 @@ class LookTest : public QObject {
     }
 };
 
-} // namespace pirol
+} // namespace pirol::test
 
-QTEST_MAIN(pirol::LookTest)
+QTEST_MAIN(pirol::test::LookTest)
 #include "look_test.moc"
