@@ -105,7 +105,8 @@ Place FindPlace(std::string_view text, std::string_view key, std::string_view na
     for (std::size_t begin = 0; begin < text.size();) {
         std::size_t end = std::min(text.find('\n', begin), text.size());
         const std::size_t next = end + 1;
-        if (end > begin && text[end - 1] == '\r')
+        // All of them: a value written behind a line would take one off, and the line might become a heading.
+        while (end > begin && text[end - 1] == '\r')
             --end;
         const std::string_view line = text.substr(begin, end - begin);
         if (line.starts_with('[') && line.ends_with(']'))
