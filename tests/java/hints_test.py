@@ -176,7 +176,8 @@ class HintsTest(unittest.TestCase):
     def test_every_character_and_odd_name(self):
         """The hints about one name, text or character against what the compiler says to it."""
         characters = [bytes([code]) for code in range(2, 256)]
-        names = [name.encode("cp1252") for sort in Words.SORTS["names"] for name in sort]
+        escaped = b"a\\u0041"
+        names = [escaped, *(name.encode("cp1252") for sort in Words.SORTS["names"] for name in sort)]
         # The compiler skips control characters in names, a blank before a name is none, and an escape is taken for the
         # letter that it means; the hints do not go so far.
         invisible = [character for character in characters if character[0] in {*range(2, 9), *range(0x0E, 0x1C), 0x7F, 0xAD}]
@@ -185,7 +186,7 @@ class HintsTest(unittest.TestCase):
         for sort, words, component, stricter in (
                 ("part", characters, lambda word: button(b"x" + word + b"y"), invisible),
                 ("start", characters, lambda word: button(word + b"y"), blanks),
-                ("name", names, button, [b"a\\u0041"]),
+                ("name", names, button, [escaped]),
                 ("text", characters, lambda word: button(b"a", word), []),
                 ("character", characters, lambda word: [*password, word, OFF, OFF, OFF, OFF], [])):
             self.assertEqual(self.disagreements(sort, words, component), (stricter, []), sort)
