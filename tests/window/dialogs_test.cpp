@@ -163,7 +163,9 @@ class DialogsTest : public QObject {
         const FontChoice current = {QFontInfo(QApplication::font()).family().toStdString(), "Bold", 13};
         WhenShown<QFontDialog>([](QFontDialog& dialog) {
             // Family, style and size; the user changes the size.
-            dialog.findChildren<QLineEdit*>().at(2)->setFocus();
+            auto* const size = dialog.findChildren<QLineEdit*>().at(2);
+            QCOMPARE(size->text(), "13");
+            size->setFocus();
             Do(dialog, "Ctrl+A 20 Return");
         });
         const std::optional<FontChoice> chosen = dialogs_.ShowFont(current);
