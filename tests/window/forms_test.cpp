@@ -34,6 +34,7 @@ struct Program {
     MenuBar bar;
     SQLSettings sql;
     Preferences preferences;
+    WindowSettings window = {640, 480, "A"};
     QTextDocument source;
 };
 
@@ -47,10 +48,7 @@ const FormRow forms[] = {
     {"frmMenuGenerator", "cmdAdd", [](Program& p) { return new frmMenuGenerator(p.bar, p.dialogs, p.owner); }},
     {"frmSQLGenerator", "cmdStepForward", [](Program& p) { return new frmSQLGenerator(p.sql, p.owner); }},
     {"frmPreferences", "cmdAccept", [](Program& p) { return new frmPreferences(p.preferences, p.dialogs, p.owner); }},
-    {"frmProjectSettings", "cmdAccept",
-     [](Program& p) {
-         return new frmProjectSettings({640, 480, "A"}, p.owner);
-     }},
+    {"frmProjectSettings", "cmdAccept", [](Program& p) { return new frmProjectSettings(p.window, p.owner); }},
     {"frmListEditor", "cmdAccept",
      [](Program& p) {
          const PropertyKey& key = keys::optionbuttons;
@@ -64,12 +62,7 @@ const FormRow forms[] = {
      }},
     {"frmPrint", "cmdPrinter", [](Program& p) { return new frmPrint(p.source, p.dialogs, p.owner); }},
     {"frmError", "cmdClose", [](Program& p) { return new frmError(RuntimeError(RuntimeError::DiskFull), p.owner); }},
-    {"frmHelp", "cmdClose",
-     [](Program& p) {
-         auto* const form = new frmHelp(p.owner);
-         form->setAttribute(Qt::WA_DeleteOnClose, false);
-         return form;
-     }},
+    {"frmHelp", "cmdClose", [](Program& p) { return new frmHelp(p.owner); }},
     {"frmRecovery", "cmdRestore", [](Program& p) { return new frmRecovery("/home/anna/Quiz.prl", 0, 2, p.owner); }},
     {"frmAbout", "cmdClose", [](Program& p) { return new frmAbout(p.owner); }},
     {"frmDonation", "cmdClose", [](Program& p) { return new frmDonation(p.owner); }},
@@ -203,6 +196,7 @@ class FormsTest : public QObject {
         program_ = std::make_unique<Program>();
         program_->owner = &owner_;
         form_.reset(forms[index].make(*program_));
+        form_->setAttribute(Qt::WA_DeleteOnClose, false); // this test does it
         Show(*form_);
         return *form_;
     }
