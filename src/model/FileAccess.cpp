@@ -120,7 +120,8 @@ void SyncToDisk(std::FILE* file) {
 /// Writes all bytes and sees them to the disk; every failure on the way, the last one at closing included, is an error.
 void WriteAndClose(File file, const std::function<void(const ByteSink&)>& produce) {
     produce([&file](std::string_view bytes) {
-        if (std::fwrite(bytes.data(), 1, bytes.size(), file.get()) != bytes.size())
+        // An empty text may have no place in memory, which the C library does not take.
+        if (!bytes.empty() && std::fwrite(bytes.data(), 1, bytes.size(), file.get()) != bytes.size())
             throw WriteError(LastError());
     });
     if (std::fflush(file.get()) != 0)

@@ -95,7 +95,7 @@ class User:
         path.unlink(missing_ok=True)
         designer.save(path)
         designer.end()
-        if rest := list(self.recovery.iterdir()):
+        if rest := list(self.recovery.glob("*")):  # a program that was quick has made no folder
             raise Failure(f"a normal end leaves {rest}")
         return path.read_bytes()
 
