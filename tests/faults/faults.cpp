@@ -209,11 +209,14 @@ int fclose(std::FILE* file) {
 // --- Descriptors and names --------------------------------------------------------------------------------------
 
 int open(const char* path, int flags, ...) {
+    mode_t mode = 0;
+    if ((flags & O_CREAT) != 0) {
+        va_list rest;
+        va_start(rest, flags);
+        mode = va_arg(rest, mode_t);
+        va_end(rest);
+    }
     static auto* const real = Real(&open, "open");
-    va_list rest;
-    va_start(rest, flags);
-    const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(rest, mode_t) : 0;
-    va_end(rest);
     return Fails("open", IsOurs(path)) ? -1 : real(path, flags, mode);
 }
 
