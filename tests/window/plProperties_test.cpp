@@ -1,4 +1,5 @@
 #include "app/ErrorReport.h"
+#include "codegen/JavaText.h"
 #include "designer/view/frmListEditor.h"
 #include "designer/view/plProperties.h"
 #include "model/ProjectModel.h"
@@ -128,7 +129,7 @@ class plPropertiesTest : public QObject {
             QString asked;
             std::string answer = "neu.wav";
             bench.list.SetFileChooser([&](const std::string& filter, const std::string& path) {
-                asked = QString::fromStdString(filter + " " + path);
+                asked = QString::fromStdString(Concatenate(filter, " ", path));
                 return answer;
             });
             const QString typed = way.contains("getippt") ? "getippt" : "";
