@@ -1,10 +1,10 @@
 // Drags one component through 1,000 mouse events, among ten components and among ten thousand, in turns in one run, and
 // prints what one event costs in each design, painting included. Exits with 1 when the ratio is above the limit.
 
-#include "app/frmCommonDialog.h"
-#include "app/frmProgramStarter.h"
-#include "designer/view/frmMain.h"
 #include "Median.h"
+#include "ui/dialogs/frmCommonDialog.h"
+#include "ui/dialogs/frmProgramStarter.h"
+#include "ui/main/frmMain.h"
 
 #include <QApplication>
 #include <QMouseEvent>

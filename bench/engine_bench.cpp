@@ -1,10 +1,10 @@
 // How fast the engine reads, checks, writes, generates and imports, and how that grows with the size of a design.
 
+#include "base/Conversions.h"
+#include "base/HashFunction.h"
+#include "base/Windows1252.h"
 #include "codegen/JavaGenerator.h"
 #include "codegen/JavaImport.h"
-#include "model/Conversions.h"
-#include "model/Windows1252.h"
-#include "project/HashFunction.h"
 #include "project/ProjectFile.h"
 #include "project/Snapshot.h"
 

@@ -3,13 +3,13 @@
 //
 //   loading-bench [COMPONENTS]      50,000 when none is given
 
-#include "app/frmCommonDialog.h"
-#include "app/frmProgramStarter.h"
-#include "designer/view/frmMain.h"
+#include "app/FileCommands.h"
+#include "base/FileAccess.h"
 #include "Median.h"
-#include "model/FileAccess.h"
-#include "project/FileCommands.h"
 #include "project/ProjectFile.h"
+#include "ui/dialogs/frmCommonDialog.h"
+#include "ui/dialogs/frmProgramStarter.h"
+#include "ui/main/frmMain.h"
 
 #include <QApplication>
 #include <QTemporaryDir>

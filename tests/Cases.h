@@ -1,7 +1,7 @@
 #pragma once
 
-#include "model/FileAccess.h"
-#include "model/RuntimeError.h"
+#include "base/FileAccess.h"
+#include "base/RuntimeError.h"
 
 #include <algorithm>
 #include <filesystem>

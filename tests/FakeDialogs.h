@@ -2,7 +2,7 @@
 
 #include "app/cCommonDialog.h"
 #include "app/ProgramStarter.h"
-#include "model/RuntimeError.h"
+#include "base/RuntimeError.h"
 
 #include <deque>
 #include <string>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "model/Conversions.h"
-#include "model/FileAccess.h"
+#include "base/Conversions.h"
+#include "base/FileAccess.h"
 
 #include <filesystem>
 #include <stdexcept>

@@ -1,9 +1,9 @@
 // Draws the main window with a project into a picture, without a screen:
 //   main-window-picture PROJECT PICTURE.png
 
-#include "app/frmCommonDialog.h"
-#include "app/frmProgramStarter.h"
-#include "designer/view/frmMain.h"
+#include "ui/dialogs/frmCommonDialog.h"
+#include "ui/dialogs/frmProgramStarter.h"
+#include "ui/main/frmMain.h"
 
 #include <QApplication>
 #include <QPixmap>

@@ -1,7 +1,7 @@
 #include "app/ErrorReport.h"
 
-#include "model/Conversions.h"
-#include "model/Oddities.h"
+#include "base/Conversions.h"
+#include "controls/Oddities.h"
 
 #include <new>
 #include <stdexcept>

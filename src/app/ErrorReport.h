@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/RuntimeError.h"
+#include "base/RuntimeError.h"
 
 #include <functional>
 #include <optional>

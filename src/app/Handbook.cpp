@@ -1,7 +1,6 @@
 #include "app/Handbook.h"
 
-#include "model/Conversions.h"
-#include "resources/EmbeddedHandbook.h"
+#include "base/Conversions.h"
 
 namespace pirol {
 namespace {
@@ -45,14 +44,6 @@ bool BelongsInAnchor(char sign) {
 }
 
 } // namespace
-
-std::string_view HandbookText() {
-    return EmbeddedHandbook("Handbuch.md");
-}
-
-std::string_view HandbookPicture(std::string_view path) {
-    return EmbeddedHandbook(path.substr(path.rfind('/') + 1));
-}
 
 std::string ChapterAnchor(std::string_view heading) {
     std::string anchor = LowerCase(ReplaceAll(heading, " ", "-"));

@@ -5,12 +5,6 @@
 
 namespace pirol {
 
-/// The user's handbook, Markdown in UTF-8, as the program carries it.
-std::string_view HandbookText();
-
-/// A file that the handbook shows, by its path there ("screenshots/frmMain.png"); empty when there is none.
-std::string_view HandbookPicture(std::string_view path);
-
 /// The anchor under which links reach a chapter: its heading in lower case (Ä, Ö and Ü included), blanks become "-",
 /// other signs than letters, digits and "-" are left out.
 std::string ChapterAnchor(std::string_view heading);

@@ -1,8 +1,8 @@
 #include "app/Preferences.h"
 
 #include "app/Registry.h"
-#include "model/Conversions.h"
-#include "model/FileAccess.h"
+#include "base/Conversions.h"
+#include "base/FileAccess.h"
 
 #include <algorithm>
 #include <filesystem>

@@ -1,7 +1,7 @@
 #include "app/ProjectSettings.h"
 
-#include "model/Conversions.h"
-#include "model/RuntimeError.h"
+#include "base/Conversions.h"
+#include "base/RuntimeError.h"
 
 namespace pirol {
 namespace {

@@ -2,8 +2,8 @@
 #ifndef _WIN32
 
 #include "app/RegistryStore.h"
-#include "model/FileAccess.h"
-#include "model/UserFolder.h"
+#include "base/FileAccess.h"
+#include "base/UserFolder.h"
 
 #include <filesystem>
 

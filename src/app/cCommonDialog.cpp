@@ -1,6 +1,6 @@
 #include "app/cCommonDialog.h"
 
-#include "model/Conversions.h"
+#include "base/Conversions.h"
 
 namespace pirol {
 namespace {

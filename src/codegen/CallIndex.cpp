@@ -1,7 +1,7 @@
 #include "codegen/CallIndex.h"
 
-#include "codegen/JavaText.h"
-#include "model/RuntimeError.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
 
 #include <algorithm>
 #include <array>

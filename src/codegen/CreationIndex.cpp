@@ -1,8 +1,8 @@
 #include "codegen/CreationIndex.h"
 
-#include "codegen/JavaText.h"
-#include "model/Conversions.h"
-#include "model/RuntimeError.h"
+#include "base/Conversions.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
 
 #include <algorithm>
 

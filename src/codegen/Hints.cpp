@@ -1,12 +1,12 @@
 #include "codegen/Hints.h"
 
+#include "base/Conversions.h"
+#include "base/FileAccess.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "base/Windows1252.h"
 #include "codegen/JavaSyntax.h"
-#include "codegen/JavaText.h"
-#include "model/Conversions.h"
-#include "model/FileAccess.h"
-#include "model/RuntimeError.h"
-#include "model/Windows1252.h"
-#include "sql/SQLWizard.h"
+#include "sql/SQLModule.h"
 
 #include <algorithm>
 #include <unordered_set>
@@ -499,16 +499,15 @@ class HintFinder {
 
     void CheckDatabase() {
         const SQLSettings& sql = model_.Sql();
-        for (const SQLWizardStep& step : SQLWizard::Steps())
-            for (const SQLWizardField& field : step.fields) {
-                Place place{HintSubject::Database};
-                place.what = field.label.substr(0, field.label.find(':'));
-                CheckText(sql.*field.text, place);
-                if (field.text == &SQLSettings::Server && !sql.UsesDatabase())
-                    Report(Rule("missing-server"), place);
-                if (field.text == &SQLSettings::TableName && sql.TableName.empty())
-                    Report(Rule("missing-table"), place);
-            }
+        for (const SQLField& field : sqlFields) {
+            Place place{HintSubject::Database};
+            place.what = field.Name();
+            CheckText(sql.*field.text, place);
+            if (field.text == &SQLSettings::Server && !sql.UsesDatabase())
+                Report(Rule("missing-server"), place);
+            if (field.text == &SQLSettings::TableName && sql.TableName.empty())
+                Report(Rule("missing-table"), place);
+        }
         constructorBytes_ += MethodBytes(GenerateSQLCode(sql));
     }
 

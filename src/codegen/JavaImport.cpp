@@ -1,12 +1,12 @@
 #include "codegen/JavaImport.h"
 
+#include "base/Conversions.h"
+#include "base/FileAccess.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "base/Windows1252.h"
 #include "codegen/CallIndex.h"
 #include "codegen/CreationIndex.h"
-#include "codegen/JavaText.h"
-#include "model/Conversions.h"
-#include "model/FileAccess.h"
-#include "model/RuntimeError.h"
-#include "model/Windows1252.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 #include "codegen/JavaSyntax.h"
 
-#include "model/Windows1252.h"
+#include "base/Windows1252.h"
 
 #include <algorithm>
 #include <array>

@@ -1,9 +1,9 @@
 #include "codegen/ProjectExport.h"
 
-#include "model/FileAccess.h"
-#include "model/RuntimeError.h"
-#include "model/Windows1252.h"
-#include "resources/BlueJTemplate.h"
+#include "base/FileAccess.h"
+#include "base/RuntimeError.h"
+#include "base/Windows1252.h"
+#include "codegen/BlueJTemplate.h"
 
 #include <string>
 #include <system_error>

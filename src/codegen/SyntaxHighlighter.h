@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/Colour.h"
+#include "base/Colour.h"
 
 #include <cstddef>
 #include <string_view>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "designer/controls/dFortschritt.h"
-#include "designer/controls/dRegler.h"
-#include "model/Rectangle.h"
+#include "base/Rectangle.h"
+#include "controls/dFortschritt.h"
+#include "controls/dRegler.h"
 
 #include <cstddef>
 #include <functional>

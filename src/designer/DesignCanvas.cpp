@@ -1,9 +1,9 @@
 #include "designer/DesignCanvas.h"
 
-#include "codegen/JavaText.h"
+#include "base/Conversions.h"
+#include "base/Text.h"
+#include "controls/Oddities.h"
 #include "designer/Grid.h"
-#include "model/Conversions.h"
-#include "model/Oddities.h"
 
 #include <algorithm>
 #include <cmath>

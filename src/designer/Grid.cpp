@@ -1,6 +1,6 @@
 #include "designer/Grid.h"
 
-#include "model/Conversions.h"
+#include "base/Conversions.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #include "designer/ListEditorModel.h"
 
-#include "model/Conversions.h"
-#include "model/RuntimeError.h"
+#include "base/Conversions.h"
+#include "base/RuntimeError.h"
 
 #include <utility>
 

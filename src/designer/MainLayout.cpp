@@ -1,6 +1,6 @@
 #include "designer/MainLayout.h"
 
-#include "model/Conversions.h"
+#include "base/Conversions.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/Rectangle.h"
+#include "base/Rectangle.h"
 
 #include <cstdint>
 #include <optional>

@@ -1,8 +1,8 @@
 #include "designer/PropertyPanel.h"
 
+#include "base/Conversions.h"
+#include "base/RuntimeError.h"
 #include "designer/ListEditorModel.h"
-#include "model/Conversions.h"
-#include "model/RuntimeError.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "menu/MenuEditor.h"
 
-#include "model/Conversions.h"
+#include "base/Conversions.h"
 
 #include <algorithm>
 #include <utility>

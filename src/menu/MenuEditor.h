@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/Colour.h"
 #include "menu/MenuBar.h"
-#include "model/Colour.h"
 
 #include <cstddef>
 #include <cstdint>

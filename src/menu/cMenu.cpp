@@ -1,8 +1,9 @@
 #include "menu/cMenu.h"
 
-#include "codegen/JavaText.h"
-#include "model/Conversions.h"
-#include "model/RuntimeError.h"
+#include "base/Conversions.h"
+#include "base/JavaText.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
 
 #include <algorithm>
 #include <iterator>

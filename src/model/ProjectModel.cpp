@@ -1,8 +1,8 @@
 #include "model/ProjectModel.h"
 
-#include "model/Conversions.h"
-#include "model/Oddities.h"
-#include "model/RuntimeError.h"
+#include "base/Conversions.h"
+#include "base/RuntimeError.h"
+#include "controls/Oddities.h"
 
 #include <algorithm>
 #include <numeric>

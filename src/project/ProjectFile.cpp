@@ -1,12 +1,12 @@
 #include "project/ProjectFile.h"
 
-#include "codegen/JavaText.h"
-#include "model/Conversions.h"
-#include "model/FileAccess.h"
-#include "model/Oddities.h"
-#include "model/RuntimeError.h"
-#include "model/Windows1252.h"
-#include "project/HashFunction.h"
+#include "base/Conversions.h"
+#include "base/FileAccess.h"
+#include "base/HashFunction.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "base/Windows1252.h"
+#include "controls/Oddities.h"
 
 #include <algorithm>
 #include <array>
@@ -38,10 +38,6 @@ std::string SqlNumbers(const SQLSettings& sql) {
     return line;
 }
 
-/// The five SQL texts in the order of the file.
-constexpr std::array sqlTexts = {&SQLSettings::Server, &SQLSettings::User, &SQLSettings::Password,
-                                 &SQLSettings::Database, &SQLSettings::TableName};
-
 std::string AllButTheHash(const ProjectModel& model) {
     // What a component's line usually takes; growing step by step would copy a large text several times.
     constexpr std::size_t usualLength = 96;
@@ -52,8 +48,8 @@ std::string AllButTheHash(const ProjectModel& model) {
     model.ForEachVisible(
         [&text](const Control& control) { text += control.CreatePRLString(control.Left, control.Top); });
     Append(text, menuMarker, lineEnd, model.Menus().CreatePRLString(), sqlMarker, lineEnd);
-    for (const auto sqlText : sqlTexts)
-        Append(text, model.Sql().*sqlText, lineEnd);
+    for (const SQLField& field : sqlFields)
+        Append(text, model.Sql().*field.text, lineEnd);
     Append(text, SqlNumbers(model.Sql()), lineEnd, hashMarker, lineEnd);
     return text;
 }
@@ -214,9 +210,9 @@ void ReadSql(Lines& lines, ProjectModel& model, const Progress& progress) {
     std::size_t position = 0;
     for (std::string_view line = lines.Take(); line != hashMarker; line = lines.Take()) {
         progress.Value(lines);
-        if (position < sqlTexts.size())
-            sql.*sqlTexts[position] = FromWindows1252(line);
-        else if (position == sqlTexts.size())
+        if (position < sqlFields.size())
+            sql.*sqlFields[position].text = FromWindows1252(line);
+        else if (position == sqlFields.size())
             ReadSqlNumbers(line, sql);
         ++position;
     }

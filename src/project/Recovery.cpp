@@ -1,9 +1,9 @@
 #include "project/Recovery.h"
 
-#include "model/FileAccess.h"
-#include "model/RuntimeError.h"
-#include "model/UserFolder.h"
-#include "project/HashFunction.h"
+#include "base/FileAccess.h"
+#include "base/HashFunction.h"
+#include "base/RuntimeError.h"
+#include "base/UserFolder.h"
 #include "project/Snapshot.h"
 
 #include <algorithm>

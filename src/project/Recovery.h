@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/FileLock.h"
+#include "base/FileLock.h"
 #include "model/ProjectModel.h"
 
 #include <ctime>

@@ -1,7 +1,7 @@
 #include "project/Snapshot.h"
 
-#include "codegen/JavaText.h"
-#include "model/RuntimeError.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
 
 #include <array>
 #include <charconv>
@@ -54,19 +54,16 @@ class Fields {
     std::string_view rest_;
 };
 
-constexpr std::array sqlTexts = {&SQLSettings::Server, &SQLSettings::User, &SQLSettings::Password,
-                                 &SQLSettings::Database, &SQLSettings::TableName};
-
 void AddSql(std::string& out, const SQLSettings& sql) {
-    for (const auto text : sqlTexts)
-        AddField(out, sql.*text);
+    for (const SQLField& field : sqlFields)
+        AddField(out, sql.*field.text);
     for (const std::int16_t flag : sql.Flags)
         AddField(out, flag);
 }
 
 void ReadSql(Fields& fields, SQLSettings& sql) {
-    for (const auto text : sqlTexts)
-        sql.*text = fields.Take();
+    for (const SQLField& field : sqlFields)
+        sql.*field.text = fields.Take();
     for (std::int16_t& flag : sql.Flags)
         flag = fields.TakeNumber<std::int16_t>();
 }

@@ -1,6 +1,7 @@
 #include "sql/SQLModule.h"
 
-#include "codegen/JavaText.h"
+#include "base/JavaText.h"
+#include "base/Text.h"
 
 namespace pirol {
 namespace {

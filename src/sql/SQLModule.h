@@ -29,6 +29,26 @@ struct SQLSettings {
     bool HasFunction(std::size_t index) const { return Flags.at(index) != 0; }
 };
 
+/// One of the settings' texts, wherever it is shown, stored or checked.
+struct SQLField {
+    std::string SQLSettings::*text;
+    std::string_view control; ///< its text field's name on the wizard's form
+    std::string_view label;   ///< stands before the text field
+    bool unreadable = false;  ///< its characters must not be shown
+
+    /// What messages call it: the label without its colon.
+    constexpr std::string_view Name() const { return label.substr(0, label.find(':')); }
+};
+
+/// The texts in the order of the wizard and of the project file.
+inline constexpr std::array<SQLField, 5> sqlFields = {{
+    {&SQLSettings::Server, "txtServer", "Server:  "},
+    {&SQLSettings::User, "txtUser", "Username:  "},
+    {&SQLSettings::Password, "txtPass", "Passwort:  ", true},
+    {&SQLSettings::Database, "txtDB", "Datenbank:  "},
+    {&SQLSettings::TableName, "txtTableName", "Name der Tabelle:  "},
+}};
+
 /// A predefined query method.
 struct cSQLFunction {
     std::string_view row;  ///< name and description with a comma between them

@@ -3,16 +3,9 @@
 namespace pirol {
 namespace {
 
-constexpr SQLWizardField connectionFields[] = {
-    {"txtServer", "Server:  ", &SQLSettings::Server, false},
-    {"txtUser", "Username:  ", &SQLSettings::User, false},
-    {"txtPass", "Passwort:  ", &SQLSettings::Password, true},
-    {"txtDB", "Datenbank:  ", &SQLSettings::Database, false},
-};
-
-constexpr SQLWizardField tableFields[] = {
-    {"txtTableName", "Name der Tabelle:  ", &SQLSettings::TableName, false},
-};
+/// All but the last text belong to the connection.
+constexpr std::span<const SQLField> tableFields = std::span<const SQLField>(sqlFields).last(1);
+constexpr std::span<const SQLField> connectionFields = std::span<const SQLField>(sqlFields).first(sqlFields.size() - 1);
 
 constexpr std::string_view connectionNotes[] = {
     "Geben Sie hier die benötigten Verbindungsdaten an.",

@@ -11,19 +11,11 @@
 
 namespace pirol {
 
-/// A text field of the wizard.
-struct SQLWizardField {
-    std::string_view control;       ///< the field's name on the form
-    std::string_view label;         ///< the text before it
-    std::string SQLSettings::*text; ///< what the field edits
-    bool unreadable;                ///< its characters must not be shown
-};
-
 /// One step of the wizard.
 struct SQLWizardStep {
     std::string_view title;
     std::string_view heading; ///< stands over the fields, or in the frame around them
-    std::span<const SQLWizardField> fields;
+    std::span<const SQLField> fields;
     std::span<const std::string_view> notes; ///< one line each
     std::string_view forwardCaption;
 };
@@ -52,8 +44,8 @@ class SQLWizard {
     void Back();
     void Forward();
 
-    const std::string& Text(const SQLWizardField& field) const { return entered_.*field.text; }
-    void SetText(const SQLWizardField& field, std::string text) { entered_.*field.text = std::move(text); }
+    const std::string& Text(const SQLField& field) const { return entered_.*field.text; }
+    void SetText(const SQLField& field, std::string text) { entered_.*field.text = std::move(text); }
 
     /// Whether the row of SQLFunctions() is checked, from 0.
     bool IsChosen(std::size_t row) const { return entered_.HasFunction(row); }

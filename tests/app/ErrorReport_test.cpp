@@ -1,5 +1,5 @@
 #include "app/ErrorReport.h"
-#include "model/Conversions.h"
+#include "base/Conversions.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "app/Preferences.h"
 #include "app/Registry.h"
+#include "base/FileAccess.h"
 #include "Cases.h"
-#include "model/FileAccess.h"
 
 #include <gtest/gtest.h>
 

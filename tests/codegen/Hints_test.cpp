@@ -1,6 +1,6 @@
+#include "base/Windows1252.h"
 #include "Cases.h"
 #include "codegen/Hints.h"
-#include "model/Windows1252.h"
 #include "project/ProjectFile.h"
 
 #include <gtest/gtest.h>

@@ -1,9 +1,9 @@
+#include "base/FileAccess.h"
+#include "base/RuntimeError.h"
+#include "base/Windows1252.h"
 #include "Cases.h"
 #include "codegen/CallIndex.h"
 #include "codegen/JavaImport.h"
-#include "model/FileAccess.h"
-#include "model/RuntimeError.h"
-#include "model/Windows1252.h"
 #include "project/ProjectFile.h"
 #include "Tables.h"
 

@@ -1,6 +1,6 @@
-#include "codegen/JavaText.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "designer/DesignCanvas.h"
-#include "model/RuntimeError.h"
 #include "Tables.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/Conversions.h"
+#include "base/Conversions.h"
 
 #include <string>
 #include <string_view>

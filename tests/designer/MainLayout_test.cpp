@@ -1,5 +1,5 @@
+#include "base/RuntimeError.h"
 #include "designer/MainLayout.h"
-#include "model/RuntimeError.h"
 #include "Tables.h"
 
 #include <gtest/gtest.h>

@@ -4,10 +4,10 @@
 // error on standard error.
 
 #include "app/ErrorReport.h"
+#include "app/ExportCommands.h"
+#include "app/FileCommands.h"
 #include "app/Preferences.h"
-#include "codegen/ExportCommands.h"
 #include "FakeDialogs.h"
-#include "project/FileCommands.h"
 #include "project/Recovery.h"
 #include "project/Snapshot.h"
 

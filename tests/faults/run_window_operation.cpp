@@ -3,9 +3,9 @@
 // goes to standard error; then the window must still do what it is told. Ends with 0, with 1 after an error report,
 // with 3 when the window is of no use any more.
 
-#include "app/frmPreferences.h"
-#include "designer/view/frmMain.h"
 #include "FakeDialogs.h"
+#include "ui/dialogs/frmPreferences.h"
+#include "ui/main/frmMain.h"
 
 #include <QAbstractButton>
 #include <QAction>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "model/RuntimeError.h"
-#include "project/HashFunction.h"
+#include "base/HashFunction.h"
+#include "base/RuntimeError.h"
 #include "project/ProjectFile.h"
 
 #include <cstddef>

@@ -1,12 +1,12 @@
 // Random designs as a user could draw them obey the rules of every design, and importing their Java finds every
 // component of the imported classes.
 
+#include "base/Conversions.h"
+#include "base/Windows1252.h"
 #include "codegen/JavaGenerator.h"
 #include "codegen/JavaImport.h"
 #include "fuzz/Fuzz.h"
 #include "gestures/DesignRules.h"
-#include "model/Conversions.h"
-#include "model/Windows1252.h"
 
 #include <algorithm>
 #include <fuzzer/FuzzedDataProvider.h>

@@ -1,7 +1,7 @@
 // Any bytes as the image file of a picture: it is shown within the size that is asked for, or not at all.
 
-#include "designer/view/PictureFile.h"
 #include "fuzz/Fuzz.h"
+#include "ui/canvas/PictureFile.h"
 
 #include <QGuiApplication>
 #include <QPixmapCache>

@@ -1,10 +1,10 @@
 // Any bytes as Java source: importing ends in a design or in a run-time error, and a design that was imported can be
 // generated, imported again and written.
 
+#include "base/Windows1252.h"
 #include "codegen/JavaGenerator.h"
 #include "codegen/JavaImport.h"
 #include "fuzz/Fuzz.h"
-#include "model/Windows1252.h"
 
 using namespace pirol;
 

@@ -1,8 +1,8 @@
 // Any lines as the menu section of a project file: the tree that they give can be written, read, generated and edited.
 
+#include "base/Conversions.h"
 #include "fuzz/Fuzz.h"
 #include "menu/MenuEditor.h"
-#include "model/Conversions.h"
 
 #include <functional>
 #include <fuzzer/FuzzedDataProvider.h>

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "base/Conversions.h"
+#include "base/RuntimeError.h"
+#include "base/Windows1252.h"
 #include "codegen/JavaGenerator.h"
-#include "model/Conversions.h"
-#include "model/RuntimeError.h"
-#include "model/Windows1252.h"
 #include "project/ProjectFile.h"
 
 #include <algorithm>

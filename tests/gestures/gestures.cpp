@@ -4,12 +4,12 @@
 // makes the same events, and --trace writes them. Prints seed and number of events; a broken rule ends it with
 // status 1.
 
-#include "designer/view/frmMain.h"
-#include "designer/view/picContainer.h"
-#include "designer/view/plProperties.h"
-#include "designer/view/PropertyListModel.h"
 #include "FakeDialogs.h"
 #include "gestures/DesignRules.h"
+#include "ui/canvas/picContainer.h"
+#include "ui/main/frmMain.h"
+#include "ui/properties/plProperties.h"
+#include "ui/properties/PropertyListModel.h"
 
 #include <QAction>
 #include <QApplication>

@@ -1,7 +1,7 @@
+#include "base/Conversions.h"
 #include "Cases.h"
 #include "menu/MenuBar.h"
 #include "menu/MenuEditor.h"
-#include "model/Conversions.h"
 #include "Tables.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
+#include "base/Conversions.h"
 #include "menu/MenuEditor.h"
-#include "model/Conversions.h"
 #include "Tables.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
-#include "model/Oddities.h"
+#include "base/RuntimeError.h"
+#include "controls/Oddities.h"
 #include "model/ProjectModel.h"
-#include "model/RuntimeError.h"
 
 #include <gtest/gtest.h>
 

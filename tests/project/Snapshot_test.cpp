@@ -1,6 +1,6 @@
+#include "base/Conversions.h"
 #include "Cases.h"
 #include "codegen/JavaGenerator.h"
-#include "model/Conversions.h"
 #include "project/Snapshot.h"
 
 #include <gtest/gtest.h>

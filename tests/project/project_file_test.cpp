@@ -1,6 +1,6 @@
+#include "base/HashFunction.h"
+#include "base/RuntimeError.h"
 #include "Cases.h"
-#include "model/RuntimeError.h"
-#include "project/HashFunction.h"
 #include "project/ProjectFile.h"
 
 #include <gtest/gtest.h>

@@ -31,7 +31,7 @@ TEST(SQLWizard, EveryFieldEditsItsOwnSetting) {
     SQLWizard wizard(stored);
     std::string shown;
     for (const SQLWizardStep& step : SQLWizard::Steps())
-        for (const SQLWizardField& field : step.fields) {
+        for (const SQLField& field : step.fields) {
             shown.append(field.label).append(wizard.Text(field)).append(field.unreadable ? " (*)\n" : "\n");
             wizard.SetText(field, std::string(field.control));
         }

@@ -1,0 +1,91 @@
+#include "app/ExportCommands.h"
+
+#include "base/FileAccess.h"
+#include "base/RuntimeError.h"
+#include "codegen/JavaImport.h"
+#include "codegen/ProjectExport.h"
+
+#include <filesystem>
+
+namespace pirol {
+namespace {
+
+FileDialogSetup BlueJDialog() {
+    return {.Title = "BlueJ-Projekt exportieren",
+            .Filter = {},
+            .Flags = FileDialogSetup::PathMustExist,
+            .FileName = {},
+            .Name = "exportDialog"};
+}
+
+FileDialogSetup JavaDialog() {
+    return {.Title = "Java-Datei exportieren",
+            .Filter = "SuMAnwendung.java|SuMAnwendung.java|Alle Dateien (*.*)|*.*",
+            .Flags = FileDialogSetup::PathMustExist,
+            .FileName = "SuMAnwendung.java",
+            .Name = "exportDialog"};
+}
+
+FileDialogSetup TextDialog() {
+    return {.Title = "Textdatei exportieren",
+            .Filter = "Textdateien (*.txt)|*.txt|Alle Dateien (*.*)|*.*",
+            .Flags = FileDialogSetup::PathMustExist,
+            .FileName = {},
+            .Name = "exportDialog"};
+}
+
+FileDialogSetup ImportDialog() {
+    return {.Title = "Java-Datei importieren",
+            .Filter = "SuMAnwendung.java|SuMAnwendung.java",
+            .Flags = FileDialogSetup::FileMustExist,
+            .FileName = {},
+            .Name = "importDialog"};
+}
+
+void ExportFile(const ProjectModel& model, CodeOptions options, const FileDialogSetup& setup, cCommonDialog& dialogs) {
+    const std::string path = dialogs.ShowSave(setup);
+    if (!path.empty())
+        ExportSource(PathOf(path), GenerateCode(model, options));
+}
+
+/// A path that names no file is no fault here: the preferences have warned of it.
+bool NamesFile(const std::string& path) {
+    std::error_code error;
+    const std::filesystem::file_status status = std::filesystem::status(PathOf(path), error);
+    return !path.empty() && std::filesystem::exists(status) && !std::filesystem::is_directory(status);
+}
+
+} // namespace
+
+void ExportBlueJ(const ProjectModel& model, CodeOptions options, const std::string& blueJPath, cCommonDialog& dialogs,
+                 ProgramStarter& starter) {
+    const std::string folder = dialogs.ShowSave(BlueJDialog());
+    if (folder.empty())
+        return;
+    ExportBlueJProject(PathOf(folder), GenerateCode(model, options));
+    if (NamesFile(blueJPath))
+        UnderLabel("Main.Project.Export", [&] { starter.Start(blueJPath, folder, ProgramStarter::Window::Minimised); });
+}
+
+void ExportJava(const ProjectModel& model, CodeOptions options, cCommonDialog& dialogs) {
+    ExportFile(model, options, JavaDialog(), dialogs);
+}
+
+void ExportText(const ProjectModel& model, CodeOptions options, cCommonDialog& dialogs) {
+    ExportFile(model, options, TextDialog(), dialogs);
+}
+
+void StartBlueJ(const std::string& blueJPath, ProgramStarter& starter) {
+    if (NamesFile(blueJPath))
+        UnderLabel("Main.File.StartBlueJ", [&] { starter.Start(blueJPath, {}, ProgramStarter::Window::Normal); });
+}
+
+bool ImportJava(ProjectModel& model, cCommonDialog& dialogs) {
+    const std::string path = dialogs.ShowOpen(ImportDialog());
+    if (path.empty())
+        return false;
+    AnalyseFile(PathOf(path), model);
+    return true;
+}
+
+} // namespace pirol

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "controls/Control.h"
+
+namespace pirol {
+
+/// A group of radio buttons. The group itself is not seen in the running program; its buttons are.
+struct dOptionsgruppe final : Control {
+    std::vector<cRadioButton> OptionButtons;
+    /// Decides for all buttons of the group. The project file does not hold it, so a loaded group has it on.
+    bool EventClick = true;
+
+    const ControlTable& Table() const override;
+    std::string CreateHeaderText() const override;
+    std::string CreateEventText() const override;
+    std::string CreateInitText(int left, int top) const override;
+
+    bool operator==(const dOptionsgruppe&) const = default;
+};
+
+} // namespace pirol

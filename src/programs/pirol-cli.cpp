@@ -1,0 +1,238 @@
+// pirol-cli: what the designer does with files, without a window.
+
+#include "app/Console.h"
+#include "base/FileAccess.h"
+#include "base/HashFunction.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "base/Windows1252.h"
+#include "codegen/Hints.h"
+#include "codegen/JavaGenerator.h"
+#include "codegen/JavaImport.h"
+#include "codegen/ProjectExport.h"
+#include "project/ProjectFile.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+using namespace pirol;
+
+enum ExitStatus { done = 0, refused = 1, hintsGiven = 1, wrongCall = 2 };
+
+constexpr std::string_view usage =
+    "Aufruf:\n"
+    "  pirol-cli generate P.prl [--menu] [--sql] [-o DATEI]   Java-Quelltext erzeugen\n"
+    "  pirol-cli import SuMAnwendung.java -o P.prl            Java-Quelltext in ein Projekt einlesen\n"
+    "  pirol-cli export P.prl ORDNER [--menu] [--sql]         BlueJ-Projektordner anlegen\n"
+    "  pirol-cli copy P.prl ZIEL.prl                          Projekt laden und speichern\n"
+    "  pirol-cli check P.prl ...                              zeigen, was das Projekt enthält\n"
+    "  pirol-cli lint P.prl [--menu] [--sql]                  Hinweise zum erzeugten Programm geben\n"
+    "  pirol-cli hash DATEI                                   Inhalts-Hash der Datei ausgeben\n"
+    "  pirol-cli --help | --version\n"
+    "\n"
+    "--menu und --sql erzeugen auch die Menüleiste und den Datenbankzugriff.\n"
+    "Ohne -o geht der Quelltext an die Standardausgabe.\n"
+    "lint endet mit 0, wenn es nichts zu sagen hat, und mit 1 nach Hinweisen, einem je Zeile.\n";
+
+/// The call does not look as it should.
+struct UsageError {
+    std::string message;
+};
+
+/// The project file's hash does not match.
+struct Refusal {};
+
+/// The words of a call: files and folders in order, and the options.
+struct Arguments {
+    std::vector<std::string> names;
+    CodeOptions code;
+    std::optional<std::string> output;
+};
+
+/// Which options a command knows and how many names it wants.
+struct Command {
+    std::string_view name;
+    std::size_t fewestNames;
+    std::size_t mostNames;
+    bool codeOptions;
+    bool outputOption;
+    ExitStatus (*run)(const Arguments&);
+};
+
+void Print(std::FILE* stream, std::string_view text) {
+    if (std::fwrite(text.data(), 1, text.size(), stream) != text.size() || std::fflush(stream) != 0)
+        throw RuntimeError(RuntimeError::DeviceError);
+}
+
+ProjectModel Load(const std::string& name) {
+    ProjectModel model;
+    if (ReadPRLFile(PathOf(name), model) == ReadResult::Refused)
+        throw Refusal();
+    return model;
+}
+
+void Save(const std::string& name, const ProjectModel& model) {
+    const std::string bytes = GeneratePRLCode(model);
+    UnderLabel("Main.File.PRL.GeneratePRLCode", [&] { ReplaceFileBytes(PathOf(name), bytes); });
+}
+
+ExitStatus Generate(const Arguments& arguments) {
+    constexpr std::string_view label = "Main.Project.Export";
+    const ProjectModel model = Load(arguments.names[0]);
+    const auto produce = [&](const ByteSink& write) {
+        WriteCode(model, arguments.code, [&](std::string_view piece) {
+            UnderLabel(label, [&] { write(ToWindows1252(std::string(piece))); });
+        });
+    };
+    UnderLabel(label, [&] {
+        if (arguments.output)
+            ReplaceFile(PathOf(*arguments.output), produce);
+        else
+            produce([](std::string_view bytes) { Print(stdout, bytes); });
+    });
+    return done;
+}
+
+ExitStatus Import(const Arguments& arguments) {
+    if (!arguments.output)
+        throw UsageError{"import braucht -o P.prl."};
+    ProjectModel model;
+    AnalyseFile(PathOf(arguments.names[0]), model);
+    Save(*arguments.output, model);
+    return done;
+}
+
+ExitStatus Export(const Arguments& arguments) {
+    ExportBlueJProject(PathOf(arguments.names[1]), GenerateCode(Load(arguments.names[0]), arguments.code));
+    return done;
+}
+
+ExitStatus Copy(const Arguments& arguments) {
+    Save(arguments.names[1], Load(arguments.names[0]));
+    return done;
+}
+
+std::size_t CountEntries(const cMenu& menu) {
+    std::size_t count = 0;
+    for (const cMenu& child : menu.Children())
+        count += 1 + CountEntries(child);
+    return count;
+}
+
+std::string Description(const ProjectModel& model) {
+    std::string text;
+    Append(text, "Fenster: ", model.WindowWidth(), " x ", model.WindowHeight(), "\n", "Autor: ", model.Author(), "\n");
+    for (const KindRow& row : KindRows())
+        Append(text, row.javaClass, ": ", model.ElementCount(row.kind) - 1, "\n");
+    std::size_t entries = 0;
+    for (const cMenu& menu : model.Menus().Menus())
+        entries += CountEntries(menu);
+    Append(text, "Menüs: ", model.Menus().Menus().size(), "\n", "Menüeinträge: ", entries, "\n");
+    const SQLSettings& sql = model.Sql();
+    Append(text, "Datenbank: ", sql.UsesDatabase() ? Concatenate(sql.Database, " auf ", sql.Server) : "keine", "\n");
+    return text;
+}
+
+ExitStatus Check(const Arguments& arguments) {
+    for (const std::string& name : arguments.names) {
+        if (arguments.names.size() > 1)
+            Print(stdout, Concatenate("Projekt: ", name, "\n"));
+        Print(stdout, Description(Load(name)));
+    }
+    return done;
+}
+
+ExitStatus Lint(const Arguments& arguments) {
+    const std::vector<Hint> hints = FindHints(Load(arguments.names[0]), arguments.code);
+    std::string lines;
+    for (const Hint& hint : hints)
+        Append(lines, hint.text, " [", hint.rule->key, "]\n");
+    if (hints.size() == mostHints)
+        Append(lines, "Weitere Hinweise werden nicht gezeigt.\n");
+    Print(stdout, lines);
+    return hints.empty() ? done : hintsGiven;
+}
+
+ExitStatus Hash(const Arguments& arguments) {
+    Print(stdout, HashFunction(ReadFileBytes(PathOf(arguments.names[0]))) + "\n");
+    return done;
+}
+
+constexpr std::size_t any = static_cast<std::size_t>(-1);
+
+constexpr Command commands[] = {
+    {"generate", 1, 1, true, true, Generate}, {"import", 1, 1, false, true, Import},
+    {"export", 2, 2, true, false, Export},    {"copy", 2, 2, false, false, Copy},
+    {"check", 1, any, false, false, Check},   {"lint", 1, 1, true, false, Lint},
+    {"hash", 1, 1, false, false, Hash},
+};
+
+Arguments ParseArguments(const Command& command, std::span<const std::string> words) {
+    Arguments arguments;
+    while (!words.empty()) {
+        const std::string& word = words.front();
+        words = words.subspan(1);
+        if (command.codeOptions && word == "--menu") {
+            arguments.code.menu = true;
+        } else if (command.codeOptions && word == "--sql") {
+            arguments.code.database = true;
+        } else if (command.outputOption && word == "-o") {
+            if (words.empty() || arguments.output)
+                throw UsageError{"-o braucht genau einen Dateinamen."};
+            arguments.output = words.front();
+            words = words.subspan(1);
+        } else if (word.starts_with('-') && word.size() > 1) {
+            throw UsageError{Concatenate("Unbekannte Option: ", word)};
+        } else {
+            arguments.names.push_back(word);
+        }
+    }
+    if (arguments.names.size() < command.fewestNames || arguments.names.size() > command.mostNames)
+        throw UsageError{Concatenate("Falsche Anzahl von Angaben für ", command.name, ".")};
+    return arguments;
+}
+
+ExitStatus RunCall(std::span<const std::string> words) {
+    if (words.empty())
+        throw UsageError{"Es fehlt ein Befehl."};
+    if (words.size() == 1 && (words[0] == "--help" || words[0] == "--version")) {
+        Print(stdout, words[0] == "--help" ? usage : "pirol-cli " PIROL_VERSION "\n");
+        return done;
+    }
+    const auto* const command = std::find_if(std::begin(commands), std::end(commands),
+                                             [&](const Command& candidate) { return candidate.name == words[0]; });
+    if (command == std::end(commands))
+        throw UsageError{Concatenate("Unbekannter Befehl: ", words[0])};
+    return command->run(ParseArguments(*command, words.subspan(1)));
+}
+
+int Fail(ExitStatus status, std::string_view message) {
+    std::fprintf(stderr, "%.*s\n", static_cast<int>(message.size()), message.data());
+    return status;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const PlainOutput plainOutput;
+    try {
+        return RunCall(CallWords(argc, argv));
+    } catch (const UsageError& error) {
+        return Fail(wrongCall, Concatenate(error.message, "\n", usage));
+    } catch (const Refusal&) {
+        return Fail(refused, damagedProjectMessage);
+    } catch (const RuntimeError& error) {
+        return Fail(refused, error.what());
+    } catch (const std::bad_alloc&) {
+        return Fail(refused, RuntimeError::outOfMemoryText);
+    } catch (const std::exception& error) {
+        return Fail(refused, error.what());
+    }
+}

@@ -1,0 +1,80 @@
+#include "ui/dialogs/frmAbout.h"
+
+#include "ui/parts/Bitmaps.h"
+#include "ui/parts/FormParts.h"
+
+#include <QCoreApplication>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace pirol {
+namespace {
+
+constexpr const char* licence =
+    "Pirol ist freie Software. Sie dürfen es unter den Bedingungen der GNU General Public License, Version 3 oder "
+    "später, weitergeben und verändern. Es wird ohne jede Gewähr verbreitet, auch ohne die Zusicherung, für einen "
+    "bestimmten Zweck geeignet zu sein. Der Text der Lizenz liegt dem Programm als Datei LICENSE bei.";
+
+QString Libraries() {
+    return QString("Qt %1 (GNU Lesser General Public License, Version 3)\n"
+                   "C++-Standardbibliothek\n\n"
+                   "Die erzeugten Programme benutzen die Java-Bibliothek SuM; sie gehört nicht zu Pirol.")
+        .arg(qVersion());
+}
+
+QLabel* NewHeading(const QString& text, double scale) {
+    auto* const heading = new QLabel(text);
+    QFont font = heading->font();
+    font.setBold(true);
+    font.setPointSizeF(font.pointSizeF() * scale);
+    heading->setFont(font);
+    return heading;
+}
+
+QLabel* NewText(const char* name, const QString& text) {
+    QLabel* const label = NewNote(text, 60);
+    label->setObjectName(name);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    label->setFocusPolicy(Qt::NoFocus);
+    return label;
+}
+
+} // namespace
+
+frmAbout::frmAbout(QWidget* owner) : QDialog(owner) {
+    setObjectName("frmAbout");
+    setWindowTitle("Pirol - Info");
+
+    auto* const texts = new QVBoxLayout;
+    texts->addWidget(NewHeading("Pirol", 2));
+    texts->addWidget(NewText("lblVersion", "Version " + QCoreApplication::applicationVersion()));
+    texts->addWidget(NewText("lblPurpose", "Entwirft grafische Oberflächen für kleine Java-Programme mit SuM."));
+    texts->addSpacing(fontMetrics().lineSpacing());
+    texts->addWidget(NewHeading("Lizenz", 1));
+    texts->addWidget(NewText("lblLicence", licence));
+    texts->addSpacing(fontMetrics().lineSpacing());
+    texts->addWidget(NewHeading("Bibliotheken", 1));
+    texts->addWidget(NewText("lblLibraries", Libraries()));
+    texts->addStretch();
+
+    auto* const icon = new QLabel;
+    icon->setPixmap(ProgramIcon().pixmap(64, 64));
+    icon->setAlignment(Qt::AlignTop);
+    auto* const columns = new QHBoxLayout;
+    columns->setSpacing(fontMetrics().averageCharWidth() * 3);
+    columns->addWidget(icon);
+    columns->addLayout(texts, 1);
+
+    auto* const cmdClose = NewButton("cmdClose", "&Schließen");
+    cmdClose->setDefault(true);
+    connect(cmdClose, &QPushButton::clicked, this, &QDialog::accept);
+    auto* const all = new QVBoxLayout(this);
+    all->addLayout(columns, 1);
+    all->addSpacing(fontMetrics().lineSpacing() / 2);
+    all->addWidget(cmdClose, 0, Qt::AlignRight);
+    all->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+} // namespace pirol

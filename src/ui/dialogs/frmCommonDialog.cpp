@@ -1,0 +1,196 @@
+#include "ui/dialogs/frmCommonDialog.h"
+
+#include "ui/parts/FormParts.h"
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QFontDialog>
+#include <QHeaderView>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPushButton>
+#include <QTranslator>
+#include <QTreeView>
+
+namespace pirol {
+namespace {
+
+constexpr int charactersWide = 120;
+
+/// The window that the user is working in; the dialogs open in its middle.
+QWidget* Owner() {
+    QWidget* const modal = QApplication::activeModalWidget();
+    return modal != nullptr ? modal : QApplication::activeWindow();
+}
+
+/// A pattern that means every file asks for a dot in the name here.
+QString ToPattern(const std::string& pattern) {
+    return pattern == "*.*" ? QStringLiteral("*") : ToText(pattern);
+}
+
+QStringList NameFilters(std::string_view filter) {
+    QStringList names;
+    for (const FileFilter& entry : FileFilters(filter)) {
+        QStringList patterns;
+        for (const std::string& pattern : entry.patterns)
+            patterns << ToPattern(pattern);
+        names << ToText(entry.text) + " (" + patterns.join(' ') + ")";
+    }
+    return names;
+}
+
+/// Shows all columns whole. A dialog of the desktop has no such list.
+void FitColumns(const QFileDialog& dialog) {
+    if (const auto* const files = dialog.findChild<QTreeView*>()) {
+        files->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+        files->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    }
+}
+
+/// The dialog hides the patterns that NameFilters appends, so the user reads each filter's text as it stands.
+void SetUp(QFileDialog& dialog, const FileDialogSetup& setup) {
+    dialog.setObjectName(ToText(setup.Name));
+    dialog.resize(dialog.fontMetrics().averageCharWidth() * charactersWide, dialog.sizeHint().height());
+    FitColumns(dialog);
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    dialog.setNameFilters(NameFilters(setup.Filter));
+    if (!setup.FileName.empty())
+        dialog.selectFile(ToText(setup.FileName));
+}
+
+QString Title(const FileDialogSetup& setup, const QString& otherwise) {
+    return setup.Title.empty() ? otherwise : ToText(setup.Title);
+}
+
+std::string Run(QFileDialog& dialog) {
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return {};
+    return QDir::toNativeSeparators(dialog.selectedFiles().constFirst()).toStdString();
+}
+
+QString ProgramName() {
+    const QString name = QGuiApplication::applicationDisplayName();
+    return name.isEmpty() ? QStringLiteral("Pirol") : name;
+}
+
+/// A message box whose text is shown as it is, whatever signs it holds.
+class Message : public QMessageBox {
+  public:
+    Message(Icon icon, const QString& title, std::string_view text)
+        : QMessageBox(icon, title, ToLines(text), NoButton, Owner()) {
+        setTextFormat(Qt::PlainText);
+        setObjectName("message");
+    }
+};
+
+void ShowMessage(QMessageBox::Icon icon, const QString& title, std::string_view text) {
+    Message message(icon, title, text);
+    message.setDefaultButton(message.addButton("OK", QMessageBox::AcceptRole));
+    message.exec();
+}
+
+PrintJob JobOf(const QPrinter& printer) {
+    PrintJob job;
+    if (printer.outputFormat() == QPrinter::PdfFormat)
+        job.PdfFile = printer.outputFileName().toStdString();
+    else
+        job.Printer = printer.printerName().toStdString();
+    job.Paper = printer.pageLayout().pageSize().key().toStdString();
+    job.Landscape = printer.pageLayout().orientation() == QPageLayout::Landscape;
+    job.Copies = printer.copyCount();
+    job.FirstPage = printer.fromPage();
+    job.LastPage = printer.toPage();
+    return job;
+}
+
+} // namespace
+
+void SpeakGerman(QCoreApplication& application) {
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    auto* const translator = new QTranslator(&application);
+    if (translator->load("qtbase_de", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(translator);
+}
+
+std::string frmCommonDialog::ShowOpen(const FileDialogSetup& setup) {
+    QFileDialog dialog(Owner(), Title(setup, "Öffnen"));
+    dialog.setAcceptMode(QFileDialog::AcceptOpen);
+    dialog.setFileMode((setup.Flags & FileDialogSetup::FileMustExist) != 0 ? QFileDialog::ExistingFile
+                                                                           : QFileDialog::AnyFile);
+    SetUp(dialog, setup);
+    return Run(dialog);
+}
+
+std::string frmCommonDialog::ShowSave(const FileDialogSetup& setup) {
+    QFileDialog dialog(Owner(), Title(setup, "Speichern unter"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    SetUp(dialog, setup);
+    const bool folderMustExist = (setup.Flags & (FileDialogSetup::PathMustExist | FileDialogSetup::FileMustExist)) != 0;
+    for (std::string path = Run(dialog); !path.empty(); path = Run(dialog)) {
+        const QFileInfo folder(QFileInfo(ToText(path)).path());
+        if (!folderMustExist || folder.isDir())
+            return path;
+        Critical(dialog.windowTitle().toStdString(),
+                 "Der Ordner „" + QDir::toNativeSeparators(folder.filePath()).toStdString() + "“ ist nicht vorhanden.");
+    }
+    return {};
+}
+
+std::optional<std::uint32_t> frmCommonDialog::ShowColor(std::uint32_t current) {
+    QColorDialog dialog(ToColor(current), Owner());
+    dialog.setObjectName("colorDialog");
+    dialog.setWindowTitle("Farbe wählen");
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return FromColor(dialog.selectedColor());
+}
+
+std::optional<FontChoice> frmCommonDialog::ShowFont(const FontChoice& current) {
+    QFont font(ToText(current.Family));
+    font.setStyleName(ToText(current.Style));
+    font.setPointSizeF(current.PointSize);
+    QFontDialog dialog(font, Owner());
+    dialog.setObjectName("fontDialog");
+    dialog.setWindowTitle("Schriftart wählen");
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    const QFont chosen = dialog.selectedFont();
+    return FontChoice{chosen.family().toStdString(), chosen.styleName().toStdString(), chosen.pointSizeF()};
+}
+
+std::optional<PrintJob> frmCommonDialog::ShowPrinter() {
+    QPrinter printer(QPrinter::HighResolution);
+    QPrintDialog dialog(&printer, Owner());
+    dialog.setObjectName("printDialog");
+    dialog.setWindowTitle("Drucken");
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return JobOf(printer);
+}
+
+void frmCommonDialog::Information(std::string_view text) {
+    ShowMessage(QMessageBox::Information, ProgramName(), text);
+}
+
+void frmCommonDialog::Critical(std::string_view title, std::string_view text) {
+    ShowMessage(QMessageBox::Critical, ToText(title), text);
+}
+
+bool frmCommonDialog::Question(std::string_view text) {
+    Message message(QMessageBox::Warning, ProgramName(), text);
+    const QPushButton* const yes = message.addButton("&Ja", QMessageBox::YesRole);
+    QPushButton* const no = message.addButton("&Nein", QMessageBox::NoRole);
+    message.setDefaultButton(no);
+    message.setEscapeButton(no);
+    message.exec();
+    return message.clickedButton() == yes;
+}
+
+} // namespace pirol

@@ -1,0 +1,207 @@
+#include "ui/dialogs/frmMenuGenerator.h"
+
+#include "ui/parts/Bitmaps.h"
+#include "ui/parts/CellDelegate.h"
+#include "ui/parts/FormParts.h"
+
+#include <QButtonGroup>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <QStatusBar>
+#include <QVBoxLayout>
+
+namespace pirol {
+namespace {
+
+struct OptionRow {
+    std::int32_t type;
+    const char* name;
+    const char* caption;
+    const char* toolTip;
+};
+
+constexpr OptionRow options[] = {
+    {cMenu::Menu, "optType0", "&Menü", "Ein Menü in der Menüleiste"},
+    {cMenu::SubMenu, "optType1", "&Untermenü", "Ein Menü innerhalb eines Menüs"},
+    {cMenu::Entry, "optType2", "&Eintrag", "Eine Zeile zum Anklicken; sie erhält eine Ereignismethode"},
+    {cMenu::Separator, "optType3", "&Trennlinie", "Eine Linie zwischen zwei Einträgen; sie braucht keine Beschriftung"},
+};
+
+} // namespace
+
+frmMenuGenerator::frmMenuGenerator(MenuBar& bar, cCommonDialog& dialogs, QWidget* owner)
+    : QDialog(owner), editor_(bar), dialogs_(dialogs),
+      lstEntries_(Named(new QListWidget, "lstEntries", "Alle Zeilen der Menüleiste")),
+      txtCaption_(Named(new QLineEdit, "txtCaption", "Beschriftung")),
+      txtName_(Named(new QLineEdit, "txtName", "Menüname")), optType_(new QButtonGroup(this)),
+      lblDepth_(Named(new QLabel, "lblDepth", "Aktuelle Menütiefe")),
+      cmdDel_(NewButton("cmdDel", "&Löschen", "Die gewählte Zeile mit allem darunter löschen")),
+      cmdMoveUp_(NewButton("cmdMoveUp", "Nach &oben", "Die gewählte Zeile mit ihrer Vorgängerin tauschen")),
+      cmdMoveDown_(NewButton("cmdMoveDown", "Nach u&nten", "Die gewählte Zeile mit ihrer Nachfolgerin tauschen")),
+      cmdLevelUp_(NewButton("cmdLevelUp", "Eine Ebene &höher",
+                            "Neue Zeilen wieder eine Ebene höher anlegen, am Ende in der Menüleiste selbst")) {
+    setObjectName("frmMenuGenerator");
+    setWindowTitle("Pirol - Menü-Generator");
+
+    auto* const stbStatus = Named(new QStatusBar, "stbStatus", "Statusleiste");
+    stbStatus->addWidget(lblDepth_);
+
+    auto* const commands = new QVBoxLayout;
+    commands->addWidget(NewEntryGroup());
+    commands->addWidget(NewSelectionGroup());
+    commands->addStretch();
+    commands->addLayout(NewClosingButtons());
+
+    auto* const columns = new QHBoxLayout;
+    columns->addLayout(NewList(), 1);
+    columns->addLayout(commands);
+
+    auto* const all = new QVBoxLayout(this);
+    all->addLayout(columns, 1);
+    all->addWidget(stbStatus);
+
+    ShowOption(cMenu::Menu);
+    RefreshList();
+    txtCaption_->setFocus();
+}
+
+QLayout* frmMenuGenerator::NewList() {
+    auto* const caption = new QLabel("Menüle&iste:");
+    caption->setBuddy(lstEntries_);
+    // Its rows have room for the dots of capital umlauts.
+    lstEntries_->setItemDelegate(new CellDelegate(lstEntries_));
+    lstEntries_->setUniformItemSizes(true);
+    lstEntries_->setMinimumWidth(fontMetrics().averageCharWidth() * 44);
+    lstEntries_->setToolTip("Neue Zeilen kommen in das gewählte Menü oder hinter den gewählten Eintrag");
+    connect(lstEntries_, &QListWidget::currentRowChanged, this, [this](int row) {
+        editor_.SelectRow(static_cast<std::size_t>(row) + 1); // no row is -1 and becomes 0
+        ShowSelection();
+    });
+
+    auto* const layout = new QVBoxLayout;
+    layout->addWidget(caption);
+    layout->addWidget(lstEntries_, 1);
+    return layout;
+}
+
+QGroupBox* frmMenuGenerator::NewEntryGroup() {
+    auto* const group = new QGroupBox("Neue Zeile");
+    auto* const form = new QFormLayout(group);
+    txtCaption_->setToolTip("Was in der Menüleiste zu lesen ist");
+    txtName_->setToolTip("Name des Menü-Objekts im Java-Quelltext");
+    form->addRow("&Beschriftung:", txtCaption_);
+    form->addRow("Menün&ame:", txtName_);
+    for (const OptionRow& row : options) {
+        auto* const option = Named(new QRadioButton(row.caption), row.name, QString(row.caption).remove('&'));
+        option->setToolTip(row.toolTip);
+        optType_->addButton(option, row.type);
+        form->addRow(row.type == cMenu::Menu ? "Art:" : "", option);
+    }
+    auto* const cmdAdd = NewButton("cmdAdd", "Hin&zufügen", "Die neue Zeile in die Menüleiste aufnehmen");
+    cmdAdd->setIcon(CommandIcon("add"));
+    cmdAdd->setDefault(true);
+    form->addRow(cmdAdd);
+
+    connect(txtCaption_, &QLineEdit::textChanged, this, &frmMenuGenerator::ProposeName);
+    connect(optType_, &QButtonGroup::idToggled, this, [this] { txtName_->setEnabled(Option() == cMenu::Menu); });
+    connect(cmdAdd, &QPushButton::clicked, this, &frmMenuGenerator::Add);
+    return group;
+}
+
+QGroupBox* frmMenuGenerator::NewSelectionGroup() {
+    auto* const group = new QGroupBox("Gewählte Zeile");
+    auto* const grid = new QGridLayout(group);
+    grid->addWidget(cmdMoveUp_, 0, 0);
+    grid->addWidget(cmdMoveDown_, 0, 1);
+    grid->addWidget(cmdDel_, 1, 0);
+    grid->addWidget(cmdLevelUp_, 1, 1);
+    cmdMoveUp_->setIcon(CommandIcon("up"));
+    cmdMoveDown_->setIcon(CommandIcon("down"));
+    cmdDel_->setIcon(CommandIcon("delete"));
+    cmdLevelUp_->setIcon(CommandIcon("left"));
+    connect(cmdMoveUp_, &QPushButton::clicked, this, [this] { Move(&MenuEditor::MoveUp); });
+    connect(cmdMoveDown_, &QPushButton::clicked, this, [this] { Move(&MenuEditor::MoveDown); });
+    connect(cmdDel_, &QPushButton::clicked, this, &frmMenuGenerator::Delete);
+    connect(cmdLevelUp_, &QPushButton::clicked, this, &frmMenuGenerator::LevelUp);
+    return group;
+}
+
+QLayout* frmMenuGenerator::NewClosingButtons() {
+    auto* const cmdOK = NewButton("cmdOK", "OK", "Die Menüleiste so übernehmen");
+    auto* const cmdCancel = NewButton("cmdCancel", "Abbrechen", "Die Menüleiste so lassen, wie sie vorher war");
+    connect(cmdOK, &QPushButton::clicked, this, &QDialog::accept);
+    connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+    return NewButtonRow({cmdOK, cmdCancel});
+}
+
+std::int32_t frmMenuGenerator::Option() const {
+    return optType_->checkedId();
+}
+
+void frmMenuGenerator::ShowOption(std::int32_t option) {
+    optType_->button(option)->setChecked(true);
+}
+
+void frmMenuGenerator::ProposeName() {
+    if (const auto name = MenuEditor::ProposeName(Option(), txtCaption_->text().toStdString()))
+        txtName_->setText(ToText(*name));
+}
+
+void frmMenuGenerator::Add() {
+    const auto refusal = editor_.Add(Option(), txtCaption_->text().toStdString(), txtName_->text().toStdString());
+    if (refusal)
+        return dialogs_.Information(*refusal);
+    RefreshList();
+    // The next caption is typed over this one.
+    txtCaption_->setFocus();
+    txtCaption_->selectAll();
+}
+
+void frmMenuGenerator::LevelUp() {
+    ShowOption(editor_.LevelUp(Option()));
+    ShowSelection();
+}
+
+void frmMenuGenerator::Move(std::size_t (MenuEditor::*move)(std::size_t)) {
+    (editor_.*move)(editor_.SelectedRow());
+    RefreshList();
+}
+
+void frmMenuGenerator::Delete() {
+    editor_.Delete(editor_.SelectedRow());
+    RefreshList();
+}
+
+void frmMenuGenerator::reject() {
+    editor_.Cancel();
+    QDialog::reject();
+}
+
+void frmMenuGenerator::RefreshList() {
+    const QSignalBlocker blocker(lstEntries_);
+    lstEntries_->clear();
+    for (const MenuRow& row : editor_.Rows()) {
+        auto* const item = new QListWidgetItem(ToText(row.text), lstEntries_);
+        if (row.colour)
+            item->setForeground(QColor(row.colour->red, row.colour->green, row.colour->blue));
+    }
+    ShowSelection();
+}
+
+void frmMenuGenerator::ShowSelection() {
+    const QSignalBlocker blocker(lstEntries_);
+    lstEntries_->setCurrentRow(static_cast<int>(editor_.SelectedRow()) - 1);
+    lblDepth_->setText(ToText(editor_.StatusText()));
+    const bool isSelected = editor_.SelectedRow() != 0;
+    for (QPushButton* const button : {cmdDel_, cmdMoveUp_, cmdMoveDown_})
+        button->setEnabled(isSelected);
+    cmdLevelUp_->setEnabled(editor_.Depth() > 0);
+}
+
+} // namespace pirol

@@ -1,0 +1,71 @@
+#include "ui/dialogs/frmRecovery.h"
+
+#include "ui/parts/FormParts.h"
+
+#include <QDateTime>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QStyle>
+#include <QVBoxLayout>
+
+namespace pirol {
+namespace {
+
+constexpr int charactersPerLine = 60;
+
+QString Question(const std::string& project, std::time_t written, std::size_t others) {
+    const QString name = project.empty() ? "ein Entwurf, der noch nicht gespeichert war"
+                                         : "der Entwurf „" + QFileInfo(ToText(project)).fileName() + "“";
+    const QString time = QDateTime::fromSecsSinceEpoch(written).toString("dd.MM.yyyy, HH:mm:ss");
+    QString text = "Pirol wurde nicht richtig beendet. Erhalten ist " + name + ", Stand " + time +
+                   " Uhr.\n\nSoll er wiederhergestellt werden?";
+    if (others > 0)
+        text += others == 1 ? "\n\nDanach ist noch ein älterer da."
+                            : QString("\n\nDanach sind noch %1 ältere da.").arg(others);
+    return text;
+}
+
+} // namespace
+
+frmRecovery::frmRecovery(const std::string& project, std::time_t written, std::size_t others, QWidget* owner)
+    : QDialog(owner) {
+    setObjectName("frmRecovery");
+    setWindowTitle("Pirol - Wiederherstellung");
+
+    auto* const icon = new QLabel;
+    icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxQuestion).pixmap(32, 32));
+    icon->setAlignment(Qt::AlignTop);
+    auto* const lblQuestion =
+        Named(NewNote(Question(project, written, others), charactersPerLine), "lblQuestion", "Was erhalten ist");
+    lblQuestion->setMinimumHeight(lblQuestion->heightForWidth(lblQuestion->minimumWidth()));
+
+    auto* const cmdRestore = NewButton("cmdRestore", "&Wiederherstellen", "Den Entwurf in das Fenster holen");
+    auto* const cmdDiscard = NewButton("cmdDiscard", "&Verwerfen", "Den Entwurf löschen");
+    auto* const cmdLater = NewButton("cmdLater", "&Später", "Beim nächsten Start noch einmal fragen");
+    cmdRestore->setDefault(true);
+
+    auto* const question = new QHBoxLayout;
+    question->addWidget(icon);
+    question->addWidget(lblQuestion, 1);
+    auto* const buttons = new QHBoxLayout;
+    buttons->addStretch();
+    for (QPushButton* button : {cmdRestore, cmdDiscard, cmdLater})
+        buttons->addWidget(button);
+    auto* const all = new QVBoxLayout(this);
+    all->addLayout(question, 1);
+    all->addLayout(buttons);
+
+    connect(cmdRestore, &QPushButton::clicked, this, [this] { Choose(Answer::Restore); });
+    connect(cmdDiscard, &QPushButton::clicked, this, [this] { Choose(Answer::Discard); });
+    connect(cmdLater, &QPushButton::clicked, this, &QDialog::reject);
+    cmdRestore->setFocus();
+}
+
+void frmRecovery::Choose(Answer answer) {
+    chosen_ = answer;
+    accept();
+}
+
+} // namespace pirol

@@ -1,0 +1,257 @@
+#include "app/FileCommands.h"
+#include "designer/MainLayout.h"
+#include "ui/canvas/picContainer.h"
+#include "ui/code/frmCode.h"
+#include "ui/code/frmPrint.h"
+#include "ui/dialogs/frmLoading.h"
+#include "ui/main/frmMain.h"
+#include "ui/main/tbComponents.h"
+#include "ui/parts/Bitmaps.h"
+#include "ui/parts/FormParts.h"
+#include "ui/properties/plProperties.h"
+
+#include <QAction>
+#include <QGuiApplication>
+#include <QMenu>
+#include <QMenuBar>
+#include <QScreen>
+
+namespace pirol {
+
+/// One row of the menus: a menu, a command or a line between commands.
+struct frmMain::CommandRow {
+    enum Type { Menu, Command, CheckItem };
+
+    const char* name = nullptr;    ///< null for a line
+    const char* caption = nullptr; ///< with the mnemonic
+    const char* icon = nullptr;    ///< the name of its drawing
+    const char* shortcut = nullptr;
+    const char* statusTip = nullptr;
+    void (frmMain::*run)() = nullptr; ///< null for a menu and for a command that is not there yet
+    Type type = Command;
+};
+
+/// All menus with their commands in order.
+struct frmMain::CommandTable {
+    // clang-format off
+    static constexpr CommandRow rows[] = {
+        {"mnuFile", "&Datei", "", "", "", nullptr, CommandRow::Menu},
+        {"mnuFileNew",         "&Neu",                    "new",         "Ctrl+N", "Beginnt einen leeren Entwurf, ohne den jetzigen zu speichern", &frmMain::mnuFileNew},
+        {"mnuFileOpen",        "Ö&ffnen …",               "open",        "Ctrl+O", "Öffnet eine Projektdatei", &frmMain::mnuFileOpen},
+        {"mnuFileSave",        "&Speichern …",            "save",        "Ctrl+S", "Speichert den Entwurf in einer Projektdatei", &frmMain::mnuFileSave},
+        {},
+        {"mnuFileImportJava",  "Java &importieren …",     "import",      "Ctrl+I", "Liest den Entwurf aus einer SuMAnwendung.java", &frmMain::mnuFileImportJava},
+        {"mnuFileStartBlueJ",  "Blue&J starten",          "bluej",       "Ctrl+J", "Startet BlueJ", &frmMain::mnuFileStartBlueJ},
+        {},
+        {"mnuFileOptions",     "&Optionen …",             "preferences", "",       "Stellt das Gitternetz und den BlueJ-Pfad ein", &frmMain::mnuFileOptions},
+        {},
+        {"mnuFileEnd",         "&Beenden",                "exit",        "Ctrl+Q", "Beendet Pirol, ohne den Entwurf zu speichern", &frmMain::mnuFileEnd},
+
+        {"mnuView", "&Ansicht", "", "", "", nullptr, CommandRow::Menu},
+        {"mnuViewShowGrid",    "&Gitternetz anzeigen",    "grid",        "Ctrl+G", "Zeigt oder verbirgt das Gitternetz auf dem Fenster", &frmMain::mnuViewShowGrid, CommandRow::CheckItem},
+
+        {"mnuObjects", "&Objekte", "", "", "", nullptr, CommandRow::Menu},
+        {},
+        {"mnuObjectsGrid",     "An &Raster ausrichten",   "snap",        "Ctrl+R", "Rundet Positionen und Größen auf zehn Pixel", &frmMain::mnuObjectsGrid, CommandRow::CheckItem},
+
+        {"mnuProject", "&Projekt", "", "", "", nullptr, CommandRow::Menu},
+        {"mnuProjectSettings",    "&Einstellungen …",           "settings",   "Ctrl+E", "Ändert die Größe des Fensters und den Autor", &frmMain::mnuProjectSettings},
+        {},
+        {"mnuProjectExportBlueJ", "Als &BlueJ-Projekt exportieren …", "bluej", "Ctrl+B", "Schreibt einen BlueJ-Projektordner", &frmMain::mnuProjectExportBlueJ},
+        {"mnuProjectExportJava",  "Als &Java-Datei exportieren …", "export",  "",       "Schreibt den Quelltext in eine Java-Datei", &frmMain::mnuProjectExportJava},
+        {"mnuProjectExportText",  "Als &Textdatei exportieren …", "exporttext", "",     "Schreibt den Quelltext in eine Textdatei", &frmMain::mnuProjectExportText},
+
+        {"mnuFunctions", "&Funktionen", "", "", "", nullptr, CommandRow::Menu},
+        {"mnuFunctionsMenuGenerator", "&Menü-Generator …", "menu",       "Ctrl+M", "Bearbeitet die Menüleiste des Programms", &frmMain::mnuFunctionsMenuGenerator},
+        {"mnuFunctionsSQLGenerator",  "&SQL-Generator …",  "database",   "Ctrl+D", "Richtet den Zugriff auf eine Datenbank ein", &frmMain::mnuFunctionsSQLGenerator},
+
+        {"mnuCode", "&Code", "", "", "", nullptr, CommandRow::Menu},
+        {"mnuCodeMenu",        "&Menüleiste erzeugen",    "",            "",       "Nimmt die Menüleiste in den Quelltext auf", &frmMain::mnuCodeMenu, CommandRow::CheckItem},
+        {"mnuCodeSQL",         "&Datenbankzugriff erzeugen", "",         "",       "Nimmt den Datenbankzugriff in den Quelltext auf", &frmMain::mnuCodeSQL, CommandRow::CheckItem},
+        {},
+        {"mnuCodeGenerate",    "&Quelltext erzeugen …",   "generate",    "F5",     "Erzeugt den Java-Quelltext und zeigt ihn an", &frmMain::mnuCodeGenerate},
+
+        {"mnuWindow", "Fenste&r", "", "", "", nullptr, CommandRow::Menu},
+        {"mnuWindowSize0",     "&320 x 240 Pixel",        "",            "",       "Gibt dem Hauptfenster die kleinste Größe", &frmMain::mnuWindowSize0},
+        {"mnuWindowSize1",     "&640 x 480 Pixel",        "",            "",       "Gibt dem Hauptfenster die mittlere Größe", &frmMain::mnuWindowSize1},
+        {"mnuWindowSize2",     "&800 x 600 Pixel",        "",            "",       "Gibt dem Hauptfenster die größte der drei Größen", &frmMain::mnuWindowSize2},
+
+        {"mnuHelp", "&Hilfe", "", "", "", nullptr, CommandRow::Menu},
+        {"mnuHelpHandbook",    "&Handbuch",               "help",        "F1",     "Öffnet das Handbuch", &frmMain::mnuHelpHandbook},
+        {"mnuHelpDonation",    "&Spenden …",              "donate",      "",       "Sagt, wie Sie Pirol unterstützen können", &frmMain::mnuHelpDonation},
+        {},
+        {"mnuHelpAbout",       "Ü&ber Pirol …",           "about",       "",       "Zeigt die Version und die Lizenz", &frmMain::mnuHelpAbout},
+    };
+
+    /// The captions of the kinds in the menu, with mnemonics that differ from each other and from the grid's.
+    static constexpr const char* kindCaptions[kindCount] = {
+        "&Etikett", "&Knopf", "&Textfeld", "&Zeichenbereich", "Zeilen&bereich", "Kenn&wortfeld", "&Schalter", "Ra&diogruppe",
+        "&Auswahl", "Re&gler", "&Fortschrittsbalken", "Tabe&lle", "&Multimedia: Bild", "Multimedia: To&n", "Multimedia: F&ilm",
+    };
+    // clang-format on
+};
+
+void frmMain::BuildMenus() {
+    QMenu* menu = nullptr;
+    for (const CommandRow& row : CommandTable::rows)
+        if (row.type == CommandRow::Menu) {
+            menu = menuBar()->addMenu(row.caption);
+            menu->setObjectName(row.name);
+        } else if (row.name == nullptr) {
+            menu->addSeparator(); // NOLINT(clang-analyzer-core.CallAndMessage): the first row is a menu
+        } else {
+            AddCommand(menu, row);
+        }
+    AddKindCommands(findChild<QMenu*>("mnuObjects"));
+    Command("mnuViewShowGrid")->setChecked(canvas_.ShowsGrid());
+    Command("mnuObjectsGrid")->setChecked(canvas_.SnapsToGrid());
+    connect(findChild<QMenu*>("mnuCode"), &QMenu::aboutToShow, this, &frmMain::RefreshCodeMenu);
+    RefreshCodeMenu();
+    tbComponents_->PressButton(canvas_.CurrentKind());
+}
+
+void frmMain::AddCommand(QMenu* menu, const CommandRow& row) {
+    // NOLINTNEXTLINE(clang-analyzer-core.CallAndMessage): the first row is a menu
+    QAction* action = menu->addAction(row.caption);
+    action->setObjectName(row.name);
+    action->setShortcut(QKeySequence(row.shortcut));
+    action->setStatusTip(row.statusTip);
+    action->setCheckable(row.type == CommandRow::CheckItem);
+    action->setEnabled(row.run != nullptr);
+    if (row.run != nullptr)
+        connect(action, &QAction::triggered, this, [this, run = row.run] {
+            // A shortcut leaves the focus where it is; what is being typed there counts all the same.
+            plProperties_->FinishEditing();
+            (this->*run)();
+            // The marks of the code menu and the project's folder count for the hints, too.
+            hintTimer_.start();
+        });
+    // Drawings cost time at the start, and most menus are never opened.
+    connect(menu, &QMenu::aboutToShow, action, [action, icon = row.icon] {
+        if (action->icon().isNull() && *icon != '\0')
+            action->setIcon(CommandIcon(icon));
+    });
+}
+
+void frmMain::AddKindCommands(QMenu* menu) {
+    QAction* line = menu->actions().front();
+    for (const KindRow& row : KindRows()) {
+        const int entry = static_cast<int>(Position(row.kind));
+        auto* action = new QAction(CommandTable::kindCaptions[entry], this);
+        action->setObjectName(QString("mnuObjectsObject%1").arg(entry));
+        action->setStatusTip(ToText(row.menuLabel) + " als nächste Komponente wählen");
+        action->setCheckable(true);
+        connect(action, &QAction::triggered, this, [this, entry] { ChooseKindByMenu(entry); });
+        connect(menu, &QMenu::aboutToShow, action, [action, kind = row.kind] {
+            if (action->icon().isNull())
+                action->setIcon(KindIcon(kind));
+        });
+        menu->insertAction(line, action);
+    }
+}
+
+QAction* frmMain::Command(const QString& name) const {
+    return findChild<QAction*>(name);
+}
+
+// --- Choosing a kind --------------------------------------------------------------------------------------------
+
+void frmMain::CheckKindEntry(int entry) {
+    for (int i = 0; i < static_cast<int>(kindCount); ++i)
+        Command(QString("mnuObjectsObject%1").arg(i))->setChecked(i == entry);
+}
+
+void frmMain::ChooseKindByToolbar(int button) {
+    if (choosingByMenu_)
+        return;
+    CheckKindEntry(button - 1);
+    canvas_.ChooseKind(button);
+}
+
+void frmMain::ChooseKindByMenu(int entry) {
+    CheckKindEntry(entry);
+    choosingByMenu_ = true;
+    tbComponents_->PressButton(entry + 1);
+    choosingByMenu_ = false;
+    canvas_.ChooseKind(entry + 1);
+}
+
+// --- The commands -----------------------------------------------------------------------------------------------
+
+void frmMain::mnuFileNew() {
+    Run([this] {
+        canvas_.Deselect();
+        model_.Reset();
+    });
+}
+
+void frmMain::mnuFileOpen() {
+    Run([this] {
+        frmLoading progress(this);
+        OpenProject(model_, dialogs_, &progress);
+    });
+    LoadProperties();
+}
+
+void frmMain::mnuFileSave() {
+    Run([this] { SaveProject(model_, dialogs_); });
+}
+
+void frmMain::mnuFileEnd() {
+    close();
+}
+
+void frmMain::mnuViewShowGrid() {
+    canvas_.SetShowsGrid(Command("mnuViewShowGrid")->isChecked());
+    picContainer_->update();
+}
+
+void frmMain::mnuObjectsGrid() {
+    canvas_.SetSnapsToGrid(Command("mnuObjectsGrid")->isChecked());
+}
+
+void frmMain::mnuCodeMenu() {
+    options_.menu = Command("mnuCodeMenu")->isChecked();
+}
+
+void frmMain::mnuCodeSQL() {
+    options_.database = Command("mnuCodeSQL")->isChecked();
+}
+
+void frmMain::mnuCodeGenerate() {
+    const std::string source = GenerateCode();
+    if (source.empty())
+        return;
+    frmCode form(source, this);
+    form.OfferPrinting([this, &form](const QTextDocument& text) { frmPrint(text, dialogs_, &form).exec(); });
+    form.exec();
+}
+
+void frmMain::RefreshCodeMenu() {
+    Command("mnuCodeMenu")->setEnabled(!model_.Menus().IsEmpty());
+    Command("mnuCodeSQL")->setEnabled(!model_.Sql().Server.empty());
+}
+
+void frmMain::mnuWindowSize0() {
+    ApplyWindowPreset(0);
+}
+
+void frmMain::mnuWindowSize1() {
+    ApplyWindowPreset(1);
+}
+
+void frmMain::mnuWindowSize2() {
+    ApplyWindowPreset(2);
+}
+
+void frmMain::ApplyWindowPreset(int entry) {
+    const QRect available = screen()->geometry();
+    const std::optional<Rectangle> preset = WindowPreset(entry, available.width(), available.height());
+    if (!preset)
+        return;
+    showNormal();
+    resize(QSize(preset->width, preset->height) - (frameSize() - size()));
+    move(available.topLeft() + QPoint(preset->left, preset->top));
+}
+
+} // namespace pirol

@@ -1,0 +1,245 @@
+#include "ui/properties/plProperties.h"
+
+#include "ui/parts/FormParts.h"
+#include "ui/parts/frmError.h"
+#include "ui/properties/frmListEditor.h"
+#include "ui/properties/PropertyDelegate.h"
+#include "ui/properties/PropertyListModel.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyle>
+
+#include <algorithm>
+
+namespace pirol {
+namespace {
+
+QString KeyOf(const PropertyPanelRow& row) {
+    return ToText(row.key);
+}
+
+/// The captions of the columns, as flat as the bands of the categories. For the style's own shades Qt starts threads.
+class ColumnCaptions final : public QHeaderView {
+  public:
+    explicit ColumnCaptions(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {}
+
+  private:
+    void paintSection(QPainter* painter, const QRect& box, int section) const override {
+        const QColor line = palette().color(QPalette::Mid);
+        painter->fillRect(box, palette().color(QPalette::Button));
+        painter->fillRect(box.left(), box.bottom(), box.width(), 1, line);
+        painter->fillRect(box.right(), box.top(), 1, box.height(), line);
+        const int margin = section == PropertyListModel::CaptionColumn
+                               ? PropertyDelegate::captionMargin
+                               : style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, this);
+        painter->drawText(box.adjusted(margin, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft,
+                          model()->headerData(section, Qt::Horizontal).toString());
+    }
+};
+
+} // namespace
+
+plProperties::plProperties(QWidget* parent) : QTreeView(parent), model_(new PropertyListModel(this)) {
+    Named(this, "plProperties", "Eigenschaften");
+    setHeader(new ColumnCaptions(this));
+    setModel(model_);
+    setItemDelegate(new PropertyDelegate(this));
+
+    // The bands of the categories stand for the branches, so that captions begin at the edge.
+    setIndentation(0);
+    setRootIsDecorated(false);
+    setExpandsOnDoubleClick(false);
+    setUniformRowHeights(true);
+    setAllColumnsShowFocus(true);
+    setSelectionBehavior(SelectRows);
+    setVerticalScrollMode(ScrollPerPixel);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setTabKeyNavigation(false);
+    setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
+    header()->setStretchLastSection(false);
+    header()->setSectionsMovable(false);
+    // Captions are never cut, and the values have all the room that is left.
+    header()->setSectionResizeMode(PropertyListModel::CaptionColumn, QHeaderView::ResizeToContents);
+    header()->setSectionResizeMode(PropertyListModel::ValueColumn, QHeaderView::Stretch);
+
+    connect(model_, &PropertyListModel::PropertyEdited, this, &plProperties::PropertyEdited);
+    connect(model_, &PropertyListModel::modelAboutToBeReset, this, &plProperties::RememberPlace);
+    connect(model_, &PropertyListModel::modelReset, this, &plProperties::RestorePlace);
+    connect(this, &QTreeView::collapsed, this,
+            [this](const QModelIndex& index) { folded_.insert(KeyOf(model_->RowAt(index))); });
+    connect(this, &QTreeView::expanded, this,
+            [this](const QModelIndex& index) { folded_.remove(KeyOf(model_->RowAt(index))); });
+}
+
+void plProperties::ShowRows(std::vector<PropertyPanelRow> rows) {
+    model_->ShowRows(std::move(rows));
+}
+
+void plProperties::ShowProperty(std::string_view key) {
+    const QModelIndex index = model_->IndexOf(key);
+    if (!index.isValid())
+        return;
+    expand(index.parent());
+    setCurrentIndex(index);
+}
+
+void plProperties::FinishEditing() {
+    if (state() != EditingState)
+        return;
+    if (QWidget* editor = indexWidget(currentIndex().siblingAtColumn(PropertyListModel::ValueColumn))) {
+        commitData(editor);
+        closeEditor(editor, QAbstractItemDelegate::NoHint);
+    }
+}
+
+QSize plProperties::sizeHint() const {
+    constexpr int valueCharacters = 27; // the longest name that a component gets when it is placed
+    const int captions = header()->sectionSize(PropertyListModel::CaptionColumn);
+    return {captions + fontMetrics().averageCharWidth() * valueCharacters, QTreeView::sizeHint().height()};
+}
+
+void plProperties::RememberPlace() {
+    // A list without a component has no place worth keeping.
+    if (model_->rowCount(model_->index(0, 0)) > 0)
+        scrollPosition_ = verticalScrollBar()->value();
+    hadFocus_ = hasFocus() || isAncestorOf(QApplication::focusWidget());
+}
+
+void plProperties::RestorePlace() {
+    for (int row = 0; row < model_->rowCount(); ++row) {
+        const QModelIndex category = model_->index(row, 0);
+        setFirstColumnSpanned(row, {}, true);
+        setExpanded(category, !folded_.contains(KeyOf(model_->RowAt(category))));
+    }
+
+    QModelIndex current = model_->IndexOf(currentKey_);
+    if (!current.isValid())
+        current = model_->index(0, PropertyListModel::ValueColumn, model_->index(0, 0));
+    if (current.isValid())
+        selectionModel()->setCurrentIndex(current, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    executeDelayedItemsLayout();
+    verticalScrollBar()->setValue(scrollPosition_);
+    // The editor that had it is gone.
+    if (hadFocus_)
+        setFocus();
+}
+
+void plProperties::scrollTo(const QModelIndex& index, ScrollHint hint) {
+    // Never sideways: the captions stay in view whichever column is current.
+    QTreeView::scrollTo(index.siblingAtColumn(PropertyListModel::CaptionColumn), hint);
+}
+
+bool plProperties::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
+    if (!index.isValid())
+        return QTreeView::edit(index, trigger, event);
+    const PropertyPanelRow& row = model_->RowAt(index);
+    if (!row.isCategory && row.editor == EditorKind::List && (trigger == EditKeyPressed || trigger == DoubleClicked)) {
+        OpenDialog(index);
+        return true;
+    }
+    // Whichever column the user is in, it is the value that is edited.
+    return QTreeView::edit(index.siblingAtColumn(PropertyListModel::ValueColumn), trigger, event);
+}
+
+void plProperties::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QTreeView::currentChanged(current, previous);
+    if (current.isValid())
+        currentKey_ = model_->RowAt(current).key;
+}
+
+void plProperties::keyPressEvent(QKeyEvent* event) {
+    const int key = event->key();
+    const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
+    const bool choose = key == Qt::Key_F4 || (key == Qt::Key_Down && event->modifiers().testFlag(Qt::AltModifier));
+    // A key that an editor left over is not meant for the list.
+    if ((enter || choose) && state() != EditingState && currentIndex().isValid())
+        Activate(currentIndex(), choose);
+    else
+        QTreeView::keyPressEvent(event);
+}
+
+void plProperties::mousePressEvent(QMouseEvent* event) {
+    pressed_ = event->button() == Qt::LeftButton ? indexAt(event->pos()) : QModelIndex();
+    QTreeView::mousePressEvent(event);
+}
+
+void plProperties::mouseReleaseEvent(QMouseEvent* event) {
+    const QModelIndex released = indexAt(event->pos());
+    QTreeView::mouseReleaseEvent(event);
+    if (released.isValid() && pressed_ == released)
+        Click(pressed_, event->pos());
+    pressed_ = QModelIndex();
+}
+
+void plProperties::Click(const QModelIndex& index, const QPoint& position) {
+    const PropertyPanelRow& row = model_->RowAt(index);
+    if (row.isCategory)
+        setExpanded(index.siblingAtColumn(0), !isExpanded(index.siblingAtColumn(0)));
+    else if (index.column() != PropertyListModel::ValueColumn)
+        return;
+    else if ((row.editor == EditorKind::File || row.editor == EditorKind::List) &&
+             PropertyDelegate::ButtonRect(visualRect(index)).contains(position))
+        OpenDialog(index);
+    else if (index.flags().testFlag(Qt::ItemIsEditable))
+        Edit(index, true);
+}
+
+void plProperties::Activate(const QModelIndex& index, bool choose) {
+    const PropertyPanelRow& row = model_->RowAt(index);
+    const QModelIndex value = index.siblingAtColumn(PropertyListModel::ValueColumn);
+    if (row.isCategory)
+        setExpanded(index.siblingAtColumn(0), !isExpanded(index.siblingAtColumn(0)));
+    else if (row.editor == EditorKind::Flag)
+        model_->setData(value, value.data(Qt::CheckStateRole).toInt() == Qt::Checked ? Qt::Unchecked : Qt::Checked,
+                        Qt::CheckStateRole);
+    else if (row.editor == EditorKind::List || (row.editor == EditorKind::File && choose))
+        OpenDialog(value);
+    else
+        Edit(value, choose);
+}
+
+void plProperties::Edit(const QModelIndex& index, bool choose) {
+    if (indexWidget(index) == nullptr)
+        QTreeView::edit(index);
+    if (auto* choices = qobject_cast<QComboBox*>(indexWidget(index)); choices != nullptr && choose)
+        choices->showPopup();
+}
+
+void plProperties::OpenDialog(const QModelIndex& index) {
+    const QPersistentModelIndex place = index;
+    FinishEditing();
+    if (!place.isValid())
+        return;
+    // A copy: the rows may change while the dialog is open.
+    const PropertyPanelRow row = model_->RowAt(place);
+    if (row.editor == EditorKind::File)
+        ChooseFile(row);
+    else
+        EditList(row);
+}
+
+void plProperties::ChooseFile(const PropertyPanelRow& row) {
+    const std::string path = chooseFile_ ? chooseFile_(std::string(row.detail), row.value) : std::string();
+    if (!path.empty())
+        emit PropertyEdited(std::string(row.key), path);
+}
+
+void plProperties::EditList(const PropertyPanelRow& row) {
+    std::optional<std::string> list;
+    ReportErrors(this, [&] {
+        UnderLabel(propertyChangedLabel, [&] {
+            frmListEditor editor(row, this);
+            if (editor.exec() == QDialog::Accepted)
+                list = editor.ListText();
+        });
+    });
+    if (list)
+        emit PropertyEdited(std::string(row.key), *list);
+}
+
+} // namespace pirol

@@ -1,0 +1,143 @@
+#include "app/ExportCommands.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "base/Windows1252.h"
+#include "Cases.h"
+#include "FakeDialogs.h"
+
+#include <gtest/gtest.h>
+
+#include <tuple>
+
+namespace pirol {
+namespace {
+
+using test::ErrorOf;
+
+constexpr const char* blueJDialog = "save <> 2048 <>\n";
+constexpr const char* javaDialog =
+    "save <SuMAnwendung.java|SuMAnwendung.java|Alle Dateien (*.*)|*.*> 2048 <SuMAnwendung.java>\n";
+constexpr const char* textDialog = "save <Textdateien (*.txt)|*.txt|Alle Dateien (*.*)|*.*> 2048 <>\n";
+constexpr const char* importDialog = "open <SuMAnwendung.java|SuMAnwendung.java> 4096 <>\n";
+
+class ExportCommandsTest : public testing::Test {
+  protected:
+    ExportCommandsTest() {
+        model_.SetAuthor("Jürgen");
+        model_.PlaceComponent(ComponentKind::Button, {10, 20, 100, 30});
+        model_.EditMenus().Append("Datei", "hatMenueDatei");
+        CreateFileBytes(folder_ / "blue j", "");
+        std::filesystem::create_directory(folder_ / "directory");
+    }
+
+    std::string Path(const char* name) const { return TextOf(folder_ / name); }
+    std::string Source() const { return ToWindows1252(GenerateCode(model_, options_)); }
+
+    test::ScratchFolder folder_;
+    ProjectModel model_;
+    CodeOptions options_ = {.menu = true, .database = false};
+    test::FakeDialogs dialogs_;
+    test::FakeStarter starter_;
+};
+
+TEST_F(ExportCommandsTest, BlueJIsStartedWhenItsPathNamesAFile) {
+    const std::pair<const char*, std::string> cases[] = {
+        {"Projekt", ""},
+        {"mit Leerzeichen", Path("blue j")},
+        {"Übung", Path("missing")},
+        {"noch eins", Path("directory")},
+    };
+    for (const auto& [folder, blueJ] : cases) {
+        dialogs_.paths = {Path(folder)};
+        starter_.started.clear();
+        ExportBlueJ(model_, options_, blueJ, dialogs_, starter_);
+        EXPECT_EQ(dialogs_.TakeSeen(), blueJDialog);
+        EXPECT_EQ(ReadFileBytes(folder_ / folder / "SuMAnwendung.java"), Source());
+        StartBlueJ(blueJ, starter_);
+        const bool starts = blueJ == Path("blue j");
+        EXPECT_EQ(starter_.started,
+                  starts ? Concatenate(blueJ, " \"", Path(folder), "\" minimised\n", blueJ, " normal\n") : "")
+            << folder;
+    }
+    starter_.refuses = true;
+    EXPECT_EQ(ErrorOf([&] { StartBlueJ(Path("blue j"), starter_); }),
+              "Fehler 70: Zugriff verweigert (Main.File.StartBlueJ)");
+    EXPECT_EQ(dialogs_.TakeSeen(), "");
+}
+
+TEST_F(ExportCommandsTest, BlueJExportThatFails) {
+    CreateFileBytes(folder_ / "directory/keep", "x");
+    const std::tuple<const char*, bool, const char*> cases[] = {
+        {"directory", false, "Fehler 75: Fehler beim Zugriff auf Pfad/Datei (Main.Project.Export)"},
+        {"blue j", false, "Fehler 75: Fehler beim Zugriff auf Pfad/Datei (Main.Project.Export)"},
+        {"missing/new", false, "Fehler 76: Pfad nicht gefunden (Main.Project.Export)"},
+        {"new", true, "Fehler 70: Zugriff verweigert (Main.Project.Export)"},
+    };
+    for (const auto& [folder, refuses, error] : cases) {
+        dialogs_.paths = {Path(folder)};
+        starter_.refuses = refuses;
+        EXPECT_EQ(ErrorOf([&] { ExportBlueJ(model_, options_, Path("blue j"), dialogs_, starter_); }), error) << folder;
+    }
+    EXPECT_EQ(ReadFileBytes(folder_ / "directory/keep"), "x");
+    EXPECT_EQ(ReadFileBytes(folder_ / "new/SuMAnwendung.java"), Source()) << "the export is done when the start fails";
+}
+
+TEST_F(ExportCommandsTest, FilesAreOverwrittenFromTheBeginning) {
+    using Command = void (*)(const ProjectModel&, CodeOptions, cCommonDialog&);
+    const std::tuple<Command, const char*, std::string, std::string> cases[] = {
+        {ExportJava, javaDialog, "", ""},
+        {ExportText, textDialog, "short", ""},
+        {ExportJava, javaDialog, std::string(Source().size(), 'x') + "old end", "old end"},
+        {ExportText, textDialog, std::string(Source().size(), 'x') + "old end", "old end"},
+    };
+    for (const auto& [command, dialog, before, tail] : cases) {
+        const auto path = folder_ / "SuMAnwendung.java";
+        ReplaceFileBytes(path, before);
+        command(model_, options_, dialogs_);
+        EXPECT_EQ(dialogs_.TakeSeen(), dialog) << "cancelled";
+        EXPECT_EQ(ReadFileBytes(path), before) << "cancelled";
+        dialogs_.paths = {TextOf(path)};
+        command(model_, options_, dialogs_);
+        EXPECT_EQ(dialogs_.TakeSeen(), dialog);
+        EXPECT_EQ(ReadFileBytes(path), Source() + tail);
+    }
+    dialogs_.paths = {Path("directory")};
+    EXPECT_EQ(ErrorOf([&] { ExportJava(model_, options_, dialogs_); }),
+              "Fehler 75: Fehler beim Zugriff auf Pfad/Datei (Main.Project.Export)");
+}
+
+TEST_F(ExportCommandsTest, ImportReadsBackWhatWasExported) {
+    dialogs_.paths = {Path("SuMAnwendung.java")};
+    ExportJava(model_, options_, dialogs_);
+    dialogs_.TakeSeen();
+
+    ProjectModel imported;
+    EXPECT_FALSE(ImportJava(imported, dialogs_));
+    EXPECT_EQ(imported, ProjectModel()) << "cancelled";
+    dialogs_.paths = {Path("SuMAnwendung.java")};
+    EXPECT_TRUE(ImportJava(imported, dialogs_));
+    EXPECT_EQ(dialogs_.TakeSeen(), std::string(importDialog) + importDialog);
+    EXPECT_EQ(imported.VisibleBox({ComponentKind::Button, 1}), (Rectangle{10, 20, 100, 30}));
+}
+
+TEST_F(ExportCommandsTest, ImportOfWhatIsNoJava) {
+    const ProjectModel before = model_;
+    CreateFileBytes(folder_ / "letter.java", std::string("Liebe Oma,\0\xFF danke!", 19));
+    CreateFileBytes(folder_ / "broken.java", "hatKnopf1 = new Knopf(eins, 2, 3, 4, \"\");");
+    // A file that could be read takes the place of the design.
+    const std::tuple<const char*, const char*, std::size_t> cases[] = {
+        {"missing.java", "Fehler 53: Datei nicht gefunden (Main.File.Import.Analyse)", 1},
+        {"directory", "Fehler 75: Fehler beim Zugriff auf Pfad/Datei (Main.File.Import.Analyse)", 1},
+        {"letter.java", "", 0},
+        {"broken.java", "Fehler 13: Typen unverträglich (Main.File.Import.Analyse)", 0},
+    };
+    for (const auto& [name, error, menusLeft] : cases) {
+        ProjectModel model = before;
+        dialogs_.paths = {Path(name)};
+        EXPECT_EQ(ErrorOf([&] { ImportJava(model, dialogs_); }), error) << name;
+        EXPECT_EQ(model.Menus().Menus().size(), menusLeft) << name;
+    }
+}
+
+} // namespace
+} // namespace pirol

@@ -1,0 +1,159 @@
+#include "app/FileCommands.h"
+#include "base/RuntimeError.h"
+#include "Cases.h"
+#include "FakeDialogs.h"
+#include "project/ProjectFile.h"
+
+#include <gtest/gtest.h>
+
+#include <tuple>
+
+namespace pirol {
+namespace {
+
+using test::ErrorOf;
+
+constexpr std::string_view projectDialog = " <prl - Dateien (*.prl)|*.prl|Alle Dateien (*.*)|*.*> 4096 <>\n";
+constexpr std::string_view overwrite = "question Die Datei existiert bereits! Überschreiben?\n";
+
+std::string Seen(std::string_view dialog, std::string_view more = {}) {
+    return std::string(dialog) + std::string(projectDialog) + std::string(more);
+}
+
+ProjectModel DesignOf(std::string_view author) {
+    ProjectModel model;
+    model.PlaceComponent(ComponentKind::Button, {10, 20, 100, 30});
+    model.SetAuthor(author);
+    return model;
+}
+
+TEST(FileCommands, ProjectOnCommandLine) {
+    const std::pair<std::vector<std::string>, std::string_view> cases[] = {
+        {{}, ""},
+        {{"a.prl"}, "a.prl"},
+        {{"\"C:\\Meine Projekte\\a.prl\""}, "C:\\Meine Projekte\\a.prl"},
+        {{"Meine", "Projekte/a.prl"}, "Meine Projekte/a.prl"},
+        {{"\"\""}, ""},
+    };
+    for (const auto& [words, path] : cases)
+        EXPECT_EQ(ProjectOnCommandLine(words), path);
+}
+
+/// What lies at the chosen path before, what the user answers, and what comes of it.
+TEST(FileCommands, SaveAsksBeforeItReplaces) {
+    const std::string longer(1000, '.'); // than the project
+    const std::tuple<const char*, std::optional<std::string>, std::deque<bool>, std::string_view, bool> cases[] = {
+        {"new", std::nullopt, {}, "", true},
+        {"yes", longer, {true}, overwrite, true},
+        {"no", "old", {false}, overwrite, false},
+        {"empty file", "", {true}, overwrite, true},
+    };
+    for (const auto& [name, before, answer, seen, saved] : cases) {
+        const test::ScratchFolder folder;
+        const auto path = folder / "Größe 1.prl";
+        if (before)
+            CreateFileBytes(path, *before);
+        ProjectModel model = DesignOf(name);
+        test::FakeDialogs dialogs;
+        dialogs.paths = {TextOf(path)};
+        dialogs.yes = answer;
+        EXPECT_EQ(SaveProject(model, dialogs), saved) << name;
+        EXPECT_EQ(dialogs.TakeSeen(), Seen("save", seen)) << name;
+        EXPECT_EQ(ReadFileBytes(path), saved ? GeneratePRLCode(model) : *before) << name;
+        EXPECT_EQ(model.IsChanged(), !saved) << name;
+        EXPECT_EQ(model.FilePath(), saved ? TextOf(path) : "") << name;
+    }
+}
+
+TEST(FileCommands, CancellingChangesNothing) {
+    ProjectModel model = DesignOf("A");
+    const ProjectModel before = model;
+    test::FakeDialogs dialogs;
+    EXPECT_FALSE(SaveProject(model, dialogs));
+    EXPECT_EQ(dialogs.TakeSeen(), Seen("save"));
+    EXPECT_FALSE(OpenProject(model, dialogs, nullptr));
+    EXPECT_EQ(dialogs.TakeSeen(), Seen("open"));
+    EXPECT_EQ(model, before);
+    EXPECT_TRUE(model.IsChanged());
+}
+
+/// The places where a project cannot be written: the design stays as it is, marked as changed, and so does the file.
+TEST(FileCommands, SavingThatFailsLosesNothing) {
+    const test::ScratchFolder folder;
+    CreateFileBytes(folder / "file", "x");
+    std::filesystem::create_directory(folder / "directory");
+    const std::pair<std::string, std::string> cases[] = {
+        {TextOf(folder / "missing/a.prl"), "Fehler 76: Pfad nicht gefunden"},
+        {TextOf(folder / "file/a.prl"), "Fehler 76: Pfad nicht gefunden"},
+        {TextOf(folder / "directory"), "Fehler 75: Fehler beim Zugriff auf Pfad/Datei"},
+        {TextOf(folder / std::string(300, 'a').c_str()), "Fehler 52: Dateiname oder -nummer falsch"},
+    };
+    for (const auto& [path, error] : cases) {
+        ProjectModel model = DesignOf("A");
+        const ProjectModel before = model;
+        test::FakeDialogs dialogs;
+        dialogs.paths = {path};
+        dialogs.yes = {true};
+        EXPECT_EQ(ErrorOf([&] { SaveProject(model, dialogs); }), error + " (Main.File.PRL.GeneratePRLCode)") << path;
+        EXPECT_EQ(model, before);
+        EXPECT_TRUE(model.IsChanged());
+    }
+    EXPECT_EQ(ReadFileBytes(folder / "file"), "x");
+}
+
+/// Whoever changes the open project's file, the design in memory is what is saved, and only after the question.
+TEST(FileCommands, ChangesByAnotherProgram) {
+    const test::ScratchFolder folder;
+    const auto path = folder / "a.prl";
+    const std::string good = GeneratePRLCode(DesignOf("first"));
+    CreateFileBytes(path, good);
+    ProjectModel model;
+    test::FakeDialogs dialogs;
+    LoadProject(TextOf(path), model, dialogs, nullptr);
+    ReplaceFileBytes(path, "second");
+    dialogs.paths = {TextOf(path), TextOf(path), TextOf(path)};
+    dialogs.yes = {false, true};
+    EXPECT_FALSE(SaveProject(model, dialogs));
+    EXPECT_EQ(ReadFileBytes(path), "second");
+    EXPECT_TRUE(SaveProject(model, dialogs));
+    EXPECT_EQ(ReadFileBytes(path), good);
+
+    std::filesystem::remove(path);
+    dialogs.TakeSeen();
+    EXPECT_TRUE(SaveProject(model, dialogs));
+    EXPECT_EQ(dialogs.TakeSeen(), Seen("save")) << "there is nothing to replace";
+    EXPECT_EQ(ReadFileBytes(path), good);
+}
+
+constexpr std::string_view damaged =
+    "critical Fehler: Die .prl - Datei ist fehlerhaft oder wurde manuell verändert.\r\n"
+    "Der Ladevorgang wird abgebrochen!\n";
+
+TEST(FileCommands, OpeningEmptiesTheDesignFirst) {
+    const test::ScratchFolder folder;
+    const std::string good = GeneratePRLCode(DesignOf("other"));
+    CreateFileBytes(folder / "good.prl", good);
+    CreateFileBytes(folder / "half.prl", good.substr(0, good.size() / 2));
+    CreateFileBytes(folder / "empty.prl", "");
+    const std::tuple<const char*, std::string_view, std::string_view, std::string_view> cases[] = {
+        {"good.prl", "", "", "other"},
+        {"half.prl", damaged, "", ""},
+        {"empty.prl", "", "Fehler 9: Index außerhalb des gültigen Bereichs (Main.File.PRL.ReadPRLFile)", ""},
+        {"missing.prl", "", "Fehler 53: Datei nicht gefunden (Main.File.PRL.ReadPRLFile)", ""},
+    };
+    for (const auto& [name, seen, error, author] : cases) {
+        ProjectModel model = DesignOf("mine");
+        model.EditSql().Server = "localhost";
+        test::FakeDialogs dialogs;
+        dialogs.paths = {TextOf(folder / name)};
+        EXPECT_EQ(ErrorOf([&] { EXPECT_TRUE(OpenProject(model, dialogs, nullptr)); }), error) << name;
+        EXPECT_EQ(dialogs.TakeSeen(), Seen("open", seen)) << name;
+        EXPECT_EQ(model.Author(), author) << name;
+        // Only a project that was read brings database settings of its own.
+        EXPECT_EQ(model.Sql().Server, author.empty() ? "localhost" : "") << name;
+        EXPECT_EQ(model.ElementCount(ComponentKind::Button), author.empty() ? 1u : 2u) << name;
+    }
+}
+
+} // namespace
+} // namespace pirol

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "FakeDialogs.h"
+#include "ui/canvas/picContainer.h"
+#include "ui/Forms.h"
+#include "ui/main/frmMain.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QToolButton>
+
+namespace pirol::test {
+
+/// A main window on the screen with the mouse and the keyboard of a user.
+struct MainWindow {
+    MainWindow() {
+        window.resize(1080, 680);
+        Show(window);
+    }
+
+    template <class Widget>
+    Widget* Find(const QString& name) {
+        return Part<Widget>(window, name);
+    }
+    QAction* Command(const QString& name) { return Part<QAction>(window, name); }
+
+    void Press(int x, int y) { QTest::mousePress(canvas, Qt::LeftButton, {}, {x, y}); }
+    void MoveTo(int x, int y, Qt::MouseButton held = Qt::LeftButton) {
+        // QTest::mouseMove holds no button, and a drag needs one.
+        QMouseEvent move(QEvent::MouseMove, QPointF(x, y), canvas->mapToGlobal(QPointF(x, y)), Qt::NoButton, held,
+                         Qt::NoModifier);
+        QApplication::sendEvent(canvas, &move);
+    }
+    void Release(int x, int y) { QTest::mouseRelease(canvas, Qt::LeftButton, {}, {x, y}); }
+    void Drag(int fromX, int fromY, int toX, int toY) {
+        Press(fromX, fromY);
+        MoveTo((fromX + toX) / 2, (fromY + toY) / 2);
+        MoveTo(toX, toY);
+        Release(toX, toY);
+    }
+    void Click(int x, int y) { Drag(x, y, x, y); }
+
+    /// What the status bar's panel (1 to 3) shows.
+    QString Status(int panel) { return Find<QLabel>(QString("sbPanel%1").arg(panel))->text(); }
+
+    ComponentRef Selected() { return window.Canvas().Selected().value_or(ComponentRef{ComponentKind::Label, 0}); }
+    Rectangle SelectedBox() { return window.Model().VisibleBox(Selected()); }
+
+    /// Closes the error report that comes next and notes its text.
+    void ExpectError() { test::ExpectError(errorText); }
+
+    FakeDialogs dialogs;
+    FakeStarter starter;
+    frmMain window{dialogs, starter};
+    picContainer* canvas = Find<picContainer>("picContainer");
+    QString errorText;
+};
+
+} // namespace pirol::test

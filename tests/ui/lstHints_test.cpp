@@ -1,0 +1,113 @@
+#include "codegen/Hints.h"
+#include "project/ProjectFile.h"
+#include "ui/MainWindow.h"
+#include "ui/properties/plProperties.h"
+#include "ui/properties/PropertyListModel.h"
+
+#include <QDir>
+#include <QListWidget>
+#include <QMenu>
+#include <QScrollBar>
+#include <QStatusBar>
+
+namespace pirol::test {
+
+/// The main window and what its list of hints shows once the design has come to rest.
+struct HintedWindow : MainWindow {
+    bool Shows(int hints) {
+        return QTest::qWaitFor([&] { return list->isVisible() == (hints > 0) && list->count() == hints; });
+    }
+    QString FirstText() { return list->count() > 0 ? list->item(0)->text() : QString(); }
+    std::string CurrentProperty() {
+        const auto& rows = static_cast<const PropertyListModel&>(*properties->model());
+        return std::string(rows.RowAt(properties->currentIndex()).key);
+    }
+
+    QListWidget* list = Find<QListWidget>("lstHints");
+    QToolButton* heading = Find<QToolButton>("cmdHints");
+    plProperties* properties = Find<plProperties>("plProperties");
+};
+
+class LstHintsTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void ComeWithAFlawAndGoWhenItIsMended() {
+        HintedWindow main;
+        const QRect canvas = main.canvas->geometry();
+        main.Command("mnuObjectsObject1")->trigger();
+        main.Drag(100, 100, 200, 140);
+        main.Press(120, 120);
+        main.MoveTo(640, 120);
+        QTest::qWait(600);
+        QVERIFY(!main.list->isVisible()); // not while the mouse holds it
+        main.Release(640, 120);
+        QVERIFY(main.Shows(1));
+        QCOMPARE(main.heading->text(), QString("Hinweise (1)"));
+        QVERIFY(main.canvas->y() < canvas.y());
+
+        ClickRow(*main.list, 0);
+        QCOMPARE(main.CurrentProperty(), std::string("left"));
+        QVERIFY(main.properties->hasFocus());
+        Do(main.window, "300 Return");
+        QCOMPARE(main.SelectedBox().left, 300);
+        QVERIFY(main.Shows(0));
+        QTRY_COMPARE(main.canvas->geometry(), canvas);
+    }
+
+    void LeadToComponentAndPropertyForEveryRule() {
+        HintedWindow main;
+        int followed = 0;
+        for (const QString& rule : QDir(PIROL_TEST_DATA "/hints").entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+            ReadPRLFile((PIROL_TEST_DATA "/hints/" + rule + "/design.prl").toStdString(), main.window.Model());
+            main.window.ShowDesign();
+            const std::vector<Hint> hints = FindHints(main.window.Model(), {});
+            QTRY_COMPARE(main.FirstText(), hints.empty() ? QString() : QString::fromStdString(hints[0].text));
+            QVERIFY2(main.Shows(int(hints.size())), qPrintable(rule));
+            for (int row = 0; row < int(hints.size()); ++row) {
+                const Hint& hint = hints[std::size_t(row)];
+                if (!hint.component)
+                    continue;
+                main.window.Canvas().Deselect();
+                Do(main.window, "F6");
+                main.list->setCurrentRow(row);
+                Do(main.window, "Return");
+                QCOMPARE(main.Selected(), *hint.component);
+                if (!hint.property.empty())
+                    QCOMPARE(main.CurrentProperty(), std::string(hint.property));
+                ++followed;
+            }
+        }
+        QVERIFY(followed > 30);
+    }
+
+    void FollowTheMarksOfTheCodeMenu() {
+        HintedWindow main;
+        main.window.Model().EditMenus().Append("", "hatMenueLeer");
+        emit main.Find<QMenu>("mnuCode")->aboutToShow();
+        main.Command("mnuCodeMenu")->trigger();
+        QVERIFY(main.Shows(1));
+        ClickRow(*main.list, 0);
+        QVERIFY(main.window.statusBar()->currentMessage().contains("Menü-Generator"));
+        main.Command("mnuCodeMenu")->trigger();
+        QVERIFY(main.Shows(0));
+    }
+
+    void LeaveTheScrolledCanvasWhereItIsAndFold() {
+        HintedWindow main;
+        main.window.Model().SetWindowSize(2000, 2000);
+        main.window.ShowDesign();
+        main.Find<QScrollBar>("vScroll")->setValue(20);
+        main.window.Model().PlaceComponent(ComponentKind::Picture, {0, 0, 0, 0});
+        main.window.ShowDesign();
+        QVERIFY(main.Shows(1));
+        QCOMPARE(main.canvas->y(), -160);
+        QTest::mouseClick(main.heading, Qt::LeftButton);
+        QVERIFY(!main.list->isVisible() && main.heading->isVisible());
+    }
+};
+
+} // namespace pirol::test
+
+QTEST_MAIN(pirol::test::LstHintsTest)
+#include "lstHints_test.moc"

@@ -1,0 +1,320 @@
+#include "ui/MainWindow.h"
+#include "ui/properties/plProperties.h"
+
+#include <QAccessible>
+#include <QScreen>
+
+namespace pirol::test {
+
+/// The main window on whole pixels, with two buttons on its canvas, the second one selected.
+struct Editing : MainWindow {
+    Editing() {
+        Command("mnuObjectsGrid")->trigger();
+        Command("mnuObjectsObject1")->trigger();
+        Drag(300, 200, 380, 260);
+        Drag(100, 100, 200, 140);
+    }
+
+    /// Goes to a row of the property list and types over its value.
+    void TypeInto(const QString& caption, const QString& steps) {
+        Show(window); // a report may have had the keyboard
+        list->setFocus();
+        list->setCurrentIndex(FindRow(*list, caption));
+        Do(window, steps);
+    }
+    QString Shown(const QString& caption) { return FindRow(*list, caption).siblingAtColumn(1).data().toString(); }
+
+    const Control& Held() { return window.Model().Element(button); }
+
+    const ComponentRef other{ComponentKind::Button, 1};
+    const ComponentRef button{ComponentKind::Button, 2};
+    plProperties* list = Find<plProperties>("plProperties");
+};
+
+/// The canvas with mouse and keyboard, and how it goes together with the property list.
+class PicContainerTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void TheMouseDrawsMovesAndResizes() {
+        MainWindow main;
+        main.Command("mnuObjectsObject1")->trigger();
+        main.Press(103, 98);
+        main.MoveTo(206, 157);
+        QCOMPARE(main.Status(3), QString("B = 103 / H = 59"));
+        main.Release(206, 157);
+        QCOMPARE(main.Selected(), (ComponentRef{ComponentKind::Button, 1}));
+        QCOMPARE(main.SelectedBox(), (Rectangle{100, 100, 100, 60}));
+        QVERIFY(main.Status(2).startsWith("hatKnopf1"));
+        QCOMPARE(main.Status(3), QString());
+
+        main.Drag(104, 104, 141, 101);
+        QCOMPARE(main.SelectedBox(), (Rectangle{140, 100, 100, 60}));
+        main.Drag(235, 155, 258, 185);
+        QCOMPARE(main.SelectedBox(), (Rectangle{140, 100, 120, 90}));
+    }
+
+    void KeyboardAloneIsEnough() {
+        MainWindow main;
+        auto& canvas = main.window.Canvas();
+        const ComponentRef first{ComponentKind::Button, 1};
+        const ComponentRef second{ComponentKind::Button, 2};
+        main.Command("mnuObjectsObject1")->trigger();
+        main.Command("mnuObjectsGrid")->trigger();
+        Do(main.window, "Ins Ins");
+        QCOMPARE(canvas.Selected(), second);
+        Do(main.window, "Shift+Backtab");
+        QCOMPARE(canvas.Selected(), first);
+
+        const std::pair<const char*, Rectangle> arrows[] = {
+            {"Right", {1, 0, 0, 0}},       {"Down", {0, 1, 0, 0}},        {"Left", {-1, 0, 0, 0}},
+            {"Up", {0, -1, 0, 0}},         {"Shift+Right", {0, 0, 1, 0}}, {"Shift+Down", {0, 0, 0, 1}},
+            {"Shift+Left", {0, 0, -1, 0}}, {"Shift+Up", {0, 0, 0, -1}},
+        };
+        for (const auto& [key, change] : arrows) {
+            const Rectangle before = main.SelectedBox();
+            Do(main.window, key);
+            QCOMPARE(main.SelectedBox(), (Rectangle{before.left + change.left, before.top + change.top,
+                                                    before.width + change.width, before.height + change.height}));
+        }
+
+        Do(main.window, "Tab");
+        QCOMPARE(canvas.Selected(), second);
+        QCOMPARE(QApplication::focusWidget(), main.canvas);
+        Do(main.window, "Tab");
+        QVERIFY2(QApplication::focusWidget() != main.canvas, "after the last component the focus goes on");
+        QCOMPARE(canvas.Selected(), second);
+        main.canvas->setFocus();
+        Do(main.window, "Esc");
+        QCOMPARE(canvas.Selected(), std::nullopt);
+        Do(main.window, "Tab Del");
+        QCOMPARE(main.window.Model().VisibleBox(first), Rectangle{});
+    }
+
+    void EnterLeadsToThePropertiesAndEscapeBack() {
+        Editing main;
+        Do(main.window, "Return");
+        QVERIFY(main.list->hasFocus());
+        Do(main.window, "Return");
+        QVERIFY2(main.list->isAncestorOf(QApplication::focusWidget()), "the name is being edited");
+        Do(main.window, "xy Home Del");
+        QCOMPARE(main.SelectedBox(), (Rectangle{100, 100, 100, 40})); // only a letter was deleted
+        main.Command("mnuViewShowGrid")->trigger();
+        QCOMPARE(main.Held().ObjectName, "y"); // a command takes over what is being typed
+        Do(main.window, "Esc");
+        QCOMPARE(QApplication::focusWidget(), main.canvas);
+        QCOMPARE(main.Selected(), main.button);
+
+        main.list->setFocus();
+        Do(main.window, "Del");
+        QCOMPARE(main.window.Model().VisibleBox(main.button), Rectangle{}); // the window sees the key before the list
+    }
+
+    void ListAndCanvasFollowEachOther() {
+        Editing main;
+        main.Drag(110, 110, 125, 118);
+        QCOMPARE(main.Shown("Links") + "," + main.Shown("Oben"), "115,108");
+        Do(main.window, "Right");
+        QCOMPARE(main.Shown("Links"), "116");
+        main.TypeInto("Name", "hatStart Down");
+        QCOMPARE(main.Held().ObjectName, "hatStart");
+        QVERIFY(main.Status(2).startsWith("hatStart"));
+        // A click on another component ends the edit of the first one, and then selects the other.
+        main.TypeInto("Breite", "66");
+        main.Click(310, 210);
+        QCOMPARE(main.Held().Width, 66);
+        QCOMPARE(main.Selected(), main.other);
+        QCOMPARE(main.SelectedBox(), (Rectangle{300, 200, 80, 60}));
+        main.Click(600, 470);
+        QCOMPARE(main.list->model()->index(0, 0).data().toString(), "Kein Objekt gewählt");
+    }
+
+    /// A bad value is reported after what ended its edit; a click does all the same what it should.
+    void BadValuesDoNotDisturbTheClick() {
+        Editing main;
+        main.ExpectError();
+        main.TypeInto("Breite", "breit Return");
+        QTRY_VERIFY(main.errorText.endsWith("Main.File.Properties.PropertyChanged"));
+        QCOMPARE(main.Shown("Breite"), "100");
+        main.TypeInto("Breite", "breit");
+        main.ExpectError();
+        main.Press(600, 470);
+        QTRY_VERIFY(main.errorText.startsWith("Fehlernummer: 13"));
+        QCOMPARE(main.Held().Width, 100);
+
+        // The report swallowed the release; the pointer moves on without drawing anything.
+        main.MoveTo(500, 300, Qt::NoButton);
+        QVERIFY(!main.window.Canvas().IsDrawing());
+        QCOMPARE(main.window.Canvas().Selected(), std::nullopt);
+        QCOMPARE(main.window.Model().ElementCount(ComponentKind::Button), 3U);
+    }
+
+    /// Whichever button's release another window got, the next click is one of its own.
+    void ALostReleaseDoesNotLeadTheNextClick() {
+        Editing main;
+        QTest::mousePress(main.canvas, Qt::RightButton, {}, {120, 120});
+        QTest::mouseRelease(main.list, Qt::RightButton);
+        main.Drag(310, 210, 330, 220);
+        QCOMPARE(main.SelectedBox(), (Rectangle{320, 210, 80, 60}));
+        QCOMPARE(main.Held().Left, 100);
+    }
+
+    void TheListTellsAndAsksInDialogs() {
+        Editing main;
+        main.TypeInto("Name", "hatKnopf1 Return");
+        std::string seen;
+        QTRY_COMPARE(seen += main.dialogs.TakeSeen(), "information Dieser Name ist bereits vergeben.\n");
+        QCOMPARE(main.Shown("Name"), "hatKnopf2");
+
+        main.Command("mnuObjectsObject12")->trigger();
+        main.Drag(400, 300, 480, 360);
+        main.dialogs.paths = {"C:\\haus.bmp"};
+        main.TypeInto("Bilddatei", "F4");
+        QVERIFY(main.dialogs.TakeSeen().starts_with("open <Bilder (*.bmp, *.gif, *.jpg)|*.bmp; *.gif; *.jpg>"));
+        QCOMPARE(main.Shown("Bilddatei"), "C:\\haus.bmp");
+    }
+
+    void TheSelectionChosenByKeyboardIsScrolledIntoView() {
+        MainWindow main;
+        main.window.Model().SetWindowSize(3000, 2000);
+        const Rectangle boxes[] = {{20, 20, 100, 30}, {2500, 1500, 100, 30}};
+        for (const Rectangle& box : boxes)
+            main.window.Model().PlaceComponent(ComponentKind::Button, box);
+        main.window.ShowDesign();
+        for (const Rectangle& box : boxes) {
+            Do(main.window, "Tab");
+            QVERIFY(main.canvas->visibleRegion().contains(QRect(box.left, box.top, box.width, box.height)));
+        }
+    }
+
+    void OnlyWhatChangedIsRepainted() {
+        MainWindow main;
+        for (int i = 0; i < 100; ++i)
+            main.window.Model().PlaceComponent(ComponentKind::Label, {i % 10 * 64, i / 10 * 48, 60, 40});
+        main.window.ShowDesign();
+        PaintCounter painted(main.canvas);
+        main.Press(70, 53);
+        painted.TakePixels();
+        main.MoveTo(73, 54);
+        const int moved = painted.TakePixels();
+        QVERIFY2(moved > 60 * 40 && moved < 3 * 60 * 40, qPrintable(QString::number(moved)));
+        main.MoveTo(73, 54);
+        QCOMPARE(painted.TakePixels(), 0);
+        main.Release(73, 54);
+
+        main.Press(638, 475);
+        main.MoveTo(100, 100);
+        painted.TakePixels();
+        main.MoveTo(90, 90);
+        const int framed = painted.TakePixels();
+        QVERIFY2(framed > 0 && framed < 20000, qPrintable(QString::number(framed)));
+    }
+
+    void GesturesLeaveNoTracesOnTheScreen_data() {
+        QTest::addColumn<int>("crowd");
+        QTest::newRow("few components") << 0;
+        QTest::newRow("a crowd") << 150; // painted in layers while a gesture lasts
+    }
+
+    /// What is on the screen after many small repaints is what one large repaint shows.
+    void GesturesLeaveNoTracesOnTheScreen() {
+        QFETCH(int, crowd);
+        MainWindow main;
+        const auto place = [&main](int number, const Rectangle& box) {
+            main.window.Model().PlaceComponent(KindRows()[static_cast<std::size_t>(number) % kindCount].kind, box);
+        };
+        for (int i = 0; i < crowd; ++i)
+            place(i, {100 + i % 10 * 11, i / 10 * 13, 120, 60});
+        for (int i = 0; i < 16; ++i)
+            place(i, {i % 4 * 150 + 10, i / 4 * 110 + 10, 120, 80});
+        main.window.ShowDesign();
+        main.Command("mnuObjectsGrid")->trigger();
+        const auto onScreen = [&main] {
+            QApplication::processEvents();
+            const QPoint corner = main.canvas->mapTo(&main.window, QPoint(0, 0));
+            return main.window.screen()
+                ->grabWindow(main.window.winId(), corner.x(), corner.y(), main.canvas->width(), main.canvas->height())
+                .toImage();
+        };
+        const auto checkScreen = [&](const char* when) {
+            const QImage pieceByPiece = onScreen();
+            main.canvas->update();
+            QVERIFY2(pieceByPiece == onScreen(), when);
+        };
+        for (const QPoint& grip : {QPoint(170, 20), QPoint(20, 130)}) {
+            main.Press(grip.x(), grip.y());
+            for (int step = 1; step < 20; ++step) {
+                main.MoveTo(grip.x() + step * 7, grip.y() + step * 3);
+                QApplication::processEvents();
+            }
+            QVERIFY(main.window.Canvas().IsMoving());
+            checkScreen("while moving");
+            const QImage whileMoving = onScreen();
+            main.Release(0, 0);
+            QVERIFY2(whileMoving == onScreen(), "the end of the gesture changes nothing");
+        }
+        for (const char* const frame : {"while drawing", "while drawing over the first one"}) {
+            main.Press(635, 470);
+            for (const int step : {1, 5, 9, 14, 18, 19, 17, 12, 11, 10}) {
+                main.MoveTo(635 - step * 31, 470 - step * 21);
+                QApplication::processEvents();
+            }
+            checkScreen(frame);
+            main.Release(0, 0);
+            checkScreen("after drawing");
+        }
+        Do(main.window, "Del");
+        checkScreen("after deleting");
+        main.Command("mnuViewShowGrid")->trigger();
+        checkScreen("without the grid");
+    }
+
+    void OverflowIsReportedAndLosesNothing() {
+        MainWindow main;
+        main.window.Model().SetWindowSize(32767, 480);
+        const ComponentRef button = main.window.Model().PlaceComponent(ComponentKind::Button, {32700, 0, 60, 30});
+        main.window.ShowDesign();
+        main.Press(32705, 5);
+        main.ExpectError();
+        main.MoveTo(32790, 5);
+        QVERIFY2(main.errorText.contains("Fehlernummer: 6"), qPrintable(main.errorText));
+        main.MoveTo(32600, 5);
+        QCOMPARE(main.window.Model().VisibleBox(button), (Rectangle{32700, 0, 60, 30}));
+    }
+
+    void ScreenReadersFindTheComponents() {
+        MainWindow main;
+        ProjectModel& model = main.window.Model();
+        model.PlaceComponent(ComponentKind::Table, {10, 20, 300, 200});
+        const ComponentRef label = model.PlaceComponent(ComponentKind::Label, {100, 100, 80, 30});
+        model.PlaceComponent(ComponentKind::Sound, {400, 20, 0, 0});
+        main.window.ShowDesign();
+
+        QAccessibleInterface* canvas = QAccessible::queryAccessibleInterface(main.canvas);
+        QCOMPARE(canvas->childCount(), 3);
+        QAccessibleInterface* child = canvas->child(1);
+        QCOMPARE(child->text(QAccessible::Name), QString("hatEtikett1, Etikett"));
+        QCOMPARE(child->text(QAccessible::Description), QString("Links 100, Oben 100, Breite 80, Höhe 30"));
+        QCOMPARE(child->role(), QAccessible::StaticText);
+        QCOMPARE(canvas->indexOfChild(child), 1);
+        const QPoint inLabel = main.canvas->mapToGlobal(QPoint(110, 110));
+        QCOMPARE(canvas->childAt(inLabel.x(), inLabel.y()), child);
+        QVERIFY(child->rect().contains(inLabel));
+        QVERIFY(!child->state().selected);
+
+        main.window.Canvas().Select(label);
+        main.window.ShowDesign();
+        QVERIFY(child->state().selected);
+        QCOMPARE(canvas->focusChild(), child);
+        Do(main.window, "Del");
+        QVERIFY(!child->isValid());
+        QCOMPARE(canvas->childCount(), 2);
+        QCOMPARE(canvas->child(1)->role(), QAccessible::Sound);
+        QCOMPARE(canvas->child(2), nullptr);
+    }
+};
+
+} // namespace pirol::test
+
+QTEST_MAIN(pirol::test::PicContainerTest)
+#include "picContainer_test.moc"
