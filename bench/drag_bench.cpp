@@ -68,14 +68,13 @@ int main(int argumentCount, char* arguments[]) {
     frmProgramStarter starter;
     frmMain few(dialogs, starter);
     frmMain many(dialogs, starter);
-    Fill(few.Model(), 10);
-    Fill(many.Model(), 10000);
+    few.CurrentDocument().Edit({}, [](ProjectModel& model) { Fill(model, 10); });
+    many.CurrentDocument().Edit({}, [](ProjectModel& model) { Fill(model, 10000); });
     std::vector<double> fewTimes;
     std::vector<double> manyTimes;
     for (frmMain* window : {&few, &many}) {
         window->resize(1200, 800);
         window->show();
-        window->ShowDesign();
         QApplication::processEvents();
     }
     for (int round = 0; round < rounds; ++round) {

@@ -5,6 +5,7 @@
 #include "base/Windows1252.h"
 #include "codegen/JavaGenerator.h"
 #include "codegen/JavaImport.h"
+#include "designer/DesignCanvas.h"
 #include "project/ProjectFile.h"
 #include "project/Snapshot.h"
 
@@ -103,7 +104,39 @@ void WriteProject(benchmark::State& state) {
 void Snapshot(benchmark::State& state) {
     const ProjectModel model = MixedDesign(Components(state));
     while (state.KeepRunning())
-        benchmark::DoNotOptimize(TakeSnapshot(model));
+        benchmark::DoNotOptimize(SnapshotOf({model, {}}));
+    CountComponents(state);
+}
+
+/// A step of a drag: one component a pixel further, within the step of its gesture.
+void DragStep(benchmark::State& state) {
+    Document document;
+    document.Edit({}, [&](ProjectModel& model) { model = MixedDesign(Components(state)); });
+    document.BeginGesture();
+    std::int16_t left = 0;
+    while (state.KeepRunning()) {
+        left = static_cast<std::int16_t>((left + 1) % 500);
+        document.Edit({}, [&](ProjectModel& model) { model.EditElement({ComponentKind::Label, 1}).Left = left; });
+    }
+    CountComponents(state);
+}
+
+/// One step back and on again, of one component or of all.
+void UndoAndRedo(benchmark::State& state, bool all) {
+    Document document;
+    DesignCanvas canvas(document);
+    document.Edit({}, [&](ProjectModel& model) { model = MixedDesign(Components(state)); });
+    document.Edit({}, [&](ProjectModel& model) {
+        const PagedArray<ComponentRef> order = model.CreationOrder();
+        for (std::size_t i = 0; i < (all ? order.size() : 1); ++i)
+            model.EditElement(order[i]).Top = 3;
+    });
+    while (state.KeepRunning()) {
+        document.Undo();
+        benchmark::DoNotOptimize(canvas.HitTest(5, 5));
+        document.Redo();
+        benchmark::DoNotOptimize(canvas.HitTest(5, 5));
+    }
     CountComponents(state);
 }
 
@@ -164,6 +197,9 @@ BENCHMARK(CheckHash)->Apply(DesignSizes);
 BENCHMARK(ReadProject)->Apply(DesignSizes);
 BENCHMARK(WriteProject)->Apply(DesignSizes);
 BENCHMARK(Snapshot)->Apply(DesignSizes);
+BENCHMARK(DragStep)->Apply(DesignSizes)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(UndoAndRedo, one, false)->Apply(DesignSizes);
+BENCHMARK_CAPTURE(UndoAndRedo, all, true)->Apply(DesignSizes);
 BENCHMARK(GenerateJava)->Apply(DesignSizes);
 BENCHMARK(ReadAndGenerate)->Apply(DesignSizes);
 BENCHMARK(ImportJava)->Apply(DesignSizes);

@@ -80,12 +80,19 @@ void StartBlueJ(const std::string& blueJPath, ProgramStarter& starter) {
         UnderLabel("Main.File.StartBlueJ", [&] { starter.Start(blueJPath, {}, ProgramStarter::Window::Normal); });
 }
 
-bool ImportJava(ProjectModel& model, cCommonDialog& dialogs) {
+bool ImportJava(Document& document, cCommonDialog& dialogs) {
     const std::string path = dialogs.ShowOpen(ImportDialog());
     if (path.empty())
         return false;
-    AnalyseFile(PathOf(path), model);
+    AnalyseCode(ReadSource(PathOf(path)), document);
     return true;
+}
+
+void AnalyseCode(const std::string& source, Document& document) {
+    document.Replace("Java importieren", [&](ProjectModel& model) {
+        AnalyseCode(source, model);
+        return Document::Origin{};
+    });
 }
 
 } // namespace pirol

@@ -3,7 +3,7 @@
 #include "app/cCommonDialog.h"
 #include "app/ProgramStarter.h"
 #include "codegen/JavaGenerator.h"
-#include "model/ProjectModel.h"
+#include "designer/Document.h"
 
 #include <string>
 
@@ -27,6 +27,9 @@ void StartBlueJ(const std::string& blueJPath, ProgramStarter& starter);
 
 /// Lets the user choose a Java source and fills the design from it. True when one was chosen. A file that cannot be
 /// read leaves the design as it is.
-bool ImportJava(ProjectModel& model, cCommonDialog& dialogs);
+bool ImportJava(Document& document, cCommonDialog& dialogs);
+
+/// Fills the design from a source, UTF-8. What was imported before an error stays.
+void AnalyseCode(const std::string& source, Document& document);
 
 } // namespace pirol

@@ -24,21 +24,6 @@ bool IsExistingFile(const std::filesystem::path& path) {
     return std::filesystem::exists(status) && !std::filesystem::is_directory(status);
 }
 
-/// The progress form lets the windows paint while the file is read. They must never meet a half-read design, so the
-/// design changes in one step at the end, be the end a good one or an error.
-ReadResult ReplaceDesign(const std::string& path, ProjectModel& model, LoadingProgress* progress) {
-    ProjectModel read;
-    read.EditSql() = model.Sql();
-    try {
-        const ReadResult result = ReadPRLFile(PathOf(path), read, progress);
-        model = std::move(read);
-        return result;
-    } catch (...) {
-        model = std::move(read);
-        throw;
-    }
-}
-
 } // namespace
 
 std::string ProjectOnCommandLine(std::span<const std::string> words) {
@@ -48,28 +33,40 @@ std::string ProjectOnCommandLine(std::span<const std::string> words) {
     return ReplaceAll(line, "\"", "");
 }
 
-void LoadProject(const std::string& path, ProjectModel& model, cCommonDialog& dialogs, LoadingProgress* progress) {
-    if (ReplaceDesign(path, model, progress) == ReadResult::Refused)
+void NewProject(Document& document) {
+    document.Replace("Neuer Entwurf", [](ProjectModel& model) {
+        model.Reset();
+        return Document::Origin{.path = {}, .isSaved = true};
+    });
+}
+
+void LoadProject(const std::string& path, Document& document, cCommonDialog& dialogs, LoadingProgress* progress) {
+    ReadResult result{};
+    document.Replace("Projekt öffnen", [&](ProjectModel& model) {
+        result = ReadPRLFile(PathOf(path), model, progress);
+        return Document::Origin{.path = result == ReadResult::Loaded ? path : "", .isSaved = true};
+    });
+    if (result == ReadResult::Refused)
         dialogs.Critical("Fehler", damagedProjectMessage);
 }
 
-bool OpenProject(ProjectModel& model, cCommonDialog& dialogs, LoadingProgress* progress) {
+bool OpenProject(Document& document, cCommonDialog& dialogs, LoadingProgress* progress) {
     const std::string path = dialogs.ShowOpen(ProjectDialog("Projekt öffnen"));
     if (path.empty())
         return false;
-    LoadProject(path, model, dialogs, progress);
+    LoadProject(path, document, dialogs, progress);
     return true;
 }
 
-bool SaveProject(ProjectModel& model, cCommonDialog& dialogs) {
+bool SaveProject(Document& document, cCommonDialog& dialogs) {
     const std::string path = dialogs.ShowSave(ProjectDialog("Projekt speichern"));
     if (path.empty())
         return false;
     if (IsExistingFile(PathOf(path)) && !dialogs.Question("Die Datei existiert bereits! Überschreiben?"))
         return false;
-    const std::string bytes = GeneratePRLCode(model);
+    const std::string bytes = GeneratePRLCode(document.Model());
     UnderLabel("Main.File.PRL.GeneratePRLCode", [&] { ReplaceFileBytes(PathOf(path), bytes); });
-    model.MarkUnchanged(path);
+    document.MarkSaved(path);
     return true;
 }
 

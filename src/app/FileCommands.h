@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/cCommonDialog.h"
-#include "model/ProjectModel.h"
+#include "designer/Document.h"
 #include "project/LoadingProgress.h"
 
 #include <span>
@@ -16,16 +16,19 @@ namespace pirol {
 /// double quote. Empty when nothing was named.
 std::string ProjectOnCommandLine(std::span<const std::string> words);
 
-/// Loads a project file into the design; a refused one is reported in a message box and leaves the design empty.
-/// `progress` may be null. Raises what ReadPRLFile raises.
-void LoadProject(const std::string& path, ProjectModel& model, cCommonDialog& dialogs, LoadingProgress* progress);
+/// Puts a project file's design in the place of the present one; a refused one is reported in a message box and leaves
+/// an empty design. `progress` may be null. Raises what ReadPRLFile raises; what was read until then stays.
+void LoadProject(const std::string& path, Document& document, cCommonDialog& dialogs, LoadingProgress* progress);
+
+/// Empties the design. The SQL settings stay: a new project goes on with the database of the last one.
+void NewProject(Document& document);
 
 /// Lets the user choose a project file and loads it. True when one was chosen, whatever came of it.
-bool OpenProject(ProjectModel& model, cCommonDialog& dialogs, LoadingProgress* progress);
+bool OpenProject(Document& document, cCommonDialog& dialogs, LoadingProgress* progress);
 
 /// Lets the user choose a file name, asks before an existing file is replaced, and writes the design. Whatever happens
 /// meanwhile, the old file or the new one is on disk, whole. True when the design was saved.
 /// Raises RuntimeError under the label "Main.File.PRL.GeneratePRLCode".
-bool SaveProject(ProjectModel& model, cCommonDialog& dialogs);
+bool SaveProject(Document& document, cCommonDialog& dialogs);
 
 } // namespace pirol

@@ -233,7 +233,8 @@ std::string_view MenuWord(const cMenu& line) {
 
 class HintFinder {
   public:
-    HintFinder(const ProjectModel& model, CodeOptions options) : model_(model), options_(options) {}
+    HintFinder(const ProjectModel& model, const std::string& projectFile, CodeOptions options)
+        : model_(model), folder_(PathOf(projectFile).parent_path()), options_(options) {}
 
     std::vector<Hint> Find() {
         ReserveOwnNames();
@@ -355,7 +356,7 @@ class HintFinder {
             Report(Rule("bad-file-name"), place);
         else if (inJava.size() > longestConstant)
             Report(Rule("text-too-long"), place);
-        else if (!fs::exists(PathOf(model_.FilePath()).parent_path() / PathOf(name), ignored))
+        else if (!fs::exists(folder_ / PathOf(name), ignored))
             Report(Rule("missing-file"), place, Shown(name));
     }
 
@@ -512,6 +513,7 @@ class HintFinder {
     }
 
     const ProjectModel& model_;
+    fs::path folder_; ///< of the project
     CodeOptions options_;
     std::unordered_set<std::string_view> fields_;
     std::unordered_set<std::string> methods_;
@@ -541,8 +543,8 @@ std::string_view WhereToMend(HintSubject subject) {
     return {};
 }
 
-std::vector<Hint> FindHints(const ProjectModel& model, CodeOptions options) {
-    return HintFinder(model, options).Find();
+std::vector<Hint> FindHints(const ProjectModel& model, const std::string& projectFile, CodeOptions options) {
+    return HintFinder(model, projectFile, options).Find();
 }
 
 } // namespace pirol

@@ -51,7 +51,8 @@ std::string_view WhereToMend(HintSubject subject);
 
 /// The hints for the program that GenerateCode would write with these options, at most mostHints: window, components in
 /// the order of the generated code, menu bar, database, the program as a whole. Looks up whether the files of pictures,
-/// sounds and films exist; relative names count from the project's folder. Linear in the size of the design.
-std::vector<Hint> FindHints(const ProjectModel& model, CodeOptions options);
+/// sounds and films exist; relative names count from the folder of the project file (UTF-8, empty for none). Linear in
+/// the size of the design.
+std::vector<Hint> FindHints(const ProjectModel& model, const std::string& projectFile, CodeOptions options);
 
 } // namespace pirol

@@ -319,8 +319,8 @@ void AnalyseCode(std::string_view source, ProjectModel& model) {
     });
 }
 
-void AnalyseFile(const std::filesystem::path& path, ProjectModel& model) {
-    AnalyseCode(UnderLabel(analyseLabel, [&] { return FromWindows1252(ReadFileBytes(path)); }), model);
+std::string ReadSource(const std::filesystem::path& path) {
+    return UnderLabel(analyseLabel, [&] { return FromWindows1252(ReadFileBytes(path)); });
 }
 
 std::string GetAllLines(std::string_view source, std::string_view javaClass) {

@@ -18,8 +18,8 @@ namespace pirol {
 /// one of CallIndex; what was imported before stays. Time grows linearly with the source.
 void AnalyseCode(std::string_view source, ProjectModel& model);
 
-/// The same for a file, single-byte text in Windows-1252. A file that cannot be read leaves the design as it is.
-void AnalyseFile(const std::filesystem::path& path, ProjectModel& model);
+/// The source in a file, single-byte text in Windows-1252, as UTF-8. Raises RuntimeError under the same label.
+std::string ReadSource(const std::filesystem::path& path);
 
 /// Every creation statement of a class: variable name, a comma and the argument text, without any double quotes; the
 /// entries are separated by code 0. Raises RuntimeError under "Main.File.Import.GetAllLines": InvalidCall when a

@@ -10,6 +10,14 @@
 
 namespace pirol {
 
+/// Tells a component from every other one, also from one that takes its name or its place later. No property: it does
+/// not count when controls are compared.
+struct SerialNumber {
+    std::uint64_t value = 0;
+
+    bool operator==(const SerialNumber&) const { return true; }
+};
+
 /// A design-time control: one component of the designed window with its properties. Positions and sizes are pixels of
 /// the designed window. Public members carry the properties' own names; ControlTable says how each is shown and stored.
 struct Control {
@@ -19,6 +27,7 @@ struct Control {
     std::int16_t Width = 0;
     std::int16_t Height = 0;
     bool Visible = false; ///< false for the hidden template of each kind and for deleted components
+    SerialNumber Serial;  ///< grows in the order in which components are made; 0 for a template
 
     virtual ~Control() = default;
 

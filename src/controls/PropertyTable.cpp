@@ -72,4 +72,30 @@ void SetFromText(std::vector<cRadioButton>& value, std::string_view text) {
     value = RadioButtonsOf(text);
 }
 
+std::size_t HeapBytesOf(const Control& control) {
+    std::size_t bytes = HeapBytes(control.ObjectName);
+    for (const PropertyRow& row : control.Table().Rows())
+        bytes += row.heapBytes(control);
+    return bytes;
+}
+
+std::size_t HeapBytes(const std::string& value) {
+    // Short texts stand within the string itself.
+    return value.capacity() > std::string().capacity() ? value.capacity() + 1 : 0;
+}
+
+std::size_t HeapBytes(const std::vector<std::string>& value) {
+    std::size_t bytes = value.capacity() * sizeof(std::string);
+    for (const std::string& item : value)
+        bytes += HeapBytes(item);
+    return bytes;
+}
+
+std::size_t HeapBytes(const std::vector<cRadioButton>& value) {
+    std::size_t bytes = value.capacity() * sizeof(cRadioButton);
+    for (const cRadioButton& button : value)
+        bytes += HeapBytes(button.Name) + HeapBytes(button.Caption);
+    return bytes;
+}
+
 } // namespace pirol

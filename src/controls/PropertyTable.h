@@ -78,9 +78,10 @@ struct PropertyRow {
     const PropertyKey* key;
     std::string (*get)(const Control&);
     void (*set)(Control&, std::string_view);
-    int fileField;                  ///< place among the fields after the object name, from 1, or notStored
-    bool (*isOn)(const Control&);   ///< of an event: whether its handler is wanted; otherwise null
-    std::string_view handlerSuffix; ///< of an event
+    int fileField;                            ///< place among the fields after the object name, from 1, or notStored
+    bool (*isOn)(const Control&);             ///< of an event: whether its handler is wanted; otherwise null
+    std::string_view handlerSuffix;           ///< of an event
+    std::size_t (*heapBytes)(const Control&); ///< what the value takes beside the control itself, in bytes
 };
 
 /// What one kind of control holds besides name, position and size.
@@ -106,6 +107,9 @@ class ControlTable {
 /// Name, width, height, left and top, which every control has; in the order of the property list.
 const std::vector<PropertyRow>& CommonRows();
 
+/// What the values of all properties take beside the control itself, in bytes.
+std::size_t HeapBytesOf(const Control& control);
+
 /// The row of a key among the common rows and the control's own, or null.
 const PropertyRow* FindRow(const Control& control, std::string_view key);
 
@@ -120,6 +124,17 @@ void SetFromText(std::int16_t& value, std::string_view text);
 void SetFromText(bool& value, std::string_view text);
 void SetFromText(std::vector<std::string>& value, std::string_view text);
 void SetFromText(std::vector<cRadioButton>& value, std::string_view text);
+
+// The memory that a property's value takes beside the control, by its type.
+constexpr std::size_t HeapBytes(std::int16_t) {
+    return 0;
+}
+constexpr std::size_t HeapBytes(bool) {
+    return 0;
+}
+std::size_t HeapBytes(const std::string& value);
+std::size_t HeapBytes(const std::vector<std::string>& value);
+std::size_t HeapBytes(const std::vector<cRadioButton>& value);
 
 template <class>
 struct MemberPointer;
@@ -137,7 +152,8 @@ constexpr PropertyRow Property(const PropertyKey& key, int fileField = notStored
             [](Control& control, std::string_view text) { SetFromText(static_cast<Owner&>(control).*member, text); },
             fileField,
             nullptr,
-            {}};
+            {},
+            [](const Control& control) { return HeapBytes(static_cast<const Owner&>(control).*member); }};
 }
 
 /// The row of an event whose flag is held by a member of the control.

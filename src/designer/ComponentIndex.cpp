@@ -64,10 +64,8 @@ void ComponentIndex::Rebuild(const ProjectModel& model) {
 
 void ComponentIndex::Update(const ProjectModel& model, ComponentRef component) {
     Entry& entry = EntryOf(component);
-    const bool wasVisible = entry.visible;
-    entry.visible = component.index < model.ElementCount(component.kind) && model.Element(component).Visible;
-    if (entry.visible && !wasVisible)
-        entry.order = nextOrder_++;
+    if (component.index < model.ElementCount(component.kind))
+        entry.order = model.Element(component).Serial.value;
     const Rectangle box = model.VisibleBox(component);
     if (box == entry.box)
         return;

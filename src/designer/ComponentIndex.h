@@ -28,8 +28,7 @@ class ComponentIndex {
   private:
     struct Entry {
         Rectangle box;
-        std::uint32_t order = 0; ///< grows with every component that becomes visible
-        bool visible = false;
+        std::uint64_t order = 0; ///< the component's serial number: later ones lie above
     };
 
     Entry& EntryOf(ComponentRef component);
@@ -42,7 +41,6 @@ class ComponentIndex {
     std::unordered_map<std::uint32_t, std::vector<ComponentRef>> cells_;
     /// Components that cover more cells than is worth listing.
     std::vector<ComponentRef> large_;
-    std::uint32_t nextOrder_ = 0;
 };
 
 } // namespace pirol

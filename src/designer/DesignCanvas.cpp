@@ -16,8 +16,6 @@ namespace {
 constexpr int largestSlip = 25;
 /// A component is dragged no smaller than this, in twips.
 constexpr int leastDraggedSize = 300;
-/// More changes than this are shown by painting everything.
-constexpr std::size_t mostChangesListed = 64;
 
 /// Where the keyboard places components and how large, in pixels.
 constexpr Rectangle keyboardBox = {20, 20, 120, 30};
@@ -41,27 +39,16 @@ Rectangle ResizerIn(const Rectangle& box) {
 
 } // namespace
 
-DesignCanvas::DesignCanvas(ProjectModel& model, std::function<void()> loadProperties)
-    : model_(model), loadProperties_(std::move(loadProperties)) {}
+DesignCanvas::DesignCanvas(Document& document) : document_(document) {
+    document_.AddListener(*this);
+}
+
+DesignCanvas::~DesignCanvas() {
+    document_.RemoveListener(*this);
+}
 
 std::int16_t DesignCanvas::SnapToGrid(double pixels) const {
     return pirol::SnapToGrid(pixels, snapsToGrid_);
-}
-
-std::optional<ComponentRef> DesignCanvas::Selected() {
-    TakeInChanges();
-    const bool present = selected_ && selected_->index < model_.ElementCount(selected_->kind);
-    return present && model_.Element(*selected_).Visible ? selected_ : std::nullopt;
-}
-
-void DesignCanvas::Select(ComponentRef component) {
-    selected_ = component;
-    loadProperties_();
-}
-
-void DesignCanvas::Deselect() {
-    selected_.reset();
-    loadProperties_();
 }
 
 // --- The mouse anywhere -----------------------------------------------------------------------------------------
@@ -74,9 +61,10 @@ void DesignCanvas::Press(int x, int y, MouseButton button) {
                   : hit.area == CanvasHit::Area::Border ? Target::Component
                                                         : Target::Resizer;
         if (target_ != Target::Canvas)
-            Select(targetComponent_);
+            document_.Select(targetComponent_);
+        document_.BeginGesture();
     }
-    const Rectangle box = model_.VisibleBox(targetComponent_);
+    const Rectangle box = document_.Model().VisibleBox(targetComponent_);
     if (target_ == Target::Canvas)
         CanvasMouseDown(x, y, button);
     else if (target_ == Target::Component)
@@ -86,8 +74,7 @@ void DesignCanvas::Press(int x, int y, MouseButton button) {
 }
 
 void DesignCanvas::Move(int x, int y) {
-    TakeInChanges();
-    const Rectangle box = model_.VisibleBox(targetComponent_);
+    const Rectangle box = document_.Model().VisibleBox(targetComponent_);
     if (target_ == Target::Component)
         MouseMove(targetComponent_, (x - box.left) * twipsPerPixel, (y - box.top) * twipsPerPixel);
     else if (target_ == Target::Resizer)
@@ -97,7 +84,6 @@ void DesignCanvas::Move(int x, int y) {
 }
 
 void DesignCanvas::Release() {
-    TakeInChanges();
     const Target target = std::exchange(target_, Target::None);
     if (target == Target::Component)
         MouseUp(targetComponent_);
@@ -105,11 +91,11 @@ void DesignCanvas::Release() {
         ResizerMouseUp();
     else if (target == Target::Canvas)
         CanvasMouseUp();
+    document_.EndGesture();
 }
 
 CanvasHit DesignCanvas::HitTest(int x, int y) {
-    TakeInChanges();
-    const std::optional<ComponentRef> component = index_.TopmostAt(x, y);
+    const std::optional<ComponentRef> component = Index().TopmostAt(x, y);
     if (!component)
         return {};
     const std::optional<Rectangle> resizer = ResizerOf(*component);
@@ -120,7 +106,7 @@ CanvasHit DesignCanvas::HitTest(int x, int y) {
 std::optional<Rectangle> DesignCanvas::ResizerOf(ComponentRef component) const {
     if (IsMultimedia(component.kind))
         return std::nullopt;
-    return ResizerIn(model_.VisibleBox(component));
+    return ResizerIn(document_.Model().VisibleBox(component));
 }
 
 template <class Step>
@@ -133,15 +119,22 @@ void DesignCanvas::RunGestureStep(Step&& step) {
     }
 }
 
-/// Leaves the design alone when the component lies there already: a mere click is no change of the design.
-void DesignCanvas::SetBox(ComponentRef component, const Rectangle& box) {
-    if (box == model_.VisibleBox(component))
-        return;
-    Control& control = model_.EditElement(component);
-    control.Left = ToInt16(box.left);
-    control.Top = ToInt16(box.top);
-    control.Width = ToInt16(box.width);
-    control.Height = ToInt16(box.height);
+void DesignCanvas::SetBox(ComponentRef component, const Rectangle& box, std::string_view mergeKey) {
+    const Rectangle before = document_.Model().VisibleBox(component);
+    if (box == before)
+        return; // a mere click does not even ask the history
+    const bool moves = box.left != before.left || box.top != before.top;
+    const std::string_view name = RowOf(component.kind).javaClass;
+    document_.Edit(
+        moves ? Concatenate(name, " verschieben") : Concatenate("Größe von ", name, " ändern"),
+        [&](ProjectModel& model) {
+            Control& control = model.EditElement(component);
+            control.Left = ToInt16(box.left);
+            control.Top = ToInt16(box.top);
+            control.Width = ToInt16(box.width);
+            control.Height = ToInt16(box.height);
+        },
+        mergeKey);
 }
 
 void DesignCanvas::EndGesture() {
@@ -152,6 +145,7 @@ void DesignCanvas::EndGesture() {
     frameVisible_ = false;
     statusText_.clear();
     target_ = Target::None;
+    document_.EndGesture();
 }
 
 // --- The empty canvas -------------------------------------------------------------------------------------------
@@ -182,7 +176,7 @@ void DesignCanvas::CanvasMouseUp() {
     bool placed = false;
     RunGestureStep([&] { placed = PlaceDrawnFrame(); });
     if (!placed)
-        Deselect();
+        document_.Select(std::nullopt);
 }
 
 bool DesignCanvas::PlaceDrawnFrame() {
@@ -200,8 +194,12 @@ bool DesignCanvas::PlaceDrawnFrame() {
 }
 
 void DesignCanvas::Place(const Rectangle& box) {
-    if (const std::optional<ComponentKind> chosen = KindByNumber(currentKind_))
-        Select(model_.PlaceComponent(oddities::CrossTextAreas(*chosen), box));
+    const std::optional<ComponentKind> chosen = KindByNumber(currentKind_);
+    if (!chosen)
+        return;
+    const ComponentKind kind = oddities::CrossTextAreas(*chosen);
+    document_.EditAndSelect(Concatenate(RowOf(kind).javaClass, " einfügen"),
+                            [&](ProjectModel& model) { return model.PlaceComponent(kind, box); });
 }
 
 // --- A component ------------------------------------------------------------------------------------------------
@@ -218,7 +216,7 @@ void DesignCanvas::MouseMove(ComponentRef component, double x, double y) {
     if (!moving_ || (x == startX_ && y == startY_))
         return;
     RunGestureStep([&] {
-        Rectangle box = model_.VisibleBox(component);
+        Rectangle box = document_.Model().VisibleBox(component);
         box.left = ToInt16(box.left + (x - startX_) / twipsPerPixel);
         box.top = ToInt16(box.top + (y - startY_) / twipsPerPixel);
         SetBox(component, box);
@@ -227,13 +225,12 @@ void DesignCanvas::MouseMove(ComponentRef component, double x, double y) {
 
 void DesignCanvas::MouseUp(ComponentRef component) {
     RunGestureStep([&] {
-        Rectangle box = model_.VisibleBox(component);
+        Rectangle box = document_.Model().VisibleBox(component);
         box.left = SnapToGrid(box.left);
         box.top = SnapToGrid(box.top);
         SetBox(component, box);
     });
     moving_ = false;
-    loadProperties_();
 }
 
 // --- A component's resize handle --------------------------------------------------------------------------------
@@ -241,7 +238,7 @@ void DesignCanvas::MouseUp(ComponentRef component) {
 void DesignCanvas::ResizerMouseDown(ComponentRef component, MouseButton button, int x, int y) {
     if (button != MouseButton::Left)
         return;
-    const Rectangle resizer = ResizerIn(model_.VisibleBox(component));
+    const Rectangle resizer = ResizerIn(document_.Model().VisibleBox(component));
     resizing_ = true;
     startX_ = (x - resizer.left) * twipsPerPixel;
     startY_ = (y - resizer.top) * twipsPerPixel;
@@ -250,7 +247,7 @@ void DesignCanvas::ResizerMouseDown(ComponentRef component, MouseButton button, 
 void DesignCanvas::ResizerMouseMove(ComponentRef component, int x, int y) {
     if (!resizing_)
         return;
-    Rectangle box = model_.VisibleBox(component);
+    Rectangle box = document_.Model().VisibleBox(component);
     const Rectangle resizer = ResizerIn(box);
     const double growthX = (x - resizer.left) * twipsPerPixel - startX_;
     const double growthY = (y - resizer.top) * twipsPerPixel - startY_;
@@ -279,29 +276,28 @@ void DesignCanvas::ObjectResize(int width, int height) {
 void DesignCanvas::ObjectResized() {
     statusText_.clear();
     if (const std::optional<ComponentRef> selected = Selected()) {
-        Rectangle box = model_.VisibleBox(*selected);
+        Rectangle box = document_.Model().VisibleBox(*selected);
         box.width = SnapToGrid(box.width);
         box.height = SnapToGrid(box.height);
         SetBox(*selected, box);
     }
-    loadProperties_();
 }
 
 // --- The keyboard -----------------------------------------------------------------------------------------------
 
 bool DesignCanvas::SelectNext(bool forward) {
-    const std::vector<ComponentRef>& order = model_.CreationOrder();
-    const auto isVisible = [this](ComponentRef component) { return model_.Element(component).Visible; };
-    const auto selectFirst = [&](auto begin, auto end) {
-        if (const std::optional<ComponentRef> selected = Selected())
-            begin = std::next(std::find(begin, end, *selected));
-        const auto next = std::find_if(begin, end, isVisible);
-        if (next == end)
-            return false;
-        Select(*next);
-        return true;
-    };
-    return forward ? selectFirst(order.begin(), order.end()) : selectFirst(order.rbegin(), order.rend());
+    const PagedArray<ComponentRef>& order = document_.Model().CreationOrder();
+    const std::optional<ComponentRef> selected = Selected();
+    bool isBeyond = !selected; // whether the walk has passed the selected one
+    for (std::size_t i = 0; i < order.size(); ++i) {
+        const ComponentRef component = order[forward ? i : order.size() - 1 - i];
+        if (isBeyond && document_.Model().Element(component).Visible) {
+            document_.Select(component);
+            return true;
+        }
+        isBeyond = isBeyond || component == selected;
+    }
+    return false;
 }
 
 int DesignCanvas::Stepped(int value, int steps) const {
@@ -315,26 +311,31 @@ int DesignCanvas::SteppedSize(int size, int steps) const {
     return steps > 0 || stepped * twipsPerPixel > leastDraggedSize ? stepped : size;
 }
 
-void DesignCanvas::MoveSelected(int stepsX, int stepsY) {
+/// A held key is one gesture, as a drag is.
+std::string DesignCanvas::KeyOfKeyPress(bool goesOn) {
+    if (!goesOn)
+        ++keyPresses_;
+    return Concatenate("key ", keyPresses_);
+}
+
+void DesignCanvas::MoveSelected(int stepsX, int stepsY, bool goesOn) {
     const std::optional<ComponentRef> selected = Selected();
     if (!selected)
         return;
-    Rectangle box = model_.VisibleBox(*selected);
+    Rectangle box = document_.Model().VisibleBox(*selected);
     box.left = Stepped(box.left, stepsX);
     box.top = Stepped(box.top, stepsY);
-    SetBox(*selected, box);
-    loadProperties_();
+    SetBox(*selected, box, KeyOfKeyPress(goesOn));
 }
 
-void DesignCanvas::ResizeSelected(int stepsX, int stepsY) {
+void DesignCanvas::ResizeSelected(int stepsX, int stepsY, bool goesOn) {
     const std::optional<ComponentRef> selected = Selected();
     if (!selected || IsMultimedia(selected->kind))
         return;
-    Rectangle box = model_.VisibleBox(*selected);
+    Rectangle box = document_.Model().VisibleBox(*selected);
     box.width = SteppedSize(box.width, stepsX);
     box.height = SteppedSize(box.height, stepsY);
-    SetBox(*selected, box);
-    loadProperties_();
+    SetBox(*selected, box, KeyOfKeyPress(goesOn));
 }
 
 void DesignCanvas::PlaceByKeyboard() {
@@ -350,49 +351,42 @@ void DesignCanvas::DeleteSelected() {
     if (!selected)
         return;
     EndGesture();
-    model_.DeleteComponent(*selected);
-    TakeInChanges();
-    Deselect();
+    document_.EditAndSelect(Concatenate(RowOf(selected->kind).javaClass, " löschen"),
+                            [component = *selected](ProjectModel& model) -> std::optional<ComponentRef> {
+                                model.DeleteComponent(component);
+                                return std::nullopt;
+                            });
 }
 
 void DesignCanvas::Escape() {
     if (drawing_)
         EndGesture();
     else
-        Deselect();
+        document_.Select(std::nullopt);
 }
 
 // --- What the view needs ----------------------------------------------------------------------------------------
 
-std::vector<Change> DesignCanvas::TakeChanges() {
-    TakeInChanges();
-    return std::exchange(changes_, {});
-}
-
 std::vector<ComponentRef> DesignCanvas::Intersecting(std::span<const Rectangle> areas) {
-    TakeInChanges();
-    return index_.Intersecting(areas);
+    return Index().Intersecting(areas);
 }
 
-void DesignCanvas::TakeInChanges() {
-    for (const Change& change : model_.TakeChanges()) {
-        if (changes_.empty() || changes_.front().what != Change::What::Everything)
-            changes_.push_back(change);
-        if (change.what == Change::What::Everything) {
-            indexIsCurrent_ = false;
-            selected_.reset();
-            EndGesture();
-        } else if (change.what == Change::What::Component && indexIsCurrent_) {
-            index_.Update(model_, change.component);
-        }
-    }
-    const bool everything = std::any_of(changes_.begin(), changes_.end(),
-                                        [](const Change& change) { return change.what == Change::What::Everything; });
-    if (everything || changes_.size() > mostChangesListed)
-        changes_.assign(1, {Change::What::Everything});
+void DesignCanvas::DocumentChanged(const DocumentChange& change) {
+    // Not current until it has taken in all, should memory run out on the way.
+    const bool follows = std::exchange(indexIsCurrent_, false) && !change.design.allComponents;
+    if (change.replaced)
+        EndGesture();
+    for (const ComponentChange& component : change.design.components)
+        if (follows)
+            index_.Update(document_.Model(), component.component);
+    indexIsCurrent_ = follows;
+}
+
+const ComponentIndex& DesignCanvas::Index() {
     if (!indexIsCurrent_)
-        index_.Rebuild(model_);
+        index_.Rebuild(document_.Model());
     indexIsCurrent_ = true;
+    return index_;
 }
 
 } // namespace pirol

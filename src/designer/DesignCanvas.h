@@ -1,13 +1,13 @@
 #pragma once
 
 #include "designer/ComponentIndex.h"
-#include "model/ProjectModel.h"
+#include "designer/Document.h"
 
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace pirol {
@@ -27,21 +27,22 @@ struct CanvasHit {
 };
 
 /// The gestures on the designed window: drawing, selecting, moving, resizing and deleting components with mouse or
-/// keyboard. Holds what the gestures need to know and changes the design through its operations only.
-/// Pointer positions are pixels of the canvas, or twips of a component where that is said.
+/// keyboard. Holds what the gestures need to know and changes the design through its document only; from press to
+/// release is one step of its history. Pointer positions are pixels of the canvas.
 ///
 /// Every operation that computes a position or size raises RuntimeError::Overflow when it leaves the 16-bit range. The
-/// gesture is over then, and the component stays as the last completed step left it. When the design is
-/// emptied or loaded, gesture and selection end.
-class DesignCanvas {
+/// gesture is over then, and the component stays as the last completed step left it. When another design takes the
+/// place of this one, the gesture ends.
+class DesignCanvas : private DocumentListener {
   public:
     static constexpr int twipsPerPixel = 15;
     /// The side of the square in a component's lower right corner that is its resize handle, in pixels.
     static constexpr int resizerSize = 17;
 
-    /// `loadProperties` is called whenever the property list shall show the selected component anew: when the selection
-    /// changed and after every gesture.
-    DesignCanvas(ProjectModel& model, std::function<void()> loadProperties);
+    explicit DesignCanvas(Document& document);
+    DesignCanvas(const DesignCanvas&) = delete;
+    DesignCanvas& operator=(const DesignCanvas&) = delete;
+    ~DesignCanvas();
 
     /// The number of the kind that the next drawn rectangle places; a number that belongs to no kind places nothing.
     int CurrentKind() const { return currentKind_; }
@@ -66,10 +67,7 @@ class DesignCanvas {
     /// The pointer's position or the size being drawn, German; for the status bar's third panel.
     const std::string& StatusText() const { return statusText_; }
 
-    /// The component whose properties the property list shows; it is always one that can be seen.
-    std::optional<ComponentRef> Selected();
-    void Select(ComponentRef component);
-    void Deselect();
+    std::optional<ComponentRef> Selected() const { return document_.Selected(); }
 
     /// The mouse anywhere on the canvas. What is pressed receives the moves and the release, wherever they happen.
     void Press(int x, int y, MouseButton button);
@@ -79,26 +77,20 @@ class DesignCanvas {
     /// The resize handle of a visible component; nothing for multimedia kinds, which are not resized on the canvas.
     std::optional<Rectangle> ResizerOf(ComponentRef component) const;
 
-    /// The mouse on one component, in twips from its upper left corner.
-    void MouseDown(MouseButton button, double x, double y);
-    void MouseMove(ComponentRef component, double x, double y);
-    void MouseUp(ComponentRef component);
-
     /// Selects the component that was placed after (or before) the selected one, the first (or last) when none is.
     /// False, with nothing changed, when there is no further one.
     bool SelectNext(bool forward);
     /// Moves the selected component, or its lower right corner, by that many steps; a step is a pixel, or reaches the
     /// next grid position when snapping is on. A side can grow always and shrinks no further than the mouse shrinks it.
-    void MoveSelected(int stepsX, int stepsY);
-    void ResizeSelected(int stepsX, int stepsY);
+    /// `goesOn`: the key is still held, and what it does belongs to the step before.
+    void MoveSelected(int stepsX, int stepsY, bool goesOn = false);
+    void ResizeSelected(int stepsX, int stepsY, bool goesOn = false);
     /// Places a component of the current kind in a usual size beside the last one placed so, and selects it.
     void PlaceByKeyboard();
     void DeleteSelected();
     /// Gives up drawing if that is going on, else deselects.
     void Escape();
 
-    /// What changed in the design since the last call, by whomever.
-    std::vector<Change> TakeChanges();
     /// The visible components that have a pixel in common with one of the areas, in the order in which they are
     /// painted.
     std::vector<ComponentRef> Intersecting(std::span<const Rectangle> areas);
@@ -111,6 +103,9 @@ class DesignCanvas {
     void CanvasMouseUp();
     bool PlaceDrawnFrame();
     void Place(const Rectangle& box);
+    void MouseDown(MouseButton button, double x, double y);
+    void MouseMove(ComponentRef component, double x, double y);
+    void MouseUp(ComponentRef component);
     void ResizerMouseDown(ComponentRef component, MouseButton button, int x, int y);
     void ResizerMouseMove(ComponentRef component, int x, int y);
     void ResizerMouseUp();
@@ -119,15 +114,15 @@ class DesignCanvas {
     template <class Step>
     void RunGestureStep(Step&& step);
     void EndGesture();
-    void SetBox(ComponentRef component, const Rectangle& box);
+    void SetBox(ComponentRef component, const Rectangle& box, std::string_view mergeKey = {});
     int Stepped(int value, int steps) const;
     int SteppedSize(int size, int steps) const;
-    void TakeInChanges();
+    std::string KeyOfKeyPress(bool goesOn);
+    void DocumentChanged(const DocumentChange& change) override;
+    const ComponentIndex& Index();
 
-    ProjectModel& model_;
-    std::function<void()> loadProperties_;
+    Document& document_;
     ComponentIndex index_;
-    std::vector<Change> changes_ = {{Change::What::Everything}};
     bool indexIsCurrent_ = false;
 
     int currentKind_ = 1;
@@ -142,11 +137,11 @@ class DesignCanvas {
     Rectangle frame_ = {0, 0, 1, 1};
     bool frameVisible_ = false;
     std::string statusText_;
-    std::optional<ComponentRef> selected_;
 
     Target target_ = Target::None; ///< what the mouse was pressed on
     ComponentRef targetComponent_ = {};
     int placedByKeyboard_ = 0;
+    std::uint64_t keyPresses_ = 0; ///< tells the steps of one held key from those of the next
 };
 
 } // namespace pirol

@@ -2,6 +2,7 @@
 
 #include "base/Conversions.h"
 #include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "designer/ListEditorModel.h"
 
 #include <algorithm>
@@ -75,14 +76,6 @@ std::string OnOneLine(EditorKind editor, std::string_view text) {
     return JoinList(items);
 }
 
-/// The value that a component of the kind holds after taking the text; raises what the component raises.
-std::string TakenValue(ComponentKind kind, const PropertyRow& row, std::string_view text) {
-    ProjectModel trial;
-    Control& control = trial.EditElement(trial.AddElement(kind));
-    row.set(control, text);
-    return row.get(control);
-}
-
 /// Cuts before the byte count, but never within a character.
 std::string Shortened(std::string_view text, std::size_t mostBytes) {
     if (text.size() <= mostBytes)
@@ -118,21 +111,25 @@ std::vector<PropertyPanelRow> LoadProperties(const ProjectModel& model, std::opt
     });
 }
 
-std::string PropertyChanged(ProjectModel& model, std::optional<ComponentRef> selected, std::string_view key,
-                            std::string_view value) {
+std::string PropertyChanged(Document& document, std::string_view key, std::string_view value) {
     return UnderLabel(propertyChangedLabel, [&]() -> std::string {
+        const std::optional<ComponentRef> selected = document.Selected();
         if (!selected)
             return {};
-        const Control& control = model.Element(*selected);
-        const PropertyRow* row = FindRow(control, key);
+        const PropertyRow* row = FindRow(document.Model().Element(*selected), key);
         if (row == nullptr)
             return {};
         const std::string text = OnOneLine(row->key->editor, value);
-        if (const std::string taken = TakenValue(selected->kind, *row, text); taken == row->get(control))
+        const auto change = [&](ProjectModel& model) { row->set(model.EditElement(*selected), text); };
+        // Tried on a copy: a value that the component holds already is not refused, and a bad one is no step.
+        ProjectModel trial = document.Model();
+        change(trial);
+        if (trial == document.Model())
             return {};
-        std::string refusal = Refusal(model, control, key, text);
+        std::string refusal = Refusal(document.Model(), document.Model().Element(*selected), key, text);
         if (refusal.empty())
-            row->set(model.EditElement(*selected), text);
+            document.Edit(Concatenate(row->key->label, " ändern"), change,
+                          Concatenate("property ", key, " ", static_cast<int>(selected->kind), " ", selected->index));
         return refusal;
     });
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/ProjectModel.h"
+#include "designer/Document.h"
 
 #include <cstddef>
 #include <optional>
@@ -31,14 +31,12 @@ struct PropertyPanelRow {
 /// Raises RuntimeError::IndexOutOfRange under "Main.File.Properties.LoadProperties" when there is no such component.
 std::vector<PropertyPanelRow> LoadProperties(const ProjectModel& model, std::optional<ComponentRef> selected);
 
-/// Writes an edited value back into the selected component. A key that the component does not have changes nothing.
-/// Line breaks and the codes 0 and 1 divide project files, so each becomes a blank; within a list code 0 stays.
-/// Gives the German message to show when the design refuses the value (an empty name, one that is taken, a password
-/// character that is not one character); otherwise an empty text.
-/// Raises what ToInt16 and RadioButtonsOf raise, under propertyChangedLabel. Refused and bad values leave the design
-/// untouched, its changed mark too.
-std::string PropertyChanged(ProjectModel& model, std::optional<ComponentRef> selected, std::string_view key,
-                            std::string_view value);
+/// Writes an edited value back into the selected component, as a step that goes on while the same property is edited. A
+/// key that the component does not have changes nothing. Line breaks and the codes 0 and 1 divide project files, so
+/// each becomes a blank; within a list code 0 stays. Gives the German message to show when the design refuses the value
+/// (an empty name, one that is taken, a password character that is not one character); otherwise an empty text. Raises
+/// what ToInt16 and RadioButtonsOf raise, under propertyChangedLabel. Refused and bad values are no step.
+std::string PropertyChanged(Document& document, std::string_view key, std::string_view value);
 
 /// The choices of a detail like "0|Links|1|Mitte|2|Rechts": value and label of each.
 std::vector<std::pair<std::string_view, std::string_view>> Choices(std::string_view detail);

@@ -5,13 +5,11 @@
 #include "controls/Oddities.h"
 
 #include <algorithm>
-#include <numeric>
+#include <atomic>
+#include <list>
 
 namespace pirol {
 namespace {
-
-/// More announcements than this are not worth listing one by one.
-constexpr std::size_t mostChangesListed = 64;
 
 /// Calls the function with the array of a kind.
 template <class Elements, class Function>
@@ -23,22 +21,14 @@ void WithArray(Elements& elements, ComponentKind kind, Function&& function) {
 }
 
 /// The element as what all controls have in common, or null.
-template <class Result, class Elements>
-Result* FindElement(Elements& elements, ComponentRef component) {
-    Result* found = nullptr;
-    WithArray(elements, component.kind, [&](auto& array) {
+template <class Elements>
+const Control* FindElement(const Elements& elements, ComponentRef component) {
+    const Control* found = nullptr;
+    WithArray(elements, component.kind, [&](const auto& array) {
         if (component.index < array.size())
             found = &array[component.index];
     });
     return found;
-}
-
-template <class Result, class Elements>
-Result& ElementOf(Elements& elements, ComponentRef component) {
-    Result* element = FindElement<Result>(elements, component);
-    if (element == nullptr)
-        throw RuntimeError(RuntimeError::IndexOutOfRange);
-    return *element;
 }
 
 /// Some controls remember the number that they were placed with.
@@ -54,21 +44,29 @@ void StoreCaption(Element& element, const std::string& caption) {
         element.Caption = caption;
 }
 
+std::size_t HeapBytes(const std::list<cMenu>& menus) {
+    std::size_t bytes = 0;
+    for (const cMenu& menu : menus)
+        bytes += sizeof menu + menu.Caption.capacity() + menu.Name.capacity() + HeapBytes(menu.Children());
+    return bytes;
+}
+
+/// Counts on while the program runs, so that no two components ever have the same number, in whatever designs.
+std::atomic<std::uint64_t> lastSerial = 0;
+
 } // namespace
 
 ProjectModel::ProjectModel() {
-    std::apply([](auto&... arrays) { (arrays.resize(1), ...); }, elements_);
+    std::apply([](auto&... arrays) { (arrays.Append(), ...); }, elements_);
 }
 
 void ProjectModel::SetWindowSize(std::int16_t width, std::int16_t height) {
-    windowWidth_ = width;
-    windowHeight_ = height;
-    Announce({Change::What::Window});
+    window_.Edit().width = width;
+    window_.Edit().height = height;
 }
 
 void ProjectModel::SetAuthor(std::string_view author) {
-    author_ = author;
-    Announce({Change::What::Window});
+    window_.Edit().author = std::string(author); // takes no more memory than the text
 }
 
 std::size_t ProjectModel::ElementCount(ComponentKind kind) const {
@@ -78,29 +76,28 @@ std::size_t ProjectModel::ElementCount(ComponentKind kind) const {
 }
 
 const Control& ProjectModel::Element(ComponentRef component) const {
-    return ElementOf<const Control>(elements_, component);
+    const Control* element = FindElement(elements_, component);
+    if (element == nullptr)
+        throw RuntimeError(RuntimeError::IndexOutOfRange);
+    return *element;
 }
 
 Rectangle ProjectModel::VisibleBox(ComponentRef component) const {
-    const auto* element = FindElement<const Control>(elements_, component);
+    const Control* element = FindElement(elements_, component);
     if (element == nullptr || !element->Visible)
         return {};
     return {element->Left, element->Top, element->Width, element->Height};
 }
 
 ComponentRef ProjectModel::AddElement(ComponentKind kind) {
-    ComponentRef component{kind, ElementCount(kind)};
-    WithArray(elements_, kind, [](auto& array) { array.emplace_back().Visible = true; });
-    creationOrder_.push_back(component);
-    Announce({Change::What::Component, component});
+    const ComponentRef component{kind, ElementCount(kind)};
+    WithArray(elements_, kind, [](auto& array) {
+        Control& element = array.Append();
+        element.Visible = true;
+        element.Serial.value = ++lastSerial;
+    });
+    creationOrder_.Append(component);
     return component;
-}
-
-void ProjectModel::ReserveElements(const std::array<std::size_t, kindCount>& counts) {
-    for (const KindRow& row : KindRows())
-        WithArray(elements_, row.kind,
-                  [count = counts[Position(row.kind)]](auto& array) { array.reserve(array.size() + count); });
-    creationOrder_.reserve(creationOrder_.size() + std::accumulate(counts.begin(), counts.end(), std::size_t{0}));
 }
 
 ComponentRef ProjectModel::PlaceComponent(ComponentKind kind, const Rectangle& box) {
@@ -110,7 +107,7 @@ ComponentRef ProjectModel::PlaceComponent(ComponentKind kind, const Rectangle& b
     const std::int16_t height = ToInt16(box.height);
     const ComponentRef component = AddElement(kind);
     WithArray(elements_, kind, [&](auto& array) {
-        auto& element = array[component.index];
+        auto& element = array.Edit(component.index);
         const KindRow& row = RowOf(kind);
         element.Left = left;
         element.Top = top;
@@ -128,15 +125,20 @@ ComponentRef ProjectModel::PlaceComponent(ComponentKind kind, const Rectangle& b
 }
 
 Control& ProjectModel::EditElement(ComponentRef component) {
-    Control& element = ElementOf<Control>(elements_, component);
-    Announce({Change::What::Component, component, VisibleBox(component)});
-    return element;
+    Control* element = nullptr;
+    WithArray(elements_, component.kind, [&](auto& array) {
+        if (component.index < array.size())
+            element = &array.Edit(component.index);
+    });
+    if (element == nullptr)
+        throw RuntimeError(RuntimeError::IndexOutOfRange);
+    return *element;
 }
 
 int ProjectModel::PlacementNumber(ComponentRef component) const {
     int number = 0;
     WithArray(elements_, component.kind, [&](const auto& array) {
-        if constexpr (requires { array.front().Number; })
+        if constexpr (requires { array[0].Number; })
             if (component.index < array.size())
                 number = array[component.index].Number;
     });
@@ -145,7 +147,7 @@ int ProjectModel::PlacementNumber(ComponentRef component) const {
 
 void ProjectModel::SetPlacementNumber(ComponentRef component, int number) {
     EditElement(component);
-    WithArray(elements_, component.kind, [&](auto& array) { StoreNumber(array[component.index], number); });
+    WithArray(elements_, component.kind, [&](auto& array) { StoreNumber(array.Edit(component.index), number); });
 }
 
 void ProjectModel::DeleteComponent(ComponentRef component) {
@@ -154,52 +156,48 @@ void ProjectModel::DeleteComponent(ComponentRef component) {
         return;
     bool emptied = false;
     WithArray(elements_, component.kind, [&emptied](auto& array) {
-        if (std::any_of(array.begin() + 1, array.end(), [](const Control& element) { return element.Visible; }))
-            return;
-        array.resize(1);
-        emptied = true;
+        // The template is never visible.
+        if (std::none_of(array.begin(), array.end(), [](const Control& element) { return element.Visible; })) {
+            array.Truncate(1);
+            emptied = true;
+        }
     });
-    if (emptied)
-        std::erase_if(creationOrder_, [component](ComponentRef other) { return other.kind == component.kind; });
-}
-
-MenuBar& ProjectModel::EditMenus() {
-    Announce({Change::What::Menus});
-    return menus_;
-}
-
-SQLSettings& ProjectModel::EditSql() {
-    Announce({Change::What::Sql});
-    return sql_;
+    if (!emptied)
+        return;
+    PagedArray<ComponentRef> others;
+    for (const ComponentRef other : creationOrder_)
+        if (other.kind != component.kind)
+            others.Append(other);
+    creationOrder_ = std::move(others);
 }
 
 void ProjectModel::Reset() {
-    SQLSettings kept = std::move(sql_);
-    *this = ProjectModel();
-    sql_ = std::move(kept);
-    Announce({Change::What::Everything});
-    changed_ = false;
+    ProjectModel empty;
+    empty.sql_ = sql_;
+    *this = std::move(empty);
 }
 
-void ProjectModel::MarkUnchanged(std::string_view filePath) {
-    changed_ = false;
-    filePath_ = filePath;
+std::size_t ProjectModel::UnsharedBytes(const ProjectModel& other) const {
+    std::size_t bytes = sizeof *this;
+    if (!window_.SharesWith(other.window_))
+        bytes += window_->author.capacity();
+    if (!menus_.SharesWith(other.menus_))
+        bytes += HeapBytes(menus_->Menus());
+    if (!sql_.SharesWith(other.sql_))
+        for (const SQLField& field : sqlFields)
+            bytes += ((*sql_).*field.text).capacity();
+    bytes += creationOrder_.UnsharedBytes(other.creationOrder_, [](ComponentRef) { return std::size_t{0}; });
+    [&]<std::size_t... position>(std::index_sequence<position...>) {
+        ((bytes += std::get<position>(elements_).UnsharedBytes(
+              std::get<position>(other.elements_), [](const Control& control) { return HeapBytesOf(control); })),
+         ...);
+    }
+    (std::make_index_sequence<kindCount>{});
+    return bytes;
 }
 
 bool ProjectModel::operator==(const ProjectModel& other) const {
-    return windowWidth_ == other.windowWidth_ && windowHeight_ == other.windowHeight_ && author_ == other.author_ &&
-           elements_ == other.elements_ && menus_ == other.menus_ && sql_ == other.sql_;
-}
-
-void ProjectModel::Announce(const Change& change) {
-    changed_ = true;
-    const bool everythingListed = !changes_.empty() && changes_.back().what == Change::What::Everything;
-    if (everythingListed)
-        return;
-    if (change.what == Change::What::Everything || changes_.size() == mostChangesListed)
-        changes_.assign(1, {Change::What::Everything});
-    else
-        changes_.push_back(change);
+    return window_ == other.window_ && elements_ == other.elements_ && menus_ == other.menus_ && sql_ == other.sql_;
 }
 
 } // namespace pirol

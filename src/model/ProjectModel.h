@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/PagedArray.h"
 #include "base/Rectangle.h"
 #include "controls/ComponentKind.h"
 #include "controls/Control.h"
@@ -21,14 +22,12 @@
 #include "menu/MenuBar.h"
 #include "sql/SQLModule.h"
 
-#include <array>
 #include <compare>
 #include <cstdint>
 #include <string>
 #include <string_view>
 #include <tuple>
 #include <utility>
-#include <vector>
 
 namespace pirol {
 
@@ -40,17 +39,11 @@ struct ComponentRef {
     auto operator<=>(const ComponentRef&) const = default; // NOLINT(modernize-use-nullptr): no pointer here
 };
 
-/// What an operation of the model changed.
-struct Change {
-    enum class What { Component, Window, Menus, Sql, Everything };
+struct DesignChange;
 
-    What what;
-    ComponentRef component = {}; ///< of a changed component
-    Rectangle before = {};       ///< where that component was; where it is now the component itself tells
-};
-
-/// The whole design: window, components, menu bar and SQL settings. An ordinary value that can be copied and compared;
-/// changed mark, file path and pending announcements are no part of the comparison.
+/// The whole design: window, components, menu bar and SQL settings. An ordinary value that can be copied and compared.
+/// Copies share what does not differ, so that copying costs next to nothing and comparing a copy with its original
+/// costs what has changed since. A reference to a part holds until the design is copied or changed.
 class ProjectModel {
   public:
     static constexpr std::int16_t defaultWidth = 640;
@@ -59,9 +52,9 @@ class ProjectModel {
     ProjectModel();
 
     // The designed window, in pixels, and who made it.
-    std::int16_t WindowWidth() const { return windowWidth_; }
-    std::int16_t WindowHeight() const { return windowHeight_; }
-    const std::string& Author() const { return author_; }
+    std::int16_t WindowWidth() const { return window_->width; }
+    std::int16_t WindowHeight() const { return window_->height; }
+    const std::string& Author() const { return window_->author; }
     void SetWindowSize(std::int16_t width, std::int16_t height);
     void SetAuthor(std::string_view author);
 
@@ -70,7 +63,7 @@ class ProjectModel {
     /// Raises RuntimeError::IndexOutOfRange when there is no such element. Constant time.
     const Control& Element(ComponentRef component) const;
     /// All elements but the templates in the order in which they were created, hidden ones included.
-    const std::vector<ComponentRef>& CreationOrder() const { return creationOrder_; }
+    const PagedArray<ComponentRef>& CreationOrder() const { return creationOrder_; }
     /// Where the element lies; an empty rectangle when it is hidden or gone.
     Rectangle VisibleBox(ComponentRef component) const;
 
@@ -87,13 +80,11 @@ class ProjectModel {
 
     /// Appends a visible element with its control's defaults.
     ComponentRef AddElement(ComponentKind kind);
-    /// Makes room for elements that will be added, so many of each kind. A hint that spares memory; it changes nothing.
-    void ReserveElements(const std::array<std::size_t, kindCount>& counts);
     /// Appends a visible element as the user places it: named and captioned with the number of elements its array held,
     /// at the given position. Multimedia kinds keep their own size, all others take the rectangle's.
     /// Raises RuntimeError::Overflow when the rectangle leaves the 16-bit range.
     ComponentRef PlaceComponent(ComponentKind kind, const Rectangle& box);
-    /// Gives an element for changing it and announces that.
+    /// An element to be changed. Raises RuntimeError::IndexOutOfRange when there is no such element.
     Control& EditElement(ComponentRef component);
     /// The running number that a control of some kinds keeps from its placement; 0 for all others. Setting it changes
     /// nothing for those.
@@ -103,46 +94,41 @@ class ProjectModel {
     /// numbering starts again at 1; for sliders and progress bars it never does.
     void DeleteComponent(ComponentRef component);
 
-    const MenuBar& Menus() const { return menus_; }
-    MenuBar& EditMenus();
-    const SQLSettings& Sql() const { return sql_; }
-    SQLSettings& EditSql();
+    const MenuBar& Menus() const { return *menus_; }
+    MenuBar& EditMenus() { return menus_.Edit(); }
+    const SQLSettings& Sql() const { return *sql_; }
+    SQLSettings& EditSql() { return sql_.Edit(); }
 
     /// Makes the design empty. The SQL settings stay: a new project goes on with the database of the last one.
     void Reset();
 
-    /// Whether the design was changed since it was last loaded, saved or emptied, and the file it belongs to (UTF-8,
-    /// empty for none). Both only inform: no command asks because of them.
-    bool IsChanged() const { return changed_; }
-    const std::string& FilePath() const { return filePath_; }
-    void MarkUnchanged(std::string_view filePath);
-
-    /// What changed since the last call, each operation once; a single Everything when there was too much to list.
-    std::vector<Change> TakeChanges() { return std::exchange(changes_, {}); }
+    /// The memory, roughly and in bytes, of what this design does not share with the other one.
+    std::size_t UnsharedBytes(const ProjectModel& other) const;
 
     bool operator==(const ProjectModel& other) const;
+    friend DesignChange Differences(const ProjectModel& before, const ProjectModel& after);
 
   private:
-    void Announce(const Change& change);
+    struct Window {
+        std::int16_t width = defaultWidth;
+        std::int16_t height = defaultHeight;
+        std::string author;
+
+        bool operator==(const Window&) const = default;
+    };
 
     using Elements =
-        std::tuple<std::vector<dEtikett>, std::vector<dButton>, std::vector<dText>, std::vector<dZeichenbereich>,
-                   std::vector<dZeilenbereich>, std::vector<dPassword>, std::vector<dSchalter>,
-                   std::vector<dOptionsgruppe>, std::vector<dAuswahl>, std::vector<dRegler>, std::vector<dFortschritt>,
-                   std::vector<dTabelle>, std::vector<dBild>, std::vector<dMusik>, std::vector<dVideo>>;
+        std::tuple<PagedArray<dEtikett>, PagedArray<dButton>, PagedArray<dText>, PagedArray<dZeichenbereich>,
+                   PagedArray<dZeilenbereich>, PagedArray<dPassword>, PagedArray<dSchalter>, PagedArray<dOptionsgruppe>,
+                   PagedArray<dAuswahl>, PagedArray<dRegler>, PagedArray<dFortschritt>, PagedArray<dTabelle>,
+                   PagedArray<dBild>, PagedArray<dMusik>, PagedArray<dVideo>>;
     static_assert(std::tuple_size_v<Elements> == kindCount);
 
-    std::int16_t windowWidth_ = defaultWidth;
-    std::int16_t windowHeight_ = defaultHeight;
-    std::string author_;
+    CopyOnWrite<Window> window_;
     Elements elements_;
-    std::vector<ComponentRef> creationOrder_;
-    MenuBar menus_;
-    SQLSettings sql_;
-
-    bool changed_ = false;
-    std::string filePath_;
-    std::vector<Change> changes_;
+    PagedArray<ComponentRef> creationOrder_;
+    CopyOnWrite<MenuBar> menus_;
+    CopyOnWrite<SQLSettings> sql_;
 };
 
 } // namespace pirol

@@ -104,7 +104,7 @@ ExitStatus Import(const Arguments& arguments) {
     if (!arguments.output)
         throw UsageError{"import braucht -o P.prl."};
     ProjectModel model;
-    AnalyseFile(PathOf(arguments.names[0]), model);
+    AnalyseCode(ReadSource(PathOf(arguments.names[0])), model);
     Save(*arguments.output, model);
     return done;
 }
@@ -150,7 +150,7 @@ ExitStatus Check(const Arguments& arguments) {
 }
 
 ExitStatus Lint(const Arguments& arguments) {
-    const std::vector<Hint> hints = FindHints(Load(arguments.names[0]), arguments.code);
+    const std::vector<Hint> hints = FindHints(Load(arguments.names[0]), arguments.names[0], arguments.code);
     std::string lines;
     for (const Hint& hint : hints)
         Append(lines, hint.text, " [", hint.rule->key, "]\n");

@@ -85,7 +85,6 @@ class Lines {
 
     /// The index of the line that Take will give next.
     std::size_t Index() const { return index_; }
-    std::string_view Rest() const { return rest_; }
     std::size_t Count() const { return CountOf(hashed_, lineEnd) + 1; }
 
   private:
@@ -148,19 +147,6 @@ std::optional<ComponentKind> KindOfLine(std::string_view line) {
     return kind ? std::optional(oddities::CrossTextAreas(*kind)) : std::nullopt;
 }
 
-/// Makes room for exactly the components to come; growing array by array would take several times the memory.
-void ReserveComponents(const Lines& lines, ProjectModel& model) {
-    std::array<std::size_t, kindCount> counts = {};
-    std::string_view rest = lines.Rest();
-    rest = rest.substr(0, rest.find(menuMarker));
-    for (std::size_t end = rest.find(lineEnd); end != std::string_view::npos; end = rest.find(lineEnd)) {
-        if (const auto kind = KindOfLine(rest.substr(0, end)))
-            ++counts[Position(*kind)];
-        rest.remove_prefix(end + lineEnd.size());
-    }
-    model.ReserveElements(counts);
-}
-
 void ReadWindow(Lines& lines, ProjectModel& model) {
     lines.Take();
     const std::int16_t width = ToInt16(lines.Take());
@@ -172,7 +158,6 @@ void ReadWindow(Lines& lines, ProjectModel& model) {
 void ReadComponents(Lines& lines, ProjectModel& model, Parts& parts, const Progress& progress) {
     while (lines.Index() < firstComponentLine)
         lines.Take();
-    ReserveComponents(lines, model);
     for (std::string_view line = lines.Take(); line != menuMarker; line = lines.Take()) {
         progress.Value(lines);
         if (const auto kind = KindOfLine(line)) {
@@ -248,12 +233,7 @@ std::string GeneratePRLCode(const ProjectModel& model) {
 
 ReadResult ReadPRLFile(const std::filesystem::path& path, ProjectModel& model, LoadingProgress* progress) {
     model.Reset();
-    return UnderLabel(readLabel, [&] {
-        const ReadResult result = ReadLines(ReadFileBytes(path), model, progress);
-        if (result == ReadResult::Loaded)
-            model.MarkUnchanged(TextOf(path));
-        return result;
-    });
+    return UnderLabel(readLabel, [&] { return ReadLines(ReadFileBytes(path), model, progress); });
 }
 
 ReadResult ReadPRLBytes(std::string_view bytes, ProjectModel& model, LoadingProgress* progress) {

@@ -164,7 +164,7 @@ std::vector<LeftDesign> LeftDesigns(const fs::path& folder) {
     return left;
 }
 
-ProjectModel ReadDesign(const LeftDesign& left) {
+OpenDesign ReadDesign(const LeftDesign& left) {
     return UnderLabel("Main.Recovery.ReadDesign", [&left] {
         const std::string bytes = ReadFileBytes(left.file);
         const std::string_view rest = std::string_view(bytes).substr(std::min(firstLine.size(), bytes.size()));

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/FileLock.h"
-#include "model/ProjectModel.h"
+#include "project/Snapshot.h"
 
 #include <ctime>
 #include <filesystem>
@@ -53,7 +53,7 @@ std::vector<LeftDesign> LeftDesigns(const std::filesystem::path& folder);
 
 /// The design itself, equal to the one that was lost. Raises RuntimeError: the file errors, and any number for a
 /// damaged file.
-ProjectModel ReadDesign(const LeftDesign& left);
+OpenDesign ReadDesign(const LeftDesign& left);
 /// Removes what need not be offered again.
 void Discard(const LeftDesign& left);
 /// Keeps a damaged file beside the others, under a name that is not offered; gives the new path.

@@ -131,11 +131,12 @@ void ReadComponent(Fields& fields, ProjectModel& model) {
 
 } // namespace
 
-std::string TakeSnapshot(const ProjectModel& model) {
+std::string SnapshotOf(const OpenDesign& design) {
     constexpr std::size_t usualLength = 144;
+    const ProjectModel& model = design.model;
     std::string out;
     out.reserve(model.CreationOrder().size() * usualLength);
-    AddField(out, model.FilePath());
+    AddField(out, design.filePath);
     AddField(out, model.WindowWidth());
     AddField(out, model.WindowHeight());
     AddField(out, model.Author());
@@ -146,11 +147,11 @@ std::string TakeSnapshot(const ProjectModel& model) {
     return out;
 }
 
-ProjectModel DesignOfSnapshot(std::string_view snapshot) {
+OpenDesign DesignOfSnapshot(std::string_view snapshot) {
     Fields fields(snapshot);
-    ProjectModel model;
-    model.Reset(); // whoever shows the design shall show all of it anew
-    model.MarkUnchanged(fields.Take());
+    OpenDesign design;
+    ProjectModel& model = design.model;
+    design.filePath = fields.Take();
     const auto width = fields.TakeNumber<std::int16_t>();
     model.SetWindowSize(width, fields.TakeNumber<std::int16_t>());
     model.SetAuthor(fields.Take());
@@ -158,7 +159,7 @@ ProjectModel DesignOfSnapshot(std::string_view snapshot) {
     ReadMenus(fields, model.EditMenus());
     while (!fields.AtEnd())
         ReadComponent(fields, model);
-    return model;
+    return design;
 }
 
 } // namespace pirol

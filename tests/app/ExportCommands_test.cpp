@@ -111,17 +111,16 @@ TEST_F(ExportCommandsTest, ImportReadsBackWhatWasExported) {
     ExportJava(model_, options_, dialogs_);
     dialogs_.TakeSeen();
 
-    ProjectModel imported;
+    Document imported;
     EXPECT_FALSE(ImportJava(imported, dialogs_));
-    EXPECT_EQ(imported, ProjectModel()) << "cancelled";
+    EXPECT_EQ(imported.Model(), ProjectModel()) << "cancelled";
     dialogs_.paths = {Path("SuMAnwendung.java")};
     EXPECT_TRUE(ImportJava(imported, dialogs_));
     EXPECT_EQ(dialogs_.TakeSeen(), std::string(importDialog) + importDialog);
-    EXPECT_EQ(imported.VisibleBox({ComponentKind::Button, 1}), (Rectangle{10, 20, 100, 30}));
+    EXPECT_EQ(imported.Model().VisibleBox({ComponentKind::Button, 1}), (Rectangle{10, 20, 100, 30}));
 }
 
 TEST_F(ExportCommandsTest, ImportOfWhatIsNoJava) {
-    const ProjectModel before = model_;
     CreateFileBytes(folder_ / "letter.java", std::string("Liebe Oma,\0\xFF danke!", 19));
     CreateFileBytes(folder_ / "broken.java", "hatKnopf1 = new Knopf(eins, 2, 3, 4, \"\");");
     // A file that could be read takes the place of the design.
@@ -132,10 +131,13 @@ TEST_F(ExportCommandsTest, ImportOfWhatIsNoJava) {
         {"broken.java", "Fehler 13: Typen unverträglich (Main.File.Import.Analyse)", 0},
     };
     for (const auto& [name, error, menusLeft] : cases) {
-        ProjectModel model = before;
+        Document document;
+        document.Edit("", [this](ProjectModel& model) { model = model_; });
+        document.MarkSaved("a.prl");
         dialogs_.paths = {Path(name)};
-        EXPECT_EQ(ErrorOf([&] { ImportJava(model, dialogs_); }), error) << name;
-        EXPECT_EQ(model.Menus().Menus().size(), menusLeft) << name;
+        EXPECT_EQ(ErrorOf([&] { ImportJava(document, dialogs_); }), error) << name;
+        EXPECT_EQ(document.Model().Menus().Menus().size(), menusLeft) << name;
+        EXPECT_EQ(document.FilePath(), menusLeft == 1 ? "a.prl" : "") << name;
     }
 }
 

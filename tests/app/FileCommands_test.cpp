@@ -1,4 +1,5 @@
 #include "app/FileCommands.h"
+#include "base/HashFunction.h"
 #include "base/RuntimeError.h"
 #include "Cases.h"
 #include "FakeDialogs.h"
@@ -27,6 +28,13 @@ ProjectModel DesignOf(std::string_view author) {
     return model;
 }
 
+/// A document with unsaved changes.
+struct ChangedDocument : Document {
+    explicit ChangedDocument(std::string_view author) {
+        Edit("", [&](ProjectModel& model) { model = DesignOf(author); });
+    }
+};
+
 TEST(FileCommands, ProjectOnCommandLine) {
     const std::pair<std::vector<std::string>, std::string_view> cases[] = {
         {{}, ""},
@@ -53,28 +61,28 @@ TEST(FileCommands, SaveAsksBeforeItReplaces) {
         const auto path = folder / "Größe 1.prl";
         if (before)
             CreateFileBytes(path, *before);
-        ProjectModel model = DesignOf(name);
+        ChangedDocument document(name);
         test::FakeDialogs dialogs;
         dialogs.paths = {TextOf(path)};
         dialogs.yes = answer;
-        EXPECT_EQ(SaveProject(model, dialogs), saved) << name;
+        EXPECT_EQ(SaveProject(document, dialogs), saved) << name;
         EXPECT_EQ(dialogs.TakeSeen(), Seen("save", seen)) << name;
-        EXPECT_EQ(ReadFileBytes(path), saved ? GeneratePRLCode(model) : *before) << name;
-        EXPECT_EQ(model.IsChanged(), !saved) << name;
-        EXPECT_EQ(model.FilePath(), saved ? TextOf(path) : "") << name;
+        EXPECT_EQ(ReadFileBytes(path), saved ? GeneratePRLCode(document.Model()) : *before) << name;
+        EXPECT_EQ(document.IsChanged(), !saved) << name;
+        EXPECT_EQ(document.FilePath(), saved ? TextOf(path) : "") << name;
     }
 }
 
 TEST(FileCommands, CancellingChangesNothing) {
-    ProjectModel model = DesignOf("A");
-    const ProjectModel before = model;
+    ChangedDocument document("A");
+    const ProjectModel before = document.Model();
     test::FakeDialogs dialogs;
-    EXPECT_FALSE(SaveProject(model, dialogs));
+    EXPECT_FALSE(SaveProject(document, dialogs));
     EXPECT_EQ(dialogs.TakeSeen(), Seen("save"));
-    EXPECT_FALSE(OpenProject(model, dialogs, nullptr));
+    EXPECT_FALSE(OpenProject(document, dialogs, nullptr));
     EXPECT_EQ(dialogs.TakeSeen(), Seen("open"));
-    EXPECT_EQ(model, before);
-    EXPECT_TRUE(model.IsChanged());
+    EXPECT_EQ(document.Model(), before);
+    EXPECT_TRUE(document.IsChanged());
 }
 
 /// The places where a project cannot be written: the design stays as it is, marked as changed, and so does the file.
@@ -89,14 +97,14 @@ TEST(FileCommands, SavingThatFailsLosesNothing) {
         {TextOf(folder / std::string(300, 'a').c_str()), "Fehler 52: Dateiname oder -nummer falsch"},
     };
     for (const auto& [path, error] : cases) {
-        ProjectModel model = DesignOf("A");
-        const ProjectModel before = model;
+        ChangedDocument document("A");
+        const ProjectModel before = document.Model();
         test::FakeDialogs dialogs;
         dialogs.paths = {path};
         dialogs.yes = {true};
-        EXPECT_EQ(ErrorOf([&] { SaveProject(model, dialogs); }), error + " (Main.File.PRL.GeneratePRLCode)") << path;
-        EXPECT_EQ(model, before);
-        EXPECT_TRUE(model.IsChanged());
+        EXPECT_EQ(ErrorOf([&] { SaveProject(document, dialogs); }), error + " (Main.File.PRL.GeneratePRLCode)") << path;
+        EXPECT_EQ(document.Model(), before);
+        EXPECT_TRUE(document.IsChanged());
     }
     EXPECT_EQ(ReadFileBytes(folder / "file"), "x");
 }
@@ -107,20 +115,20 @@ TEST(FileCommands, ChangesByAnotherProgram) {
     const auto path = folder / "a.prl";
     const std::string good = GeneratePRLCode(DesignOf("first"));
     CreateFileBytes(path, good);
-    ProjectModel model;
+    Document document;
     test::FakeDialogs dialogs;
-    LoadProject(TextOf(path), model, dialogs, nullptr);
+    LoadProject(TextOf(path), document, dialogs, nullptr);
     ReplaceFileBytes(path, "second");
     dialogs.paths = {TextOf(path), TextOf(path), TextOf(path)};
     dialogs.yes = {false, true};
-    EXPECT_FALSE(SaveProject(model, dialogs));
+    EXPECT_FALSE(SaveProject(document, dialogs));
     EXPECT_EQ(ReadFileBytes(path), "second");
-    EXPECT_TRUE(SaveProject(model, dialogs));
+    EXPECT_TRUE(SaveProject(document, dialogs));
     EXPECT_EQ(ReadFileBytes(path), good);
 
     std::filesystem::remove(path);
     dialogs.TakeSeen();
-    EXPECT_TRUE(SaveProject(model, dialogs));
+    EXPECT_TRUE(SaveProject(document, dialogs));
     EXPECT_EQ(dialogs.TakeSeen(), Seen("save")) << "there is nothing to replace";
     EXPECT_EQ(ReadFileBytes(path), good);
 }
@@ -135,23 +143,36 @@ TEST(FileCommands, OpeningEmptiesTheDesignFirst) {
     CreateFileBytes(folder / "good.prl", good);
     CreateFileBytes(folder / "half.prl", good.substr(0, good.size() / 2));
     CreateFileBytes(folder / "empty.prl", "");
+    const std::string half = "#Begin.Pirol.Window\r\n1\r\n2\r\nhalf\r\n";
+    CreateFileBytes(folder / "unended.prl", half + HashFunction(half));
     const std::tuple<const char*, std::string_view, std::string_view, std::string_view> cases[] = {
         {"good.prl", "", "", "other"},
+        {"unended.prl", "", "Fehler 9: Index außerhalb des gültigen Bereichs (Main.File.PRL.ReadPRLFile)", "half"},
         {"half.prl", damaged, "", ""},
         {"empty.prl", "", "Fehler 9: Index außerhalb des gültigen Bereichs (Main.File.PRL.ReadPRLFile)", ""},
         {"missing.prl", "", "Fehler 53: Datei nicht gefunden (Main.File.PRL.ReadPRLFile)", ""},
     };
     for (const auto& [name, seen, error, author] : cases) {
-        ProjectModel model = DesignOf("mine");
-        model.EditSql().Server = "localhost";
+        ChangedDocument document("mine");
+        document.Edit("", [](ProjectModel& model) { model.EditSql().Server = "localhost"; });
+        document.MarkSaved("mine.prl");
+        const ProjectModel before = document.Model();
         test::FakeDialogs dialogs;
         dialogs.paths = {TextOf(folder / name)};
-        EXPECT_EQ(ErrorOf([&] { EXPECT_TRUE(OpenProject(model, dialogs, nullptr)); }), error) << name;
+        EXPECT_EQ(ErrorOf([&] { EXPECT_TRUE(OpenProject(document, dialogs, nullptr)); }), error) << name;
         EXPECT_EQ(dialogs.TakeSeen(), Seen("open", seen)) << name;
+        const ProjectModel& model = document.Model();
+        const bool loaded = author == "other";
         EXPECT_EQ(model.Author(), author) << name;
         // Only a project that was read brings database settings of its own.
-        EXPECT_EQ(model.Sql().Server, author.empty() ? "localhost" : "") << name;
-        EXPECT_EQ(model.ElementCount(ComponentKind::Button), author.empty() ? 1u : 2u) << name;
+        EXPECT_EQ(model.Sql().Server, loaded ? "" : "localhost") << name;
+        EXPECT_EQ(model.ElementCount(ComponentKind::Button), loaded ? 2u : 1u) << name;
+        EXPECT_EQ(document.FilePath(), loaded ? TextOf(folder / name) : "") << name;
+        EXPECT_EQ(document.IsChanged(), author == "half") << name;
+        document.Undo();
+        EXPECT_EQ(document.Model(), before) << name;
+        EXPECT_EQ(document.FilePath(), "mine.prl") << name;
+        EXPECT_FALSE(document.IsChanged()) << name;
     }
 }
 

@@ -34,7 +34,7 @@ TEST(Hints, EachRuleHasACase) {
         const CodeOptions code{options.find("--menu") != std::string::npos, options.find("--sql") != std::string::npos};
         ProjectModel model;
         ASSERT_EQ(ReadPRLFile(folder / "design.prl", model), ReadResult::Loaded) << folder;
-        const std::string lines = Lines(FindHints(model, code));
+        const std::string lines = Lines(FindHints(model, TextOf(folder / "design.prl"), code));
         EXPECT_EQ(lines, ReadFileBytes(folder / "hints.txt")) << folder;
         EXPECT_NE(lines.find("[" + rule + "]"), std::string::npos) << folder;
         EXPECT_EQ(rules.erase(rule), 1U) << folder;
@@ -47,7 +47,7 @@ TEST(Hints, ACharacterThatWindows1252LacksReallyIsLost) {
     ProjectModel model;
     auto& label = static_cast<dEtikett&>(model.EditElement(model.PlaceComponent(ComponentKind::Label, {0, 0, 50, 50})));
     label.Caption = "Ж und 漢 statt €";
-    const std::vector<Hint> hints = FindHints(model, {});
+    const std::vector<Hint> hints = FindHints(model, {}, {});
     EXPECT_EQ(Lines(hints), "Etikett »hatEtikett1«, Beschriftung: Das Zeichen »Ж« gibt es in Windows-1252 nicht; das "
                             "Programm zeigt dafür »?«. [unknown-character]\n");
     EXPECT_NE(ToWindows1252(GenerateCode(model, {})).find("\"? und ? statt \x80\""), std::string::npos);
@@ -72,7 +72,7 @@ TEST(Hints, SayWhatToSelect) {
         {"missing-server", HintSubject::Database, std::nullopt, ""},
         {"missing-table", HintSubject::Database, std::nullopt, ""},
     };
-    const std::vector<Hint> hints = FindHints(model, everything);
+    const std::vector<Hint> hints = FindHints(model, {}, everything);
     ASSERT_EQ(hints.size(), std::size(wanted)) << Lines(hints);
     for (std::size_t i = 0; i < hints.size(); ++i) {
         const auto& [rule, subject, component, property] = wanted[i];
@@ -82,9 +82,9 @@ TEST(Hints, SayWhatToSelect) {
         EXPECT_EQ(hints[i].property, property) << rule;
     }
     // What is not generated needs no hint.
-    EXPECT_EQ(FindHints(model, {}).size(), 3U);
+    EXPECT_EQ(FindHints(model, {}, {}).size(), 3U);
     model.DeleteComponent(second);
-    EXPECT_EQ(Lines(FindHints(model, {})), "");
+    EXPECT_EQ(Lines(FindHints(model, {}, {})), "");
 }
 
 TEST(Hints, StayShortForAnyDesign) {
@@ -92,7 +92,7 @@ TEST(Hints, StayShortForAnyDesign) {
     for (std::size_t i = 0; i < 3 * mostHints; ++i)
         model.EditElement(model.PlaceComponent(ComponentKind::Button, {0, 0, 50, 50})).ObjectName =
             std::string(1000, i % 2 == 0 ? '\x01' : '"');
-    const std::vector<Hint> hints = FindHints(model, {});
+    const std::vector<Hint> hints = FindHints(model, {}, {});
     EXPECT_EQ(hints.size(), mostHints);
     for (const Hint& hint : hints) {
         EXPECT_LT(hint.text.size(), 400U);
@@ -106,7 +106,7 @@ TEST(Hints, AMenuTooLargeToGenerateIsOneHint) {
     cMenu& menu = model.EditMenus().Append("Datei", std::string(60000, 'x'));
     for (int entry = 0; entry < 2000; ++entry)
         menu.AddEntry(std::to_string(entry), cMenu::Entry);
-    EXPECT_EQ(Lines(FindHints(model, {.menu = true})),
+    EXPECT_EQ(Lines(FindHints(model, {}, {.menu = true})),
               "Programm: Das Programm lässt sich nicht erzeugen: Nicht genügend Speicher. [not-generated]\n");
 }
 

@@ -40,7 +40,7 @@ TEST(JavaGenerator, Examples) {
         const CodeOptions code{!model.Menus().IsEmpty(), model.Sql().UsesDatabase()};
         EXPECT_EQ(ToWindows1252(GenerateCode(model, code)), ReadFileBytes(project.replace_extension(".java")))
             << project;
-        for (const Hint& hint : FindHints(model, code))
+        for (const Hint& hint : FindHints(model, {}, code))
             EXPECT_EQ(hint.rule->key, "missing-file") << project << hint.text;
         ++examples;
     }

@@ -1,3 +1,4 @@
+#include "app/FileCommands.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "designer/DesignCanvas.h"
@@ -16,8 +17,13 @@ namespace {
 constexpr int left = 40;
 constexpr int top = 60;
 
-class DesignCanvasTest : public ::testing::Test {
+class DesignCanvasTest : public ::testing::Test, private DocumentListener {
   protected:
+    DesignCanvasTest() { document.AddListener(*this); }
+
+    void DocumentChanged(const DocumentChange& change) override { loads += change.properties ? 1 : 0; }
+
+    void Edit(const std::function<void(ProjectModel&)>& change) { document.Edit("", change); }
     void Drag(int fromX, int fromY, int toX, int toY) {
         canvas.Press(fromX, fromY, MouseButton::Left);
         canvas.Move(toX, toY);
@@ -25,7 +31,9 @@ class DesignCanvasTest : public ::testing::Test {
     }
 
     ComponentRef Add(ComponentKind kind, const Rectangle& box = {left, top, 100, 50}) {
-        return model.PlaceComponent(kind, box);
+        ComponentRef added{};
+        Edit([&](ProjectModel& changed) { added = changed.PlaceComponent(kind, box); });
+        return added;
     }
 
     Rectangle BoxOf(ComponentRef component) const { return model.VisibleBox(component); }
@@ -88,10 +96,11 @@ class DesignCanvasTest : public ::testing::Test {
         return canvas.IsMoving() ? "moves" : canvas.IsResizing() ? "resizes" : isAtEnd ? "no further one" : "";
     }
 
-    ProjectModel model;
-    int loads = 0;
+    Document document;
+    const ProjectModel& model = document.Model();
+    int loads = 0;        ///< how often the property list was to follow
     bool isAtEnd = false; ///< whether the last selection by keyboard found no further component
-    DesignCanvas canvas{model, [this] { ++loads; }};
+    DesignCanvas canvas{document};
 };
 
 using enum ComponentKind;
@@ -99,12 +108,11 @@ using enum ComponentKind;
 TEST_F(DesignCanvasTest, Gestures) {
     for (const test::TableRow& row : test::Table("canvas-gestures")) {
         SCOPED_TRACE(row.line);
-        model.Reset();
+        NewProject(document);
         canvas.SetSnapsToGrid(true);
         canvas.ChooseKind(1);
         isAtEnd = false;
         AddAll(row[0]);
-        canvas.TakeChanges();
         int loadsBefore = 0;
         for (const std::string_view step : Split(row[1], ';')) {
             loadsBefore = loads;
@@ -140,18 +148,6 @@ TEST_F(DesignCanvasTest, PlacesTheKindOfTheNumberOnTheGrid) {
     EXPECT_EQ(model.CreationOrder().size(), kindCount);
 }
 
-TEST_F(DesignCanvasTest, ConvertsTwipsOfAComponentToPixels) {
-    const ComponentRef button = Add(Button);
-    canvas.MouseDown(MouseButton::Left, 30, 45);
-    canvas.MouseDown(MouseButton::Left, 0, 0); // not while moving already
-    canvas.MouseMove(button, 30 + 2 * 15, 45 - 3 * 15);
-    EXPECT_EQ(BoxOf(button), (Rectangle{left + 2, top - 3, 100, 50}));
-    canvas.MouseMove(button, 30 + 7, 45 + 8);
-    EXPECT_EQ(BoxOf(button), (Rectangle{left + 2, top - 2, 100, 50})) << "7 twips round to 0, 8 to 1 pixel";
-    canvas.MouseUp(button);
-    EXPECT_EQ(BoxOf(button), (Rectangle{left, top, 100, 50}));
-}
-
 TEST_F(DesignCanvasTest, FindsTheTopmostComponentAndItsParts) {
     const ComponentRef below = Add(Table, {0, 0, 200, 200});
     const ComponentRef above = Add(Label, {100, 100, 200, 200});
@@ -169,12 +165,15 @@ TEST_F(DesignCanvasTest, FindsTheTopmostComponentAndItsParts) {
             EXPECT_EQ(hit.component, component) << x << ", " << y;
         }
     }
-    canvas.Select(above);
+    document.Select(above);
     canvas.DeleteSelected();
     EXPECT_EQ(canvas.HitTest(190, 190).area, Resizer);
     const ComponentRef again = Add(Label, {150, 150, 20, 20});
     EXPECT_EQ(again, above);
     EXPECT_EQ(canvas.HitTest(151, 151).component, again);
+    document.Undo();
+    document.Undo();
+    EXPECT_EQ(canvas.HitTest(190, 190).component, above) << "where it was, and above the other one";
 }
 
 TEST_F(DesignCanvasTest, FindsWhatLinearSearchFinds) {
@@ -191,13 +190,17 @@ TEST_F(DesignCanvasTest, FindsWhatLinearSearchFinds) {
     canvas.HitTest(0, 0); // so that what follows changes an index that is there
     for (int i = 0; i < 300; ++i) {
         const ComponentRef component = model.CreationOrder()[static_cast<std::size_t>(next(200))];
-        Control& control = model.EditElement(component);
-        control.Left = static_cast<std::int16_t>(next(3000) - 1000);
-        control.Width = static_cast<std::int16_t>(control.Width + 5);
+        Edit([&](ProjectModel& changed) {
+            Control& control = changed.EditElement(component);
+            control.Left = static_cast<std::int16_t>(next(3000) - 1000);
+            control.Width = static_cast<std::int16_t>(control.Width + 5);
+        });
         if (i % 10 == 0) {
-            canvas.Select(component);
+            document.Select(component);
             canvas.DeleteSelected();
         }
+        if (i % 7 == 0)
+            document.Undo();
         const Rectangle area = {next(3000) - 1000, next(3000) - 1000, 1 + next(500), 1 + next(500)};
         const Rectangle areas[] = {area, {area.left + 100, area.top - 50, 300, 70}};
         std::vector<ComponentRef> expected;
@@ -231,8 +234,8 @@ TEST_F(DesignCanvasTest, OverflowEndsTheGestureAndLosesNothing) {
     EXPECT_THROW(canvas.Move(70000, 29), RuntimeError);
     EXPECT_FALSE(canvas.IsResizing());
 
-    model.EditElement(button).Left = 32766;
-    canvas.Select(button);
+    Edit([&](ProjectModel& changed) { changed.EditElement(button).Left = 32766; });
+    document.Select(button);
     EXPECT_THROW(canvas.MoveSelected(1, 0), RuntimeError);
     EXPECT_EQ(BoxOf(button).left, 32766);
 
@@ -246,28 +249,51 @@ TEST_F(DesignCanvasTest, OverflowEndsTheGestureAndLosesNothing) {
 }
 
 TEST_F(DesignCanvasTest, ANewDesignEndsSelectionAndGesture) {
-    canvas.Select(Add(Button));
+    document.Select(Add(Button));
     canvas.Press(left + 1, top + 1, MouseButton::Left);
-    model.Reset();
+    NewProject(document);
     EXPECT_EQ(canvas.Selected(), std::nullopt);
     canvas.Move(left + 50, top + 1);
     canvas.Release();
     EXPECT_EQ(model, ProjectModel());
 }
 
-TEST_F(DesignCanvasTest, PassesOnWhatChanged) {
-    EXPECT_EQ(canvas.TakeChanges().front().what, Change::What::Everything) << "a new view paints all";
-    Add(Button);
-    canvas.TakeChanges();
-    canvas.Press(left + 1, top + 1, MouseButton::Left);
-    EXPECT_TRUE(canvas.TakeChanges().empty());
-    canvas.Move(left + 4, top + 1);
-    const std::vector<Change> changes = canvas.TakeChanges();
-    ASSERT_EQ(changes.size(), 1U);
-    EXPECT_EQ(changes[0].before, (Rectangle{left, top, 100, 50}));
-    for (int i = 0; i < 100; ++i)
-        canvas.Move(left + 5 + i, top + 1);
-    EXPECT_EQ(canvas.TakeChanges().size(), 1U) << "too many to list";
+TEST_F(DesignCanvasTest, AGestureIsOneStep) {
+    canvas.SetSnapsToGrid(false);
+    const ComponentRef button = Add(Button);
+    const std::string steps[] = {"press 41 61;move 50 70;move 60 81;release", "press 157 128;move 170 140;release",
+                                 "step 1 0", "delete", "press 300 300;move 400 400;release"};
+    const std::string labels[] = {"Knopf verschieben", "Größe von Knopf ändern", "Knopf verschieben", "Knopf löschen",
+                                  "Etikett einfügen"};
+    std::vector<ProjectModel> states = {model};
+    for (std::size_t i = 0; i < std::size(steps); ++i) {
+        for (const std::string_view step : Split(steps[i], ';')) {
+            Do(step);
+            EXPECT_EQ(document.CanUndo(), !canvas.IsPressed()) << "nothing is undone below the hand";
+        }
+        EXPECT_EQ(document.UndoLabel(), labels[i]);
+        states.push_back(model);
+    }
+    for (std::size_t i = std::size(steps); i-- > 0;) {
+        document.Undo();
+        EXPECT_EQ(model, states[i]) << labels[i];
+    }
+    EXPECT_EQ(BoxOf(button), (Rectangle{left, top, 100, 50}));
+    // One held key is one step, each press of its own another.
+    document.Select(button);
+    canvas.MoveSelected(1, 0);
+    canvas.MoveSelected(1, 0, true);
+    canvas.MoveSelected(1, 0, true);
+    canvas.MoveSelected(1, 0);
+    document.Undo();
+    EXPECT_EQ(BoxOf(button).left, left + 3);
+    document.Undo();
+    EXPECT_EQ(BoxOf(button).left, left);
+    // What comes back to where it was is no step.
+    const std::string before = document.UndoLabel();
+    for (const char* step : {"press 41 61", "move 70 70", "move 41 61", "release"})
+        Do(step);
+    EXPECT_EQ(document.UndoLabel(), before);
 }
 
 } // namespace

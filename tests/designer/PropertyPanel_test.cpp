@@ -13,6 +13,12 @@ ComponentRef Place(ProjectModel& model, std::string_view kind) {
     return model.PlaceComponent(*KindByKey(kind), {30, 40, 120, 25});
 }
 
+/// Places one more component and selects it.
+ComponentRef Place(Document& document, std::string_view kind) {
+    document.EditAndSelect("", [&](ProjectModel& model) { return Place(model, kind); });
+    return *document.Selected();
+}
+
 /// The list as text: categories in brackets, every other row as caption=shown text.
 std::string Outline(const std::vector<PropertyPanelRow>& rows) {
     std::string text;
@@ -46,9 +52,9 @@ TEST(PropertyPanel, RowsOfEveryKind) {
             selected = Place(model, row[0]);
         EXPECT_EQ(Outline(LoadProperties(model, selected)), row[1]);
     }
-    ProjectModel model;
-    EXPECT_EQ(PropertyChanged(model, std::nullopt, "width", "no number"), "");
-    EXPECT_EQ(model, ProjectModel());
+    Document document;
+    EXPECT_EQ(PropertyChanged(document, "width", "no number"), "");
+    EXPECT_FALSE(document.CanUndo());
 }
 
 TEST(PropertyPanel, EditorsAndTheirDetails) {
@@ -63,58 +69,71 @@ TEST(PropertyPanel, EditorsAndTheirDetails) {
 
 TEST(PropertyPanel, EditsReachTheControlOrChangeNothing) {
     for (const test::TableRow& row : test::Table("property-edits")) {
-        ProjectModel model;
-        Place(model, "movie");
-        Place(model, "movie");
-        model.DeleteComponent({ComponentKind::Movie, 1});
-        const ComponentRef component = Place(model, row[0]);
-        model.MarkUnchanged({});
-        const ProjectModel before = model;
+        Document document;
+        Place(document, "movie");
+        Place(document, "movie");
+        document.Edit("", [](ProjectModel& model) { model.DeleteComponent({ComponentKind::Movie, 1}); });
+        const ComponentRef component = Place(document, row[0]);
+        document.MarkSaved({});
+        const ProjectModel before = document.Model();
         const std::string outcome = test::OutcomeOf([&] {
-            const std::string message = PropertyChanged(model, component, row[1], row[2]);
-            const std::optional<PropertyPanelRow> shown = RowOf(model, component, row[1]);
+            const std::string message = PropertyChanged(document, row[1], row[2]);
+            const std::optional<PropertyPanelRow> shown = RowOf(document.Model(), component, row[1]);
             return !message.empty() ? message : shown ? "=" + shown->value : "no such row";
         });
         EXPECT_EQ(outcome, row[3]) << row.line;
         if (!outcome.starts_with('=')) {
-            EXPECT_EQ(model, before) << row.line;
-            EXPECT_FALSE(model.IsChanged()) << row.line;
+            EXPECT_EQ(document.Model(), before) << row.line;
+            EXPECT_FALSE(document.IsChanged()) << row.line;
         }
     }
 }
 
 TEST(PropertyPanel, FlagsGoOnAndOff) {
     for (const KindRow& kind : KindRows()) {
-        ProjectModel model;
-        const ComponentRef component = Place(model, kind.key);
-        for (const PropertyPanelRow& row : LoadProperties(model, component)) {
+        Document document;
+        const ComponentRef component = Place(document, kind.key);
+        for (const PropertyPanelRow& row : LoadProperties(document.Model(), component)) {
             if (row.isCategory || row.editor != EditorKind::Flag)
                 continue;
             for (const char* flag : {"wahr", "falsch"}) {
-                EXPECT_EQ(PropertyChanged(model, component, row.key, flag), "");
-                EXPECT_EQ(RowOf(model, component, row.key)->value, flag) << kind.key << row.key;
+                EXPECT_EQ(PropertyChanged(document, row.key, flag), "");
+                EXPECT_EQ(RowOf(document.Model(), component, row.key)->value, flag) << kind.key << row.key;
             }
         }
     }
 }
 
-TEST(PropertyPanel, AnnouncesRealChangesOnly) {
-    ProjectModel model;
-    const ComponentRef label = Place(model, "label");
-    model.TakeChanges();
-    PropertyChanged(model, label, "width", "120,4");
-    EXPECT_TRUE(model.TakeChanges().empty());
-    PropertyChanged(model, label, "width", "121");
-    EXPECT_EQ(model.TakeChanges().size(), 1U);
+TEST(PropertyPanel, TypingInOnePropertyIsOneStep) {
+    Document document;
+    const ComponentRef label = Place(document, "label");
+    const auto change = [&](const char* key, const char* value) { PropertyChanged(document, key, value); };
+    change("width", "120,4");
+    EXPECT_EQ(document.UndoLabel(), "") << "the width is 120 already";
+    change("width", "121");
+    change("width", "122");
+    change("height", "30");
+    EXPECT_EQ(document.UndoLabel(), "Höhe ändern");
+    document.Undo();
+    document.Undo();
+    EXPECT_EQ(document.Model().Element(label).Width, 120);
+    change("width", "121");
+    document.MarkSaved("a.prl");
+    change("width", "122");
+    document.Select(std::nullopt);
+    document.Select(label);
+    change("width", "123");
+    document.Undo();
+    EXPECT_EQ(document.Model().Element(label).Width, 122) << "another selection ends the step";
+    document.Undo();
+    EXPECT_FALSE(document.IsChanged()) << "saving ends the step";
 }
 
 TEST(PropertyPanel, AGoneComponentIsAnError) {
-    ProjectModel model;
-    const ComponentRef gone{ComponentKind::Table, 3};
-    EXPECT_EQ(test::ErrorOf([&] { LoadProperties(model, gone); }),
+    EXPECT_EQ(test::ErrorOf([&] {
+                  LoadProperties(ProjectModel(), ComponentRef{ComponentKind::Table, 3});
+              }),
               "Fehler 9: Index außerhalb des gültigen Bereichs (Main.File.Properties.LoadProperties)");
-    EXPECT_EQ(test::ErrorOf([&] { PropertyChanged(model, gone, "width", "1"); }),
-              "Fehler 9: Index außerhalb des gültigen Bereichs (Main.File.Properties.PropertyChanged)");
 }
 
 TEST(PropertyPanel, ShownTextIsShort) {

@@ -12,6 +12,7 @@
 #include "project/Snapshot.h"
 
 #include <cstdio>
+#include <cstdlib>
 #include <map>
 #include <new>
 #include <string>
@@ -23,14 +24,14 @@ using namespace pirol;
 std::string folder;
 test::FakeDialogs dialogs;
 test::FakeStarter starter;
-ProjectModel model;
+Document document;
 
 std::string Path(const char* name) {
     return folder + "/" + name;
 }
 
 void Load() {
-    LoadProject(Path("design.prl"), model, dialogs, nullptr);
+    LoadProject(Path("design.prl"), document, dialogs, nullptr);
 }
 
 const std::map<std::string_view, void (*)()> operations = {
@@ -40,24 +41,24 @@ const std::map<std::string_view, void (*)()> operations = {
          Load();
          dialogs.paths = {Path("old.prl")};
          dialogs.yes = {true};
-         SaveProject(model, dialogs);
+         SaveProject(document, dialogs);
      }},
     {"import",
      [] {
          dialogs.paths = {Path("SuMAnwendung.java")};
-         ImportJava(model, dialogs);
+         ImportJava(document, dialogs);
      }},
     {"export-file",
      [] {
          Load();
          dialogs.paths = {Path("old.java")};
-         ExportJava(model, {}, dialogs);
+         ExportJava(document.Model(), {}, dialogs);
      }},
     {"export-folder",
      [] {
          Load();
          dialogs.paths = {Path("BlueJ")};
-         ExportBlueJ(model, {}, {}, dialogs, starter);
+         ExportBlueJ(document.Model(), {}, {}, dialogs, starter);
      }},
     {"keep-preferences",
      [] {
@@ -69,14 +70,35 @@ const std::map<std::string_view, void (*)()> operations = {
          Load();
          // What a normal end would clear away stays, as if the program were killed behind the operation.
          static auto* const kept = new RecoveryFile(RecoveryFolder());
-         kept->Write(TakeSnapshot(model));
-         model.SetAuthor("new");
-         kept->Write(TakeSnapshot(model));
+         OpenDesign design{document.Model(), document.FilePath()};
+         kept->Write(SnapshotOf(design));
+         design.model.SetAuthor("new");
+         kept->Write(SnapshotOf(design));
+     }},
+    {"undo",
+     [] {
+         Load();
+         const ProjectModel loaded = document.Model();
+         const auto error = ErrorOf([] {
+             for (int i = 0; i < 3; ++i)
+                 document.EditAndSelect("step", [](ProjectModel& model) {
+                     return model.PlaceComponent(ComponentKind::Table, {10, 20, 300, 40});
+                 });
+             document.Undo();
+             document.Redo();
+         });
+         // Whatever failed, the steps lead back to where they began.
+         while (document.UndoLabel() == "step")
+             document.Undo();
+         if (document.Model() != loaded)
+             std::abort();
+         if (error)
+             throw RuntimeError(*error);
      }},
     {"restore",
      [] {
          for (const LeftDesign& left : LeftDesigns(RecoveryFolder()))
-             std::printf("%s\n", ReadDesign(left).Author().c_str());
+             std::printf("%s\n", ReadDesign(left).model.Author().c_str());
      }},
 };
 

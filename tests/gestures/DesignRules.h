@@ -19,7 +19,7 @@ inline bool TemplatesAreHidden(const ProjectModel& model) {
 }
 
 inline bool EachElementIsInTheOrderOnce(const ProjectModel& model) {
-    const std::vector<ComponentRef>& order = model.CreationOrder();
+    const PagedArray<ComponentRef>& order = model.CreationOrder();
     std::size_t elements = 0;
     for (const KindRow& row : KindRows())
         elements += model.ElementCount(row.kind) - 1;
@@ -42,7 +42,8 @@ inline std::string JavaOf(const ProjectModel& model) {
 /// The design without what a project file cannot hold.
 inline ProjectModel Storable(ProjectModel model) {
     ProjectModel fresh;
-    for (const ComponentRef component : std::vector(model.CreationOrder())) {
+    const PagedArray<ComponentRef> order = model.CreationOrder();
+    for (const ComponentRef component : order) {
         Control& control = model.EditElement(component);
         const Control& untouched = fresh.Element(fresh.AddElement(component.kind));
         for (const PropertyRow& row : control.Table().Rows()) {

@@ -1,6 +1,6 @@
 #include "base/RuntimeError.h"
 #include "controls/Oddities.h"
-#include "model/ProjectModel.h"
+#include "model/Differences.h"
 
 #include <gtest/gtest.h>
 
@@ -55,24 +55,31 @@ TEST(ProjectModel, ResetKeepsTheDatabase) {
     ProjectModel expected;
     expected.EditSql().Server = "localhost";
     EXPECT_EQ(model, expected);
-    EXPECT_FALSE(model.IsChanged());
 }
 
-TEST(ProjectModel, AnnouncesWhatChanged) {
-    ProjectModel model;
-    const ComponentRef button = model.PlaceComponent(Button, box);
-    model.TakeChanges();
-    model.EditElement(button).Left = 500;
-    const std::vector<Change> changes = model.TakeChanges();
-    ASSERT_EQ(changes.size(), 1U);
-    EXPECT_EQ(changes[0].component, button);
-    EXPECT_EQ(changes[0].before, box);
-    EXPECT_TRUE(model.TakeChanges().empty());
-    for (int change = 0; change < 1000; ++change)
-        model.EditElement(button);
-    const std::vector<Change> many = model.TakeChanges();
-    ASSERT_EQ(many.size(), 1U);
-    EXPECT_EQ(many[0].what, Change::What::Everything);
+TEST(ProjectModel, DifferencesListWhatIsNotAlike) {
+    ProjectModel before;
+    for (int placed = 0; placed < 500; ++placed)
+        before.PlaceComponent(placed % 2 == 0 ? Button : Label, box);
+    ProjectModel after = before;
+    EXPECT_FALSE(Differences(before, after).Any());
+    after.EditElement({Button, 7}).Left = 500;
+    after.EditElement({Label, 250}).Visible = false;
+    const ComponentRef added = after.PlaceComponent(Table, box);
+    const DesignChange change = Differences(before, after);
+    EXPECT_FALSE(change.allComponents || change.window || change.menus || change.sql);
+    ASSERT_EQ(change.components.size(), 3U);
+    EXPECT_EQ(change.components[0].component, (ComponentRef{Label, 250}));
+    EXPECT_EQ(change.components[0].after, Rectangle{});
+    EXPECT_EQ(change.components[1].before, box);
+    EXPECT_EQ(change.components[1].after.left, 500);
+    EXPECT_EQ(change.components[2].component, added);
+    EXPECT_EQ(change.components[2].before, Rectangle{});
+    EXPECT_GT(after.UnsharedBytes(before), sizeof(dButton));
+    EXPECT_LT(after.UnsharedBytes(before), std::size_t{100'000});
+    for (std::size_t index = 1; index <= 65; ++index)
+        after.EditElement({Label, index}).Top = 1;
+    EXPECT_TRUE(Differences(before, after).allComponents);
 }
 
 TEST(ProjectModel, EqualityLooksAtEveryPart) {
@@ -93,6 +100,7 @@ TEST(ProjectModel, EqualityLooksAtEveryPart) {
         EXPECT_EQ(other, model);
         change(other);
         EXPECT_NE(other, model);
+        EXPECT_TRUE(Differences(model, other).Any());
     }
 }
 

@@ -40,6 +40,11 @@ struct MainWindow {
     }
     void Click(int x, int y) { Drag(x, y, x, y); }
 
+    /// Changes the design as if a command had done so.
+    void Edit(const std::function<void(ProjectModel&)>& change) {
+        window.CurrentDocument().Edit("Entwurf ändern", change);
+    }
+
     /// What the status bar's panel (1 to 3) shows.
     QString Status(int panel) { return Find<QLabel>(QString("sbPanel%1").arg(panel))->text(); }
 

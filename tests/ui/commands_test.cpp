@@ -36,10 +36,12 @@ class CommandsTest : public QObject {
 
     void ADesignIsSavedForgottenAndOpened() {
         MainWindow main;
-        ProjectModel& model = main.window.Model();
+        const ProjectModel& model = main.window.Model();
         main.Drag(20, 20, 130, 60);
-        model.EditSql().Server = "localhost";
-        model.SetWindowSize(300, 200);
+        main.Edit([](ProjectModel& changed) {
+            changed.EditSql().Server = "localhost";
+            changed.SetWindowSize(300, 200);
+        });
         const ProjectModel design = model;
         main.dialogs.paths = {Path("a.prl"), Path("a.prl")};
         Choose(main, "mnuFileSave");
@@ -153,7 +155,7 @@ class CommandsTest : public QObject {
     void OddWindowSizes() {
         for (const QString size : {"0", "1", "-5", "32767", "-32768"}) {
             MainWindow main;
-            main.window.Model().SetWindowSize(100, 100);
+            main.Edit([](ProjectModel& model) { model.SetWindowSize(100, 100); });
             main.dialogs.paths = {Path("a.prl"), Path("a.prl")};
             main.dialogs.yes = {true};
             WhenShown<frmProjectSettings>([&size](frmProjectSettings& form) {
@@ -193,7 +195,7 @@ class CommandsTest : public QObject {
     void CancelledDialogsChangeNothing() {
         MainWindow main;
         main.Drag(20, 20, 130, 60);
-        main.window.Model().MarkUnchanged("");
+        main.window.CurrentDocument().MarkSaved("");
         const ProjectModel before = main.window.Model();
         for (const TableRow& row : Table("form-commands"))
             for (const char* const end : {"Esc", "@cmdCancel"}) {
@@ -204,7 +206,7 @@ class CommandsTest : public QObject {
                         Do(form, end);
                 });
                 Choose(main, row[0]);
-                QVERIFY2(main.window.Model() == before && !main.window.Model().IsChanged(), row.line.c_str());
+                QVERIFY2(main.window.Model() == before && !main.window.CurrentDocument().IsChanged(), row.line.c_str());
                 QVERIFY(main.window.CurrentPreferences() == Preferences() && Preferences::Load() == Preferences());
                 QCOMPARE(main.dialogs.TakeSeen(), "");
             }

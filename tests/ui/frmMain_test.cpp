@@ -117,9 +117,8 @@ class FrmMainTest : public QObject {
 
     void ScrollsAndReportsWhatIsPast16Bits() {
         MainWindow main;
-        main.window.Model().SetWindowSize(800, 32767);
+        main.Edit([](ProjectModel& model) { model.SetWindowSize(800, 32767); });
         main.window.resize(600, 60);
-        main.window.ShowDesign();
         auto* vertical = main.Find<QScrollBar>("vScroll");
         main.ExpectError();
         vertical->setValue(vertical->maximum());

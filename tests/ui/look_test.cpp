@@ -156,7 +156,11 @@ class Component {
     }
 
     /// Changes a property; a kind without it ignores that.
-    void Set(const char* key, const std::string& value) { PropertyChanged(model_, ref_, key, value); }
+    void Set(const char* key, const std::string& value) {
+        Control& control = model_.EditElement(ref_);
+        if (const PropertyRow* row = FindRow(control, key))
+            row->set(control, value);
+    }
 
     Control& Sized(const QSize& size) {
         Control& control = model_.EditElement(ref_);

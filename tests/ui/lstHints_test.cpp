@@ -59,16 +59,16 @@ class LstHintsTest : public QObject {
         HintedWindow main;
         int followed = 0;
         for (const QString& rule : QDir(PIROL_TEST_DATA "/hints").entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-            ReadPRLFile((PIROL_TEST_DATA "/hints/" + rule + "/design.prl").toStdString(), main.window.Model());
-            main.window.ShowDesign();
-            const std::vector<Hint> hints = FindHints(main.window.Model(), {});
+            const std::string project = (PIROL_TEST_DATA "/hints/" + rule + "/design.prl").toStdString();
+            main.window.ReadPRLFile(project);
+            const std::vector<Hint> hints = FindHints(main.window.Model(), project, {});
             QTRY_COMPARE(main.FirstText(), hints.empty() ? QString() : QString::fromStdString(hints[0].text));
             QVERIFY2(main.Shows(int(hints.size())), qPrintable(rule));
             for (int row = 0; row < int(hints.size()); ++row) {
                 const Hint& hint = hints[std::size_t(row)];
                 if (!hint.component)
                     continue;
-                main.window.Canvas().Deselect();
+                main.window.CurrentDocument().Select(std::nullopt);
                 Do(main.window, "F6");
                 main.list->setCurrentRow(row);
                 Do(main.window, "Return");
@@ -83,8 +83,7 @@ class LstHintsTest : public QObject {
 
     void FollowTheMarksOfTheCodeMenu() {
         HintedWindow main;
-        main.window.Model().EditMenus().Append("", "hatMenueLeer");
-        emit main.Find<QMenu>("mnuCode")->aboutToShow();
+        main.Edit([](ProjectModel& model) { model.EditMenus().Append("", "hatMenueLeer"); });
         main.Command("mnuCodeMenu")->trigger();
         QVERIFY(main.Shows(1));
         ClickRow(*main.list, 0);
@@ -95,11 +94,9 @@ class LstHintsTest : public QObject {
 
     void LeaveTheScrolledCanvasWhereItIsAndFold() {
         HintedWindow main;
-        main.window.Model().SetWindowSize(2000, 2000);
-        main.window.ShowDesign();
+        main.Edit([](ProjectModel& model) { model.SetWindowSize(2000, 2000); });
         main.Find<QScrollBar>("vScroll")->setValue(20);
-        main.window.Model().PlaceComponent(ComponentKind::Picture, {0, 0, 0, 0});
-        main.window.ShowDesign();
+        main.Edit([](ProjectModel& model) { model.PlaceComponent(ComponentKind::Picture, {0, 0, 0, 0}); });
         QVERIFY(main.Shows(1));
         QCOMPARE(main.canvas->y(), -160);
         QTest::mouseClick(main.heading, Qt::LeftButton);

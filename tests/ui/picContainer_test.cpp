@@ -129,6 +129,47 @@ class PicContainerTest : public QObject {
         QCOMPARE(main.list->model()->index(0, 0).data().toString(), "Kein Objekt gewählt");
     }
 
+    void StepsAreUndoneAndRedone() {
+        Editing main;
+        main.window.CurrentDocument().MarkSaved("a.prl");
+        const Rectangle box = main.SelectedBox();
+        const auto captions = [&main] {
+            return main.Command("mnuEditUndo")->text() + "|" + main.Command("mnuEditRedo")->text();
+        };
+        main.Press(120, 115);
+        main.MoveTo(140, 135);
+        Do(main.window, "Ctrl+Z"); // not below the hand
+        QVERIFY(main.window.Canvas().IsMoving() && !main.Command("mnuEditUndo")->isEnabled());
+        main.Release(140, 135);
+        QCOMPARE(captions(), "&Rückgängig: Knopf verschieben|&Wiederholen");
+        QVERIFY(main.window.isWindowModified());
+        Do(main.window, "Ctrl+Z");
+        QCOMPARE(main.SelectedBox(), box);
+        QCOMPARE(main.Shown("Links"), QString::number(box.left));
+        QVERIFY(!main.window.isWindowModified());
+        QVERIFY(captions().endsWith("|&Wiederholen: Knopf verschieben"));
+        Do(main.window, "Ctrl+Y");
+        QCOMPARE(main.SelectedBox().left, box.left + 20);
+        Do(main.window, "Ctrl+Z Ctrl+Shift+Z");
+        QCOMPARE(main.SelectedBox().left, box.left + 20);
+
+        // An editor takes back what is typed first; then the key belongs to the design again.
+        main.TypeInto("Breite", "77 Ctrl+Z");
+        QVERIFY(main.list->isAncestorOf(QApplication::focusWidget()));
+        QCOMPARE(main.SelectedBox().left, box.left + 20);
+        Do(main.window, "Ctrl+Z");
+        QCOMPARE(QApplication::focusWidget(), main.list);
+        QCOMPARE(main.SelectedBox(), box);
+
+        main.Command("mnuFileNew")->trigger();
+        main.Command("mnuEditUndo")->trigger();
+        QCOMPARE(main.SelectedBox(), box);
+        QVERIFY(main.window.windowTitle().startsWith("a.prl") && !main.window.isWindowModified());
+        Do(main.window, "Del");
+        main.Command("mnuEditUndo")->trigger();
+        QCOMPARE(main.Selected(), main.button); // and it is selected again
+    }
+
     /// A bad value is reported after what ended its edit; a click does all the same what it should.
     void BadValuesDoNotDisturbTheClick() {
         Editing main;
@@ -176,11 +217,12 @@ class PicContainerTest : public QObject {
 
     void TheSelectionChosenByKeyboardIsScrolledIntoView() {
         MainWindow main;
-        main.window.Model().SetWindowSize(3000, 2000);
         const Rectangle boxes[] = {{20, 20, 100, 30}, {2500, 1500, 100, 30}};
-        for (const Rectangle& box : boxes)
-            main.window.Model().PlaceComponent(ComponentKind::Button, box);
-        main.window.ShowDesign();
+        main.Edit([&](ProjectModel& model) {
+            model.SetWindowSize(3000, 2000);
+            for (const Rectangle& box : boxes)
+                model.PlaceComponent(ComponentKind::Button, box);
+        });
         for (const Rectangle& box : boxes) {
             Do(main.window, "Tab");
             QVERIFY(main.canvas->visibleRegion().contains(QRect(box.left, box.top, box.width, box.height)));
@@ -189,9 +231,10 @@ class PicContainerTest : public QObject {
 
     void OnlyWhatChangedIsRepainted() {
         MainWindow main;
-        for (int i = 0; i < 100; ++i)
-            main.window.Model().PlaceComponent(ComponentKind::Label, {i % 10 * 64, i / 10 * 48, 60, 40});
-        main.window.ShowDesign();
+        main.Edit([](ProjectModel& model) {
+            for (int i = 0; i < 100; ++i)
+                model.PlaceComponent(ComponentKind::Label, {i % 10 * 64, i / 10 * 48, 60, 40});
+        });
         PaintCounter painted(main.canvas);
         main.Press(70, 53);
         painted.TakePixels();
@@ -220,14 +263,15 @@ class PicContainerTest : public QObject {
     void GesturesLeaveNoTracesOnTheScreen() {
         QFETCH(int, crowd);
         MainWindow main;
-        const auto place = [&main](int number, const Rectangle& box) {
-            main.window.Model().PlaceComponent(KindRows()[static_cast<std::size_t>(number) % kindCount].kind, box);
-        };
-        for (int i = 0; i < crowd; ++i)
-            place(i, {100 + i % 10 * 11, i / 10 * 13, 120, 60});
-        for (int i = 0; i < 16; ++i)
-            place(i, {i % 4 * 150 + 10, i / 4 * 110 + 10, 120, 80});
-        main.window.ShowDesign();
+        main.Edit([crowd](ProjectModel& model) {
+            const auto place = [&model](int number, const Rectangle& box) {
+                model.PlaceComponent(KindRows()[static_cast<std::size_t>(number) % kindCount].kind, box);
+            };
+            for (int i = 0; i < crowd; ++i)
+                place(i, {100 + i % 10 * 11, i / 10 * 13, 120, 60});
+            for (int i = 0; i < 16; ++i)
+                place(i, {i % 4 * 150 + 10, i / 4 * 110 + 10, 120, 80});
+        });
         main.Command("mnuObjectsGrid")->trigger();
         const auto onScreen = [&main] {
             QApplication::processEvents();
@@ -265,15 +309,19 @@ class PicContainerTest : public QObject {
         }
         Do(main.window, "Del");
         checkScreen("after deleting");
+        Do(main.window, "Ctrl+Z");
+        checkScreen("after undoing");
         main.Command("mnuViewShowGrid")->trigger();
         checkScreen("without the grid");
     }
 
     void OverflowIsReportedAndLosesNothing() {
         MainWindow main;
-        main.window.Model().SetWindowSize(32767, 480);
-        const ComponentRef button = main.window.Model().PlaceComponent(ComponentKind::Button, {32700, 0, 60, 30});
-        main.window.ShowDesign();
+        const ComponentRef button = {ComponentKind::Button, 1};
+        main.Edit([](ProjectModel& model) {
+            model.SetWindowSize(32767, 480);
+            model.PlaceComponent(ComponentKind::Button, {32700, 0, 60, 30});
+        });
         main.Press(32705, 5);
         main.ExpectError();
         main.MoveTo(32790, 5);
@@ -284,11 +332,12 @@ class PicContainerTest : public QObject {
 
     void ScreenReadersFindTheComponents() {
         MainWindow main;
-        ProjectModel& model = main.window.Model();
-        model.PlaceComponent(ComponentKind::Table, {10, 20, 300, 200});
-        const ComponentRef label = model.PlaceComponent(ComponentKind::Label, {100, 100, 80, 30});
-        model.PlaceComponent(ComponentKind::Sound, {400, 20, 0, 0});
-        main.window.ShowDesign();
+        const ComponentRef label = {ComponentKind::Label, 1};
+        main.Edit([](ProjectModel& model) {
+            model.PlaceComponent(ComponentKind::Table, {10, 20, 300, 200});
+            model.PlaceComponent(ComponentKind::Label, {100, 100, 80, 30});
+            model.PlaceComponent(ComponentKind::Sound, {400, 20, 0, 0});
+        });
 
         QAccessibleInterface* canvas = QAccessible::queryAccessibleInterface(main.canvas);
         QCOMPARE(canvas->childCount(), 3);
@@ -302,8 +351,7 @@ class PicContainerTest : public QObject {
         QVERIFY(child->rect().contains(inLabel));
         QVERIFY(!child->state().selected);
 
-        main.window.Canvas().Select(label);
-        main.window.ShowDesign();
+        main.window.CurrentDocument().Select(label);
         QVERIFY(child->state().selected);
         QCOMPARE(canvas->focusChild(), child);
         Do(main.window, "Del");

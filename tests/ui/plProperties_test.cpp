@@ -22,19 +22,25 @@ class Bench : public QWidget {
         other.setGeometry(330, 0, 100, 30);
         connect(&list, &plProperties::PropertyEdited, this, [this](const std::string& key, const std::string& value) {
             ++edits;
-            ErrorOf([&] { PropertyChanged(model, component, key, value); });
+            ErrorOf([&] { PropertyChanged(document, key, value); });
             Reload();
         });
-        component = model.PlaceComponent(kind, {30, 40, 120, 25});
-        model.PlaceComponent(kind, {30, 80, 120, 25});
+        component = Add(kind, {30, 40, 120, 25});
+        Add(kind, {30, 80, 120, 25});
+        document.Select(component);
         Show(*this);
         Reload();
         list.setFocus();
     }
 
+    ComponentRef Add(ComponentKind kind, const Rectangle& box) {
+        ComponentRef added{};
+        document.Edit("", [&](ProjectModel& changed) { added = changed.PlaceComponent(kind, box); });
+        return added;
+    }
     void Reload() { list.ShowRows(LoadProperties(model, component)); }
     void Hold(std::string_view key, const std::string& value) {
-        PropertyChanged(model, component, key, value);
+        PropertyChanged(document, key, value);
         Reload();
     }
 
@@ -68,7 +74,8 @@ class Bench : public QWidget {
     }
     void ClickAt(const QPoint& place) { QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, place); }
 
-    ProjectModel model;
+    Document document;
+    const ProjectModel& model = document.Model();
     ComponentRef component = {};
     plProperties list;
     QLineEdit other;
@@ -168,7 +175,7 @@ class plPropertiesTest : public QObject {
         QVERIFY(!isOpen("Position"));
 
         // Folded is folded, whichever component is shown.
-        bench.component = bench.model.PlaceComponent(ComponentKind::Table, {0, 0, 50, 50});
+        bench.component = bench.Add(ComponentKind::Table, {0, 0, 50, 50});
         bench.Reload();
         QVERIFY(!isOpen("Position"));
         QVERIFY(isOpen("Ereignisse"));
@@ -179,9 +186,10 @@ class plPropertiesTest : public QObject {
         Bench bench(ComponentKind::Label);
         QSignalSpy resets(bench.list.model(), &QAbstractItemModel::modelReset);
         QSignalSpy changes(bench.list.model(), &QAbstractItemModel::dataChanged);
-        Control& control = bench.model.EditElement(bench.component);
-        ++control.Left;
-        ++control.Top;
+        bench.document.Edit("", [&](ProjectModel& model) {
+            ++model.EditElement(bench.component).Left;
+            ++model.EditElement(bench.component).Top;
+        });
         bench.Reload();
         QCOMPARE(resets.count(), 0);
         QCOMPARE(changes.count(), 2);
@@ -204,7 +212,7 @@ class plPropertiesTest : public QObject {
         QCoreApplication::processEvents();
         bench.list.verticalScrollBar()->setValue(60);
         QCOMPARE(bench.list.verticalScrollBar()->value(), 60);
-        const ComponentRef table = bench.model.PlaceComponent(ComponentKind::Table, {0, 0, 50, 50});
+        const ComponentRef table = bench.Add(ComponentKind::Table, {0, 0, 50, 50});
         const std::optional<ComponentRef> order[] = {table, std::nullopt, bench.component};
         for (const std::optional<ComponentRef>& component : order) {
             bench.list.ShowRows(LoadProperties(bench.model, component));

@@ -62,6 +62,7 @@ void picContainer::SetGrid(int style, const QColor& color) {
 
 void picContainer::Run(const std::function<void()>& gesture) {
     ReportErrors(window(), gesture);
+    ShowFrame();
     emit Handled();
 }
 
@@ -116,7 +117,11 @@ void picContainer::keyPressEvent(QKeyEvent* event) {
     for (const auto& arrow : arrows)
         if (event->key() == arrow.key) {
             const bool resize = event->modifiers().testFlag(Qt::ShiftModifier);
-            RunKey([&] { resize ? canvas_.ResizeSelected(arrow.x, arrow.y) : canvas_.MoveSelected(arrow.x, arrow.y); });
+            const bool goesOn = event->isAutoRepeat();
+            RunKey([&] {
+                resize ? canvas_.ResizeSelected(arrow.x, arrow.y, goesOn)
+                       : canvas_.MoveSelected(arrow.x, arrow.y, goesOn);
+            });
             return;
         }
     switch (event->key()) {
@@ -143,29 +148,32 @@ bool picContainer::focusNextPrevChild(bool next) {
 
 // --- Painting ---------------------------------------------------------------------------------------------------
 
-void picContainer::ShowChanges(std::span<const Change> changes) {
-    for (const Change& change : changes)
-        if (change.what == Change::What::Everything) {
-            update();
-        } else if (change.what == Change::What::Component) {
-            update(ToRect(change.before));
-            update(ToRect(model_.VisibleBox(change.component)));
-        }
-    if (!changes.empty())
+void picContainer::ShowChange(const DocumentChange& change) {
+    if (change.design.allComponents)
+        update();
+    for (const ComponentChange& component : change.design.components) {
+        update(ToRect(component.before));
+        update(ToRect(component.after));
+    }
+    if (change.design.Any())
         visibleComponentsAreCurrent_ = false;
-    const bool inGesture = canvas_.IsInGesture();
-    const auto isOfGesture = [selected = canvas_.Selected()](const Change& change) {
-        return change.what == Change::What::Component && change.component == selected;
+    const auto isOfGesture = [selected = canvas_.Selected()](const ComponentChange& component) {
+        return component.component == selected;
     };
-    if (!inGesture || !std::all_of(changes.begin(), changes.end(), isOfGesture))
+    const bool onlyGesture = !change.design.allComponents && !change.design.window &&
+                             std::all_of(change.design.components.begin(), change.design.components.end(), isOfGesture);
+    if (!canvas_.IsInGesture() || !onlyGesture)
         layers_.Drop();
     ShowSelection();
+}
+
+void picContainer::ShowFrame() {
     const Rectangle frame = canvas_.IsFrameVisible() ? canvas_.Frame() : Rectangle{};
-    if (frame != shownFrame_) {
-        UpdateFrame(shownFrame_);
-        UpdateFrame(frame);
-        shownFrame_ = frame;
-    }
+    if (frame == shownFrame_)
+        return;
+    UpdateFrame(shownFrame_);
+    UpdateFrame(frame);
+    shownFrame_ = frame;
 }
 
 void picContainer::ShowSelection() {

@@ -27,8 +27,8 @@ class picContainer : public QWidget {
     const std::vector<ComponentRef>& VisibleComponents();
     bool IsVisibleComponent(ComponentRef component) const;
 
-    /// Repaints what differs from what the screen shows: the changed components, selection and drawing frame.
-    void ShowChanges(std::span<const Change> changes);
+    /// Repaints what differs from what the screen shows: changed components and selection.
+    void ShowChange(const DocumentChange& change);
 
   signals:
     /// Mouse or key did something with the canvas.
@@ -55,6 +55,7 @@ class picContainer : public QWidget {
     void PaintSelection(QPainter& painter);
     void PaintFrame(QPainter& painter);
     void ShowSelection();
+    void ShowFrame();
     void AnnounceSelection();
     void UpdateFrame(const Rectangle& frame);
 

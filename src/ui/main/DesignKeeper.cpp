@@ -14,55 +14,53 @@
 namespace pirol {
 namespace {
 
-using namespace std::chrono_literals;
-
-constexpr auto delay = 2s;
-/// Nobody shall feel the snapshot in the hand that drags; but who drags on and on is kept all the same.
-constexpr auto delayDuringGesture = 200ms;
-constexpr auto longestDelay = 5s;
-constexpr auto delayAfterFailure = 10s;
-
 constexpr int messageMilliseconds = 10'000;
 
 } // namespace
 
-DesignKeeper::DesignKeeper(frmMain& window, cCommonDialog& dialogs, const std::filesystem::path& folder)
-    : window_(window), dialogs_(dialogs), folder_(folder), file_(folder) {
+DesignKeeper::DesignKeeper(frmMain& window, cCommonDialog& dialogs, const std::filesystem::path& folder,
+                           const KeepingDelays& delays)
+    : window_(window), document_(window.CurrentDocument()), dialogs_(dialogs), folder_(folder), delays_(delays),
+      file_(folder) {
     timer_.setSingleShot(true);
     connect(&timer_, &QTimer::timeout, this, &DesignKeeper::Keep);
-    connect(&window, &frmMain::DesignChanged, this, &DesignKeeper::TakeNote);
+    document_.AddListener(*this);
 }
 
 DesignKeeper::~DesignKeeper() {
+    document_.RemoveListener(*this);
     if (writing_.valid())
         writing_.wait();
 }
 
-void DesignKeeper::TakeNote() {
+void DesignKeeper::DocumentChanged(const DocumentChange& change) {
+    if (!change.design.Any() && !change.file)
+        return;
     if (!sinceChange_.isValid())
         sinceChange_.start();
-    if (!window_.Model().IsChanged())
+    if (!document_.IsChanged())
         Keep();
     else if (!timer_.isActive())
-        timer_.start(delay);
+        timer_.start(delays_.afterChange);
 }
 
 void DesignKeeper::Keep() {
     if (isWriting_)
         return; // its end leads here again
-    if (!window_.Model().IsChanged()) {
+    if (!document_.IsChanged()) {
         timer_.stop();
         sinceChange_.invalidate();
         file_.Remove();
         return;
     }
-    if (window_.Canvas().IsInGesture() && !sinceChange_.hasExpired(std::chrono::milliseconds(longestDelay).count())) {
-        timer_.start(delayDuringGesture);
+    if (document_.IsInGesture() && !sinceChange_.hasExpired(delays_.longest.count())) {
+        timer_.start(delays_.duringGesture);
         return;
     }
     const std::optional<RuntimeError> error = ErrorOf([this] {
-        writing_ = std::async(std::launch::async, [this, snapshot = TakeSnapshot(window_.Model())] {
-            const std::optional<RuntimeError> failure = ErrorOf([&] { file_.Write(snapshot); });
+        const OpenDesign design{document_.Model(), document_.FilePath()};
+        writing_ = std::async(std::launch::async, [this, design] {
+            const std::optional<RuntimeError> failure = ErrorOf([&] { file_.Write(SnapshotOf(design)); });
             QMetaObject::invokeMethod(
                 this, [this, text = failure ? failure->Description() : ""] { Kept(text); }, Qt::QueuedConnection);
         });
@@ -76,12 +74,12 @@ void DesignKeeper::Keep() {
 void DesignKeeper::Kept(const std::string& failure) {
     isWriting_ = false;
     TellFailure(failure);
-    if (!window_.Model().IsChanged())
+    if (!document_.IsChanged())
         Keep();
     else if (!failure.empty())
-        timer_.start(delayAfterFailure);
+        timer_.start(delays_.afterFailure);
     else if (sinceChange_.isValid() && !timer_.isActive())
-        timer_.start(delay);
+        timer_.start(delays_.afterChange);
 }
 
 /// Working goes on without recovery; one message a failure says so, and no more until writing has worked again.
@@ -104,19 +102,22 @@ void DesignKeeper::OfferLeftDesigns() {
 
 /// Whether the next one shall be offered.
 bool DesignKeeper::Offer(const LeftDesign& left, std::size_t others) {
-    ProjectModel design;
+    OpenDesign design;
     if (ErrorOf([&] { design = ReadDesign(left); })) {
         SetAsideDamaged(left);
         return true;
     }
-    frmRecovery form(design.FilePath(), left.written, others, &window_);
+    frmRecovery form(design.filePath, left.written, others, &window_);
     form.exec();
     if (form.Chosen() == frmRecovery::Answer::Restore) {
         // The new recovery file first: between the two there is no moment without one.
-        const std::string snapshot = TakeSnapshot(design);
-        window_.Run([&] { window_.Model() = std::move(design); });
-        window_.LoadProperties();
-        if (!ErrorOf([&] { file_.Write(snapshot); }))
+        window_.Run([&] {
+            document_.Replace("Entwurf wiederherstellen", [&](ProjectModel& model) {
+                model = design.model;
+                return Document::Origin{.path = design.filePath};
+            });
+        });
+        if (!ErrorOf([&] { file_.Write(SnapshotOf(design)); }))
             Discard(left);
         return false;
     }

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "designer/Document.h"
 #include "project/Recovery.h"
 
 #include <QElapsedTimer>
 #include <QObject>
 #include <QTimer>
 
+#include <chrono>
 #include <future>
 #include <vector>
 
@@ -14,22 +16,32 @@ namespace pirol {
 class cCommonDialog;
 class frmMain;
 
+/// How long a change waits until it is kept.
+struct KeepingDelays {
+    std::chrono::milliseconds afterChange{2000};
+    /// A drag is not held up by the keeping, but one that goes on and on is kept all the same.
+    std::chrono::milliseconds duringGesture{200};
+    std::chrono::milliseconds longest{5000};
+    std::chrono::milliseconds afterFailure{10000};
+};
+
 /// Keeps the design in the recovery file while the user works, at most a few seconds old, and offers at the start what
-/// killed programs have left. A design without unsaved changes has no recovery file. Only taking the snapshot costs the
-/// user's time; the disk is written to in the background.
-class DesignKeeper : public QObject {
+/// killed programs have left. A design without unsaved changes has no recovery file. What is written is a copy of the
+/// design, in the background.
+class DesignKeeper : public QObject, private DocumentListener {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(DesignKeeper)
 
   public:
-    DesignKeeper(frmMain& window, cCommonDialog& dialogs, const std::filesystem::path& folder);
+    DesignKeeper(frmMain& window, cCommonDialog& dialogs, const std::filesystem::path& folder,
+                 const KeepingDelays& delays = {});
     ~DesignKeeper() override;
 
     /// Offers the left designs one after another, the newest first, until one is restored or put off.
     void OfferLeftDesigns();
 
   private:
-    void TakeNote();
+    void DocumentChanged(const DocumentChange& change) override;
     void Keep();
     void Kept(const std::string& failure);
     void TellFailure(const std::string& failure);
@@ -37,8 +49,10 @@ class DesignKeeper : public QObject {
     void SetAsideDamaged(const LeftDesign& left);
 
     frmMain& window_;
+    Document& document_;
     cCommonDialog& dialogs_;
     std::filesystem::path folder_;
+    KeepingDelays delays_;
     RecoveryFile file_;
     QTimer timer_;
     QElapsedTimer sinceChange_; ///< valid when there are changes that the recovery file lacks

@@ -1,8 +1,8 @@
 #include "ui/main/frmMain.h"
 
+#include "app/ExportCommands.h"
 #include "app/FileCommands.h"
 #include "codegen/Hints.h"
-#include "codegen/JavaImport.h"
 #include "designer/MainLayout.h"
 #include "project/ProjectFile.h"
 #include "ui/canvas/picContainer.h"
@@ -85,7 +85,7 @@ void SetText(QLabel* panel, const QString& text) {
 } // namespace
 
 frmMain::frmMain(cCommonDialog& dialogs, ProgramStarter& starter, const Preferences& preferences)
-    : dialogs_(dialogs), starter_(starter), canvas_(model_, [this] { LoadProperties(); }) {
+    : dialogs_(dialogs), starter_(starter), canvas_(document_) {
     setObjectName("frmMain");
     BuildSurface();
     BuildStatusBar();
@@ -100,13 +100,17 @@ frmMain::frmMain(cCommonDialog& dialogs, ProgramStarter& starter, const Preferen
     resize(firstSize.boundedTo(QGuiApplication::primaryScreen()->availableSize()));
     SetPreferences(preferences);
     picContainer_->setFocus();
+    document_.AddListener(*this);
     LoadProperties();
-    ShowDesign();
+    LayOut();
+    ShowFileAndHistory();
+    ShowStatus();
 }
 
 frmMain::~frmMain() {
     // An editor that is open hands over its value when it is hidden, and the design must still be there then.
     hide();
+    document_.RemoveListener(*this);
 }
 
 void frmMain::SetPreferences(const Preferences& preferences) {
@@ -139,8 +143,8 @@ void frmMain::BuildSurface() {
     picFrame_->setAutoFillBackground(true);
     picFrame_->setBackgroundRole(QPalette::Midlight);
     viewport_ = new QWidget(picFrame_);
-    picContainer_ = new picContainer(canvas_, model_, viewport_);
-    connect(picContainer_, &picContainer::Handled, this, &frmMain::ShowDesign);
+    picContainer_ = new picContainer(canvas_, document_.Model(), viewport_);
+    connect(picContainer_, &picContainer::Handled, this, &frmMain::ShowStatus);
     connect(picContainer_, &picContainer::SelectionMovedByKey, this, &frmMain::ScrollToSelection);
     connect(picContainer_, &picContainer::EnterPressed, this, [this] { plProperties_->setFocus(Qt::TabFocusReason); });
 
@@ -202,7 +206,7 @@ void frmMain::keyPressEvent(QKeyEvent* event) {
 }
 
 void frmMain::LayOut() {
-    designedSize_ = QSize(model_.WindowWidth(), model_.WindowHeight());
+    designedSize_ = QSize(Model().WindowWidth(), Model().WindowHeight());
     const MainLayout layout = LayOutMainWindow(surface_->width(), surface_->height() + rowHeight, designedSize_.width(),
                                                designedSize_.height());
     const QRect headings = ToRect(layout.headings);
@@ -240,7 +244,7 @@ void frmMain::ScrollToSelection() {
     const std::optional<ComponentRef> selected = canvas_.Selected();
     if (!selected)
         return;
-    const Rectangle box = model_.VisibleBox(*selected);
+    const Rectangle box = Model().VisibleBox(*selected);
     hScroll_->setValue(
         BarValueToShow(box.left, box.Right(), viewport_->width(), hScroll_->value(), hScroll_->maximum()));
     vScroll_->setValue(
@@ -250,41 +254,44 @@ void frmMain::ScrollToSelection() {
 // --- Bringing the window up to date -----------------------------------------------------------------------------
 
 bool frmMain::Run(const std::function<void()>& operation) {
-    return ReportErrors(this, [&] {
-        // Behind a report the window shows the design as the failed operation left it.
-        try {
-            operation();
-        } catch (...) {
-            ShowDesign();
-            throw;
-        }
-        ShowDesign();
-    });
+    return ReportErrors(this, operation);
 }
 
-void frmMain::ShowDesign() {
-    const std::vector<Change> changes = canvas_.TakeChanges();
-    picContainer_->ShowChanges(changes);
-    if (designedSize_ != QSize(model_.WindowWidth(), model_.WindowHeight()))
+/// Behind a report, too, the window shows the design as the failed operation left it.
+void frmMain::DocumentChanged(const DocumentChange& change) {
+    picContainer_->ShowChange(change);
+    if (designedSize_ != QSize(Model().WindowWidth(), Model().WindowHeight()))
         LayOut();
-    const bool announces = !changes.empty() || isWindowModified() != model_.IsChanged();
-    if (!changes.empty())
+    if (change.file || change.history)
+        ShowFileAndHistory();
+    if (change.design.menus || change.design.sql)
+        RefreshCodeMenu();
+    if (change.design.Any())
         hintTimer_.start();
-    setWindowModified(model_.IsChanged());
-    const QString path = ToText(model_.FilePath());
+    if (change.properties)
+        LoadProperties();
+    ShowStatus();
+}
+
+void frmMain::ShowFileAndHistory() {
+    setWindowModified(document_.IsChanged());
+    const QString path = ToText(document_.FilePath());
     const QString title = (path.isEmpty() ? "Neues Projekt" : QFileInfo(path).fileName()) + "[*] – Pirol";
     if (windowTitle() != title)
         setWindowTitle(title);
-    ShowStatus();
-    if (announces)
-        emit DesignChanged();
+    const auto show = [this](const char* command, bool enabled, const QString& caption, const std::string& label) {
+        Command(command)->setEnabled(enabled);
+        Command(command)->setText(label.empty() ? caption : caption + ": " + ToText(label).replace('&', "&&"));
+    };
+    show("mnuEditUndo", document_.CanUndo(), "&Rückgängig", document_.UndoLabel());
+    show("mnuEditRedo", document_.CanRedo(), "&Wiederholen", document_.RedoLabel());
 }
 
 void frmMain::ShowStatus() {
     QString hint = "Rechteck aufziehen oder Einfg: neue Komponente    Tab: Komponente wählen";
     QString selection = "Kein Objekt gewählt";
     if (const std::optional<ComponentRef> selected = canvas_.Selected()) {
-        const Control& control = model_.Element(*selected);
+        const Control& control = Model().Element(*selected);
         hint = "Pfeile: verschieben    Umschalt+Pfeile: Größe    Eingabe: Eigenschaften    Entf: löschen";
         selection = QString("%1 (%2)").arg(ToText(control.ObjectName), ToText(RowOf(control.Kind()).menuLabel));
     }
@@ -298,7 +305,7 @@ void frmMain::ShowHints() {
     if (canvas_.IsInGesture())
         hintTimer_.start();
     else
-        ReportErrors(this, [this] { lstHints_->ShowHints(FindHints(model_, options_)); });
+        ReportErrors(this, [this] { lstHints_->ShowHints(FindHints(Model(), document_.FilePath(), options_)); });
 }
 
 void frmMain::GoTo(const Hint& hint) {
@@ -306,7 +313,7 @@ void frmMain::GoTo(const Hint& hint) {
         statusBar()->showMessage(ToText(WhereToMend(hint.subject)), hintMessageTime);
         return;
     }
-    Run([&] { canvas_.Select(*hint.component); });
+    Run([&] { document_.Select(hint.component); });
     ScrollToSelection();
     plProperties_->ShowProperty(hint.property);
     plProperties_->setFocus(Qt::OtherFocusReason);
@@ -316,41 +323,38 @@ void frmMain::GoTo(const Hint& hint) {
 
 std::string frmMain::GenerateCode() {
     std::string source;
-    Run([&] { source = pirol::GenerateCode(model_, options_); });
+    Run([&] { source = pirol::GenerateCode(Model(), options_); });
     return source;
 }
 
 std::string frmMain::GeneratePRLCode() {
     std::string bytes;
-    Run([&] { bytes = pirol::GeneratePRLCode(model_); });
+    Run([&] { bytes = pirol::GeneratePRLCode(Model()); });
     return bytes;
 }
 
 void frmMain::ReadPRLFile(const std::string& path) {
     Run([&] {
         frmLoading progress(this);
-        LoadProject(path, model_, dialogs_, &progress);
+        LoadProject(path, document_, dialogs_, &progress);
     });
-    LoadProperties();
 }
 
 void frmMain::AnalyseCode(const std::string& source) {
-    Run([&] { pirol::AnalyseCode(source, model_); });
-    LoadProperties();
+    Run([&] { pirol::AnalyseCode(source, document_); });
 }
 
 void frmMain::LoadProperties() {
-    ReportErrors(this, [this] { plProperties_->ShowRows(pirol::LoadProperties(model_, canvas_.Selected())); });
+    ReportErrors(this, [this] { plProperties_->ShowRows(pirol::LoadProperties(Model(), document_.Selected())); });
 }
 
 void frmMain::ChangeProperty(const std::string& key, const std::string& value) {
     std::string refusal;
-    ReportErrorsLater(this, [&] { refusal = PropertyChanged(model_, canvas_.Selected(), key, value); });
+    ReportErrorsLater(this, [&] { refusal = PropertyChanged(document_, key, value); });
     if (!refusal.empty())
         QTimer::singleShot(0, this, [this, refusal] { dialogs_.Information(refusal); });
     // Refused or not, the list shows what the component holds now.
     LoadProperties();
-    ShowDesign();
 }
 
 } // namespace pirol

@@ -5,7 +5,7 @@
 #include "app/ProgramStarter.h"
 #include "codegen/JavaGenerator.h"
 #include "designer/DesignCanvas.h"
-#include "model/ProjectModel.h"
+#include "designer/Document.h"
 
 #include <QMainWindow>
 #include <QSize>
@@ -29,9 +29,9 @@ class tbComponents;
 struct Hint;
 
 /// The main window. It owns the design and everything around it: toolbar, canvas with its scroll bars, property list,
-/// list of hints, status bar and the menu with every command of the program. A command is a function of the same name;
-/// one that has no function yet is disabled.
-class frmMain : public QMainWindow {
+/// list of hints, status bar and the menu with every command of the program. A command is a function of the same name.
+/// All its parts show the document: it is told of every change and passes on what they need.
+class frmMain : public QMainWindow, private DocumentListener {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(frmMain)
 
@@ -39,7 +39,8 @@ class frmMain : public QMainWindow {
     frmMain(cCommonDialog& dialogs, ProgramStarter& starter, const Preferences& preferences = {});
     ~frmMain() override;
 
-    ProjectModel& Model() { return model_; }
+    Document& CurrentDocument() { return document_; }
+    const ProjectModel& Model() const { return document_.Model(); }
     DesignCanvas& Canvas() { return canvas_; }
     const CodeOptions& Options() const { return options_; }
     const Preferences& CurrentPreferences() const { return preferences_; }
@@ -60,15 +61,8 @@ class frmMain : public QMainWindow {
     /// Shows the properties of the selected component.
     void LoadProperties();
 
-    /// Runs an operation, shows the error report when it fails, and brings the window up to date with the design.
-    /// False when it failed.
+    /// Runs an operation and shows the error report when it fails. False when it failed.
     bool Run(const std::function<void()>& operation);
-    /// Brings the window up to date with the design, the selection and the canvas's state.
-    void ShowDesign();
-
-  signals:
-    /// The design was changed, or what it was changed to has been saved.
-    void DesignChanged();
 
   protected:
     bool event(QEvent* event) override;
@@ -82,6 +76,7 @@ class frmMain : public QMainWindow {
     void BuildMenus();
     void BuildSurface();
     void BuildStatusBar();
+    void DocumentChanged(const DocumentChange& change) override;
     void AddCommand(QMenu* menu, const CommandRow& row);
     void AddKindCommands(QMenu* menu);
     QAction* Command(const QString& name) const;
@@ -91,6 +86,7 @@ class frmMain : public QMainWindow {
     void ShowScrolledCanvas();
     void ScrollToSelection();
     void ShowStatus();
+    void ShowFileAndHistory();
     void ShowHints();
     void GoTo(const Hint& hint);
     void ChangeProperty(const std::string& key, const std::string& value);
@@ -109,6 +105,8 @@ class frmMain : public QMainWindow {
     void mnuFileStartBlueJ();
     void mnuFileOptions();
     void mnuFileEnd();
+    void mnuEditUndo();
+    void mnuEditRedo();
     void mnuViewShowGrid();
     void mnuObjectsGrid();
     void mnuProjectSettings();
@@ -129,7 +127,7 @@ class frmMain : public QMainWindow {
 
     cCommonDialog& dialogs_;
     ProgramStarter& starter_;
-    ProjectModel model_;
+    Document document_;
     CodeOptions options_;
     Preferences preferences_;
     DesignCanvas canvas_;

@@ -22,12 +22,12 @@ namespace pirol {
 struct frmMain::CommandRow {
     enum Type { Menu, Command, CheckItem };
 
-    const char* name = nullptr;    ///< null for a line
-    const char* caption = nullptr; ///< with the mnemonic
-    const char* icon = nullptr;    ///< the name of its drawing
-    const char* shortcut = nullptr;
+    const char* name = nullptr;     ///< null for a line
+    const char* caption = nullptr;  ///< with the mnemonic
+    const char* icon = nullptr;     ///< the name of its drawing
+    const char* shortcut = nullptr; ///< one or more, with "; " between them
     const char* statusTip = nullptr;
-    void (frmMain::*run)() = nullptr; ///< null for a menu and for a command that is not there yet
+    void (frmMain::*run)() = nullptr; ///< null for a menu
     Type type = Command;
 };
 
@@ -46,6 +46,10 @@ struct frmMain::CommandTable {
         {"mnuFileOptions",     "&Optionen …",             "preferences", "",       "Stellt das Gitternetz und den BlueJ-Pfad ein", &frmMain::mnuFileOptions},
         {},
         {"mnuFileEnd",         "&Beenden",                "exit",        "Ctrl+Q", "Beendet Pirol, ohne den Entwurf zu speichern", &frmMain::mnuFileEnd},
+
+        {"mnuEdit", "&Bearbeiten", "", "", "", nullptr, CommandRow::Menu},
+        {"mnuEditUndo",        "&Rückgängig",             "undo",        "Ctrl+Z", "Nimmt den letzten Schritt zurück", &frmMain::mnuEditUndo},
+        {"mnuEditRedo",        "&Wiederholen",            "redo",        "Ctrl+Y; Ctrl+Shift+Z", "Führt den zuletzt zurückgenommenen Schritt wieder aus", &frmMain::mnuEditRedo},
 
         {"mnuView", "&Ansicht", "", "", "", nullptr, CommandRow::Menu},
         {"mnuViewShowGrid",    "&Gitternetz anzeigen",    "grid",        "Ctrl+G", "Zeigt oder verbirgt das Gitternetz auf dem Fenster", &frmMain::mnuViewShowGrid, CommandRow::CheckItem},
@@ -105,7 +109,6 @@ void frmMain::BuildMenus() {
     AddKindCommands(findChild<QMenu*>("mnuObjects"));
     Command("mnuViewShowGrid")->setChecked(canvas_.ShowsGrid());
     Command("mnuObjectsGrid")->setChecked(canvas_.SnapsToGrid());
-    connect(findChild<QMenu*>("mnuCode"), &QMenu::aboutToShow, this, &frmMain::RefreshCodeMenu);
     RefreshCodeMenu();
     tbComponents_->PressButton(canvas_.CurrentKind());
 }
@@ -114,18 +117,16 @@ void frmMain::AddCommand(QMenu* menu, const CommandRow& row) {
     // NOLINTNEXTLINE(clang-analyzer-core.CallAndMessage): the first row is a menu
     QAction* action = menu->addAction(row.caption);
     action->setObjectName(row.name);
-    action->setShortcut(QKeySequence(row.shortcut));
+    action->setShortcuts(QKeySequence::listFromString(row.shortcut));
     action->setStatusTip(row.statusTip);
     action->setCheckable(row.type == CommandRow::CheckItem);
-    action->setEnabled(row.run != nullptr);
-    if (row.run != nullptr)
-        connect(action, &QAction::triggered, this, [this, run = row.run] {
-            // A shortcut leaves the focus where it is; what is being typed there counts all the same.
-            plProperties_->FinishEditing();
-            (this->*run)();
-            // The marks of the code menu and the project's folder count for the hints, too.
-            hintTimer_.start();
-        });
+    connect(action, &QAction::triggered, this, [this, run = row.run] {
+        // A shortcut leaves the focus where it is; what is being typed there counts all the same.
+        plProperties_->FinishEditing();
+        (this->*run)();
+        // The marks of the code menu and the project's folder count for the hints, too.
+        hintTimer_.start();
+    });
     // Drawings cost time at the start, and most menus are never opened.
     connect(menu, &QMenu::aboutToShow, action, [action, icon = row.icon] {
         if (action->icon().isNull() && *icon != '\0')
@@ -179,26 +180,32 @@ void frmMain::ChooseKindByMenu(int entry) {
 // --- The commands -----------------------------------------------------------------------------------------------
 
 void frmMain::mnuFileNew() {
-    Run([this] {
-        canvas_.Deselect();
-        model_.Reset();
-    });
+    Run([this] { NewProject(document_); });
 }
 
 void frmMain::mnuFileOpen() {
     Run([this] {
         frmLoading progress(this);
-        OpenProject(model_, dialogs_, &progress);
+        OpenProject(document_, dialogs_, &progress);
     });
-    LoadProperties();
 }
 
 void frmMain::mnuFileSave() {
-    Run([this] { SaveProject(model_, dialogs_); });
+    Run([this] { SaveProject(document_, dialogs_); });
 }
 
 void frmMain::mnuFileEnd() {
     close();
+}
+
+void frmMain::mnuEditUndo() {
+    Run([this] { document_.Undo(); });
+    ScrollToSelection();
+}
+
+void frmMain::mnuEditRedo() {
+    Run([this] { document_.Redo(); });
+    ScrollToSelection();
 }
 
 void frmMain::mnuViewShowGrid() {
@@ -228,8 +235,8 @@ void frmMain::mnuCodeGenerate() {
 }
 
 void frmMain::RefreshCodeMenu() {
-    Command("mnuCodeMenu")->setEnabled(!model_.Menus().IsEmpty());
-    Command("mnuCodeSQL")->setEnabled(!model_.Sql().Server.empty());
+    Command("mnuCodeMenu")->setEnabled(!Model().Menus().IsEmpty());
+    Command("mnuCodeSQL")->setEnabled(!Model().Sql().Server.empty());
 }
 
 void frmMain::mnuWindowSize0() {

@@ -13,8 +13,7 @@ namespace pirol {
 // --- Java and BlueJ ---------------------------------------------------------------------------------------------
 
 void frmMain::mnuFileImportJava() {
-    Run([this] { ImportJava(model_, dialogs_); });
-    LoadProperties();
+    Run([this] { ImportJava(document_, dialogs_); });
 }
 
 void frmMain::mnuFileStartBlueJ() {
@@ -22,19 +21,19 @@ void frmMain::mnuFileStartBlueJ() {
 }
 
 void frmMain::mnuProjectExportBlueJ() {
-    Run([this] { ExportBlueJ(model_, options_, preferences_.BlueJPath, dialogs_, starter_); });
+    Run([this] { ExportBlueJ(Model(), options_, preferences_.BlueJPath, dialogs_, starter_); });
 }
 
 void frmMain::mnuProjectExportJava() {
-    Run([this] { ExportJava(model_, options_, dialogs_); });
+    Run([this] { ExportJava(Model(), options_, dialogs_); });
 }
 
 void frmMain::mnuProjectExportText() {
-    Run([this] { ExportText(model_, options_, dialogs_); });
+    Run([this] { ExportText(Model(), options_, dialogs_); });
 }
 
 // --- Dialogs ----------------------------------------------------------------------------------------------------
-// The dialogs work on copies, so that one which is cancelled does not count as a change of the design.
+// The dialogs work on copies, so that a cancelled one changes nothing.
 
 void frmMain::mnuFileOptions() {
     Preferences preferences = preferences_;
@@ -43,26 +42,31 @@ void frmMain::mnuFileOptions() {
 }
 
 void frmMain::mnuProjectSettings() {
-    const WindowSettings stored = {model_.WindowWidth(), model_.WindowHeight(), model_.Author()};
-    frmProjectSettings form(stored, this);
-    if (form.exec() != QDialog::Accepted || form.Settings() == stored)
+    frmProjectSettings form({Model().WindowWidth(), Model().WindowHeight(), Model().Author()}, this);
+    if (form.exec() != QDialog::Accepted)
         return;
     Run([this, &settings = form.Settings()] {
-        model_.SetWindowSize(settings.Width, settings.Height);
-        model_.SetAuthor(settings.Author);
+        document_.Edit("Projekteinstellungen ändern", [&](ProjectModel& model) {
+            model.SetWindowSize(settings.Width, settings.Height);
+            model.SetAuthor(settings.Author);
+        });
     });
 }
 
 void frmMain::mnuFunctionsMenuGenerator() {
-    MenuBar bar = model_.Menus();
-    if (frmMenuGenerator(bar, dialogs_, this).exec() == QDialog::Accepted && bar != model_.Menus())
-        Run([this, &bar] { model_.EditMenus() = std::move(bar); });
+    MenuBar bar = Model().Menus();
+    if (frmMenuGenerator(bar, dialogs_, this).exec() == QDialog::Accepted)
+        Run([this, &bar] {
+            document_.Edit("Menüleiste ändern", [&bar](ProjectModel& model) { model.EditMenus() = std::move(bar); });
+        });
 }
 
 void frmMain::mnuFunctionsSQLGenerator() {
-    SQLSettings settings = model_.Sql();
-    if (frmSQLGenerator(settings, this).exec() == QDialog::Accepted && settings != model_.Sql())
-        Run([this, &settings] { model_.EditSql() = settings; });
+    SQLSettings settings = Model().Sql();
+    if (frmSQLGenerator(settings, this).exec() == QDialog::Accepted)
+        Run([this, &settings] {
+            document_.Edit("Datenbankzugriff ändern", [&](ProjectModel& model) { model.EditSql() = settings; });
+        });
 }
 
 void frmMain::mnuHelpHandbook() {

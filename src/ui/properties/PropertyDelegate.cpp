@@ -75,6 +75,12 @@ void PaintButton(QPainter& painter, const QStyleOptionViewItem& option) {
     StyleOf(option).drawControl(QStyle::CE_PushButton, &button, &painter, option.widget);
 }
 
+/// An editor that has nothing to undo or redo leaves the keys to the design's history.
+bool BelongsToHistory(const QLineEdit& line, const QKeyEvent& key) {
+    return (key.matches(QKeySequence::Undo) && !line.isUndoAvailable()) ||
+           (key.matches(QKeySequence::Redo) && !line.isRedoAvailable());
+}
+
 } // namespace
 
 QRect PropertyDelegate::ButtonRect(const QRect& cell) {
@@ -163,6 +169,12 @@ void PropertyDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionV
 }
 
 bool PropertyDelegate::eventFilter(QObject* editor, QEvent* event) {
+    if (const auto* line = qobject_cast<QLineEdit*>(editor); line != nullptr &&
+                                                             event->type() == QEvent::ShortcutOverride &&
+                                                             BelongsToHistory(*line, *static_cast<QKeyEvent*>(event))) {
+        event->ignore();
+        return true;
+    }
     // In a single line the arrows have nothing to do; they walk the list, and Alt+Down and F4 open the row's dialog.
     if (auto* line = qobject_cast<QLineEdit*>(editor); line != nullptr && event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
