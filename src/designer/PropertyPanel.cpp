@@ -2,6 +2,7 @@
 
 #include "base/Conversions.h"
 #include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "designer/ListEditorModel.h"
 
 #include <algorithm>
@@ -10,8 +11,6 @@ namespace pirol {
 namespace {
 
 constexpr std::string_view loadLabel = "Main.File.Properties.LoadProperties";
-
-constexpr std::string_view ellipsis = "…";
 
 PropertyPanelRow Category(std::string_view key, std::string_view caption) {
     return {key, caption, true, {}, {}, {}};
@@ -53,8 +52,7 @@ bool IsNameTaken(const ProjectModel& model, const Control& by, std::string_view 
 }
 
 bool IsOneCharacter(std::string_view text) {
-    // Every byte of a character but its first one begins with the bits 10.
-    return std::count_if(text.begin(), text.end(), [](char byte) { return (byte & 0xC0) != 0x80; }) == 1;
+    return std::count_if(text.begin(), text.end(), BeginsCharacter) == 1;
 }
 
 std::string Refusal(const ProjectModel& model, const Control& control, std::string_view key, std::string_view value) {
@@ -81,15 +79,6 @@ std::string TakenValue(ComponentKind kind, const PropertyRow& row, std::string_v
     Control& control = trial.EditElement(trial.AddElement(kind));
     row.set(control, text);
     return row.get(control);
-}
-
-/// Cuts before the byte count, but never within a character.
-std::string Shortened(std::string_view text, std::size_t mostBytes) {
-    if (text.size() <= mostBytes)
-        return std::string(text);
-    while (mostBytes > 0 && (text[mostBytes] & 0xC0) == 0x80)
-        --mostBytes;
-    return std::string(text.substr(0, mostBytes)).append(ellipsis);
 }
 
 /// The captions of a list's rows, or what its first field holds when the rows have none.

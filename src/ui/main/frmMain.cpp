@@ -36,10 +36,6 @@ constexpr int hintDelay = 250;
 /// Milliseconds for which the status bar says where to follow a hint.
 constexpr int hintMessageTime = 10000;
 
-QRect ToRect(const Rectangle& box) {
-    return {box.left, box.top, box.width, box.height};
-}
-
 /// A bar of the canvas. While there is nothing to scroll it is an empty strip: the style has many gradients for a bar
 /// that does nothing, and Qt starts threads to fill each of them.
 class CanvasBar final : public QScrollBar {
@@ -111,8 +107,7 @@ frmMain::~frmMain() {
 
 void frmMain::SetPreferences(const Preferences& preferences) {
     preferences_ = preferences;
-    const auto part = [color = preferences.GridColor](int shift) { return static_cast<int>(color >> shift & 0xFF); };
-    picContainer_->SetGrid(preferences.GridStyle, QColor(part(0), part(8), part(16)));
+    picContainer_->SetGrid(preferences.GridStyle, ToColor(preferences.GridColor));
 }
 
 void frmMain::BuildSurface() {
