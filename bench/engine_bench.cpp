@@ -103,7 +103,7 @@ void WriteProject(benchmark::State& state) {
 void Snapshot(benchmark::State& state) {
     const ProjectModel model = MixedDesign(Components(state));
     while (state.KeepRunning())
-        benchmark::DoNotOptimize(TakeSnapshot(model));
+        benchmark::DoNotOptimize(SnapshotOf(model));
     CountComponents(state);
 }
 

@@ -69,9 +69,9 @@ const std::map<std::string_view, void (*)()> operations = {
          Load();
          // What a normal end would clear away stays, as if the program were killed behind the operation.
          static auto* const kept = new RecoveryFile(RecoveryFolder());
-         kept->Write(TakeSnapshot(model));
+         kept->Write(SnapshotOf(model));
          model.SetAuthor("new");
-         kept->Write(TakeSnapshot(model));
+         kept->Write(SnapshotOf(model));
      }},
     {"restore",
      [] {

@@ -25,7 +25,7 @@ class Recovery : public testing::Test {
     void Leave(const std::string& name, const std::string& author) {
         const test::ScratchFolder other;
         RecoveryFile file(other / "recovery");
-        file.Write(TakeSnapshot(Design(author)));
+        file.Write(SnapshotOf(Design(author)));
         fs::create_directories(folder_);
         for (const fs::path& path : FilesIn(other / "recovery"))
             if (path.extension() == ".design")
@@ -51,13 +51,13 @@ TEST_F(Recovery, NothingIsLeftByLivingProgramsAndByNormalEnds) {
         EXPECT_FALSE(fs::exists(folder_)) << "made before there is something to keep";
         // A folder that cannot be made is an error and may come later.
         CreateFileBytes(scratch_ / "state", "x");
-        const auto write = [&first] { first.Write(TakeSnapshot(Design("old"))); };
+        const auto write = [&first] { first.Write(SnapshotOf(Design("old"))); };
         for (int attempt = 0; attempt < 2; ++attempt)
             EXPECT_EQ(test::ErrorOf(write), "Fehler 76: Pfad nicht gefunden");
         fs::remove(scratch_ / "state");
         EXPECT_EQ(test::ErrorOf(write), "");
-        first.Write(TakeSnapshot(Design("new")));
-        second.Write(TakeSnapshot(Design("other")));
+        first.Write(SnapshotOf(Design("new")));
+        second.Write(SnapshotOf(Design("other")));
         EXPECT_TRUE(LeftDesigns(folder_).empty());
         EXPECT_EQ(FilesIn(folder_).size(), 4U);
         second.Remove();
@@ -88,12 +88,12 @@ TEST_F(Recovery, LeftDesignsAreOfferedToOneProgramTheNewestFirst) {
 
 TEST_F(Recovery, ALeftDesignIsNotOverwrittenByAProgramOfTheSameNumber) {
     RecoveryFile first(folder_);
-    first.Write(TakeSnapshot(Design("first")));
+    first.Write(SnapshotOf(Design("first")));
     const std::string own = TextOf(FilesIn(folder_)[0].filename());
     const std::string number = own.substr(0, own.find('-'));
     Leave(number + "-1", "left");
     RecoveryFile second(folder_);
-    second.Write(TakeSnapshot(Design("second")));
+    second.Write(SnapshotOf(Design("second")));
     EXPECT_TRUE(fs::exists(folder_ / (number + "-2.design")));
     EXPECT_EQ(AuthorsOf(LeftDesigns(folder_)), "left ");
 }

@@ -49,9 +49,9 @@ ProjectModel FullDesign() {
             Control& control = model.EditElement(component);
             for (const auto* rows : {&CommonRows(), &control.Table().Rows()})
                 for (const PropertyRow& property : *rows) {
-                    const std::string before = TakeSnapshot(model);
+                    const std::string before = SnapshotOf(model);
                     property.set(control, OtherValue(property, control, round));
-                    EXPECT_TRUE(round != 2 || TakeSnapshot(model) != before) << property.key->label;
+                    EXPECT_TRUE(round != 2 || SnapshotOf(model) != before) << property.key->label;
                 }
             if (round % 2 == 1)
                 model.DeleteComponent(component);
@@ -61,7 +61,7 @@ ProjectModel FullDesign() {
 
 TEST(Snapshot, HoldsAllOfADesign) {
     for (const ProjectModel& model : {ProjectModel(), FullDesign()}) {
-        ProjectModel back = DesignOfSnapshot(TakeSnapshot(model));
+        ProjectModel back = DesignOfSnapshot(SnapshotOf(model));
         EXPECT_TRUE(back == model);
         EXPECT_TRUE(back.CreationOrder() == model.CreationOrder());
         EXPECT_EQ(back.FilePath(), model.FilePath());
@@ -75,7 +75,7 @@ TEST(Snapshot, DamageIsAnErrorOrAnotherDesign) {
     model.EditMenus().Append("Datei", "m").AddEntry("Neu", cMenu::Entry);
     model.PlaceComponent(ComponentKind::OptionGroup, {1, 2, 30, 40});
     model.PlaceComponent(ComponentKind::Table, {1, 2, 30, 40});
-    const std::string snapshot = TakeSnapshot(model);
+    const std::string snapshot = SnapshotOf(model);
     const auto isRefused = [](std::string_view text) {
         return !test::ErrorOf([&] { DesignOfSnapshot(text); }).empty();
     };

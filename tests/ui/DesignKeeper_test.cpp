@@ -46,7 +46,7 @@ class DesignKeeperTest : public QObject {
         model.SetAuthor(author);
         const fs::path elsewhere = *scratch_ / "elsewhere";
         RecoveryFile file(elsewhere);
-        file.Write(TakeSnapshot(model));
+        file.Write(SnapshotOf(model));
         fs::create_directories(folder_);
         fs::copy_file(DesignsIn(elsewhere).at(0), folder_ / name);
     }

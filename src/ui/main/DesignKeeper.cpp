@@ -61,7 +61,7 @@ void DesignKeeper::Keep() {
         return;
     }
     const std::optional<RuntimeError> error = ErrorOf([this] {
-        writing_ = std::async(std::launch::async, [this, snapshot = TakeSnapshot(window_.Model())] {
+        writing_ = std::async(std::launch::async, [this, snapshot = SnapshotOf(window_.Model())] {
             const std::optional<RuntimeError> failure = ErrorOf([&] { file_.Write(snapshot); });
             QMetaObject::invokeMethod(
                 this, [this, text = failure ? failure->Description() : ""] { Kept(text); }, Qt::QueuedConnection);
@@ -113,7 +113,7 @@ bool DesignKeeper::Offer(const LeftDesign& left, std::size_t others) {
     form.exec();
     if (form.Chosen() == frmRecovery::Answer::Restore) {
         // The new recovery file first: between the two there is no moment without one.
-        const std::string snapshot = TakeSnapshot(design);
+        const std::string snapshot = SnapshotOf(design);
         window_.Run([&] { window_.Model() = std::move(design); });
         window_.LoadProperties();
         if (!ErrorOf([&] { file_.Write(snapshot); }))
