@@ -41,10 +41,6 @@ class frmMain : public QMainWindow {
 
     ProjectModel& Model() { return model_; }
     DesignCanvas& Canvas() { return canvas_; }
-    const CodeOptions& Options() const { return options_; }
-    const Preferences& CurrentPreferences() const { return preferences_; }
-    /// Takes over what the user prefers now; a grid that is shown is drawn anew.
-    void SetPreferences(const Preferences& preferences);
 
     // The operations of consequence. Each runs under its error label, shows the error report when it fails, and brings
     // the window up to date.
@@ -79,6 +75,7 @@ class frmMain : public QMainWindow {
     struct CommandRow;
     struct CommandTable;
 
+    void SetPreferences(const Preferences& preferences);
     void BuildMenus();
     void BuildSurface();
     void BuildStatusBar();
