@@ -24,10 +24,7 @@ QString Libraries() {
 
 QLabel* NewHeading(const QString& text, double scale) {
     auto* const heading = new QLabel(text);
-    QFont font = heading->font();
-    font.setBold(true);
-    font.setPointSizeF(font.pointSizeF() * scale);
-    heading->setFont(font);
+    SetOff(heading, scale);
     return heading;
 }
 

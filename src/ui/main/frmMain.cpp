@@ -56,9 +56,7 @@ QScrollBar* NewBar(const char* name, const QString& accessibleName, Qt::Orientat
 QLabel* NewHeading(const char* name, const QString& text, QWidget* parent) {
     auto* label = Named(new QLabel(text, parent), name, text);
     label->setIndent(8);
-    QFont font = label->font();
-    font.setBold(true);
-    label->setFont(font);
+    SetOff(label);
     return label;
 }
 

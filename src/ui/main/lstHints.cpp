@@ -56,9 +56,7 @@ lstHints::lstHints(QWidget* parent)
     heading_->setAutoRaise(true);
     heading_->setCheckable(true);
     heading_->setStatusTip("Zeigt oder verbirgt die Hinweise zum erzeugten Programm");
-    QFont font = heading_->font();
-    font.setBold(true);
-    heading_->setFont(font);
+    SetOff(heading_);
     connect(heading_, &QToolButton::toggled, this, &lstHints::Fold);
 
     list_->setUniformItemSizes(true);

@@ -90,6 +90,13 @@ QLabel* NewNote(const QString& text, int charactersPerLine) {
     return note;
 }
 
+void SetOff(QWidget* heading, double scale) {
+    QFont font = heading->font();
+    font.setBold(true);
+    font.setPointSizeF(font.pointSizeF() * scale);
+    heading->setFont(font);
+}
+
 QLabel* NewPicture(const QPixmap& pixmap) {
     auto* const picture = new QLabel;
     picture->setPixmap(pixmap);

@@ -60,6 +60,9 @@ QLayout* NewButtonRow(std::initializer_list<QPushButton*> buttons);
 /// A label that breaks its lines at the given number of average characters.
 QLabel* NewNote(const QString& text, int charactersPerLine);
 
+/// Sets a heading off: bold and so many times as large.
+void SetOff(QWidget* heading, double scale = 1);
+
 /// A picture that stands beside a text, at its top.
 QLabel* NewPicture(const QPixmap& pixmap);
 
