@@ -15,7 +15,8 @@ namespace pirol {
 
 #ifdef _WIN32
 
-/// Windows gives main the words in the system code page, which loses what it lacks; the call itself holds all.
+/// Windows gives main the words in the system's code page, so characters outside it are lost. The command line itself
+/// holds them all.
 std::vector<std::string> CallWords(int /*argumentCount*/, char** /*arguments*/) {
     int count = 0;
     wchar_t** wide = CommandLineToArgvW(GetCommandLineW(), &count);

@@ -5,7 +5,7 @@
 
 namespace pirol {
 
-/// The words of the program's call behind its own name, in UTF-8, from what main was given.
+/// The words of the program's call without its own name, in UTF-8, from what main was given.
 std::vector<std::string> CallWords(int argumentCount, char** arguments);
 
 /// While it lives, standard output and standard error go out byte for byte, and a Windows console shows them as UTF-8.

@@ -5,8 +5,6 @@
 #include "codegen/JavaImport.h"
 #include "codegen/ProjectExport.h"
 
-#include <filesystem>
-
 namespace pirol {
 namespace {
 
@@ -48,13 +46,6 @@ void ExportFile(const ProjectModel& model, CodeOptions options, const FileDialog
         ExportSource(PathOf(path), GenerateCode(model, options));
 }
 
-/// A path that names no file is no fault here: the preferences have warned of it.
-bool NamesFile(const std::string& path) {
-    std::error_code error;
-    const std::filesystem::file_status status = std::filesystem::status(PathOf(path), error);
-    return !path.empty() && std::filesystem::exists(status) && !std::filesystem::is_directory(status);
-}
-
 } // namespace
 
 void ExportBlueJ(const ProjectModel& model, CodeOptions options, const std::string& blueJPath, cCommonDialog& dialogs,
@@ -63,7 +54,8 @@ void ExportBlueJ(const ProjectModel& model, CodeOptions options, const std::stri
     if (folder.empty())
         return;
     ExportBlueJProject(PathOf(folder), GenerateCode(model, options));
-    if (NamesFile(blueJPath))
+    // A path that names no file is no fault here: the preferences have warned of it.
+    if (IsExistingFile(PathOf(blueJPath)))
         UnderLabel("Main.Project.Export", [&] { starter.Start(blueJPath, folder, ProgramStarter::Window::Minimised); });
 }
 
@@ -76,7 +68,7 @@ void ExportText(const ProjectModel& model, CodeOptions options, cCommonDialog& d
 }
 
 void StartBlueJ(const std::string& blueJPath, ProgramStarter& starter) {
-    if (NamesFile(blueJPath))
+    if (IsExistingFile(PathOf(blueJPath)))
         UnderLabel("Main.File.StartBlueJ", [&] { starter.Start(blueJPath, {}, ProgramStarter::Window::Normal); });
 }
 

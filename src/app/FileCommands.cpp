@@ -5,8 +5,6 @@
 #include "base/RuntimeError.h"
 #include "project/ProjectFile.h"
 
-#include <filesystem>
-
 namespace pirol {
 namespace {
 
@@ -16,12 +14,6 @@ FileDialogSetup ProjectDialog(std::string title) {
             .Flags = FileDialogSetup::FileMustExist,
             .FileName = {},
             .Name = "projectDialog"};
-}
-
-bool IsExistingFile(const std::filesystem::path& path) {
-    std::error_code error;
-    const std::filesystem::file_status status = std::filesystem::status(path, error);
-    return std::filesystem::exists(status) && !std::filesystem::is_directory(status);
 }
 
 } // namespace
@@ -60,9 +52,7 @@ bool OpenProject(Document& document, cCommonDialog& dialogs, LoadingProgress* pr
 
 bool SaveProject(Document& document, cCommonDialog& dialogs) {
     const std::string path = dialogs.ShowSave(ProjectDialog("Projekt speichern"));
-    if (path.empty())
-        return false;
-    if (IsExistingFile(PathOf(path)) && !dialogs.Question("Die Datei existiert bereits! Überschreiben?"))
+    if (path.empty() || !MayReplaceFile(path, dialogs))
         return false;
     const std::string bytes = GeneratePRLCode(document.Model());
     UnderLabel("Main.File.PRL.GeneratePRLCode", [&] { ReplaceFileBytes(PathOf(path), bytes); });

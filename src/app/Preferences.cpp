@@ -29,6 +29,11 @@ bool EndsInProgramName(std::string_view path) {
     return !onWindows && PathOf(path).filename() == "bluej";
 }
 
+bool IsBlueJProgram(std::string_view path) {
+    std::error_code error;
+    return EndsInProgramName(path) && std::filesystem::is_regular_file(PathOf(path), error);
+}
+
 } // namespace
 
 const std::string_view blueJFilter = onWindows ? "BlueJ.exe|BlueJ.exe" : "BlueJ.exe|BlueJ.exe;bluej";
@@ -46,11 +51,6 @@ void Preferences::Save() const {
     registry::WriteNumber(key, gridColorName, static_cast<std::int32_t>(GridColor));
     registry::WriteNumber(key, gridStyleName, GridStyle);
     registry::WriteText(key, blueJPathName, BlueJPath);
-}
-
-bool IsBlueJProgram(std::string_view path) {
-    std::error_code error;
-    return EndsInProgramName(path) && std::filesystem::is_regular_file(PathOf(path), error);
 }
 
 std::string BlueJPathAfterBrowsing(std::string_view current, std::string_view chosen) {

@@ -24,12 +24,9 @@ struct Preferences {
 /// The filter of the dialog in which the user looks for BlueJ.
 extern const std::string_view blueJFilter;
 
-/// True for an existing file whose path ends in "bluej.exe", in any case. Where the system is not Windows, BlueJ's
-/// program is called "bluej" and that name is right too.
-bool IsBlueJProgram(std::string_view path);
-
 /// The path for the dialog's field after the user has looked for BlueJ: the chosen one if it is right, else the old
-/// one.
+/// one. Right is an existing file whose path ends in "bluej.exe", in any case. Where the system is not Windows, BlueJ's
+/// program is called "bluej" and that name is right too.
 std::string BlueJPathAfterBrowsing(std::string_view current, std::string_view chosen);
 
 /// What to tell the user who accepts this path, lines of CR LF; nothing when it is right. It only warns: the path is

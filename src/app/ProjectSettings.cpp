@@ -20,7 +20,7 @@ void Follow(std::string& field, Function&& size) {
     try {
         field = std::to_string(ToInt16(size()));
     } catch (const RuntimeError&) {
-        // Whoever is still typing must not be stopped by a number that is too large; accepting it is what reports it.
+        // A number that is too large must not stop a user who is still typing; accepting the dialog reports it.
     }
 }
 

@@ -27,7 +27,7 @@ void Write(std::string_view key, std::string_view name, const RegistryValue& val
     try {
         WriteValue(key, name, value);
     } catch (const std::exception&) {
-        // The preferences hold for this run; that the next one will not know them is no reason to disturb the user.
+        // The preferences hold for this run. Losing them for the next one is no reason to disturb the user.
     }
 }
 

@@ -37,8 +37,8 @@ std::optional<char> Unescaped(char letter) {
     return std::nullopt;
 }
 
-/// Takes a quoted text off the front of the rest; nothing when none stands there whole.
-std::optional<std::string> TakeQuoted(std::string_view& rest) {
+/// Cuts a quoted text off the front of the rest and gives it; nothing when no whole one stands there.
+std::optional<std::string> NextQuoted(std::string_view& rest) {
     if (!rest.starts_with('"'))
         return std::nullopt;
     std::string text;
@@ -73,10 +73,10 @@ std::optional<RegistryValue> ReadNumberValue(std::string_view text) {
 
 /// The value of a line when it is one of that name.
 std::optional<RegistryValue> ReadLine(std::string_view line, std::string_view name) {
-    if (TakeQuoted(line) != name || !line.starts_with('='))
+    if (NextQuoted(line) != name || !line.starts_with('='))
         return std::nullopt;
     line.remove_prefix(1);
-    if (auto text = TakeQuoted(line); text && line.empty())
+    if (auto text = NextQuoted(line); text && line.empty())
         return *text;
     return ReadNumberValue(line);
 }
@@ -105,7 +105,7 @@ Place FindPlace(std::string_view text, std::string_view key, std::string_view na
     for (std::size_t begin = 0; begin < text.size();) {
         std::size_t end = std::min(text.find('\n', begin), text.size());
         const std::size_t next = end + 1;
-        // All of them: a value written behind a line would take one off, and the line might become a heading.
+        // All of them: writing a value behind this line would take one off, and the line might become a heading.
         while (end > begin && text[end - 1] == '\r')
             --end;
         const std::string_view line = text.substr(begin, end - begin);

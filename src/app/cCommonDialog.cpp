@@ -1,6 +1,7 @@
 #include "app/cCommonDialog.h"
 
 #include "base/Conversions.h"
+#include "base/FileAccess.h"
 
 namespace pirol {
 namespace {
@@ -28,6 +29,10 @@ std::vector<FileFilter> FileFilters(std::string_view filter) {
         filters.push_back({std::string(pieces[index]), std::move(patterns)});
     }
     return filters;
+}
+
+bool MayReplaceFile(std::string_view path, cCommonDialog& dialogs) {
+    return !IsExistingFile(PathOf(path)) || dialogs.Question("Die Datei existiert bereits! Überschreiben?");
 }
 
 } // namespace pirol

@@ -81,4 +81,7 @@ class cCommonDialog {
     virtual bool Question(std::string_view text) = 0;
 };
 
+/// Whether a file may be written: asks the user when the path, UTF-8, names one that is there already.
+bool MayReplaceFile(std::string_view path, cCommonDialog& dialogs);
+
 } // namespace pirol

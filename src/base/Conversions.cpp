@@ -34,7 +34,7 @@ bool RoundsUp(std::string_view fraction, bool odd) {
 } // namespace
 
 std::int16_t ToInt16(std::string_view text) {
-    // Files hold nearly nothing but plain numbers; all that looks different takes the way round.
+    // Nearly all numbers in files are plain; everything else goes the slower way below.
     std::int16_t plain = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), plain);
     if (error == std::errc() && end == text.data() + text.size())

@@ -23,7 +23,7 @@ std::int16_t ToInt16(double value);
 /// Raises RuntimeError::Overflow outside the 16-bit range.
 std::int16_t ToInt16(int value);
 
-/// True when ToInt16 would read the text as a number, be it in the 16-bit range or not.
+/// True when ToInt16 would read the text as a number, whether or not it lies in the 16-bit range.
 bool IsNumeric(std::string_view text);
 
 /// A stored flag is true exactly for "wahr", "true" and "-1", in any case.

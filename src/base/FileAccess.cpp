@@ -24,8 +24,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// No file that belongs to a project comes near; whoever offers an endless device or a wrong file gets a clear error
-/// instead of a machine without memory. The content hash is not defined for longer texts either.
+/// No file of a project comes near this size. An endless device or a wrong file gives a clear error and does not use up
+/// the machine's memory. The content hash is not defined for longer texts either.
 constexpr std::size_t largestFile = std::size_t{1} << 29u;
 
 struct CloseFile {
@@ -47,7 +47,7 @@ struct OpenMode {
     const wchar_t* mode;
 };
 
-/// Not every version of the Windows library knows the mode that refuses existing files; the flag all of them know.
+/// Some versions of the Windows library lack the mode that refuses existing files; all of them have the flag.
 constexpr OpenMode openModes[] = {
     {_O_BINARY | _O_RDONLY, L"rb"},
     {_O_BINARY | _O_RDWR, L"r+b"},
@@ -92,7 +92,7 @@ File TryOpen(const fs::path& path, Purpose purpose) {
 
 #endif
 
-/// When a file cannot be made, what is missing is its folder.
+/// When a file cannot be made because something does not exist, that is its folder.
 RuntimeError WriteError(const std::error_code& code) {
     if (code == std::errc::no_such_file_or_directory)
         return RuntimeError(RuntimeError::PathNotFound);
@@ -117,7 +117,7 @@ void SyncToDisk(std::FILE* file) {
         throw WriteError(LastError());
 }
 
-/// Writes all bytes and sees them to the disk; every failure on the way, the last one at closing included, is an error.
+/// Writes all bytes through to the disk. Every failure on the way is an error, the last one at closing included.
 void WriteAndClose(File file, const std::function<void(const ByteSink&)>& produce) {
     produce([&file](std::string_view bytes) {
         // An empty text may have no place in memory, which the C library does not take.
@@ -175,7 +175,7 @@ std::optional<fs::path> ExistingFile(const fs::path& path) {
     fs::path resolved = fs::canonical(path, error);
     if (!error)
         return resolved;
-    // What is there but cannot be looked at may be a link, and no new file must take its place.
+    // Something that exists but cannot be examined may be a link, and no new file must take its place.
     std::error_code ignored;
     if (error != std::errc::no_such_file_or_directory && fs::exists(fs::symlink_status(path, ignored)))
         throw WriteError(error);
@@ -199,6 +199,12 @@ fs::path PathOf(std::string_view utf8) {
 std::string TextOf(const fs::path& path) {
     const std::u8string text = path.u8string();
     return {text.begin(), text.end()};
+}
+
+bool IsExistingFile(const fs::path& path) {
+    std::error_code ignored;
+    const fs::file_status status = fs::status(path, ignored);
+    return fs::exists(status) && !fs::is_directory(status);
 }
 
 std::string ReadFileBytes(const fs::path& path) {
@@ -229,7 +235,7 @@ void ReplaceFile(const fs::path& path, const std::function<void(const ByteSink&)
     const std::optional<fs::path> existing = ExistingFile(path);
     fs::file_status status;
     if (existing) {
-        // Opening it shows whether it may be written at all; renaming over it would not ask.
+        // Opening the file shows whether it may be written; renaming over it does not ask for that permission.
         File writable = OpenForWriting(*existing, Purpose::Change);
         status = StatusOf(*existing);
         if (!fs::is_regular_file(status))

@@ -7,12 +7,16 @@
 
 namespace pirol {
 
-/// Whole files as bytes. All of these raise RuntimeError with the number of the file error that happened.
+/// Whole files as bytes. All of these, unless they say otherwise, raise RuntimeError with the number of the file error
+/// that happened.
 
 /// The path of a UTF-8 text, on every system.
 std::filesystem::path PathOf(std::string_view utf8);
 /// The UTF-8 text of a path.
 std::string TextOf(const std::filesystem::path& path);
+
+/// Whether the path names something that is there and is no folder. Raises nothing.
+bool IsExistingFile(const std::filesystem::path& path);
 
 std::string ReadFileBytes(const std::filesystem::path& path);
 

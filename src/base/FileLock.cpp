@@ -21,7 +21,7 @@ FileLock::FileLock(FileLock&& other) noexcept
     : path_(std::move(other.path_)), handle_(std::exchange(other.handle_, none)) {}
 
 FileLock& FileLock::operator=(FileLock&& other) noexcept {
-    // The other one releases at its own end what this one held.
+    // The other lock holds now what this one held, and its destructor releases it.
     std::swap(path_, other.path_);
     std::swap(handle_, other.handle_);
     return *this;
@@ -29,9 +29,9 @@ FileLock& FileLock::operator=(FileLock&& other) noexcept {
 
 #ifdef _WIN32
 
-std::optional<FileLock> FileLock::Take(const std::filesystem::path& path) {
+std::optional<FileLock> FileLock::TryLock(const std::filesystem::path& path) {
     FileLock lock(path);
-    // Who shares nothing is alone with the file, and the system deletes it with the last handle.
+    // A handle that shares nothing has the file for itself, and the system deletes the file with the last handle.
     const HANDLE handle =
         CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS, FILE_FLAG_DELETE_ON_CLOSE, nullptr);
     if (handle != INVALID_HANDLE_VALUE) {
@@ -54,7 +54,8 @@ FileLock::~FileLock() {
 
 namespace {
 
-/// A holder that ended between our opening the file and locking it has removed it: such a lock keeps nobody out.
+/// Whether a holder that ended after we had opened the file, but before we locked it, has removed the file. A lock on a
+/// removed file keeps nobody out.
 bool IsRemoved(int descriptor) {
     struct stat status = {};
     return fstat(descriptor, &status) == 0 && status.st_nlink == 0;
@@ -62,7 +63,7 @@ bool IsRemoved(int descriptor) {
 
 } // namespace
 
-std::optional<FileLock> FileLock::Take(const std::filesystem::path& path) {
+std::optional<FileLock> FileLock::TryLock(const std::filesystem::path& path) {
     FileLock lock(path);
     while (true) {
         const int descriptor = open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);

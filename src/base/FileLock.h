@@ -6,13 +6,13 @@
 
 namespace pirol {
 
-/// A lock that says: this program lives. The system releases it when the program ends, however it ends.
-/// A file stands for it. The file lasts as long as the lock; a killed program may leave it, but not the lock.
+/// A lock that shows that this program is running. The system releases it when the program ends, however it ends. It is
+/// a lock on a file that exists as long as the lock; a killed program may leave the file, but not the lock.
 class FileLock {
   public:
-    /// Takes the lock; nothing when somebody holds it, be it this very program.
-    /// Raises RuntimeError with the file error when the file cannot be made.
-    static std::optional<FileLock> Take(const std::filesystem::path& path);
+    /// Gives the lock, or nothing when a program has it already, this one included. Raises RuntimeError with the file
+    /// error when the file cannot be made.
+    static std::optional<FileLock> TryLock(const std::filesystem::path& path);
 
     FileLock(FileLock&& other) noexcept;
     FileLock& operator=(FileLock&& other) noexcept;

@@ -30,7 +30,7 @@ class RuntimeError : public std::exception {
         PathNotFound = 76,
     };
 
-    /// What an error without memory says, ready-made: where memory has run out, none may be left for making a text.
+    /// The description of OutOfMemory, ready-made: when memory has run out, none may be left for making a text.
     static constexpr std::string_view outOfMemoryText = "Fehler 7: Nicht genügend Speicher";
 
     explicit RuntimeError(Number number);

@@ -37,4 +37,12 @@ std::string Concatenate(const Pieces&... pieces) {
     return text;
 }
 
+/// Whether a byte of a UTF-8 text is the first one of a character.
+constexpr bool BeginsCharacter(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
+}
+
+/// The text; when it is longer than `mostBytes`, as many whole characters as fit into them, and then "…".
+std::string Shortened(std::string_view text, std::size_t mostBytes);
+
 } // namespace pirol

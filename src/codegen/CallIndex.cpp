@@ -12,9 +12,9 @@ namespace {
 
 constexpr std::size_t longestVariable = 1000;
 
-/// Sources up to this size may be as odd as they like.
+/// Argument texts of this length together are allowed for a source of any size.
 constexpr std::size_t smallSource = 1'000'000;
-/// What a statement has besides its argument text. It counts too, so that empty arguments cannot be taken without end.
+/// What a statement has besides its argument text. It counts too, so that the number of empty arguments is limited.
 constexpr std::size_t shortestStatement = 10;
 
 /// A hash of texts that is built from their last character to their first, so that all endings of a text are hashed in
@@ -36,12 +36,12 @@ std::uint64_t HashBackwards(std::string_view text) {
 
 } // namespace
 
-// Nested statements make argument texts overlap a little, and names that occur twice let texts be taken twice; much
-// more than this is no program.
+// Argument texts of nested statements overlap a little, and those of a name that occurs twice are read twice. No
+// program needs much more than that.
 ArgumentScanner::ArgumentScanner(std::string_view source)
     : source_(source), allowance_(2 * source.size() + smallSource) {}
 
-std::string_view ArgumentScanner::Take(std::size_t begin) {
+std::string_view ArgumentScanner::Read(std::size_t begin) {
     const std::size_t end = source_.find(");", begin);
     if (end == std::string_view::npos)
         throw RuntimeError(RuntimeError::InvalidCall);
@@ -92,7 +92,7 @@ const std::vector<std::size_t>& CallIndex::ArgumentsOf(std::string_view variable
 std::string CallIndex::GetValue(std::string_view variable, std::string_view defaultValue) {
     return UnderLabel("Main.File.Import.GetValue", [&] {
         const std::vector<std::size_t>& begins = ArgumentsOf(variable);
-        return begins.empty() ? std::string(defaultValue) : WithoutQuotes(scanner_.Take(begins.front()));
+        return begins.empty() ? std::string(defaultValue) : WithoutQuotes(scanner_.Read(begins.front()));
     });
 }
 
@@ -100,7 +100,7 @@ std::vector<std::string> CallIndex::GetValues(std::string_view variable) {
     return UnderLabel("Main.File.Import.GetValues", [&] {
         std::vector<std::string> values;
         for (const std::size_t begin : ArgumentsOf(variable))
-            values.push_back(WithoutQuotes(scanner_.Take(begin)));
+            values.push_back(WithoutQuotes(scanner_.Read(begin)));
         return values;
     });
 }

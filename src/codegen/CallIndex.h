@@ -8,15 +8,15 @@
 
 namespace pirol {
 
-/// Takes argument texts out of a source: what stands between a "(" and the next ");".
+/// Reads argument texts of a source: what stands between a "(" and the next ");".
 class ArgumentScanner {
   public:
     explicit ArgumentScanner(std::string_view source);
 
     /// The text from a position up to the next ");". Raises RuntimeError::InvalidCall when none follows, and
-    /// OutOfMemory when the texts taken are much longer than the whole source: then statements without an end overlap
-    /// each other, and taking them all would never end.
-    std::string_view Take(std::size_t begin);
+    /// OutOfMemory when all texts read so far are together much longer than the source: then statements without an end
+    /// overlap each other, and reading them all would take far too long.
+    std::string_view Read(std::size_t begin);
 
   private:
     std::string_view source_;

@@ -47,7 +47,7 @@ std::string CreationIndex::GetAllLines(std::string_view javaClass) const {
         for (const Statement& statement : statements_.at(javaClass)) {
             if (!lines.empty())
                 lines += fieldSeparator;
-            Append(lines, VariableBefore(source_, statement.equalsSign), ",", scanner.Take(statement.arguments));
+            Append(lines, VariableBefore(source_, statement.equalsSign), ",", scanner.Read(statement.arguments));
         }
         std::erase(lines, '"');
         return lines;

@@ -148,10 +148,6 @@ constexpr std::size_t roomAroundTexts = 100;
 /// The constructor's instructions besides the statements that the design gives it.
 constexpr std::size_t ownConstructorBytes = 12;
 
-bool BeginsCharacter(char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0u) != 0x80u;
-}
-
 /// A character outside ASCII, and how the generated file holds it.
 struct WideCharacter {
     std::string_view text;
@@ -175,12 +171,7 @@ void ForEachWideCharacter(std::string_view text, Function&& function) {
 /// A text of the design as it may stand in a line of the list: short, and without control characters.
 std::string Shown(std::string_view text) {
     constexpr std::size_t mostBytes = 60;
-    std::string shown(text.substr(0, mostBytes));
-    if (text.size() > mostBytes) {
-        while (!shown.empty() && !BeginsCharacter(text[shown.size()]))
-            shown.pop_back();
-        shown += "…";
-    }
+    std::string shown = Shortened(text, mostBytes);
     for (char& character : shown)
         if ((character >= 0 && character < ' ') || character == '\x7F')
             character = ' ';

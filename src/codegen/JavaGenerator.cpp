@@ -6,7 +6,7 @@
 namespace pirol {
 namespace {
 
-/// Collects the source into pieces worth writing away.
+/// Collects the source and writes it in large pieces.
 class Output {
   public:
     explicit Output(const std::function<void(std::string_view)>& write) : write_(write) {}
@@ -30,7 +30,7 @@ class Output {
     std::string piece_;
 };
 
-/// Of the components only a radio button outside the 16-bit range can fail.
+/// Raises what generating the components raises: only the place of a radio button can leave the 16-bit range.
 void CheckPlaces(const ProjectModel& model) {
     for (std::size_t index = 1; index < model.ElementCount(ComponentKind::OptionGroup); ++index) {
         const Control& group = model.Element({ComponentKind::OptionGroup, index});
@@ -83,7 +83,7 @@ std::string GenerateCode(const ProjectModel& model, CodeOptions options) {
 
 void WriteCode(const ProjectModel& model, CodeOptions options, const std::function<void(std::string_view)>& write) {
     UnderLabel("Main.File.Java.GenerateCode", [&] {
-        // All that can fail comes first, so that nobody is left with half a source.
+        // All that can fail comes first, so that a source is written whole or not at all.
         CheckPlaces(model);
         const auto menuCode = [&](MenuSection section) {
             return options.menu ? model.Menus().GenerateCode(section) : std::string();

@@ -19,9 +19,9 @@ struct CodeOptions {
 /// Raises RuntimeError under the label "Main.File.Java.GenerateCode".
 std::string GenerateCode(const ProjectModel& model, CodeOptions options);
 
-/// The same source piece by piece, each of whole characters, for who writes it away: it is many times larger than the
-/// design and never in memory as a whole. Errors of the generator come before the first piece, those of `write` pass
-/// through.
+/// The same source in pieces of whole characters, for callers that write it into a file: it is many times larger than
+/// the design and is never in memory as a whole. Errors of the generator come before the first piece; those of `write`
+/// pass through.
 void WriteCode(const ProjectModel& model, CodeOptions options, const std::function<void(std::string_view)>& write);
 
 } // namespace pirol

@@ -43,7 +43,8 @@ struct Source {
     CreationIndex creations;
 };
 
-/// A code 0 in a bad source is the shortest of all components. This is far more than any program has.
+/// Far more than any program has. In a bad source a single code 0 counts as a component, so a small file can ask for
+/// very many.
 constexpr std::size_t mostComponents = 1'000'000;
 
 /// The creation statements of one class.
@@ -162,8 +163,8 @@ class RadioButtons {
         }
     }
 
-    /// The button of a name, or null. Buttons of the same name are given in the order of the source, the last one again
-    /// and again, so that two groups whose buttons share a name get each its own.
+    /// The button of a name, or null. Buttons of the same name are given in the order of the source, so that each of
+    /// two groups whose buttons share a name gets its own; the last one is given again and again.
     const cRadioButton* Next(const std::string& name) {
         const auto found = byName_.find(name);
         if (found == byName_.end())
@@ -220,7 +221,8 @@ void ImportRadioGroups(Source& source, ProjectModel& model) {
     }
 }
 
-/// Titles of all tables together. Far more than any program has, and what a few bytes of a bad source may ask for ends.
+/// Column titles of all tables together: far more than any program has. Without a limit a few bytes of a bad source
+/// could ask for any number of them.
 constexpr std::size_t mostColumns = 1'000'000;
 
 void ImportTables(Source& source, ProjectModel& model) {
@@ -334,7 +336,7 @@ std::string GetValue(std::string_view source, std::string_view variable, std::st
         const std::size_t hit = source.find(call);
         if (hit == std::string_view::npos)
             return std::string(defaultValue);
-        return WithoutQuotes(ArgumentScanner(source).Take(hit + call.size()));
+        return WithoutQuotes(ArgumentScanner(source).Read(hit + call.size()));
     });
 }
 

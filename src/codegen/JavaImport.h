@@ -11,9 +11,9 @@ namespace pirol {
 /// Reading a design back from Java source. A scan for the statements that the generator writes, not a Java parser: only
 /// "= new Class(" ... ");" and "variable.method(" ... ");" are recognised. All texts are UTF-8.
 
-/// Empties the design and fills it from the source of a SuMAnwendung. Read back are the window's size, the components
-/// of thirteen classes with positions, names and texts, and the database connection. Selection boxes, sliders, progress
-/// bars, events, menus, column titles and switch states are not.
+/// Empties the design and fills it from the source of a SuMAnwendung: the window's size, the components of thirteen
+/// classes with positions, names and texts, and the database connection. Selection boxes, sliders, progress bars,
+/// events, menus, column titles and switch states are not read back.
 /// Raises RuntimeError under the label of the operation that failed, "Main.File.Import.Analyse", one of those below or
 /// one of CallIndex; what was imported before stays. Time grows linearly with the source.
 void AnalyseCode(std::string_view source, ProjectModel& model);

@@ -1,5 +1,6 @@
 #include "codegen/JavaSyntax.h"
 
+#include "base/Text.h"
 #include "base/Windows1252.h"
 
 #include <algorithm>
@@ -69,8 +70,8 @@ std::size_t EscapeLength(std::string_view text) {
 }
 
 /// The length of the Unicode escape with which the text begins behind its backslash: any number of "u" and four
-/// hexadecimal digits; 0 for none. The compiler replaces these before anything else, so that one that stands for a
-/// quote, a backslash or a line break does harm like the character itself; it counts as none.
+/// hexadecimal digits; 0 for none. The compiler replaces these before anything else, so one that stands for a quote, a
+/// backslash or a line break acts like that character; it counts as none.
 std::size_t UnicodeEscapeLength(std::string_view text) {
     const std::size_t digits = std::min(text.find_first_not_of('u'), text.size());
     const std::string_view number = text.substr(digits, 4);
@@ -80,11 +81,7 @@ std::size_t UnicodeEscapeLength(std::string_view text) {
     return std::find(std::begin(harmful), std::end(harmful), number) == std::end(harmful) ? digits + 4 : 0;
 }
 
-bool BeginsCharacter(char byte) {
-    return (static_cast<std::uint8_t>(byte) & 0xC0u) != 0x80u;
-}
-
-/// Cuts off what stands at the text's beginning: up to the closing quote of a literal, or the end.
+/// Cuts off the literal with which the text begins, up to its closing quote or the text's end.
 void SkipLiteral(std::string_view& text) {
     const char quote = text.front();
     std::size_t end = 1;
@@ -93,11 +90,10 @@ void SkipLiteral(std::string_view& text) {
     text.remove_prefix(std::min(end + 1, text.size()));
 }
 
-std::string_view TakeWord(std::string_view& text) {
+/// Cuts off the name or number with which the text begins.
+void SkipWord(std::string_view& text) {
     const auto end = std::find_if_not(text.begin(), text.end(), ContinuesName);
-    const std::string_view word = text.substr(0, static_cast<std::size_t>(end - text.begin()));
-    text.remove_prefix(word.size());
-    return word;
+    text.remove_prefix(static_cast<std::size_t>(end - text.begin()));
 }
 
 } // namespace
@@ -146,9 +142,9 @@ std::size_t MethodBytes(std::string_view statements) {
             rest.remove_prefix(std::min(rest.find('\n'), rest.size()));
         } else if (IsDigit(rest.front())) {
             bytes += 3;
-            TakeWord(rest);
+            SkipWord(rest);
         } else if (StartsName(rest.front())) {
-            TakeWord(rest);
+            SkipWord(rest);
             bytes += rest.starts_with('(') ? 3 : 4;
         } else {
             rest.remove_prefix(1);

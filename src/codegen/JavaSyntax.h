@@ -9,7 +9,7 @@ namespace pirol {
 /// counts as the "?" that the file will hold.
 
 /// Whether the text has the form of a name: a letter, "_" or a currency sign, then also digits. Control characters are
-/// refused even where Java skips them: nobody sees them in a name.
+/// refused even where Java skips them, because they cannot be seen in a name.
 bool IsJavaIdentifier(std::string_view text);
 
 /// Whether the text, put behind a letter, leaves a name: letters, digits, "_" and currency signs, or nothing.

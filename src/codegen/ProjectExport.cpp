@@ -42,7 +42,7 @@ std::vector<NewFile> FilesOf(const fs::path& folder, std::string_view source) {
     return files;
 }
 
-/// Needs no memory, which may be what has run out.
+/// Allocates no memory, as it also runs when memory has run out.
 void RemoveAll(const std::vector<NewFile>& files, const fs::path& folder) {
     std::error_code ignored;
     for (const NewFile& file : files)

@@ -20,7 +20,7 @@ struct ColourSpan {
 /// The colours of generated Java in the code viewer: ascending spans that do not overlap; what lies between them keeps
 /// the box's own colour. Lines end in CR LF or, as text boxes hold them, in LF alone. Takes any text, in linear time.
 ///
-/// The colouring is coarse on purpose, the viewer being a display aid only: keywords are found inside longer words too
+/// The colouring is coarse on purpose, as the viewer is only a display aid: keywords are found inside longer words too
 /// and colour everything up to the next blank, "(" or ".", even in another line; comments are found in strings. A
 /// keyword without its delimiter and a quote without its partner colour nothing.
 /// The misspelled name is the operation's own.

@@ -4,7 +4,7 @@
 
 namespace pirol {
 
-/// A progress bar; it always lies.
+/// A progress bar. The canvas shows it from left to right, however high it is.
 struct dFortschritt final : Control {
     std::int16_t Min = 0;
     std::int16_t Max = 100;

@@ -11,7 +11,6 @@ constexpr int knobDepth = 16;
 constexpr int trackDepth = 6;
 constexpr int trackOffset = 5; // of the track from the knob's flat side
 
-constexpr int scrollButtonLength = 16;
 constexpr int smallestThumb = 15;
 constexpr int smallestColumn = 15;
 

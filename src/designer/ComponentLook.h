@@ -32,8 +32,11 @@ int FilledWidth(const dFortschritt& bar);
 /// How a table's columns share the width. A column has at least 15 pixels, so many columns need more than there is.
 std::vector<int> ColumnWidths(std::size_t columns, int width);
 
-/// Where a scroll bar of this length, at its beginning, has its thumb; none when everything is visible or the bar is
-/// too short. `visible` and `total` are lengths of what is scrolled, in one unit.
+/// The length of the button at either end of a scroll bar that has room for both.
+constexpr int scrollButtonLength = 16;
+
+/// Where the thumb of a scroll bar of this length is when nothing is scrolled; nothing when everything is visible or
+/// the bar is too short. `visible` and `total` are lengths of what is scrolled, in one unit.
 struct Thumb {
     int begin;
     int length;

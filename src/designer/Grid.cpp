@@ -3,6 +3,7 @@
 #include "base/Conversions.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace pirol {
 namespace {
@@ -50,7 +51,7 @@ class MarkList {
         Add({width_ - 1, 0, 1, height_});
     }
 
-    std::vector<Rectangle> Take() { return std::move(marks_); }
+    std::vector<Rectangle> Marks() && { return std::move(marks_); }
 
   private:
     void AddPoint(GridStyle style, int x, int y) {
@@ -97,7 +98,7 @@ std::vector<Rectangle> GridMarks(int gridStyle, int width, int height, const Rec
     if (gridStyle >= static_cast<int>(GridStyle::Dots) && gridStyle <= static_cast<int>(GridStyle::Lines))
         marks.AddMarks(static_cast<GridStyle>(gridStyle));
     marks.AddOutline();
-    return marks.Take();
+    return std::move(marks).Marks();
 }
 
 } // namespace pirol

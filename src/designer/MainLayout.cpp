@@ -25,7 +25,7 @@ struct Span {
     std::int16_t maximum;
 };
 
-/// The first two are the numbers as they come out of the arithmetic, negative ones too.
+/// Takes the sizes as they were computed, negative ones too.
 Span PlaceCanvas(int frameSize, int designedSize) {
     const int room = frameSize - barThickness;
     if (designedSize > frameSize)

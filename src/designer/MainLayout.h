@@ -33,9 +33,9 @@ constexpr int barThickness = 20;
 constexpr int scrollStep = 8; ///< pixels per step of a scroll bar
 
 /// Lays out a main window of the given inner size around a canvas of the designed window's size.
-/// A canvas that fits is centred in what the scroll bars leave of the frame; one that does not begins at 0. Whether it
-/// fits is asked of the whole frame, so a canvas up to one bar's thickness too large is centred and lies under the bar.
-/// Sizes that would be negative in a small window come out as 0.
+/// A canvas that fits is centred in what the scroll bars leave of the frame; one that does not begins at 0. The whole
+/// frame decides whether it fits, so a canvas that is too large by up to one bar's thickness is centred and lies under
+/// the bar. Sizes that would be negative in a small window come out as 0.
 MainLayout LayOutMainWindow(int innerWidth, int innerHeight, int designedWidth, int designedHeight);
 
 /// The canvas's left or top when its scroll bar stands at a value.

@@ -12,8 +12,6 @@ namespace {
 
 constexpr std::string_view loadLabel = "Main.File.Properties.LoadProperties";
 
-constexpr std::string_view ellipsis = "…";
-
 PropertyPanelRow Category(std::string_view key, std::string_view caption) {
     return {key, caption, true, {}, {}, {}};
 }
@@ -54,8 +52,7 @@ bool IsNameTaken(const ProjectModel& model, const Control& by, std::string_view 
 }
 
 bool IsOneCharacter(std::string_view text) {
-    // Every byte of a character but its first one begins with the bits 10.
-    return std::count_if(text.begin(), text.end(), [](char byte) { return (byte & 0xC0) != 0x80; }) == 1;
+    return std::count_if(text.begin(), text.end(), BeginsCharacter) == 1;
 }
 
 std::string Refusal(const ProjectModel& model, const Control& control, std::string_view key, std::string_view value) {
@@ -74,15 +71,6 @@ std::string OnOneLine(EditorKind editor, std::string_view text) {
     std::vector<std::string> items = ListItems(text);
     std::transform(items.begin(), items.end(), items.begin(), [](const std::string& item) { return SingleLine(item); });
     return JoinList(items);
-}
-
-/// Cuts before the byte count, but never within a character.
-std::string Shortened(std::string_view text, std::size_t mostBytes) {
-    if (text.size() <= mostBytes)
-        return std::string(text);
-    while (mostBytes > 0 && (text[mostBytes] & 0xC0) == 0x80)
-        --mostBytes;
-    return std::string(text.substr(0, mostBytes)).append(ellipsis);
 }
 
 /// The captions of a list's rows, or what its first field holds when the rows have none.

@@ -35,6 +35,20 @@ cMenu& MenuBar::Append(std::string caption, std::string name) {
     return menu;
 }
 
+void MenuBar::Remove(cMenu& node) {
+    if (cMenu* parent = node.Parent())
+        parent->RemoveChild(node);
+    else
+        menus_.erase(PlaceOf(menus_, node));
+}
+
+void MenuBar::Move(cMenu& node, std::string_view direction) {
+    if (cMenu* parent = node.Parent())
+        parent->MoveChild(node, direction);
+    else
+        MoveAmongSiblings(menus_, node, direction);
+}
+
 cMenu* MenuBar::ReturnMenuPerTag(std::string_view tag) {
     for (cMenu& menu : menus_)
         if (cMenu* found = menu.ReturnMenuPerTag(tag))
@@ -43,29 +57,13 @@ cMenu* MenuBar::ReturnMenuPerTag(std::string_view tag) {
 }
 
 void MenuBar::DeletePerTag(std::string_view tag) {
-    for (cMenu& menu : menus_) {
-        const cMenu* found = menu.ReturnMenuPerTag(tag);
-        if (found == nullptr)
-            continue;
-        if (found == &menu)
-            menus_.erase(PlaceOf(menus_, menu));
-        else
-            menu.DeletePerTag(tag);
-        return;
-    }
+    if (cMenu* found = ReturnMenuPerTag(tag))
+        Remove(*found);
 }
 
 void MenuBar::MoveItemPerTag(std::string_view tag, std::string_view direction) {
-    for (cMenu& menu : menus_) {
-        const cMenu* found = menu.ReturnMenuPerTag(tag);
-        if (found == nullptr)
-            continue;
-        if (found == &menu)
-            MoveAmongSiblings(menus_, menu, direction);
-        else
-            menu.MoveItemPerTag(tag, direction);
-        return;
-    }
+    if (cMenu* found = ReturnMenuPerTag(tag))
+        Move(*found, direction);
 }
 
 std::string MenuBar::GenerateCode(MenuSection section) const {

@@ -23,7 +23,6 @@ class MenuBar {
     bool operator==(const MenuBar&) const = default;
 
     bool IsEmpty() const { return menus_.empty(); }
-    void Clear() { menus_.clear(); }
 
     /// The menus in order; the menus can be changed, their list only by the operations below.
     const std::list<cMenu>& Menus() const { return menus_; }
@@ -31,6 +30,10 @@ class MenuBar {
 
     /// Adds a top-level menu at the end and gives it.
     cMenu& Append(std::string caption, std::string name);
+
+    /// Removes a node of this bar, a top-level menu or one below, or swaps it with a neighbour, as cMenu does.
+    void Remove(cMenu& node);
+    void Move(cMenu& node, std::string_view direction);
 
     /// The tag operations of cMenu over all menus in order. A top-level menu is removed from the bar, or swapped with
     /// its neighbour, just as an entry is within its menu.

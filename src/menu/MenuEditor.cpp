@@ -108,7 +108,7 @@ std::optional<std::string_view> MenuEditor::Add(std::int32_t option, std::string
     if (cMenu* container = Container(); container == nullptr)
         bar_.Append(std::move(caption), std::move(name));
     else
-        container->AddEntry(std::move(caption), option, container == selected_ ? cMenu::atEnd : selected_->Tag);
+        container->AddChild(std::move(caption), option, container == selected_ ? nullptr : selected_);
     RefreshList();
     return std::nullopt;
 }
@@ -126,7 +126,7 @@ std::int32_t MenuEditor::LevelUp(std::int32_t option) {
     cMenu* container = Container();
     if (container == nullptr)
         return option;
-    // From an entry, too, the way leads out of the menu that holds it; else the depth would tell less than is true.
+    // An entry leads out of the menu that holds it, too; otherwise the depth shown would be too small.
     selected_ = container->Parent();
     if (selected_ == nullptr)
         return cMenu::Menu;
@@ -144,8 +144,8 @@ std::size_t MenuEditor::MoveDown(std::size_t row) {
 std::size_t MenuEditor::Move(std::size_t row, std::string_view direction) {
     if (row < 1 || row > rows_.size())
         return row;
-    const cMenu* node = rows_[row - 1].node;
-    bar_.MoveItemPerTag(std::to_string(row), direction);
+    cMenu* node = rows_[row - 1].node;
+    bar_.Move(*node, direction);
     RefreshList();
     return RowOf(node);
 }
@@ -156,7 +156,7 @@ void MenuEditor::Delete(std::size_t row) {
     cMenu* node = rows_[row - 1].node;
     if (IsWithin(selected_, node))
         selected_ = node->Parent();
-    bar_.DeletePerTag(std::to_string(row));
+    bar_.Remove(*node);
     RefreshList();
 }
 

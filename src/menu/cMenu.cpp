@@ -55,7 +55,7 @@ cMenu& cMenu::operator=(const cMenu& other) {
 cMenu& cMenu::operator=(cMenu&& other) noexcept {
     if (this == &other)
         return *this;
-    // The other node may be one of our own descendants: our old children must live until it has given up all it has.
+    // The other node may be below this one, so the old children must live until everything has been moved out of it.
     std::list<cMenu> children = std::move(other.children_);
     Caption = std::move(other.Caption);
     Name = std::move(other.Name);
@@ -76,18 +76,29 @@ void cMenu::AdoptChildren() noexcept {
 }
 
 cMenu* cMenu::AddEntry(std::string caption, std::int32_t entryType, std::string_view afterTag) {
-    auto place = children_.end();
+    const cMenu* after = nullptr;
     if (afterTag != atEnd) {
-        const cMenu* found = ReturnMenuPerTag(afterTag);
-        if (found == nullptr || found->parent_ != this)
+        after = ReturnMenuPerTag(afterTag);
+        if (after == nullptr || after->parent_ != this)
             return nullptr;
-        place = std::next(PlaceOf(children_, *found));
     }
-    cMenu& child = *children_.emplace(place);
+    return &AddChild(std::move(caption), entryType, after);
+}
+
+cMenu& cMenu::AddChild(std::string caption, std::int32_t entryType, const cMenu* after) {
+    cMenu& child = *children_.emplace(after == nullptr ? children_.end() : std::next(PlaceOf(children_, *after)));
     child.Caption = entryType == Separator ? std::string(separatorCaption) : std::move(caption);
     child.EntryType = entryType;
     child.parent_ = this;
-    return &child;
+    return child;
+}
+
+void cMenu::RemoveChild(const cMenu& child) {
+    children_.erase(PlaceOf(children_, child));
+}
+
+void cMenu::MoveChild(const cMenu& child, std::string_view direction) {
+    MoveAmongSiblings(children_, child, direction);
 }
 
 std::string cMenu::GenerateMenuInitCode() const {
@@ -169,16 +180,14 @@ cMenu* cMenu::ReturnMenuPerTag(std::string_view tag) {
 
 void cMenu::DeletePerTag(std::string_view tag) {
     const cMenu* found = ReturnMenuPerTag(tag);
-    if (found == nullptr || found == this)
-        return;
-    std::list<cMenu>& siblings = found->parent_->children_;
-    siblings.erase(PlaceOf(siblings, *found));
+    if (found != nullptr && found != this)
+        found->parent_->RemoveChild(*found);
 }
 
 void cMenu::MoveItemPerTag(std::string_view tag, std::string_view direction) {
     const cMenu* found = ReturnMenuPerTag(tag);
     if (found != nullptr && found != this)
-        MoveAmongSiblings(found->parent_->children_, *found, direction);
+        found->parent_->MoveChild(*found, direction);
 }
 
 std::string cMenu::CreatePRLString(std::int32_t level) const {

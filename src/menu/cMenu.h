@@ -48,7 +48,7 @@ class cMenu {
     static constexpr std::size_t largestCode = std::size_t{1} << 26U;
 
     cMenu() = default;
-    /// A copy stands alone: it has no Parent, whatever the original has.
+    /// A copy has no Parent, whatever the original has.
     cMenu(const cMenu& other);
     cMenu(cMenu&& other) noexcept;
     /// The assigned node keeps its place: its own Parent does not change.
@@ -76,6 +76,12 @@ class cMenu {
     /// With afterTag "-1" it becomes the last child, otherwise it comes directly after the child with that tag. When no
     /// direct child has the tag, nothing is added and nothing is returned.
     cMenu* AddEntry(std::string caption, std::int32_t entryType, std::string_view afterTag = atEnd);
+    /// The same directly after a child of this node, or at the end for null.
+    cMenu& AddChild(std::string caption, std::int32_t entryType, const cMenu* after);
+    /// Removes a child and all below it, or swaps it with the one before it ("UP") or behind it ("DOWN"); nothing
+    /// happens at the ends of the list.
+    void RemoveChild(const cMenu& child);
+    void MoveChild(const cMenu& child, std::string_view direction);
 
     /// Java, lines of CR LF: the declaration of this menu's field; the statements that build this menu and all below
     /// it; an empty method for every entry below it. Captions are written as they are, without escaping.

@@ -4,7 +4,7 @@
 
 namespace pirol {
 
-/// Who shows how far loading a project has come. Called once per line, so showing must be cheap.
+/// Shows how far loading a project has come. It is called once per line, so it must be fast.
 class LoadingProgress {
   public:
     virtual ~LoadingProgress() = default;

@@ -22,7 +22,7 @@ constexpr std::string_view menuMarker = "#Begin.Pirol.Menu";
 constexpr std::string_view sqlMarker = "#Begin.Pirol.SQL";
 constexpr std::string_view hashMarker = "#Begin.Pirol.Hash";
 
-/// More fields than any line has; the rest of a damaged line is not worth cutting up.
+/// More fields than any line has; the rest of a damaged line is not read.
 constexpr std::size_t mostFields = 32;
 
 constexpr std::size_t firstComponentLine = 5;
@@ -54,10 +54,10 @@ std::string AllButTheHash(const ProjectModel& model) {
     return text;
 }
 
-/// A file's text line by line. Views into the bytes, so that a file of any size costs nothing to cut up.
+/// A file's text line by line. The lines are views into the bytes, so even those of a large file take no memory.
 class Lines {
   public:
-    /// The lines of the bytes; the last one is the hash and cannot be taken.
+    /// The lines of the bytes; the last one is the hash.
     explicit Lines(std::string_view bytes) {
         if (bytes.empty())
             throw RuntimeError(RuntimeError::IndexOutOfRange);
@@ -70,9 +70,9 @@ class Lines {
 
     bool HashMatches() const { return HashFunction(hashed_) == hash_; }
 
-    /// The next line without its end. The hash is the last line that can be taken.
+    /// The next line without its end. The hash is the last line.
     /// Raises RuntimeError::IndexOutOfRange behind it.
-    std::string_view Take() {
+    std::string_view Next() {
         if (ended_)
             throw RuntimeError(RuntimeError::IndexOutOfRange);
         const std::size_t end = rest_.find(lineEnd);
@@ -83,7 +83,7 @@ class Lines {
         return line;
     }
 
-    /// The index of the line that Take will give next.
+    /// The index of the line that Next will give.
     std::size_t Index() const { return index_; }
     std::size_t Count() const { return CountOf(hashed_, lineEnd) + 1; }
 
@@ -116,7 +116,7 @@ class Parts {
     std::size_t count_ = 0;
 };
 
-/// Shows progress when somebody wants to see it.
+/// Shows progress when the caller wants it.
 class Progress {
   public:
     Progress(LoadingProgress* shown, std::size_t lines) : shown_(shown) {
@@ -140,7 +140,7 @@ std::optional<ComponentKind> KindOfLine(std::string_view line) {
     unsigned number = 0;
     const auto [end, error] = std::from_chars(line.data(), line.data() + line.size(), number);
     const bool codeEnds = end == line.data() + line.size() || *end == fieldSeparator;
-    // Only the code as it is written counts: "01" is none.
+    // A code must look as it is written: "01" is none.
     if (error != std::errc() || !codeEnds || line.front() == '0')
         return std::nullopt;
     const auto kind = KindByNumber(static_cast<int>(number));
@@ -148,17 +148,17 @@ std::optional<ComponentKind> KindOfLine(std::string_view line) {
 }
 
 void ReadWindow(Lines& lines, ProjectModel& model) {
-    lines.Take();
-    const std::int16_t width = ToInt16(lines.Take());
-    const std::int16_t height = ToInt16(lines.Take());
+    lines.Next();
+    const std::int16_t width = ToInt16(lines.Next());
+    const std::int16_t height = ToInt16(lines.Next());
     model.SetWindowSize(width, height);
-    model.SetAuthor(FromWindows1252(lines.Take()));
+    model.SetAuthor(FromWindows1252(lines.Next()));
 }
 
 void ReadComponents(Lines& lines, ProjectModel& model, Parts& parts, const Progress& progress) {
     while (lines.Index() < firstComponentLine)
-        lines.Take();
-    for (std::string_view line = lines.Take(); line != menuMarker; line = lines.Take()) {
+        lines.Next();
+    for (std::string_view line = lines.Next(); line != menuMarker; line = lines.Next()) {
         progress.Value(lines);
         if (const auto kind = KindOfLine(line)) {
             parts.AddLine(line);
@@ -171,7 +171,7 @@ void ReadComponents(Lines& lines, ProjectModel& model, Parts& parts, const Progr
 
 void ReadMenus(Lines& lines, ProjectModel& model, Parts& parts, const Progress& progress) {
     MenuBarReader menus(model.EditMenus());
-    for (std::string_view line = lines.Take(); line != sqlMarker; line = lines.Take()) {
+    for (std::string_view line = lines.Next(); line != sqlMarker; line = lines.Next()) {
         progress.Value(lines);
         parts.AddLine(line);
         const std::string text = FromWindows1252(line);
@@ -193,7 +193,7 @@ void ReadSqlNumbers(std::string_view line, SQLSettings& sql) {
 void ReadSql(Lines& lines, ProjectModel& model, const Progress& progress) {
     SQLSettings& sql = model.EditSql();
     std::size_t position = 0;
-    for (std::string_view line = lines.Take(); line != hashMarker; line = lines.Take()) {
+    for (std::string_view line = lines.Next(); line != hashMarker; line = lines.Next()) {
         progress.Value(lines);
         if (position < sqlFields.size())
             sql.*sqlFields[position].text = FromWindows1252(line);

@@ -115,12 +115,12 @@ fs::path RecoveryFolder() {
 #endif
 }
 
-void RecoveryFile::TakeName() {
+void RecoveryFile::ReserveName() {
     MakeFolder(folder_);
     // The process number alone is not enough: a killed program can have had it, and two machines can share the folder.
     for (int attempt = 0; !lock_; ++attempt) {
         const std::string name = std::to_string(ProcessNumber()) + "-" + std::to_string(attempt);
-        std::optional<FileLock> lock = FileLock::Take(WithExtension(folder_, name, lockExtension));
+        std::optional<FileLock> lock = FileLock::TryLock(WithExtension(folder_, name, lockExtension));
         file_ = WithExtension(folder_, name, designExtension);
         if (std::error_code ignored; lock && !fs::exists(file_, ignored))
             lock_.emplace(std::move(*lock));
@@ -129,7 +129,7 @@ void RecoveryFile::TakeName() {
 
 void RecoveryFile::Write(std::string_view snapshot) {
     if (!lock_)
-        TakeName();
+        ReserveName();
     ReplaceFile(file_, [snapshot](const ByteSink& write) {
         write(firstLine);
         write(HashFunction(snapshot));
@@ -150,7 +150,7 @@ std::vector<LeftDesign> LeftDesigns(const fs::path& folder) {
     std::sort(files.begin(), files.end());
     std::vector<LeftDesign> left;
     for (const fs::path& file : files) {
-        std::optional<FileLock> lock = FileLock::Take(WithExtension(folder, NameOf(file), lockExtension));
+        std::optional<FileLock> lock = FileLock::TryLock(WithExtension(folder, NameOf(file), lockExtension));
         if (!lock)
             continue;
         std::error_code ignored;

@@ -33,10 +33,10 @@ class RecoveryFile {
     void Remove();
 
   private:
-    void TakeName();
+    void ReserveName();
 
     std::filesystem::path folder_;
-    std::filesystem::path file_; ///< empty until a name is taken
+    std::filesystem::path file_; ///< empty until a name is reserved
     std::optional<FileLock> lock_;
 };
 

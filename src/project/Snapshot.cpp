@@ -26,7 +26,7 @@ class Fields {
 
     bool AtEnd() const { return rest_.empty(); }
 
-    std::string_view Take() {
+    std::string_view Next() {
         std::size_t length = 0;
         const char* const end = rest_.data() + rest_.size();
         const auto [colon, error] = std::from_chars(rest_.data(), end, length);
@@ -41,8 +41,8 @@ class Fields {
     }
 
     template <class Number = int>
-    Number TakeNumber() {
-        const std::string_view field = Take();
+    Number NextNumber() {
+        const std::string_view field = Next();
         Number number = 0;
         const auto [end, error] = std::from_chars(field.data(), field.data() + field.size(), number);
         if (error != std::errc() || end != field.data() + field.size())
@@ -63,9 +63,9 @@ void AddSql(std::string& out, const SQLSettings& sql) {
 
 void ReadSql(Fields& fields, SQLSettings& sql) {
     for (const SQLField& field : sqlFields)
-        sql.*field.text = fields.Take();
+        sql.*field.text = fields.Next();
     for (std::int16_t& flag : sql.Flags)
-        flag = fields.TakeNumber<std::int16_t>();
+        flag = fields.NextNumber<std::int16_t>();
 }
 
 /// Stands at the end of a list of menus where another one would begin.
@@ -86,7 +86,7 @@ void AddMenus(std::string& out, const std::list<cMenu>& menus) {
 void ReadMenus(Fields& fields, MenuBar& bar) {
     std::vector<cMenu*> path; // from the top-level menu to the one whose children come next
     while (true) {
-        if (fields.Take() == noMenu) {
+        if (fields.Next() == noMenu) {
             if (path.empty())
                 return;
             path.pop_back();
@@ -95,9 +95,9 @@ void ReadMenus(Fields& fields, MenuBar& bar) {
         if (path.size() > static_cast<std::size_t>(MenuBarReader::maxDepth))
             throw RuntimeError(RuntimeError::IndexOutOfRange);
         cMenu* menu = path.empty() ? &bar.Append({}, {}) : path.back()->AddEntry({}, cMenu::Entry);
-        menu->EntryType = fields.TakeNumber<std::int32_t>();
-        menu->Name = fields.Take();
-        menu->Caption = fields.Take();
+        menu->EntryType = fields.NextNumber<std::int32_t>();
+        menu->Name = fields.Next();
+        menu->Caption = fields.Next();
         path.push_back(menu);
     }
 }
@@ -118,14 +118,14 @@ void AddComponent(std::string& out, const ProjectModel& model, ComponentRef comp
 }
 
 void ReadComponent(Fields& fields, ProjectModel& model) {
-    const auto kind = KindByNumber(fields.TakeNumber());
+    const auto kind = KindByNumber(fields.NextNumber());
     if (!kind)
         throw RuntimeError(RuntimeError::IndexOutOfRange);
     const ComponentRef component = model.AddElement(*kind);
-    const bool visible = fields.TakeNumber() != 0;
-    model.SetPlacementNumber(component, fields.TakeNumber());
+    const bool visible = fields.NextNumber() != 0;
+    model.SetPlacementNumber(component, fields.NextNumber());
     Control& control = model.EditElement(component);
-    ForEachProperty(control, [&](const PropertyRow& row) { row.set(control, fields.Take()); });
+    ForEachProperty(control, [&](const PropertyRow& row) { row.set(control, fields.Next()); });
     control.Visible = visible;
 }
 
@@ -151,10 +151,10 @@ OpenDesign DesignOfSnapshot(std::string_view snapshot) {
     Fields fields(snapshot);
     OpenDesign design;
     ProjectModel& model = design.model;
-    design.filePath = fields.Take();
-    const auto width = fields.TakeNumber<std::int16_t>();
-    model.SetWindowSize(width, fields.TakeNumber<std::int16_t>());
-    model.SetAuthor(fields.Take());
+    design.filePath = fields.Next();
+    const auto width = fields.NextNumber<std::int16_t>();
+    model.SetWindowSize(width, fields.NextNumber<std::int16_t>());
+    model.SetAuthor(fields.Next());
     ReadSql(fields, model.EditSql());
     ReadMenus(fields, model.EditMenus());
     while (!fields.AtEnd())

@@ -13,7 +13,7 @@ namespace pirol::test {
 
 /// A main window on the screen with the mouse and the keyboard of a user.
 struct MainWindow {
-    MainWindow() {
+    explicit MainWindow(const Preferences& preferences = {}) : window(dialogs, starter, preferences) {
         window.resize(1080, 680);
         Show(window);
     }
@@ -56,7 +56,7 @@ struct MainWindow {
 
     FakeDialogs dialogs;
     FakeStarter starter;
-    frmMain window{dialogs, starter};
+    frmMain window;
     picContainer* canvas = Find<picContainer>("picContainer");
     QString errorText;
 };

@@ -263,7 +263,12 @@ class frmCodeTest : public QObject {
         job.LastPage = lastPage.toInt();
         job.FirstPage = job.LastPage > 0 ? 1 : 0;
         const std::string family = QFontDatabase::systemFont(QFontDatabase::FixedFont).family().toStdString();
-        PrintText(Printable(lines.toInt()), {.Family = family, .Style = {}, .PointSize = pointSize.toDouble()}, job);
+        const Printable source(lines.toInt());
+        FakeDialogs dialogs;
+        dialogs.fonts = {{.Family = family, .Style = {}, .PointSize = pointSize.toDouble()}};
+        dialogs.jobs = {job};
+        frmPrint form(source, dialogs, nullptr);
+        Do(form, "@cmdFont @cmdPrinter");
         const std::string pdf = ReadFileBytes(folder_ / "a.pdf");
         QVERIFY(pdf.starts_with("%PDF-"));
         const int pages = PagesOf(pdf);

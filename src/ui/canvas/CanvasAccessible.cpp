@@ -13,12 +13,35 @@
 namespace pirol {
 namespace {
 
-constexpr QAccessible::Role roles[kindCount] = {
-    QAccessible::StaticText,   QAccessible::Button,       QAccessible::EditableText, QAccessible::EditableText,
-    QAccessible::EditableText, QAccessible::EditableText, QAccessible::CheckBox,     QAccessible::Grouping,
-    QAccessible::ComboBox,     QAccessible::Slider,       QAccessible::ProgressBar,  QAccessible::Table,
-    QAccessible::Graphic,      QAccessible::Sound,        QAccessible::Animation,
-};
+QAccessible::Role ToRole(AccessibleRole role) {
+    switch (role) {
+    case AccessibleRole::StaticText:
+        return QAccessible::StaticText;
+    case AccessibleRole::Button:
+        return QAccessible::Button;
+    case AccessibleRole::EditableText:
+        return QAccessible::EditableText;
+    case AccessibleRole::CheckBox:
+        return QAccessible::CheckBox;
+    case AccessibleRole::Grouping:
+        return QAccessible::Grouping;
+    case AccessibleRole::ComboBox:
+        return QAccessible::ComboBox;
+    case AccessibleRole::Slider:
+        return QAccessible::Slider;
+    case AccessibleRole::ProgressBar:
+        return QAccessible::ProgressBar;
+    case AccessibleRole::Table:
+        return QAccessible::Table;
+    case AccessibleRole::Graphic:
+        return QAccessible::Graphic;
+    case AccessibleRole::Sound:
+        return QAccessible::Sound;
+    case AccessibleRole::Animation:
+        return QAccessible::Animation;
+    }
+    return QAccessible::NoRole;
+}
 
 QString NameOf(const Control& control) {
     return ToText(control.ObjectName) + ", " + ToText(RowOf(control.Kind()).menuLabel);
@@ -47,7 +70,7 @@ class ComponentAccessible final : public QAccessibleInterface {
     QAccessibleInterface* childAt(int, int) const override { return nullptr; }
     int childCount() const override { return 0; }
     int indexOfChild(const QAccessibleInterface*) const override { return -1; }
-    QAccessible::Role role() const override { return roles[Position(component_.kind)]; }
+    QAccessible::Role role() const override { return ToRole(RowOf(component_.kind).role); }
     void setText(QAccessible::Text, const QString&) override {}
 
     QString text(QAccessible::Text part) const override {

@@ -13,7 +13,7 @@
 namespace pirol {
 namespace {
 
-constexpr int largestSize = 1000; // nothing of a larger one would be recognised, and it costs memory
+constexpr int largestSize = 1000; // larger letters cannot be recognised and cost memory
 
 QFont DialogFont(int pixelSize, QFont::Weight weight, bool smooth) {
     const bool windows = QOperatingSystemVersion::currentType() == QOperatingSystemVersion::Windows;
@@ -25,7 +25,7 @@ QFont DialogFont(int pixelSize, QFont::Weight weight, bool smooth) {
     return font;
 }
 
-/// The letterings in use. Fonts must be gone before the application is.
+/// The letterings in use. They are emptied before the application ends, because fonts must not outlive it.
 struct LetteringCase {
     static constexpr std::size_t capacity = 64;
 
@@ -61,8 +61,8 @@ const Lettering& Lettering::Of(const QPainter& painter, int pixelSize, QFont::We
     return letterings.emplace(key, std::make_from_tuple<Lettering>(key)).first->second;
 }
 
-/// Java places letters by the widths of the fully hinted font, smooth or not; Qt has those only for letters that are
-/// not smooth. So these are measured, whatever is painted.
+/// Java places letters by the widths of the fully hinted font, whether or not they are smooth. Qt has those widths only
+/// for letters that are not smooth, so those are measured in either case.
 Lettering::Lettering(int pixelSize, QFont::Weight weight, bool smooth)
     : font_(DialogFont(pixelSize, weight, smooth)), metrics_(DialogFont(pixelSize, weight, false)),
       glyphs_(QRawFont::fromFont(font_, QFontDatabase::Latin)) {
@@ -97,7 +97,7 @@ void Lettering::Paint(QPainter& painter, int x, int top, std::u16string_view tex
     const QPointF baseline(x, top + ascent_);
     const QString line = QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size()));
     const QList<quint32> indexes = glyphs_.glyphIndexesForString(line);
-    // What this font lacks, or what takes two units, Qt lays out itself.
+    // Qt itself lays out a text with characters that this font lacks or that take two units.
     if (indexes.contains(0) || indexes.size() != line.size()) {
         painter.setFont(font_);
         painter.drawText(baseline, line);

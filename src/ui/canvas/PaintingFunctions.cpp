@@ -19,6 +19,7 @@
 #include "ui/canvas/Lettering.h"
 #include "ui/canvas/PictureFile.h"
 #include "ui/parts/Bitmaps.h"
+#include "ui/parts/FormParts.h"
 
 #include <QPainter>
 
@@ -52,7 +53,6 @@ constexpr int textSize = 12;
 constexpr int caretWidth = 1;
 constexpr std::size_t bytesPerCharacter = 4; // at most, in UTF-8
 constexpr int scrollBarDepth = 15;
-constexpr int scrollButtonLength = 16;
 constexpr int markSize = 13;
 constexpr int markGap = 4;
 constexpr int tableHeaderHeight = 20; // with the border above
@@ -65,11 +65,7 @@ constexpr int atRight = 2;
 
 // Lines, areas and bitmaps.
 
-QRect ToQRect(const Rectangle& box) {
-    return {box.left, box.top, box.width, box.height};
-}
-
-/// Boxes that components have become too small for are left out.
+/// Paints nothing for an empty box, such as small components have.
 void Fill(QPainter& painter, const QRect& box, const QColor& colour) {
     if (!box.isEmpty())
         painter.fillRect(box, colour);
@@ -380,7 +376,7 @@ void PaintComboArrow(QPainter& painter, int middle, int top) {
 void Paint(QPainter& painter, const QRect& area, const dAuswahl& box) {
     Fill(painter, area, white);
     PaintFrame(painter, area, outline);
-    // Without entries there is nothing to unfold, and the library leaves the arrow away.
+    // The library draws no arrow where there are no entries to unfold.
     if (box.Entries.empty()) {
         PaintFrame(painter, area.adjusted(1, 1, 0, -1), innerLine);
         return;
@@ -400,7 +396,7 @@ void Paint(QPainter& painter, const QRect& area, const dAuswahl& box) {
 
 void Paint(QPainter& painter, const QRect& area, const dRegler& slider) {
     const SliderLook look = LookOf(slider);
-    const auto at = [&area](const Rectangle& part) { return ToQRect(part).translated(area.topLeft()); };
+    const auto at = [&area](const Rectangle& part) { return ToRect(part).translated(area.topLeft()); };
     const QRect track = at(look.track);
     const QRect filled = at(look.filled);
     const QRect knob = at(look.knob);
@@ -477,7 +473,7 @@ void Paint(QPainter& painter, const QRect& area, const dTabelle& table) {
         Fill(painter, {view.x(), view.y() + row * tableRowHeight - 1, x - view.x(), 1}, outline);
 }
 
-/// A box with the kind's picture, for what has nothing of its own to show.
+/// A box with the kind's picture, for components that have nothing of their own to show.
 void PaintSymbol(QPainter& painter, const QRect& area, ComponentKind kind) {
     Fill(painter, area, face);
     PaintFrame(painter, area, outline);
@@ -514,13 +510,31 @@ void PaintAs(QPainter& painter, const QRect& area, const Control& control) {
     Paint(painter, area, static_cast<const Kind&>(control));
 }
 
-using PaintFunction = void (*)(QPainter&, const QRect&, const Control&);
+/// What paints the components of a kind.
+struct Painter {
+    ComponentKind kind;
+    void (*paint)(QPainter&, const QRect&, const Control&);
+};
 
-/// In the order of the kinds.
-constexpr std::array<PaintFunction, kindCount> paintFunctions = {
-    PaintAs<dEtikett>,     PaintAs<dButton>,   PaintAs<dText>,          PaintAs<TextArea>, PaintAs<TextArea>,
-    PaintAs<dPassword>,    PaintAs<dSchalter>, PaintAs<dOptionsgruppe>, PaintAs<dAuswahl>, PaintAs<dRegler>,
-    PaintAs<dFortschritt>, PaintAs<dTabelle>,  PaintAs<dBild>,          PaintAs<dMusik>,   PaintAs<dVideo>};
+constexpr std::array<Painter, kindCount> painters = {{
+    {ComponentKind::Label, PaintAs<dEtikett>},
+    {ComponentKind::Button, PaintAs<dButton>},
+    {ComponentKind::TextField, PaintAs<dText>},
+    {ComponentKind::CharField, PaintAs<TextArea>},
+    {ComponentKind::RowField, PaintAs<TextArea>},
+    {ComponentKind::Password, PaintAs<dPassword>},
+    {ComponentKind::CheckBox, PaintAs<dSchalter>},
+    {ComponentKind::OptionGroup, PaintAs<dOptionsgruppe>},
+    {ComponentKind::ComboBox, PaintAs<dAuswahl>},
+    {ComponentKind::Slider, PaintAs<dRegler>},
+    {ComponentKind::ProgressBar, PaintAs<dFortschritt>},
+    {ComponentKind::Table, PaintAs<dTabelle>},
+    {ComponentKind::Picture, PaintAs<dBild>},
+    {ComponentKind::Sound, PaintAs<dMusik>},
+    {ComponentKind::Movie, PaintAs<dVideo>},
+}};
+static_assert(HasEveryKind(painters) && std::ranges::all_of(painters, [](const Painter& row) { return row.paint; }),
+              "every kind needs its painter, in the order of the kinds");
 
 } // namespace
 
@@ -530,12 +544,12 @@ void PaintControl(QPainter& painter, const Control& control) {
         return;
     painter.save();
     painter.setClipRect(area, Qt::IntersectClip);
-    paintFunctions[Position(control.Kind())](painter, area, control);
+    painters[Position(control.Kind())].paint(painter, area, control);
     painter.restore();
 }
 
 void PaintSelectionBorder(QPainter& painter, const Rectangle& component) {
-    const QRect frame = ToQRect(component);
+    const QRect frame = ToRect(component);
     PaintFrame(painter, frame, white);
     painter.save();
     QPen dashes(selection, 1, Qt::CustomDashLine, Qt::FlatCap);
@@ -546,7 +560,7 @@ void PaintSelectionBorder(QPainter& painter, const Rectangle& component) {
 }
 
 void PaintResizeHandle(QPainter& painter, const Rectangle& handle) {
-    const QRectF box = ToQRect(handle);
+    const QRectF box = ToRect(handle);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);

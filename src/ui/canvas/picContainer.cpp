@@ -3,6 +3,7 @@
 #include "designer/Grid.h"
 #include "ui/canvas/CanvasAccessible.h"
 #include "ui/canvas/PaintingFunctions.h"
+#include "ui/parts/FormParts.h"
 #include "ui/parts/frmError.h"
 
 #include <QAccessible>
@@ -21,10 +22,6 @@ namespace {
 constexpr int borderReach = 2;
 /// More components than this are not painted anew for every mouse move.
 constexpr std::size_t mostPaintedEachMove = 16;
-
-QRect ToRect(const Rectangle& box) {
-    return {box.left, box.top, box.width, box.height};
-}
 
 /// What must be painted so that the region is right: on a scaled screen the region's edges are rounded, so a pixel
 /// more.

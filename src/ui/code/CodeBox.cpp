@@ -1,5 +1,7 @@
 #include "ui/code/CodeBox.h"
 
+#include "ui/parts/FormParts.h"
+
 #include <QFontDatabase>
 #include <QMimeData>
 #include <QTextBlock>
@@ -14,10 +16,6 @@ namespace {
 constexpr int smallestPointSize = 6;
 constexpr int largestPointSize = 48;
 constexpr qsizetype charactersPerChunk = 50'000;
-
-QColor ToQt(Colour colour) {
-    return {colour.red, colour.green, colour.blue};
-}
 
 } // namespace
 
@@ -161,7 +159,7 @@ void CodeBox::Colour(const QTextBlock& block) {
         const std::size_t from = std::max(span->begin, begin);
         const std::size_t to = std::min(span->begin + span->length, end);
         QTextCharFormat format;
-        format.setForeground(ToQt(span->colour));
+        format.setForeground(ToColor(span->colour));
         formats.append({static_cast<int>(from - begin), static_cast<int>(to - from), format});
     }
     if (!formats.isEmpty())

@@ -1,7 +1,6 @@
 #include "ui/code/frmCode.h"
 
 #include "ui/code/CodeBox.h"
-#include "ui/parts/Bitmaps.h"
 #include "ui/parts/FormParts.h"
 
 #include <QApplication>
@@ -22,12 +21,6 @@ namespace {
 
 constexpr int charactersWide = 100;
 constexpr int linesHigh = 36;
-
-QPushButton* NewIconButton(const char* name, const QString& caption, std::string_view icon, const QString& toolTip) {
-    QPushButton* button = NewButton(name, caption, toolTip);
-    button->setIcon(CommandIcon(icon));
-    return button;
-}
 
 QHBoxLayout* NewRow(QWidget* row, std::initializer_list<QWidget*> widgets) {
     auto* layout = new QHBoxLayout(row);
@@ -149,7 +142,7 @@ void frmCode::keyPressEvent(QKeyEvent* event) {
     else if (auto* button = qobject_cast<QPushButton*>(focusWidget()); enter && button != nullptr)
         button->click();
     else if (enter)
-        event->accept(); // a reader who presses it in the text does not mean to close
+        event->accept(); // pressing it in the text must not close the viewer
     else if (event->key() == Qt::Key_Escape && searchRow_->isVisible())
         CloseSearch();
     else

@@ -2,7 +2,6 @@
 
 #include "base/FileAccess.h"
 #include "base/RuntimeError.h"
-#include "ui/parts/Bitmaps.h"
 #include "ui/parts/FormParts.h"
 #include "ui/parts/frmError.h"
 
@@ -20,7 +19,6 @@
 #include <QTextLayout>
 #include <QVBoxLayout>
 
-#include <filesystem>
 #include <memory>
 
 namespace pirol {
@@ -82,7 +80,7 @@ void WriteFile(const QTextDocument& text, const PrintJob& job) {
 
 void WritePages(const QTextDocument& text, const PrintJob& job) {
     QPrinter printer(QPrinter::HighResolution);
-    // An unknown name is ignored silently, and then the pages would go anywhere else.
+    // Qt ignores an unknown name, and the pages would come out of another printer.
     const QString name = ToText(job.Printer);
     printer.setPrinterName(name);
     if (!printer.isValid() || printer.printerName() != name)
@@ -95,14 +93,14 @@ void WritePages(const QTextDocument& text, const PrintJob& job) {
         throw RuntimeError(RuntimeError::DeviceError);
 }
 
-} // namespace
-
 void PrintText(const QTextDocument& text, const FontChoice& font, const PrintJob& job) {
     UnderLabel("Main.Code.Print", [&] {
         const std::unique_ptr<QTextDocument> copy = Copy(text, font);
         job.PdfFile.empty() ? WritePages(*copy, job) : WriteFile(*copy, job);
     });
 }
+
+} // namespace
 
 frmPrint::frmPrint(const QTextDocument& text, cCommonDialog& dialogs, QWidget* owner)
     : QDialog(owner), text_(text), dialogs_(dialogs), font_(UsualFont()),
@@ -118,12 +116,11 @@ frmPrint::frmPrint(const QTextDocument& text, cCommonDialog& dialogs, QWidget* o
     font->addWidget(lblFont_, 1);
     font->addWidget(cmdFont);
 
-    auto* const cmdPrinter = NewButton("cmdPrinter", "&Drucken . . .", "Den Drucker wählen und drucken");
-    auto* const cmdPdf = NewButton("cmdPdf", "Als &PDF speichern . . .", "Die Seiten in eine PDF-Datei schreiben");
+    auto* const cmdPrinter = NewIconButton("cmdPrinter", "&Drucken . . .", "print", "Den Drucker wählen und drucken");
+    auto* const cmdPdf =
+        NewIconButton("cmdPdf", "Als &PDF speichern . . .", "export", "Die Seiten in eine PDF-Datei schreiben");
     auto* const cmdCancel = NewButton("cmdCancel", "Abbrechen", "Nichts drucken");
-    cmdPrinter->setIcon(CommandIcon("print"));
     cmdPrinter->setDefault(true);
-    cmdPdf->setIcon(CommandIcon("export"));
     auto* const all = new QVBoxLayout(this);
     all->addWidget(group);
     all->addStretch();
@@ -155,13 +152,8 @@ void frmPrint::PrintIntoPdf() {
                                      .Flags = FileDialogSetup::PathMustExist,
                                      .FileName = "SuMAnwendung.pdf",
                                      .Name = "pdfDialog"});
-    if (job.PdfFile.empty())
-        return;
-    std::error_code ignored;
-    if (std::filesystem::exists(PathOf(job.PdfFile), ignored) &&
-        !dialogs_.Question("Die Datei existiert bereits! Überschreiben?"))
-        return;
-    Print(job);
+    if (!job.PdfFile.empty() && MayReplaceFile(job.PdfFile, dialogs_))
+        Print(job);
 }
 
 void frmPrint::Print(const PrintJob& job) {

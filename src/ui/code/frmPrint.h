@@ -11,11 +11,9 @@ class QTextDocument;
 
 namespace pirol {
 
-/// Prints a text with its colours, page by page with page numbers; long lines are wrapped. A PDF file is replaced in
-/// one step. Raises RuntimeError under the label "Main.Code.Print" when the printer or the file cannot be written.
-void PrintText(const QTextDocument& text, const FontChoice& font, const PrintJob& job);
-
-/// Asks for the typeface and whether to print on a printer or into a PDF file, and prints.
+/// Asks for the typeface and whether to print on a printer or into a PDF file, and prints a text with its colours, page
+/// by page with page numbers; long lines are wrapped. A PDF file is replaced in one step. What cannot be written is
+/// reported under the label "Main.Code.Print", and the form stays.
 class frmPrint : public QDialog {
     Q_OBJECT
 

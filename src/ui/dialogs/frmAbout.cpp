@@ -5,8 +5,6 @@
 
 #include <QCoreApplication>
 #include <QLabel>
-#include <QPlainTextEdit>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace pirol {
@@ -26,10 +24,7 @@ QString Libraries() {
 
 QLabel* NewHeading(const QString& text, double scale) {
     auto* const heading = new QLabel(text);
-    QFont font = heading->font();
-    font.setBold(true);
-    font.setPointSizeF(font.pointSizeF() * scale);
-    heading->setFont(font);
+    SetOff(heading, scale);
     return heading;
 }
 
@@ -58,23 +53,7 @@ frmAbout::frmAbout(QWidget* owner) : QDialog(owner) {
     texts->addWidget(NewHeading("Bibliotheken", 1));
     texts->addWidget(NewText("lblLibraries", Libraries()));
     texts->addStretch();
-
-    auto* const icon = new QLabel;
-    icon->setPixmap(ProgramIcon().pixmap(64, 64));
-    icon->setAlignment(Qt::AlignTop);
-    auto* const columns = new QHBoxLayout;
-    columns->setSpacing(fontMetrics().averageCharWidth() * 3);
-    columns->addWidget(icon);
-    columns->addLayout(texts, 1);
-
-    auto* const cmdClose = NewButton("cmdClose", "&Schließen");
-    cmdClose->setDefault(true);
-    connect(cmdClose, &QPushButton::clicked, this, &QDialog::accept);
-    auto* const all = new QVBoxLayout(this);
-    all->addLayout(columns, 1);
-    all->addSpacing(fontMetrics().lineSpacing() / 2);
-    all->addWidget(cmdClose, 0, Qt::AlignRight);
-    all->setSizeConstraint(QLayout::SetFixedSize);
+    LayOutNotice(this, ProgramIcon().pixmap(64, 64), texts);
 }
 
 } // namespace pirol

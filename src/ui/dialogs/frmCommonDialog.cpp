@@ -28,7 +28,7 @@ QWidget* Owner() {
     return modal != nullptr ? modal : QApplication::activeWindow();
 }
 
-/// A pattern that means every file asks for a dot in the name here.
+/// For Qt, "*.*" asks for a dot in the name; here it means every file.
 QString ToPattern(const std::string& pattern) {
     return pattern == "*.*" ? QStringLiteral("*") : ToText(pattern);
 }

@@ -4,7 +4,6 @@
 #include "ui/parts/FormParts.h"
 
 #include <QLabel>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace pirol {
@@ -25,21 +24,9 @@ frmDonation::frmDonation(QWidget* owner) : QDialog(owner) {
     QLabel* const lblDonation = NewNote(text, 60);
     lblDonation->setObjectName("lblDonation");
     lblDonation->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    auto* const cmdClose = NewButton("cmdClose", "&Schließen");
-    cmdClose->setDefault(true);
-    connect(cmdClose, &QPushButton::clicked, this, &QDialog::accept);
-    auto* const icon = new QLabel;
-    icon->setPixmap(CommandIcon("donate").pixmap(48, 48));
-    icon->setAlignment(Qt::AlignTop);
-    auto* const columns = new QHBoxLayout;
-    columns->setSpacing(fontMetrics().averageCharWidth() * 3);
-    columns->addWidget(icon);
-    columns->addWidget(lblDonation, 1);
-    auto* const all = new QVBoxLayout(this);
-    all->addLayout(columns, 1);
-    all->addSpacing(fontMetrics().lineSpacing() / 2);
-    all->addWidget(cmdClose, 0, Qt::AlignRight);
-    all->setSizeConstraint(QLayout::SetFixedSize);
+    auto* const texts = new QVBoxLayout;
+    texts->addWidget(lblDonation);
+    LayOutNotice(this, CommandIcon("donate").pixmap(48, 48), texts);
 }
 
 } // namespace pirol

@@ -4,7 +4,7 @@
 
 namespace pirol {
 
-/// Tells how the program can be supported. Plain text: nothing in it opens anything.
+/// Tells how the program can be supported, as plain text without links.
 class frmDonation : public QDialog {
     Q_OBJECT
 

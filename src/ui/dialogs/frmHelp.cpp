@@ -61,13 +61,10 @@ frmHelp::frmHelp(QWidget* owner)
     columns->addWidget(txtHandbook_);
     columns->setSizes({listWidth, usualSize.width() - listWidth});
     columns->setStretchFactor(1, 1);
-    auto* const cmdClose = NewButton("cmdClose", "&Schließen");
-    cmdClose->setDefault(true);
     auto* const all = new QVBoxLayout(this);
     all->addWidget(columns, 1);
-    all->addWidget(cmdClose, 0, Qt::AlignRight);
+    all->addWidget(NewCloseButton(this), 0, Qt::AlignRight);
 
-    connect(cmdClose, &QPushButton::clicked, this, &QDialog::close);
     connect(lstChapters_, &QListWidget::currentItemChanged, this, [this](const QListWidgetItem* item) {
         if (item != nullptr)
             ShowBlock(item->data(Qt::UserRole).toInt());

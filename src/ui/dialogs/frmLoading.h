@@ -12,9 +12,8 @@ class QProgressBar;
 namespace pirol {
 
 /// Shows how far loading a project has come, beside the form that loads it. It does not block that form's code and lets
-/// no input through meanwhile. Showing is cheap: the form appears when loading takes long enough to be noticed, because
-/// opening a window costs more than reading a usual project, and is renewed at a bounded rate, however many lines there
-/// are.
+/// no input through meanwhile. Opening a window costs more than reading a usual project, so the form appears only when
+/// loading takes long enough to be noticed. It is renewed at a bounded rate, however many lines there are.
 class frmLoading : public QDialog, public LoadingProgress {
     Q_OBJECT
 

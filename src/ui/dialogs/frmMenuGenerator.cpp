@@ -1,6 +1,5 @@
 #include "ui/dialogs/frmMenuGenerator.h"
 
-#include "ui/parts/Bitmaps.h"
 #include "ui/parts/CellDelegate.h"
 #include "ui/parts/FormParts.h"
 
@@ -41,11 +40,12 @@ frmMenuGenerator::frmMenuGenerator(MenuBar& bar, cCommonDialog& dialogs, QWidget
       txtCaption_(Named(new QLineEdit, "txtCaption", "Beschriftung")),
       txtName_(Named(new QLineEdit, "txtName", "Menüname")), optType_(new QButtonGroup(this)),
       lblDepth_(Named(new QLabel, "lblDepth", "Aktuelle Menütiefe")),
-      cmdDel_(NewButton("cmdDel", "&Löschen", "Die gewählte Zeile mit allem darunter löschen")),
-      cmdMoveUp_(NewButton("cmdMoveUp", "Nach &oben", "Die gewählte Zeile mit ihrer Vorgängerin tauschen")),
-      cmdMoveDown_(NewButton("cmdMoveDown", "Nach u&nten", "Die gewählte Zeile mit ihrer Nachfolgerin tauschen")),
-      cmdLevelUp_(NewButton("cmdLevelUp", "Eine Ebene &höher",
-                            "Neue Zeilen wieder eine Ebene höher anlegen, am Ende in der Menüleiste selbst")) {
+      cmdDel_(NewIconButton("cmdDel", "&Löschen", "delete", "Die gewählte Zeile mit allem darunter löschen")),
+      cmdMoveUp_(NewIconButton("cmdMoveUp", "Nach &oben", "up", "Die gewählte Zeile mit ihrer Vorgängerin tauschen")),
+      cmdMoveDown_(
+          NewIconButton("cmdMoveDown", "Nach u&nten", "down", "Die gewählte Zeile mit ihrer Nachfolgerin tauschen")),
+      cmdLevelUp_(NewIconButton("cmdLevelUp", "Eine Ebene &höher", "left",
+                                "Neue Zeilen wieder eine Ebene höher anlegen, am Ende in der Menüleiste selbst")) {
     setObjectName("frmMenuGenerator");
     setWindowTitle("Pirol - Menü-Generator");
 
@@ -98,13 +98,11 @@ QGroupBox* frmMenuGenerator::NewEntryGroup() {
     form->addRow("&Beschriftung:", txtCaption_);
     form->addRow("Menün&ame:", txtName_);
     for (const OptionRow& row : options) {
-        auto* const option = Named(new QRadioButton(row.caption), row.name, QString(row.caption).remove('&'));
-        option->setToolTip(row.toolTip);
+        auto* const option = NewOption(row.name, row.caption, row.toolTip);
         optType_->addButton(option, row.type);
         form->addRow(row.type == cMenu::Menu ? "Art:" : "", option);
     }
-    auto* const cmdAdd = NewButton("cmdAdd", "Hin&zufügen", "Die neue Zeile in die Menüleiste aufnehmen");
-    cmdAdd->setIcon(CommandIcon("add"));
+    auto* const cmdAdd = NewIconButton("cmdAdd", "Hin&zufügen", "add", "Die neue Zeile in die Menüleiste aufnehmen");
     cmdAdd->setDefault(true);
     form->addRow(cmdAdd);
 
@@ -121,10 +119,6 @@ QGroupBox* frmMenuGenerator::NewSelectionGroup() {
     grid->addWidget(cmdMoveDown_, 0, 1);
     grid->addWidget(cmdDel_, 1, 0);
     grid->addWidget(cmdLevelUp_, 1, 1);
-    cmdMoveUp_->setIcon(CommandIcon("up"));
-    cmdMoveDown_->setIcon(CommandIcon("down"));
-    cmdDel_->setIcon(CommandIcon("delete"));
-    cmdLevelUp_->setIcon(CommandIcon("left"));
     connect(cmdMoveUp_, &QPushButton::clicked, this, [this] { Move(&MenuEditor::MoveUp); });
     connect(cmdMoveDown_, &QPushButton::clicked, this, [this] { Move(&MenuEditor::MoveDown); });
     connect(cmdDel_, &QPushButton::clicked, this, &frmMenuGenerator::Delete);
@@ -189,7 +183,7 @@ void frmMenuGenerator::RefreshList() {
     for (const MenuRow& row : editor_.Rows()) {
         auto* const item = new QListWidgetItem(ToText(row.text), lstEntries_);
         if (row.colour)
-            item->setForeground(QColor(row.colour->red, row.colour->green, row.colour->blue));
+            item->setForeground(ToColor(*row.colour));
     }
     ShowSelection();
 }

@@ -95,7 +95,7 @@ class GridPreview : public QWidget {
         painter.fillRect(rect(), Qt::white);
         const QColor color = ToColor(preferences_.GridColor);
         for (const Rectangle& mark : GridMarks(preferences_.GridStyle, width(), height(), {0, 0, width(), height()}))
-            painter.fillRect(mark.left, mark.top, mark.width, mark.height, color);
+            painter.fillRect(ToRect(mark), color);
     }
 
   private:
@@ -140,8 +140,7 @@ QWidget* frmPreferences::NewGridGroup() {
     auto* const group = new QGroupBox("Raster der Entwurfsfläche");
     auto* const styles = new QVBoxLayout;
     for (const GridStyleRow& row : gridStyles) {
-        auto* const option = Named(new QRadioButton(row.caption), row.name, QString(row.caption).remove('&'));
-        option->setToolTip(row.toolTip);
+        auto* const option = NewOption(row.name, row.caption, row.toolTip);
         optGridStyle_->addButton(option, static_cast<int>(row.style));
         styles->addWidget(option);
     }

@@ -11,7 +11,7 @@
 namespace pirol {
 namespace {
 
-/// Writes a text that differs; one that is the same keeps the caret where the user has it.
+/// Writes a text that the field does not have yet. Writing the same one would move the user's caret.
 void Show(QLineEdit* field, const std::string& text) {
     if (const QString shown = ToText(text); field->text() != shown)
         field->setText(shown);

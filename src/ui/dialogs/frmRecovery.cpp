@@ -34,9 +34,6 @@ frmRecovery::frmRecovery(const std::string& project, std::time_t written, std::s
     setObjectName("frmRecovery");
     setWindowTitle("Pirol - Wiederherstellung");
 
-    auto* const icon = new QLabel;
-    icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxQuestion).pixmap(32, 32));
-    icon->setAlignment(Qt::AlignTop);
     auto* const lblQuestion =
         Named(NewNote(Question(project, written, others), charactersPerLine), "lblQuestion", "Was erhalten ist");
     lblQuestion->setMinimumHeight(lblQuestion->heightForWidth(lblQuestion->minimumWidth()));
@@ -47,15 +44,11 @@ frmRecovery::frmRecovery(const std::string& project, std::time_t written, std::s
     cmdRestore->setDefault(true);
 
     auto* const question = new QHBoxLayout;
-    question->addWidget(icon);
+    question->addWidget(NewPicture(style()->standardIcon(QStyle::SP_MessageBoxQuestion).pixmap(32, 32)));
     question->addWidget(lblQuestion, 1);
-    auto* const buttons = new QHBoxLayout;
-    buttons->addStretch();
-    for (QPushButton* button : {cmdRestore, cmdDiscard, cmdLater})
-        buttons->addWidget(button);
     auto* const all = new QVBoxLayout(this);
     all->addLayout(question, 1);
-    all->addLayout(buttons);
+    all->addLayout(NewButtonRow({cmdRestore, cmdDiscard, cmdLater}));
 
     connect(cmdRestore, &QPushButton::clicked, this, [this] { Choose(Answer::Restore); });
     connect(cmdDiscard, &QPushButton::clicked, this, [this] { Choose(Answer::Discard); });

@@ -52,10 +52,7 @@ frmSQLGenerator::frmSQLGenerator(SQLSettings& settings, QWidget* owner)
     setObjectName("frmSQLGenerator");
     setWindowTitle(ToText(SQLWizard::title));
 
-    QFont heading = font();
-    heading.setBold(true);
-    heading.setPointSizeF(heading.pointSizeF() * 1.2);
-    lblStep_->setFont(heading);
+    SetOff(lblStep_, 1.2);
     for (const SQLWizardStep& step : SQLWizard::Steps())
         steps_->addWidget(NewStep(step, &step == &SQLWizard::Steps().back()));
     cmdStepForward_->setDefault(true);

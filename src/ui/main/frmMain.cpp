@@ -1,10 +1,8 @@
 #include "ui/main/frmMain.h"
 
-#include "app/ExportCommands.h"
 #include "app/FileCommands.h"
 #include "codegen/Hints.h"
 #include "designer/MainLayout.h"
-#include "project/ProjectFile.h"
 #include "ui/canvas/picContainer.h"
 #include "ui/dialogs/frmLoading.h"
 #include "ui/main/lstHints.h"
@@ -36,10 +34,6 @@ constexpr int hintDelay = 250;
 /// Milliseconds for which the status bar says where to follow a hint.
 constexpr int hintMessageTime = 10000;
 
-QRect ToRect(const Rectangle& box) {
-    return {box.left, box.top, box.width, box.height};
-}
-
 /// A bar of the canvas. While there is nothing to scroll it is an empty strip: the style has many gradients for a bar
 /// that does nothing, and Qt starts threads to fill each of them.
 class CanvasBar final : public QScrollBar {
@@ -60,9 +54,7 @@ QScrollBar* NewBar(const char* name, const QString& accessibleName, Qt::Orientat
 QLabel* NewHeading(const char* name, const QString& text, QWidget* parent) {
     auto* label = Named(new QLabel(text, parent), name, text);
     label->setIndent(8);
-    QFont font = label->font();
-    font.setBold(true);
-    label->setFont(font);
+    SetOff(label);
     return label;
 }
 
@@ -115,8 +107,7 @@ frmMain::~frmMain() {
 
 void frmMain::SetPreferences(const Preferences& preferences) {
     preferences_ = preferences;
-    const auto part = [color = preferences.GridColor](int shift) { return static_cast<int>(color >> shift & 0xFF); };
-    picContainer_->SetGrid(preferences.GridStyle, QColor(part(0), part(8), part(16)));
+    picContainer_->SetGrid(preferences.GridStyle, ToColor(preferences.GridColor));
 }
 
 void frmMain::BuildSurface() {
@@ -327,21 +318,11 @@ std::string frmMain::GenerateCode() {
     return source;
 }
 
-std::string frmMain::GeneratePRLCode() {
-    std::string bytes;
-    Run([&] { bytes = pirol::GeneratePRLCode(Model()); });
-    return bytes;
-}
-
 void frmMain::ReadPRLFile(const std::string& path) {
     Run([&] {
         frmLoading progress(this);
         LoadProject(path, document_, dialogs_, &progress);
     });
-}
-
-void frmMain::AnalyseCode(const std::string& source) {
-    Run([&] { pirol::AnalyseCode(source, document_); });
 }
 
 void frmMain::LoadProperties() {

@@ -42,22 +42,14 @@ class frmMain : public QMainWindow, private DocumentListener {
     Document& CurrentDocument() { return document_; }
     const ProjectModel& Model() const { return document_.Model(); }
     DesignCanvas& Canvas() { return canvas_; }
-    const CodeOptions& Options() const { return options_; }
-    const Preferences& CurrentPreferences() const { return preferences_; }
-    /// Takes over what the user prefers now; a grid that is shown is drawn anew.
-    void SetPreferences(const Preferences& preferences);
 
     // The operations of consequence. Each runs under its error label, shows the error report when it fails, and brings
     // the window up to date.
 
     /// The generated source; empty when it failed.
     std::string GenerateCode();
-    /// The project file's bytes; empty when it failed.
-    std::string GeneratePRLCode();
     /// Loads a project file in place of the design.
     void ReadPRLFile(const std::string& path);
-    /// Fills the design from Java source.
-    void AnalyseCode(const std::string& source);
     /// Shows the properties of the selected component.
     void LoadProperties();
 
@@ -73,6 +65,7 @@ class frmMain : public QMainWindow, private DocumentListener {
     struct CommandRow;
     struct CommandTable;
 
+    void SetPreferences(const Preferences& preferences);
     void BuildMenus();
     void BuildSurface();
     void BuildStatusBar();

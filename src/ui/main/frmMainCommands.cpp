@@ -86,12 +86,6 @@ struct frmMain::CommandTable {
         {},
         {"mnuHelpAbout",       "Ü&ber Pirol …",           "about",       "",       "Zeigt die Version und die Lizenz", &frmMain::mnuHelpAbout},
     };
-
-    /// The captions of the kinds in the menu, with mnemonics that differ from each other and from the grid's.
-    static constexpr const char* kindCaptions[kindCount] = {
-        "&Etikett", "&Knopf", "&Textfeld", "&Zeichenbereich", "Zeilen&bereich", "Kenn&wortfeld", "&Schalter", "Ra&diogruppe",
-        "&Auswahl", "Re&gler", "&Fortschrittsbalken", "Tabe&lle", "&Multimedia: Bild", "Multimedia: To&n", "Multimedia: F&ilm",
-    };
     // clang-format on
 };
 
@@ -138,7 +132,7 @@ void frmMain::AddKindCommands(QMenu* menu) {
     QAction* line = menu->actions().front();
     for (const KindRow& row : KindRows()) {
         const int entry = static_cast<int>(Position(row.kind));
-        auto* action = new QAction(CommandTable::kindCaptions[entry], this);
+        auto* action = new QAction(ToText(row.menuCaption), this);
         action->setObjectName(QString("mnuObjectsObject%1").arg(entry));
         action->setStatusTip(ToText(row.menuLabel) + " als nächste Komponente wählen");
         action->setCheckable(true);

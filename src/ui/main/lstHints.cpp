@@ -22,7 +22,7 @@ QString Count(std::size_t hints) {
     return hints < mostHints ? QString::number(hints) : QString("%1 und mehr").arg(mostHints);
 }
 
-/// The style makes each icon anew whenever it is asked, which would be felt with many hints.
+/// The icons of the lines. The style makes an icon anew at each call, which would be slow with many hints.
 struct EffectIcons {
     explicit EffectIcons(const QStyle& style)
         : worksWrongly(style.standardIcon(QStyle::SP_MessageBoxWarning)),
@@ -39,7 +39,7 @@ QListWidgetItem* NewLine(const Hint& hint, const EffectIcons& icons) {
         compiles ? "Das Programm läuft anders als gezeichnet." : "Java kann das Programm so nicht übersetzen.";
     const QString where = ToText(WhereToMend(hint.subject));
     auto* line = new QListWidgetItem(compiles ? icons.worksWrongly : icons.doesNotCompile, text);
-    // As markup, so that long lines are broken; texts of the design are none.
+    // As markup, so that long lines are broken; the hint's text is escaped, as it is none.
     line->setToolTip("<qt>" + QStringList{text.toHtmlEscaped(), effect, where}.join("<br>") + "</qt>");
     line->setData(Qt::AccessibleDescriptionRole, effect + ' ' + where);
     return line;
@@ -56,9 +56,7 @@ lstHints::lstHints(QWidget* parent)
     heading_->setAutoRaise(true);
     heading_->setCheckable(true);
     heading_->setStatusTip("Zeigt oder verbirgt die Hinweise zum erzeugten Programm");
-    QFont font = heading_->font();
-    font.setBold(true);
-    heading_->setFont(font);
+    SetOff(heading_);
     connect(heading_, &QToolButton::toggled, this, &lstHints::Fold);
 
     list_->setUniformItemSizes(true);
@@ -73,7 +71,7 @@ lstHints::lstHints(QWidget* parent)
     rows->setSpacing(0);
     rows->addWidget(heading_);
     rows->addWidget(list_);
-    // Only now: unfolding shows the list, which is a window of its own until it stands here.
+    // Only now: unfolding shows the list, which would have been a window of its own before it stood here.
     hide();
     heading_->setChecked(true);
     setFocusProxy(list_);
@@ -90,7 +88,7 @@ void lstHints::ShowHints(std::vector<Hint> hints) {
     const EffectIcons icons(*style());
     for (const Hint& hint : hints_)
         list_->addItem(NewLine(hint, icons));
-    // Nothing is marked before the user was in the list.
+    // No line is marked until the user has been in the list.
     if (current >= 0)
         list_->setCurrentRow(std::min(current, list_->count() - 1));
     heading_->setText(QString("Hinweise (%1)").arg(Count(hints_.size())));

@@ -1,6 +1,7 @@
 #include "ui/main/tbComponents.h"
 
 #include "ui/parts/Bitmaps.h"
+#include "ui/parts/FormParts.h"
 
 #include <QScrollBar>
 #include <QToolButton>
@@ -11,10 +12,6 @@ namespace {
 
 constexpr int leastButtonHeight = 17;
 constexpr int mostButtonHeight = 30;
-
-QString ToText(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 QToolButton* NewButton(const KindRow& row) {
     auto* button = new QToolButton;

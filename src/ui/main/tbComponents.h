@@ -13,7 +13,7 @@ class tbComponents : public QScrollArea {
   public:
     explicit tbComponents(QWidget* parent);
 
-    /// Presses the button of an index (1 to 15), as a click does.
+    /// Presses the button of an index (the kind's number), as a click does.
     void PressButton(int index);
 
   signals:

@@ -57,7 +57,7 @@ const QImage& Icon(const std::string& fileName) {
     return images[fileName];
 }
 
-/// A picture in several sizes of which only those are decoded that are shown: starting needs few of the many.
+/// A picture in several sizes. Each is decoded when it is first shown, as few of the many are needed at the start.
 class EmbeddedIconEngine final : public QIconEngine {
   public:
     /// `smallest` stands for 16 pixels where it is not empty; the other sizes are the icons of that name.

@@ -13,8 +13,8 @@ namespace pirol {
 /// there is none. Magenta is transparent. Each bitmap is decoded once.
 const QImage& Bitmap(std::string_view name);
 
-/// The same piece drawn three times as large for screens with small pixels, for those pieces that nearest pixels would
-/// show with stairs; a null image for all others.
+/// The same piece drawn three times as large for screens with small pixels. Only pieces whose
+/// slanted lines would show stairs there have one; a null image for all others.
 const QImage& LargeBitmap(std::string_view name);
 constexpr int largeBitmapScale = 3;
 

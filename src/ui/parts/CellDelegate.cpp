@@ -19,7 +19,7 @@ QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
 
 void CellDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const {
     auto* line = qobject_cast<QLineEdit*>(editor);
-    // A value that changes meanwhile must not disturb who is typing.
+    // A value that changes meanwhile must not disturb a user who is typing.
     if (line != nullptr && !line->isModified())
         line->setText(index.data(Qt::EditRole).toString());
 }

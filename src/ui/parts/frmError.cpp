@@ -29,26 +29,21 @@ frmError::frmError(const RuntimeError& error, QWidget* owner) : QDialog(owner), 
     txtError_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
     txtError_->setMinimumHeight(txtError_->fontMetrics().lineSpacing() * 7);
 
-    auto* icon = new QLabel;
-    icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxCritical).pixmap(32, 32));
-    icon->setAlignment(Qt::AlignTop);
-
     auto* lblHandling = Named(NewNote(ToLines(ErrorAdvice()), 64), "lblHandling", "Was Sie tun können");
     lblHandling->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    // At its narrowest the advice needs the most lines; a box layout alone would let it be cut off there.
+    // The narrowest form needs the most lines for the advice; a box layout alone would cut it off there.
     lblHandling->setMinimumHeight(lblHandling->heightForWidth(lblHandling->minimumWidth()));
 
     auto* cmdCopy = NewButton("cmdCopy", "&Kopieren");
-    auto* cmdClose = NewButton("cmdClose", "&Schließen");
+    auto* cmdClose = NewCloseButton(this);
     cmdCopy->setAutoDefault(true); // Enter presses the button that has the focus
-    cmdClose->setDefault(true);
 
     auto* texts = new QVBoxLayout;
     texts->addWidget(txtError_, 1);
     texts->addWidget(lblHandling);
 
     auto* report = new QHBoxLayout;
-    report->addWidget(icon);
+    report->addWidget(NewPicture(style()->standardIcon(QStyle::SP_MessageBoxCritical).pixmap(32, 32)));
     report->addLayout(texts, 1);
 
     auto* all = new QVBoxLayout(this);
@@ -56,7 +51,6 @@ frmError::frmError(const RuntimeError& error, QWidget* owner) : QDialog(owner), 
     all->addLayout(NewButtonRow({cmdCopy, cmdClose}));
 
     connect(cmdCopy, &QPushButton::clicked, this, &frmError::CopyReport);
-    connect(cmdClose, &QPushButton::clicked, this, &QDialog::accept);
     cmdClose->setFocus();
     QApplication::beep();
 }

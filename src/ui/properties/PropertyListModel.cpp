@@ -22,7 +22,7 @@ QString Shown(const PropertyPanelRow& row) {
     return ToText(ShownText(row));
 }
 
-/// Text for a tool tip, which would take a value like "<b>" for markup.
+/// The text as a tool tip; without escaping, a value like "<b>" would count as markup.
 QString ToolTip(const QString& text) {
     return "<qt>" + text.toHtmlEscaped() + "</qt>";
 }
@@ -101,7 +101,7 @@ QVariant PropertyListModel::data(const QModelIndex& index, int role) const {
     case Qt::ToolTipRole:
         return isValue && !row.value.empty() ? QVariant(ToolTip(Shown(row))) : QVariant();
     case Qt::AccessibleTextRole:
-        // A reader that stands on the value says which property it is.
+        // A screen reader on the value says which property it is.
         return isValue ? ToText(row.caption) + ": " + Shown(row) : ToText(row.caption);
     default:
         return {};

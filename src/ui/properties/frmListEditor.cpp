@@ -2,7 +2,6 @@
 
 #include "base/Conversions.h"
 #include "designer/ListEditorModel.h"
-#include "ui/parts/Bitmaps.h"
 #include "ui/parts/CellDelegate.h"
 #include "ui/parts/FormParts.h"
 #include "ui/parts/frmError.h"
@@ -22,15 +21,6 @@
 #include <utility>
 
 namespace pirol {
-namespace {
-
-QPushButton* NewRowButton(const char* name, const QString& caption, std::string_view icon, const QString& toolTip) {
-    QPushButton* button = NewButton(name, caption, toolTip);
-    button->setIcon(CommandIcon(icon));
-    return button;
-}
-
-} // namespace
 
 /// The rows being edited as an item model.
 class ListRowsModel final : public QAbstractTableModel {
@@ -160,11 +150,11 @@ frmListEditor::frmListEditor(const PropertyPanelRow& property, QWidget* owner)
     lstRows_->installEventFilter(this);
     FitColumns();
 
-    auto* cmdAdd = NewRowButton("cmdAdd", "&Hinzufügen", "add", "Einfg: eine neue Zeile am Ende");
-    cmdRemove_ = NewRowButton("cmdRemove", "&Entfernen", "remove", "Entf: die gewählte Zeile");
-    cmdUp_ = NewRowButton("cmdUp", "Nach &oben", "up", "Alt+Pfeil hoch: die gewählte Zeile mit der vorigen tauschen");
-    cmdDown_ = NewRowButton("cmdDown", "Nach &unten", "down",
-                            "Alt+Pfeil runter: die gewählte Zeile mit der nächsten tauschen");
+    auto* cmdAdd = NewIconButton("cmdAdd", "&Hinzufügen", "add", "Einfg: eine neue Zeile am Ende");
+    cmdRemove_ = NewIconButton("cmdRemove", "&Entfernen", "remove", "Entf: die gewählte Zeile");
+    cmdUp_ = NewIconButton("cmdUp", "Nach &oben", "up", "Alt+Pfeil hoch: die gewählte Zeile mit der vorigen tauschen");
+    cmdDown_ = NewIconButton("cmdDown", "Nach &unten", "down",
+                             "Alt+Pfeil runter: die gewählte Zeile mit der nächsten tauschen");
     auto* rowButtons = new QVBoxLayout;
     for (QPushButton* button : {cmdAdd, cmdRemove_, cmdUp_, cmdDown_})
         rowButtons->addWidget(button);
@@ -209,7 +199,7 @@ void frmListEditor::accept() {
 }
 
 bool frmListEditor::eventFilter(QObject* watched, QEvent* event) {
-    // While a cell is edited the keys belong to its editor, and those it leaves over to nobody.
+    // While a cell is edited, its editor gets the keys, and the table does not act on those that the editor ignores.
     if (watched == lstRows_ && event->type() == QEvent::KeyPress && lstRows_->hasFocus()) {
         const auto* press = static_cast<QKeyEvent*>(event);
         if (HandleTableKey(press->key(), press->modifiers().testFlag(Qt::AltModifier)))
