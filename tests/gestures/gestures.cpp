@@ -80,7 +80,8 @@ class AnyAnswer : public test::FakeDialogs {
 /// The keys that the user presses, as Qt writes them; some more often than others.
 constexpr const char* keyStrokes =
     "Tab Shift+Backtab Left Right Up Down Shift+Left Shift+Right Shift+Up Shift+Down Alt+Up Alt+Down Home End PgDown "
-    "Ins Del Del Backspace Return Return Esc Space F2 F3 F4 F6 Ctrl+A Ctrl+C Ctrl+V Ctrl+Z Ctrl+F Ctrl++ Alt+D Alt+O "
+    "Ins Del Del Backspace Return Return Esc Space F2 F3 F4 F6 Ctrl+A Ctrl+C Ctrl+V Ctrl+Z Ctrl+Z Ctrl+Y Ctrl+Shift+Z "
+    "Ctrl+F Ctrl++ Alt+D Alt+O "
     "A B 1 0 9 - , ; ) \" ' \\ Ä € Ж";
 
 /// What a keyboard types with it.
@@ -129,7 +130,8 @@ class User : public QObject {
         Act();
         --depth_;
         // What a dialog interrupted must have come to its end, too.
-        const bool atRest = depth_ == 0 && QApplication::activeModalWidget() == nullptr && !InGesture();
+        const bool atRest =
+            depth_ == 0 && QApplication::activeModalWidget() == nullptr && !main_.CurrentDocument().IsInGesture();
         if (checkIsDue_ && atRest && broken_.empty()) {
             checkIsDue_ = false;
             Check();
@@ -315,6 +317,41 @@ class User : public QObject {
         main_.resize(size);
     }
 
+    // --- The history --------------------------------------------------------------------------------------------
+
+    /// What a step leads back to: the design and the file's name with or without the star.
+    struct Seen {
+        ProjectModel model;
+        QString title;
+        bool isModified;
+        bool operator==(const Seen&) const = default;
+    };
+    Seen Present() const { return {main_.Model(), main_.windowTitle(), main_.isWindowModified()}; }
+
+    /// All steps back and on again meet the same designs in the same order, and the star is right at each.
+    void CheckHistory() {
+        Document& document = main_.CurrentDocument();
+        properties_->FinishEditing(); // as the commands do
+        std::vector<Seen> states = {Present()};
+        for (; document.CanUndo(); states.push_back(Present()))
+            document.Undo();
+        Require(states.size() <= Document::mostSteps + 1, "the history keeps its limit");
+        if (states.size() <= Document::mostSteps && !forgot_)
+            Require(states.back().model == ProjectModel(), "undoing all gives the first design");
+        else
+            forgot_ = true;
+        for (std::size_t step = states.size(); step-- > 0;) {
+            const Seen now = Present();
+            Require(now == states[step], "a step leads back to where it came from");
+            Require(now.isModified == document.IsChanged() && CanvasShows(now.model), "the window follows the history");
+            document.Redo();
+        }
+    }
+
+    bool CanvasShows(const ProjectModel& model) const {
+        return canvas_->size() == QSize(model.WindowWidth(), model.WindowHeight());
+    }
+
     // --- What must be so ----------------------------------------------------------------------------------------
 
     bool InGesture() { return main_.Canvas().IsInGesture(); }
@@ -323,11 +360,12 @@ class User : public QObject {
         const ProjectModel& model = main_.Model();
         const std::string broken = BrokenRule(model);
         Require(broken.empty(), broken);
-        Require(canvas_->size() == QSize(model.WindowWidth(), model.WindowHeight()),
-                "the canvas has the window's size");
+        Require(CanvasShows(model), "the canvas has the window's size");
         const std::optional<ComponentRef> selected = main_.Canvas().Selected();
         Require(!selected || model.Element(*selected).Visible, "what is selected can be seen");
         Require(ShownRows() == LoadProperties(model, selected), "the property list shows the selected component");
+        Require(!main_.Canvas().IsPressed(), "a gesture lasts while it is pressed");
+        CheckHistory();
         for (int point = 0; point < 20; ++point) {
             const QPoint position = RandomIn(canvas_->rect());
             const CanvasHit hit = main_.Canvas().HitTest(position.x(), position.y());
@@ -367,6 +405,7 @@ class User : public QObject {
     std::optional<ComponentRef> pressed_;
     int done_ = 0;
     bool checkIsDue_ = false;
+    bool forgot_ = false; ///< the history has begun to lose its oldest steps
     std::string broken_;
 };
 

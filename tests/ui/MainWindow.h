@@ -13,7 +13,8 @@ namespace pirol::test {
 
 /// A main window on the screen with the mouse and the keyboard of a user.
 struct MainWindow {
-    explicit MainWindow(const Preferences& preferences = {}) : window(dialogs, starter, preferences) {
+    explicit MainWindow(const Preferences& preferences = {})
+        : window(dialogs, starter, preferences, std::chrono::milliseconds(20)) {
         window.resize(1080, 680);
         Show(window);
     }

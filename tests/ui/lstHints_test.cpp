@@ -39,7 +39,7 @@ class LstHintsTest : public QObject {
         main.Drag(100, 100, 200, 140);
         main.Press(120, 120);
         main.MoveTo(640, 120);
-        QTest::qWait(600);
+        QTest::qWait(100);
         QVERIFY(!main.list->isVisible()); // not while the mouse holds it
         main.Release(640, 120);
         QVERIFY(main.Shows(1));

@@ -29,8 +29,6 @@ namespace {
 /// The first window shows designed windows up to 800 x 600 whole.
 constexpr QSize firstSize(1200, 720);
 
-/// Milliseconds without a change after which the hints are found anew.
-constexpr int hintDelay = 250;
 /// Milliseconds for which the status bar says where to follow a hint.
 constexpr int hintMessageTime = 10000;
 
@@ -76,7 +74,8 @@ void SetText(QLabel* panel, const QString& text) {
 
 } // namespace
 
-frmMain::frmMain(cCommonDialog& dialogs, ProgramStarter& starter, const Preferences& preferences)
+frmMain::frmMain(cCommonDialog& dialogs, ProgramStarter& starter, const Preferences& preferences,
+                 std::chrono::milliseconds hintDelay)
     : dialogs_(dialogs), starter_(starter), canvas_(document_) {
     setObjectName("frmMain");
     BuildSurface();

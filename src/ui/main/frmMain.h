@@ -11,6 +11,7 @@
 #include <QSize>
 #include <QTimer>
 
+#include <chrono>
 #include <functional>
 #include <span>
 #include <string>
@@ -36,7 +37,11 @@ class frmMain : public QMainWindow, private DocumentListener {
     Q_DISABLE_COPY_MOVE(frmMain)
 
   public:
-    frmMain(cCommonDialog& dialogs, ProgramStarter& starter, const Preferences& preferences = {});
+    /// Without a change for so long the hints are found anew.
+    static constexpr std::chrono::milliseconds usualHintDelay{250};
+
+    frmMain(cCommonDialog& dialogs, ProgramStarter& starter, const Preferences& preferences = {},
+            std::chrono::milliseconds hintDelay = usualHintDelay);
     ~frmMain() override;
 
     Document& CurrentDocument() { return document_; }
