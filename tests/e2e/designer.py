@@ -203,12 +203,12 @@ class Designer:
         except subprocess.TimeoutExpired:
             raise Failure("the program does not end") from None
 
-    def picture(self, path):
-        """Saves what the window in use shows."""
+    def picture(self, path, *options):
+        """Saves what the window in use shows, with further options of import."""
         if shutil.which("import") is None:
             raise Failure("import (ImageMagick) is missing")
         path.parent.mkdir(parents=True, exist_ok=True)
-        subprocess.run(["import", "-window", self.window, "-define", "png:exclude-chunks=date,time", str(path)],
+        subprocess.run(["import", "-window", self.window, *options, "-define", "png:exclude-chunks=date,time", str(path)],
                        env=self.environment, check=True)
         return path.read_bytes()
 
