@@ -16,14 +16,6 @@ RuntimeError ErrorWith(RuntimeError::Number number, std::string_view label) {
     return error;
 }
 
-TEST(ErrorReport, FillsTheTemplate) {
-    const std::string between = "\r\n\r\nAufgetreten ist innerhalb folgender Funktion aufgetreten:\r\n";
-    EXPECT_EQ(ErrorReportText(6, "Überlauf", ""),
-              "Fehlernummer: 6\r\nFehlerbeschreibung: Überlauf" + between + "|Keine Angaben|");
-    EXPECT_EQ(ErrorReportText(-7, "#nr, #desc, #func", "A.#nr.#desc.#func"),
-              "Fehlernummer: -7\r\nFehlerbeschreibung: #nr, #desc, A.#nr.#desc.#func" + between + "A.#nr.#desc.#func");
-}
-
 TEST(ErrorReport, AdviceHasFourParagraphs) {
     const std::string marked = ReplaceAll(ErrorAdvice(), "\r\n\r\n", "\n");
     const std::vector<std::string_view> paragraphs = Split(marked, '\n');

@@ -35,17 +35,6 @@ std::vector<std::string> Targets(const std::regex& pattern) {
     return targets;
 }
 
-TEST(Handbook, AnchorsAreThoseOfMarkdown) {
-    const std::pair<std::string_view, std::string_view> cases[] = {
-        {"Das Hauptfenster", "das-hauptfenster"},
-        {"Der Menü-Generator", "der-menü-generator"},
-        {"Über Pirol (1.0)!", "über-pirol-10"},
-        {"", ""},
-    };
-    for (const auto& [heading, anchor] : cases)
-        EXPECT_EQ(ChapterAnchor(heading), anchor);
-}
-
 TEST(Handbook, EveryWindowHasItsChapter) {
     const std::set<std::string> anchors = Anchors();
     const std::string_view mainChapter = ChapterOf("frmMain");
