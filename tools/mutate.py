@@ -130,8 +130,8 @@ def main():
     parser.add_argument("--folder", type=pathlib.Path, default=ROOT / "build" / "mutants")
     words = parser.parse_args()
     copy = Copy(words.folder.resolve())
-    if not copy.builds() or copy.catcher():
-        sys.exit("The unchanged sources do not pass")
+    if failing := copy.catcher() if copy.builds() else "the build":
+        sys.exit(f"The unchanged sources do not pass {failing}")
     sources = [path.relative_to(ROOT) for folder in FOLDERS for path in sorted((ROOT / "src" / folder).glob("*.*"))
                if "Windows.cpp" not in path.name]
     changes = [change for path in sources if words.only in str(path) for change in changes_of(path)]
