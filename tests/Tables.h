@@ -23,6 +23,7 @@
 #include "base/RuntimeError.h"
 
 #include <algorithm>
+#include <concepts>
 #include <filesystem>
 #include <stdexcept>
 #include <string>
@@ -86,16 +87,16 @@ inline std::vector<TableRow> Table(const std::string& name) {
 inline std::string FieldText(std::string_view text) {
     return std::string(text);
 }
-inline std::string FieldText(bool flag) {
-    return flag ? "yes" : "no";
-}
 inline std::string FieldText(const Rectangle& box) {
     return std::to_string(box.left) + " " + std::to_string(box.top) + " " + std::to_string(box.width) + " " +
            std::to_string(box.height);
 }
-template <class Number>
-requires(std::is_integral_v<Number> && !std::is_same_v<Number, bool>) std::string FieldText(Number number) {
-    return std::to_string(number);
+template <std::integral Number>
+std::string FieldText(Number number) {
+    if constexpr (std::is_same_v<Number, bool>)
+        return number ? "yes" : "no";
+    else
+        return std::to_string(number);
 }
 
 /// Values as fields.

@@ -181,6 +181,8 @@ const Rule rules[] = {
     {"file-filters", [](auto& row) { return Answer(Shown(FileFilters(row[0]))); }},
     {"window-sizes", WindowSizes},
     {"error-reports", [](auto& row) { return Answer(ErrorReportText(row.Number(0), row[1], row[2])); }},
+    {"error-advice", [](auto&) { return Answer(ErrorAdvice()); }},
+    {"handbook-chapters", [](auto& row) { return Answer(ChapterOf(row[0])); }},
     {"chapter-anchors", [](auto& row) { return Answer(ChapterAnchor(row[0])); }},
 };
 

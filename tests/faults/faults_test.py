@@ -6,7 +6,7 @@ in which all calls from there on fail, and one that is killed there. Each run mu
 a German message; the files must be the old or the new ones, whole, with nothing beside them.
 
 Usage: faults_test.py FAULTS_LIBRARY STEP PROGRAM...
-    STEP       1 for everything, else a sample: only every STEP-th allocation, and one error at each call
+    STEP       1 for everything, else a sample: only every STEP-th allocation, and one way at each call
     PROGRAM    pirol-cli, run_operation, run_window_operation; what the sanitizers say of one is wrong, too
 """
 import collections
@@ -149,10 +149,9 @@ def is_mixture(data, old, new):
 def faults_of(case, names, allocations):
     """All faults, each with the name of what is disturbed."""
     for number, name in enumerate(names, 1):
-        for error in ERRORS if STEP == 1 else ERRORS[number % len(ERRORS)::len(ERRORS)]:
-            yield name, {"FILE": number, "ERROR": error}
-            yield name, {"FILE": number, "ERROR": error, "LASTING": 1}
-        yield name, {"FILE": number, "ERROR": KILLED}
+        ways = [{"ERROR": error, **more} for error in ERRORS for more in ({}, {"LASTING": 1})] + [{"ERROR": KILLED}]
+        for way in ways if STEP == 1 else [ways[number * 4 % len(ways)]]:
+            yield name, {"FILE": number, **way}
     if case.program.name == "run_window_operation":
         return  # the window toolkit ends the program when it finds no memory
     for number in range(1, allocations + 1, STEP):

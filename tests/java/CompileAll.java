@@ -1,13 +1,7 @@
-import java.io.BufferedReader;
-import java.io.InputStreamReader;
-import java.io.StringWriter;
-import java.nio.charset.Charset;
-import java.nio.charset.StandardCharsets;
-import java.util.ArrayList;
-import java.util.List;
-import javax.tools.JavaCompiler;
-import javax.tools.StandardJavaFileManager;
-import javax.tools.ToolProvider;
+import java.io.*;
+import java.nio.charset.*;
+import java.util.*;
+import javax.tools.*;
 
 /**
  * Compiles many independent sources in one virtual machine, each as {@code javac -encoding cp1252 -Werror -Xlint:all,-serial}

@@ -4,17 +4,12 @@ import java.awt.*;
 import java.awt.event.*;
 import java.awt.image.BufferedImage;
 import java.io.File;
-import java.lang.reflect.Field;
-import java.lang.reflect.Method;
-import java.util.Collection;
+import java.lang.reflect.*;
+import java.util.*;
 import java.util.List;
-import java.util.TreeSet;
-import java.util.concurrent.Callable;
-import java.util.concurrent.FutureTask;
-import java.util.concurrent.atomic.AtomicBoolean;
-import java.util.concurrent.atomic.AtomicInteger;
-import java.util.stream.IntStream;
-import java.util.stream.Stream;
+import java.util.concurrent.*;
+import java.util.concurrent.atomic.*;
+import java.util.stream.*;
 import javax.imageio.ImageIO;
 import javax.swing.*;
 import sum.intern.Application;
@@ -47,6 +42,14 @@ public final class Driver {
     private static final int POLL_MILLISECONDS = 5;
     /** Share of pixels: room for another version of the font, but not for another bevel or gradient. */
     private static final double TOLERANCE = 0.005;
+
+    /** Keys that, after a click on it, raise the events of a kind that a click does not. */
+    private static final Map<Class<?>, int[][]> KEYS = Map.of(
+        Eingabefeld.class, new int[][] {{KeyEvent.VK_A}, {KeyEvent.VK_ENTER}},
+        Tabelle.class, new int[][] {{KeyEvent.VK_A}, {KeyEvent.VK_ENTER}},
+        Textbereich.class, new int[][] {{KeyEvent.VK_A}, {KeyEvent.VK_SHIFT, KeyEvent.VK_HOME}},
+        Auswahl.class, new int[][] {{KeyEvent.VK_DOWN}, {KeyEvent.VK_ENTER}},
+        Regler.class, new int[][] {{KeyEvent.VK_HOME}, {KeyEvent.VK_END}});
 
     private final Robot robot = new Robot();
     private final AtomicInteger released = new AtomicInteger();
@@ -144,8 +147,10 @@ public final class Driver {
             click(target);
         }
         until("focus on", () -> component.input.isFocusOwner() || component instanceof Auswahl);
-        for (int[] chord : keysFor(component)) {
-            type(chord);
+        for (Map.Entry<Class<?>, int[][]> keys : KEYS.entrySet()) {
+            for (int[] chord : keys.getKey().isInstance(component) ? keys.getValue() : new int[0][]) {
+                type(chord);
+            }
         }
         SwingUtilities.invokeAndWait(KeyboardFocusManager.getCurrentKeyboardFocusManager()::clearGlobalFocusOwner);
         until("focus off", () -> !component.input.isFocusOwner());
@@ -153,25 +158,6 @@ public final class Driver {
         window.called.removeIf(handler -> handler.matches(".*Fokus(Erhalten|Verloren)")
                                           && !component.handlers.containsValue(handler));
         return String.join(",", new TreeSet<>(window.called));
-    }
-
-    /** Keys that, after a click on it, raise the events of a kind that a click does not. */
-    private static List<int[]> keysFor(FokusKomponente<?> component) {
-        int[] letter = {KeyEvent.VK_A};
-        int[] enter = {KeyEvent.VK_ENTER};
-        if (component instanceof Eingabefeld<?> || component instanceof Tabelle) {
-            return List.of(letter, enter);
-        }
-        if (component instanceof Textbereich) {
-            return List.of(letter, new int[] {KeyEvent.VK_SHIFT, KeyEvent.VK_HOME});
-        }
-        if (component instanceof Auswahl) {
-            return List.of(new int[] {KeyEvent.VK_DOWN}, enter);
-        }
-        if (component instanceof Regler) {
-            return List.of(new int[] {KeyEvent.VK_HOME}, new int[] {KeyEvent.VK_END});
-        }
-        return List.of();
     }
 
     /** A point on the screen where a click meets the component, or null. Tables are met in their first cell. */

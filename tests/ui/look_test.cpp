@@ -6,7 +6,6 @@
 #include "ui/parts/Bitmaps.h"
 
 #include <QColorSpace>
-#include <QDir>
 #include <QPainter>
 #include <QPicture>
 #include <QRegion>
@@ -97,17 +96,6 @@ QString Difference(const QImage& painted, const QImage& expected, const QRect& a
     return difference > tolerance.difference ? QString("%1 differs by %2\n").arg(name).arg(difference) : QString();
 }
 
-/// Leaves both pictures beside each other for the reader of a failure.
-QString SaveBeside(const QImage& painted, const QImage& expected, const QString& name) {
-    QImage both = Canvas({painted.width() + expected.width(), painted.height()});
-    QPainter painter(&both);
-    painter.drawImage(0, 0, painted);
-    painter.drawImage(painted.width(), 0, expected);
-    QString file = QDir::current().absoluteFilePath(QString("look_%1.png").arg(name));
-    both.save(file);
-    return file;
-}
-
 /// The design as its program shows it at first, when no radio button is chosen yet.
 ProjectModel LoadAsStarted(const QString& file) {
     ProjectModel model;
@@ -135,7 +123,7 @@ QString DesignDifference(const QString& project, const QString& picture, int men
         const QRect area = BoxOf(control).translated(content.topLeft()).intersected(content);
         differences += Difference(painted, expected, area, control.ObjectName, tolerance);
     });
-    return differences.isEmpty() ? QString() : differences + SaveBeside(painted, expected, picture);
+    return differences;
 }
 
 /// A component of a kind, at 20, 30, with the text wherever it takes one.
