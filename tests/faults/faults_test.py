@@ -36,28 +36,6 @@ PREFERENCES = "config/Pirol/registry.conf"
 REGISTRY = '[Software\\Pirol]\n"GridColor"=dword:00000000\n"GridStyle"=dword:00000000\n"BlueJPath"="/alt"\n'
 
 
-# What each program is called with; what begins with a slash is a path below the folder.
-CALLS = {
-    "pirol-cli": [
-        "generate /design.prl --menu --sql -o /old.java",
-        "generate /design.prl --menu --sql",
-        "import /SuMAnwendung.java -o /old.prl",
-        "export /design.prl /BlueJ",
-        "copy /design.prl /old.prl",
-        "copy /design.prl /link.prl",
-        "copy /design.prl /new.prl",
-        "check /design.prl",
-        "lint /design.prl",
-        "hash /design.prl"],
-    "run_operation": [
-        "load /", "save /", "import /", "export-file /", "export-folder /", "keep-preferences /", "load-preferences /",
-        "keep /", "restore /"],
-    "run_window_operation": [
-        "/", "/ mnuFileSave /old.prl", "/ mnuFileImportJava /SuMAnwendung.java", "/ mnuProjectExportJava /old.java",
-        "/ mnuProjectExportBlueJ /BlueJ", "/ mnuFileOptions"],
-}
-
-
 class Case(typing.NamedTuple):
     program: pathlib.Path
     call: str
@@ -69,7 +47,8 @@ class Case(typing.NamedTuple):
         return f"{self.program.name} {self.call}"
 
 
-CASES = [Case(program, call) for program in PROGRAMS for call in CALLS[program.name]]
+CALLS = [line.split(" | ") for line in (DATA / "tables" / "fault-calls.txt").read_text().splitlines()[1:]]
+CASES = [Case(program, call) for program in PROGRAMS for name, call in CALLS if name == program.name]
 
 
 class Result(typing.NamedTuple):
