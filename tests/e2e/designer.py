@@ -3,7 +3,6 @@
 import os
 import pathlib
 import re
-import shutil
 import signal
 import subprocess
 import tempfile
@@ -122,9 +121,6 @@ class Designer:
         geometry = self.xdotool("getwindowgeometry", "--shell", self.window)
         return tuple(int(re.search(rf"{side}=(\d+)", geometry)[1]) for side in ("WIDTH", "HEIGHT"))
 
-    def resize(self, width, height):
-        self.xdotool("windowsize", "--sync", self.window, round(width), round(height))
-
     # --- Keyboard and mouse -------------------------------------------------------------------------------------
 
     def key(self, *names):
@@ -202,23 +198,3 @@ class Designer:
             return self.program.wait(self.PATIENCE)
         except subprocess.TimeoutExpired:
             raise Failure("the program does not end") from None
-
-    def picture(self, path):
-        """Saves what the window in use shows."""
-        if shutil.which("import") is None:
-            raise Failure("import (ImageMagick) is missing")
-        path.parent.mkdir(parents=True, exist_ok=True)
-        subprocess.run(["import", "-window", self.window, "-define", "png:exclude-chunks=date,time", str(path)],
-                       env=self.environment, check=True)
-        return path.read_bytes()
-
-    def picture_at_rest(self, path):
-        """The same once the window shows the same for a while, with the mouse out of the way."""
-        self.xdotool("mousemove", 10000, 10000)
-        shown = [self.picture(path)]
-
-        def is_at_rest():
-            time.sleep(0.2)
-            shown.append(self.picture(path))
-            return shown[-1] == shown[-2]
-        self.wait_for(is_at_rest, f"a picture at rest for {path}")
