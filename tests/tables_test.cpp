@@ -7,6 +7,7 @@
 #include "base/Windows1252.h"
 #include "Cases.h"
 #include "codegen/JavaImport.h"
+#include "codegen/JavaSyntax.h"
 #include "designer/ComponentLook.h"
 #include "designer/Grid.h"
 #include "designer/ListEditorModel.h"
@@ -144,11 +145,18 @@ const Rule rules[] = {
     {"pieces", [](auto& row) { return Answer(Joined(Split(row[0], ',', std::stoul(row[1])), "/")); }},
     {"hashes",
      [](auto& row) { return Answer(HashFunction(ReplaceAll(std::string(row.Number(1), 'x'), "x", row[0]))); }},
-    // Menus, import
+    // Menus, Java
     {"menu-names",
      [](auto& row) {
          return Answer(cMenu::CleanString(row[0]), MenuEditor::ProposeName(cMenu::Menu, row[0]).value_or("none"));
      }},
+    {"java-names", [](auto& row) { return Answer(IsIdentifierPart(row[0]), IsJavaIdentifier(row[0])); }},
+    {"java-literals",
+     [](auto& row) {
+         const LiteralText literal = ReadLiteral(row[0], '"');
+         return Answer(literal.characters, literal.Compiles());
+     }},
+    {"method-bytes", [](auto& row) { return Answer(MethodBytes(row[0])); }},
     {"import-lines", [](auto& row) { return Answer(GetAllLines(row[0], "Knopf")); }},
     {"import-values", [](auto& row) { return Answer(GetValue(row[0], row[1], "f", "default")); }},
     {"import-errors", [](auto& row) { return Answer(ImportError(row[0])); }},
