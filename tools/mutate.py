@@ -71,9 +71,13 @@ class Copy:
 
     def __init__(self, folder):
         self.tree, self.build = folder / "tree", folder / "build"
-        for name in subprocess.check_output(["git", "-C", ROOT, "ls-files", "-z"], text=True).split("\0")[:-1]:
+        names = subprocess.check_output(["git", "-C", ROOT, "ls-files", "-z"], text=True).split("\0")[:-1]
+        for name in names:
             self.put(pathlib.Path(name), (ROOT / name).read_bytes())
-        subprocess.run(["cmake", "-S", self.tree, "-B", self.build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug",
+        for path in self.tree.rglob("*"):
+            if path.is_file() and str(path.relative_to(self.tree)) not in names:
+                path.unlink()
+        subprocess.run(["cmake", "-S", self.tree, "-B", self.build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=None",
                         "-DCMAKE_CXX_FLAGS=-O0 -g0 -w", "-DPIROL_DESIGNER=OFF", "-DBUILD_TESTING=ON"], check=True,
                        stdout=subprocess.DEVNULL)
 
