@@ -54,7 +54,7 @@ std::string WithRegistryN(const TableRow& row) {
     constexpr std::string_view key = "Software\\Pirol";
     const bool isText = row[1].starts_with('"');
     const RegistryValue value = isText ? RegistryValue(row[1].substr(1, row[1].size() - 2)) : row.Number(1);
-    const std::string after = WithRegistryValue(row[0], key, "N", value);
+    std::string after = WithRegistryValue(row[0], key, "N", value);
     EXPECT_EQ(FindRegistryValue(after, key, "N"), value) << after;
     EXPECT_EQ(WithRegistryValue(after, key, "N", value), after) << "writing again changes nothing";
     return after;

@@ -1,5 +1,6 @@
 """Drives the real designer on a display of its own, with nothing but a mouse and a keyboard."""
 
+import itertools
 import os
 import pathlib
 import re
@@ -7,6 +8,10 @@ import signal
 import subprocess
 import tempfile
 import time
+
+
+KEYS = {"Return", "Home", "End", "Up", "Down", "Tab", "shift+Tab", "Insert", "space", "Escape"}
+MODIFIERS = {"alt+", "ctrl+"}
 
 
 class Failure(Exception):
@@ -129,6 +134,11 @@ class Designer:
     def write(self, text):
         """Types where the cursor is."""
         self.xdotool("type", text)
+
+    def do(self, steps):
+        """Presses keys and types words, with a blank after each step; the steps of tests/Tables.h but for "@"."""
+        for are_keys, group in itertools.groupby(steps.split(" "), lambda step: step in KEYS or step[:-1] in MODIFIERS):
+            self.key(*group) if are_keys else self.write("".join(group))
 
     def type(self, text):
         """Types over what the field in use holds."""
