@@ -67,7 +67,9 @@ TEST(ProjectFile, EveryStoredPropertyComesBackByItself) {
         ProjectModel model;
         const ComponentRef component = model.PlaceComponent(kind.kind, {10, 20, 100, 50});
         const ProjectModel before = Read(GeneratePRLCode(Read(GeneratePRLCode(model))));
+        int field = 0;
         for (const PropertyRow* row : before.Element(component).Table().StoredRows()) {
+            EXPECT_EQ(row->fileField, ++field) << kind.key << " " << row->key->key;
             model = before;
             row->set(model.EditElement(component), Another(*row, before.Element(component)));
             EXPECT_NE(model, before) << kind.key << row->key->key;
