@@ -2,6 +2,7 @@
 
 #include "base/FileAccess.h"
 #include "base/RuntimeError.h"
+#include "codegen/JavaGenerator.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -18,6 +19,13 @@ inline std::vector<std::filesystem::path> CaseFolders(const char* area) {
         folders.push_back(entry.path());
     std::sort(folders.begin(), folders.end());
     return folders;
+}
+
+/// The options of a case's options.txt, as the command-line tool takes them.
+inline CodeOptions OptionsIn(const std::filesystem::path& folder) {
+    const std::string options = ReadFileBytes(folder / "options.txt");
+    return {.menu = options.find("--menu") != std::string::npos,
+            .database = options.find("--sql") != std::string::npos};
 }
 
 /// A folder for the files of one test, empty at first and removed at the end.
@@ -50,16 +58,6 @@ std::string ErrorOf(Operation&& operation) {
     return {};
 }
 
-/// What an operation returns, or "Fehler" and the number of the error in which it ends.
-template <class Operation>
-std::string OutcomeOf(Operation&& operation) {
-    try {
-        return operation();
-    } catch (const RuntimeError& error) {
-        return "Fehler " + std::to_string(error.ErrorNumber());
-    }
-}
-
 /// The number of the error in which an operation ends; 0 when it succeeds.
 template <class Operation>
 int ErrorNumberOf(Operation&& operation) {
@@ -69,6 +67,14 @@ int ErrorNumberOf(Operation&& operation) {
         return error.ErrorNumber();
     }
     return 0;
+}
+
+/// What an operation returns, or "Fehler" and the number of the error in which it ends.
+template <class Operation>
+std::string OutcomeOf(Operation&& operation) {
+    std::string outcome;
+    const int number = ErrorNumberOf([&] { outcome = operation(); });
+    return number == 0 ? outcome : "Fehler " + std::to_string(number);
 }
 
 } // namespace pirol::test

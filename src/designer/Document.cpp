@@ -84,12 +84,12 @@ void Document::Commit(Steps step, const ProjectModel& before, std::optional<Comp
     change.selection = std::exchange(selected_, selected) != selected;
     if (change.design.Any()) {
         state_.revision = ++lastRevision_;
+        change.history = !step.empty();
         if (!step.empty()) {
             undo_.splice(undo_.end(), step);
             redo_.clear();
         }
         merging_ = true;
-        change.history = true;
         Step& last = undo_.back();
         last.selectedAfter = selected_;
         last.bytes = last.other.model.UnsharedBytes(state_.model);
@@ -98,6 +98,7 @@ void Document::Commit(Steps step, const ProjectModel& before, std::optional<Comp
             state_.revision = last.other.revision;
             undo_.pop_back();
             merging_ = false;
+            change.history = true;
         }
         Trim();
     }

@@ -1,6 +1,5 @@
 #include "app/Handbook.h"
-#include "base/Conversions.h"
-#include "base/FileAccess.h"
+#include "Tables.h"
 
 #include <gtest/gtest.h>
 
@@ -35,31 +34,10 @@ std::vector<std::string> Targets(const std::regex& pattern) {
     return targets;
 }
 
-TEST(Handbook, AnchorsAreThoseOfMarkdown) {
-    const std::pair<std::string_view, std::string_view> cases[] = {
-        {"Das Hauptfenster", "das-hauptfenster"},
-        {"Der Menü-Generator", "der-menü-generator"},
-        {"Über Pirol (1.0)!", "über-pirol-10"},
-        {"", ""},
-    };
-    for (const auto& [heading, anchor] : cases)
-        EXPECT_EQ(ChapterAnchor(heading), anchor);
-}
-
 TEST(Handbook, EveryWindowHasItsChapter) {
     const std::set<std::string> anchors = Anchors();
-    const std::string_view mainChapter = ChapterOf("frmMain");
-    EXPECT_TRUE(anchors.contains(std::string(mainChapter)));
-    EXPECT_EQ(ChapterOf("unknown"), mainChapter);
-    for (const std::string_view window :
-         {"frmListEditor",  "propertyDialog", "frmProjectSettings", "frmMenuGenerator", "frmSQLGenerator",
-          "frmCode",        "frmPrint",       "pdfDialog",          "fontDialog",       "printDialog",
-          "frmPreferences", "programDialog",  "colorDialog",        "projectDialog",    "exportDialog",
-          "importDialog",   "frmRecovery",    "frmError",           "message",          "frmAbout",
-          "frmDonation"}) {
-        EXPECT_TRUE(anchors.contains(std::string(ChapterOf(window)))) << window;
-        EXPECT_NE(ChapterOf(window), mainChapter) << window;
-    }
+    for (const test::TableRow& row : test::Table("handbook-chapters"))
+        EXPECT_TRUE(anchors.contains(row[1])) << row.line;
 }
 
 TEST(Handbook, LinksAndPicturesLeadSomewhere) {

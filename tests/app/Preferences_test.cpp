@@ -1,7 +1,7 @@
 #include "app/Preferences.h"
 #include "app/Registry.h"
-#include "base/FileAccess.h"
 #include "Cases.h"
+#include "Tables.h"
 
 #include <gtest/gtest.h>
 
@@ -36,22 +36,23 @@ class Store : public testing::Test {
 using PreferencesStore = Store;
 
 TEST_F(Store, KeepsTypedValues) {
-    EXPECT_EQ(registry::ReadText("K", "T"), "");
-    EXPECT_EQ(registry::ReadText("K", "T", "default"), "default");
+    const std::string_view name = "a\"\\\nb"; // escaped like the text
+    EXPECT_EQ(registry::ReadText("K", name), "");
+    EXPECT_EQ(registry::ReadText("K", name, "default"), "default");
     EXPECT_EQ(registry::ReadNumber("K", "N", 7), 7);
 
-    registry::WriteText("K", "T", "text\r\n\"ü\"\\");
+    registry::WriteText("K", name, "text\r\n\"ü\"\\");
     registry::WriteNumber("K", "N", -2);
     registry::WriteText("K", "Z", std::string_view("before\0behind", 13));
-    EXPECT_EQ(registry::ReadText("K", "T", "default"), "text\r\n\"ü\"\\");
+    EXPECT_EQ(registry::ReadText("K", name, "default"), "text\r\n\"ü\"\\");
     EXPECT_EQ(registry::ReadNumber("K", "N", 7), -2);
     EXPECT_EQ(registry::ReadText("K", "Z"), "before");
 
-    EXPECT_EQ(registry::ReadNumber("K", "T", 7), 7) << "text is no number";
+    EXPECT_EQ(registry::ReadNumber("K", name, 7), 7) << "text is no number";
     EXPECT_EQ(registry::ReadText("K", "N", "default"), "default") << "a number is no text";
     EXPECT_EQ(registry::ReadText("L", "T", "default"), "default");
-    registry::WriteNumber("K", "T", 3);
-    EXPECT_EQ(registry::ReadNumber("K", "T"), 3) << "the new type replaces the old one";
+    registry::WriteNumber("K", name, 3);
+    EXPECT_EQ(registry::ReadNumber("K", name), 3) << "the new type replaces the old one";
 }
 
 TEST_F(Store, FailsSilently) {
@@ -91,35 +92,28 @@ TEST_F(PreferencesStore, AreStoredUnderTheirNames) {
 }
 
 TEST_F(PreferencesStore, WrongValuesReadAsDefaults) {
-    const std::pair<const char*, Preferences> cases[] = {
-        {"\"GridColor\"=\"255\"\n\"GridStyle\"=dword:1\n\"BlueJPath\"=dword:1\n", {"", 1, 0}},
-        {"\"GridColor\"=dword:ffffff\n\"GridStyle\"=\"2\"\n\"BlueJPath\"=\"x\"\n", {"x", 0, 0xFFFFFF}},
-        {"\"GridColor\"=dword:1000000\n\"GridStyle\"=dword:3\n", {"", 3, 0x1000000}},
-        {"\"GridColor\"=dword:ffffffff\n\"GridStyle\"=dword:ffffffff\n", {"", -1, 0xFFFFFFFF}},
-        {"\"GridStyle\"=dword:10002\n", {"", 2, 0}},
+    const auto rule = [this](const test::TableRow& row) {
+        PutFile("[Software\\Pirol]\n" + row[0]);
+        const Preferences loaded = Preferences::Load();
+        return test::Answer(loaded.BlueJPath, loaded.GridStyle, loaded.GridColor);
     };
-    for (const auto& [lines, loaded] : cases) {
-        PutFile(std::string("[Software\\Pirol]\n") + lines);
-        EXPECT_EQ(Preferences::Load(), loaded) << lines;
-    }
+    EXPECT_EQ(test::Deviations("preferences", rule), "");
 }
 
 TEST_F(PreferencesStore, BlueJPathIsCheckedByNameAndFile) {
-    const std::pair<const char*, bool> cases[] = {
-        {"bluej.exe", true}, {"BLUEJ.EXE", true}, {"MyBlueJ.exe", true}, {"bluej", true},  {"bluej.exe.lnk", false},
-        {"notbluej", false}, {"BlueJ", false},    {"luej.exe", false},   {"x.exe", false},
-    };
-    for (const auto& [name, isRight] : cases) {
-        const std::string path = TextOf(folder_ / name);
+    const auto rule = [this](const test::TableRow& row) {
+        const std::string path = TextOf(folder_ / row[0].c_str());
         EXPECT_TRUE(BlueJPathWarning(path)) << "no such file yet";
         ReplaceFileBytes(PathOf(path), "");
-        EXPECT_EQ(BlueJPathAfterBrowsing("old", path), isRight ? path : "old") << name;
-        EXPECT_EQ(BlueJPathWarning(path).value_or(""),
-                  isRight ? "" : "Der BlueJ - Pfad ist fehlerhaft.\r\nEinige Funktionen können daher nicht arbeiten");
-    }
+        const bool isRight = !BlueJPathWarning(path);
+        EXPECT_EQ(BlueJPathAfterBrowsing("old", path), isRight ? path : "old");
+        return test::Answer(isRight);
+    };
+    EXPECT_EQ(test::Deviations("bluej-programs", rule), "");
+    EXPECT_EQ(BlueJPathWarning(""),
+              "Der BlueJ - Pfad ist fehlerhaft.\r\nEinige Funktionen können daher nicht arbeiten");
     fs::create_directories(folder_ / "folder" / "bluej.exe");
     EXPECT_TRUE(BlueJPathWarning(TextOf(folder_ / "folder" / "bluej.exe")));
-    EXPECT_TRUE(BlueJPathWarning(""));
 }
 
 #endif

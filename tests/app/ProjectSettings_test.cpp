@@ -1,21 +1,10 @@
 #include "app/ProjectSettings.h"
 #include "Cases.h"
-#include "Tables.h"
 
 #include <gtest/gtest.h>
 
 namespace pirol {
 namespace {
-
-TEST(ProjectSettings, TheOtherSizeFollows) {
-    for (const test::TableRow& row : test::Table("window-sizes")) {
-        ProjectSettings settings(
-            {static_cast<std::int16_t>(row.Number(0)), static_cast<std::int16_t>(row.Number(1)), ""});
-        row[2] == "width" ? settings.ChangeWidth(row[3]) : settings.ChangeHeight(row[3]);
-        EXPECT_EQ(settings.WidthText(), row[4]) << row.line;
-        EXPECT_EQ(settings.HeightText(), row[5]) << row.line;
-    }
-}
 
 TEST(ProjectSettings, ShowingAFieldSetsOffNothing) {
     ProjectSettings settings({640, 480, ""});

@@ -5,7 +5,6 @@
 #include "codegen/CallIndex.h"
 #include "codegen/JavaImport.h"
 #include "project/ProjectFile.h"
-#include "Tables.h"
 
 #include <gtest/gtest.h>
 
@@ -23,19 +22,6 @@ TEST(JavaImport, Cases) {
     }
 }
 
-TEST(JavaImport, GetAllLinesFindsNamesAndArguments) {
-    for (const test::TableRow& row : test::Table("import-lines"))
-        EXPECT_EQ(GetAllLines(row[0], "Knopf"), row[1]) << row.line;
-}
-
-TEST(JavaImport, GetValueFindsTheFirstCall) {
-    const std::string_view source = "xhatA.f(\"1\"); hatA.g(2); hatA.f(3); hatB.f(4";
-    EXPECT_EQ(GetValue(source, "hatA", "f", "0"), "1"); // a plain search, also inside longer names
-    EXPECT_EQ(GetValue(source, "hatC", "f", "640, 480"), "640, 480");
-    EXPECT_EQ(ErrorOf([&] { GetValue(source, "hatB", "f", ""); }),
-              "Fehler 5: Ungültiger Prozeduraufruf (Main.File.Import.GetValue)");
-}
-
 TEST(JavaImport, TheIndexFindsWhatAPlainSearchFinds) {
     const std::string source = "a.f(1); aa.f(2); b.f(3); xb.f(4); .f(5); ba.f(6); a.fx(7); a.f(8);";
     const std::vector<std::string_view> variables = {"a", "aa", "b", "c", "ba", ""};
@@ -50,12 +36,7 @@ TEST(JavaImport, TheIndexFindsWhatAPlainSearchFinds) {
     }
 }
 
-TEST(JavaImport, BadArgumentsEndInAnErrorAndKeepWhatWasRead) {
-    for (const test::TableRow& row : test::Table("import-errors")) {
-        ProjectModel model;
-        const std::string source = "good = new Etikett(1, 2, 3, 4, \"x\"); " + row[0];
-        EXPECT_EQ(ErrorOf([&] { AnalyseCode(source, model); }), row[1]) << row.line;
-    }
+TEST(JavaImport, AnErrorKeepsWhatWasRead) {
     ProjectModel model;
     EXPECT_NE(ErrorOf([&] { AnalyseCode("a = new Knopf(1,2,3,4,\"\"); b = new Knopf(?,2,3,4,\"\");", model); }), "");
     EXPECT_EQ(model.ElementCount(ComponentKind::Button), 3U);

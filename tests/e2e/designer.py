@@ -1,13 +1,17 @@
 """Drives the real designer on a display of its own, with nothing but a mouse and a keyboard."""
 
+import itertools
 import os
 import pathlib
 import re
-import shutil
 import signal
 import subprocess
 import tempfile
 import time
+
+
+KEYS = {"Return", "Home", "End", "Up", "Down", "Tab", "shift+Tab", "Insert", "space", "Escape"}
+MODIFIERS = {"alt+", "ctrl+"}
 
 
 class Failure(Exception):
@@ -122,9 +126,6 @@ class Designer:
         geometry = self.xdotool("getwindowgeometry", "--shell", self.window)
         return tuple(int(re.search(rf"{side}=(\d+)", geometry)[1]) for side in ("WIDTH", "HEIGHT"))
 
-    def resize(self, width, height):
-        self.xdotool("windowsize", "--sync", self.window, round(width), round(height))
-
     # --- Keyboard and mouse -------------------------------------------------------------------------------------
 
     def key(self, *names):
@@ -133,6 +134,11 @@ class Designer:
     def write(self, text):
         """Types where the cursor is."""
         self.xdotool("type", text)
+
+    def do(self, steps):
+        """Presses keys and types words, with a blank after each step; the steps of tests/Tables.h but for "@"."""
+        for are_keys, group in itertools.groupby(steps.split(" "), lambda step: step in KEYS or step[:-1] in MODIFIERS):
+            self.key(*group) if are_keys else self.write("".join(group))
 
     def type(self, text):
         """Types over what the field in use holds."""
@@ -202,23 +208,3 @@ class Designer:
             return self.program.wait(self.PATIENCE)
         except subprocess.TimeoutExpired:
             raise Failure("the program does not end") from None
-
-    def picture(self, path, *options):
-        """Saves what the window in use shows, with further options of import."""
-        if shutil.which("import") is None:
-            raise Failure("import (ImageMagick) is missing")
-        path.parent.mkdir(parents=True, exist_ok=True)
-        subprocess.run(["import", "-window", self.window, *options, "-define", "png:exclude-chunks=date,time", str(path)],
-                       env=self.environment, check=True)
-        return path.read_bytes()
-
-    def picture_at_rest(self, path):
-        """The same once the window shows the same for a while, with the mouse out of the way."""
-        self.xdotool("mousemove", 10000, 10000)
-        shown = [self.picture(path)]
-
-        def is_at_rest():
-            time.sleep(0.2)
-            shown.append(self.picture(path))
-            return shown[-1] == shown[-2]
-        self.wait_for(is_at_rest, f"a picture at rest for {path}")

@@ -18,9 +18,6 @@ from run_generated import check  # noqa: E402
 # The toolbar's buttons from the top.
 LABEL, BUTTON, TEXT, RADIO_GROUP, TABLE = 0, 1, 2, 7, 11
 
-# The rows of the property list that every component has.
-NAME_ROW, WIDTH_ROW, FIRST_OWN_ROW = 1, 3, 8
-
 
 def place(designer, button, left, top, right, bottom):
     """Chooses a kind in the toolbar and draws a frame on the canvas; the new component is selected then."""
@@ -28,74 +25,45 @@ def place(designer, button, left, top, right, bottom):
     designer.drag(left, top, right, bottom)
 
 
-def to_row(designer, row):
-    """From the canvas to a row of the property list."""
-    designer.key("Return", "Home", *["Down"] * row)
-
-
 def place_components(designer):
+    """Into the list leads Return, to its first row Home; Down takes over what is typed."""
     designer.use("Neues Projekt")
     place(designer, BUTTON, 300, 150, 478, 196)
     designer.use(r"Neues Projekt\*")
-    to_row(designer, WIDTH_ROW)
-    for value in ("150", "45"):
-        designer.write(value)
-        designer.key("Down")
-    designer.key(*["Down"] * 3)
-    designer.write("Würfeln")
-    designer.key("Down", "Down", "space")
-
+    designer.do("Return Home Down Down Down 150 Down 45 Down Down Down Down Würfeln Down Down space")
     place(designer, LABEL, 300, 220, 500, 260)
-    to_row(designer, FIRST_OWN_ROW)
-    designer.write("Größe")
-    designer.key("Down")
-
+    designer.do("Return Home Down Down Down Down Down Down Down Down Größe Down")
     place(designer, TEXT, 300, 280, 500, 310)
-    to_row(designer, NAME_ROW)
-    designer.write("hatEingabe")
-    designer.key("Down", "End", "space")
-
+    designer.do("Return Home Down hatEingabe Down End space")
     place(designer, TABLE, 550, 150, 800, 260)
-    to_row(designer, FIRST_OWN_ROW + 1)
-    edit_list(designer, "Spalten", lambda: designer.write("Name"))
-
+    designer.do("Return Home Down Down Down Down Down Down Down Down Down")
+    edit_list(designer, "Spalten", "Name")
     place(designer, RADIO_GROUP, 300, 340, 500, 420)
-    to_row(designer, FIRST_OWN_ROW)
-    edit_list(designer, "Radioknöpfe", lambda: add_radio_buttons(designer))
+    designer.do("Return Home Down Down Down Down Down Down Down Down")
+    edit_list(designer, "Radioknöpfe", "Insert hatRot Tab Rot Tab 150 Tab 20 Tab 0 Tab 0 Tab "
+                                       "Insert hatGruen Tab Grün Tab 150 Tab 20 Tab 0 Tab 40 Tab")
 
 
-def edit_list(designer, caption, edit):
+def edit_list(designer, caption, steps):
     designer.key("F4")
     designer.use(f"{caption} bearbeiten")
-    edit()
+    designer.do(steps)
     width, height = designer.size()
     designer.click(width - 145, height - 22)  # OK, which takes over what is being typed
     designer.back_from(f"{caption} bearbeiten")
 
 
-def add_radio_buttons(designer):
-    for name, caption, top in (("hatRot", "Rot", "0"), ("hatGruen", "Grün", "40")):
-        designer.key("Insert")
-        for value in (name, caption, "150", "20", "0", top):
-            designer.write(value)
-            designer.key("Tab")
-
-
 def build_menu(designer):
     designer.key("ctrl+m")
     designer.use("Menü-Generator")
-    designer.write("Datei")
-    designer.key("Return")
-    designer.key("alt+i", "Down", "alt+b", "Tab", "Tab", "Down", "alt+b")  # into the menu; a submenu
+    # Into the menu, and a submenu; into that, and an entry.
+    designer.do("Datei Return alt+i Down alt+b Tab Tab Down alt+b")
     designer.type("Zuletzt geöffnet")
-    designer.key("Return")
-    designer.key("alt+i", "Down", "alt+b", "Tab", "Down", "alt+b")  # into the submenu; an entry
+    designer.do("Return alt+i Down alt+b Tab Down alt+b")
     designer.type("Übung 1")
-    designer.key("Return")
-    designer.key("alt+i", "Up", "alt+b")
+    designer.do("Return alt+i Up alt+b")
     designer.type("Ende")
-    designer.key("Return")
-    designer.key("alt+i", "shift+Tab", "shift+Tab", "space")  # OK is the last but one
+    designer.do("Return alt+i shift+Tab shift+Tab space")  # OK is the last but one
     designer.back_from("Menü-Generator")
 
 
@@ -105,10 +73,9 @@ def connect_database(designer):
     for value in ("localhost", "anna", "geheim", "schule"):
         designer.type(value)
         designer.key("Tab")
-    designer.key("alt+s", "Return")
+    designer.do("alt+s Return")
     designer.type("schueler")
-    designer.key("Return")
-    designer.key("space", "Down", "Down", "space", "Return")  # the first and the last method
+    designer.do("Return space Down Down space Return")  # the first and the last method
     designer.back_from("SQL Generator")
 
 

@@ -18,6 +18,7 @@
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <new>
+#include <string_view>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -96,6 +97,12 @@ bool Fails(const char* name, bool ours, bool removes = false) {
     if (fails)
         Disturb();
     return fails;
+}
+
+/// Makes a call, or gives back what says that it failed.
+template <class Result, class... Parameters, class... Arguments>
+Result Guard(Result (*ours)(Parameters...), const char* name, bool counts, Result failure, Arguments... arguments) {
+    return Fails(name, counts, name == std::string_view("unlink")) ? failure : Real(ours, name)(arguments...);
 }
 
 bool AllocationFails() {
@@ -216,48 +223,39 @@ int open(const char* path, int flags, ...) {
         mode = va_arg(rest, mode_t);
         va_end(rest);
     }
-    static auto* const real = Real(&open, "open");
-    return Fails("open", IsOurs(path)) ? -1 : real(path, flags, mode);
+    return Fails("open", IsOurs(path)) ? -1 : Real(&open, "open")(path, flags, mode);
 }
 
 int flock(int descriptor, int operation) noexcept {
-    static auto* const real = Real(&flock, "flock");
-    return Fails("flock", counts && folder != nullptr) ? -1 : real(descriptor, operation);
+    return Guard(&flock, "flock", folder != nullptr, -1, descriptor, operation);
 }
 
 int fsync(int descriptor) {
-    static auto* const real = Real(&fsync, "fsync");
-    return Fails("fsync", IsOurs(descriptor)) ? -1 : real(descriptor);
+    return Guard(&fsync, "fsync", IsOurs(descriptor), -1, descriptor);
 }
 
 int stat(const char* path, struct stat* status) noexcept {
-    static auto* const real = Real(&stat, "stat");
-    return Fails("stat", IsOurs(path)) ? -1 : real(path, status);
+    return Guard(&stat, "stat", IsOurs(path), -1, path, status);
 }
 
 char* realpath(const char* path, char* resolved) noexcept {
-    static auto* const real = Real(&realpath, "realpath");
-    return Fails("realpath", IsOurs(path)) ? nullptr : real(path, resolved);
+    return Guard(&realpath, "realpath", IsOurs(path), static_cast<char*>(nullptr), path, resolved);
 }
 
 int fchmodat(int folderDescriptor, const char* path, mode_t mode, int flags) noexcept {
-    static auto* const real = Real(&fchmodat, "fchmodat");
-    return Fails("fchmodat", IsOurs(path)) ? -1 : real(folderDescriptor, path, mode, flags);
+    return Guard(&fchmodat, "fchmodat", IsOurs(path), -1, folderDescriptor, path, mode, flags);
 }
 
 int mkdir(const char* path, mode_t mode) noexcept {
-    static auto* const real = Real(&mkdir, "mkdir");
-    return Fails("mkdir", IsOurs(path)) ? -1 : real(path, mode);
+    return Guard(&mkdir, "mkdir", IsOurs(path), -1, path, mode);
 }
 
 int rename(const char* from, const char* to) noexcept {
-    static auto* const real = Real(&rename, "rename");
-    return Fails("rename", IsOurs(from)) ? -1 : real(from, to);
+    return Guard(&rename, "rename", IsOurs(from), -1, from, to);
 }
 
 int unlink(const char* path) noexcept {
-    static auto* const real = Real(&unlink, "unlink");
-    return Fails("unlink", IsOurs(path), true) ? -1 : real(path);
+    return Guard(&unlink, "unlink", IsOurs(path), -1, path);
 }
 
 // --- Memory -----------------------------------------------------------------------------------------------------

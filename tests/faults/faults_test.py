@@ -6,7 +6,7 @@ in which all calls from there on fail, and one that is killed there. Each run mu
 a German message; the files must be the old or the new ones, whole, with nothing beside them.
 
 Usage: faults_test.py FAULTS_LIBRARY STEP PROGRAM...
-    STEP       1 for everything, else a sample: only every STEP-th allocation, and one error at each call
+    STEP       1 for everything, else a sample: only every STEP-th allocation, and one way at each call
     PROGRAM    pirol-cli, run_operation, run_window_operation; what the sanitizers say of one is wrong, too
 """
 import collections
@@ -36,28 +36,6 @@ PREFERENCES = "config/Pirol/registry.conf"
 REGISTRY = '[Software\\Pirol]\n"GridColor"=dword:00000000\n"GridStyle"=dword:00000000\n"BlueJPath"="/alt"\n'
 
 
-# What each program is called with; what begins with a slash is a path below the folder.
-CALLS = {
-    "pirol-cli": [
-        "generate /design.prl --menu --sql -o /old.java",
-        "generate /design.prl --menu --sql",
-        "import /SuMAnwendung.java -o /old.prl",
-        "export /design.prl /BlueJ",
-        "copy /design.prl /old.prl",
-        "copy /design.prl /link.prl",
-        "copy /design.prl /new.prl",
-        "check /design.prl",
-        "lint /design.prl",
-        "hash /design.prl"],
-    "run_operation": [
-        "load /", "save /", "import /", "export-file /", "export-folder /", "keep-preferences /", "load-preferences /",
-        "keep /", "restore /"],
-    "run_window_operation": [
-        "/", "/ mnuFileSave /old.prl", "/ mnuFileImportJava /SuMAnwendung.java", "/ mnuProjectExportJava /old.java",
-        "/ mnuProjectExportBlueJ /BlueJ", "/ mnuFileOptions"],
-}
-
-
 class Case(typing.NamedTuple):
     program: pathlib.Path
     call: str
@@ -69,7 +47,8 @@ class Case(typing.NamedTuple):
         return f"{self.program.name} {self.call}"
 
 
-CASES = [Case(program, call) for program in PROGRAMS for call in CALLS[program.name]]
+CALLS = [line.split(" | ") for line in (DATA / "tables" / "fault-calls.txt").read_text().splitlines()[1:]]
+CASES = [Case(program, call) for program in PROGRAMS for name, call in CALLS if name == program.name]
 
 
 class Result(typing.NamedTuple):
@@ -149,10 +128,9 @@ def is_mixture(data, old, new):
 def faults_of(case, names, allocations):
     """All faults, each with the name of what is disturbed."""
     for number, name in enumerate(names, 1):
-        for error in ERRORS if STEP == 1 else ERRORS[number % len(ERRORS)::len(ERRORS)]:
-            yield name, {"FILE": number, "ERROR": error}
-            yield name, {"FILE": number, "ERROR": error, "LASTING": 1}
-        yield name, {"FILE": number, "ERROR": KILLED}
+        ways = [{"ERROR": error, **more} for error in ERRORS for more in ({}, {"LASTING": 1})] + [{"ERROR": KILLED}]
+        for way in ways if STEP == 1 else [ways[number * 4 % len(ways)]]:
+            yield name, {"FILE": number, **way}
     if case.program.name == "run_window_operation":
         return  # the window toolkit ends the program when it finds no memory
     for number in range(1, allocations + 1, STEP):

@@ -62,10 +62,9 @@ def java(path, options=()):
 
 
 def verdicts(sources):
-    """What the compiler says to each source, in one virtual machine."""
-    with tempfile.TemporaryDirectory(prefix="pirol-classes-") as classes:
-        said = run(["java", "-XX:TieredStopAtLevel=1", "-Xshare:auto", "-Duser.language=en", "-cp", ARGUMENTS.standins,
-                    "CompileAll", ARGUMENTS.standins, classes], "".join(f"{source}\n" for source in sources))
+    """What the compiler says to each source, in one virtual machine. The classes come beside their source."""
+    said = run(["java", "-XX:TieredStopAtLevel=1", "-Xshare:auto", "-Duser.language=en", "-cp", ARGUMENTS.standins,
+                "CompileAll", ARGUMENTS.standins], "".join(f"{source}\n" for source in sources))
     lines = said.removesuffix("\n").split("\n")
     if len(lines) != len(sources):
         raise Failure(f"{len(lines)} verdicts for {len(sources)} sources")
@@ -165,31 +164,33 @@ class HintsTest(unittest.TestCase):
         # Neither half of the claim may be empty.
         self.assertGreater(min(counts.values()), ARGUMENTS.designs // 8, counts)
 
-    def disagreements(self, word_sort, words, component):
-        """The words with which a component has a hint though it compiles, and those with which it is the other way."""
-        paths = [self.write(f"{word_sort}{number}", project([component(word)])) for number, word in enumerate(words)]
-        hinted = [bool(self.stop_compiling & set(lint(path))) for path in paths]
-        rejected = [verdict != "ok" for verdict in verdicts([java(path) for path in paths])]
-        return ([word for word, hint, reject in zip(words, hinted, rejected) if hint and not reject],
-                [word for word, hint, reject in zip(words, hinted, rejected) if reject and not hint])
+    def too_strict(self, sort, words, component):
+        """The words with which a component has a hint though it compiles. All others must compile, in one program."""
+        designs = [self.write(f"{sort}{number}", project([component(word, number)])) for number, word in enumerate(words)]
+        hinted = [bool(self.stop_compiling & set(lint(design))) for design in designs]
+        fine = [component(word, number) for number, word in enumerate(words) if not hinted[number]]
+        suspects = [number for number, hint in enumerate(hinted) if hint]
+        together, *alone = verdicts([java(self.write(sort, project(fine))), *(java(designs[number]) for number in suspects)])
+        self.assertEqual(together, "ok", sort)
+        return [words[number] for number, verdict in zip(suspects, alone) if verdict == "ok"]
 
     def test_every_character_and_odd_name(self):
         """The hints about one name, text or character against what the compiler says to it."""
         characters = [bytes([code]) for code in range(2, 256)]
         escaped = b"a\\u0041"
-        names = [escaped, *(name.encode("cp1252") for sort in Words.SORTS["names"] for name in sort)]
+        names = [escaped, *{name.encode("cp1252"): None for sort in Words.SORTS["names"] for name in sort}]
         # The compiler skips control characters in names, a blank before a name is none, and an escape is taken for the
         # letter that it means; the hints do not go so far.
         invisible = [character for character in characters if character[0] in {*range(2, 9), *range(0x0E, 0x1C), 0x7F, 0xAD}]
         blanks = [b"\t", b"\n", b"\f", b"\r", b" "]
-        password = [b"6", b"0", b"0", b"50", b"20", b"a"]
+        password = [b"6", b"0", b"0", b"50", b"20"]
         for sort, words, component, stricter in (
-                ("part", characters, lambda word: button(b"x" + word + b"y"), invisible),
-                ("start", characters, lambda word: button(word + b"y"), blanks),
-                ("name", names, button, [escaped]),
-                ("text", characters, lambda word: button(b"a", word), []),
-                ("character", characters, lambda word: [*password, word, OFF, OFF, OFF, OFF], [])):
-            self.assertEqual(self.disagreements(sort, words, component), (stricter, []), sort)
+                ("part", characters, lambda word, _: button(b"x" + word + b"y"), invisible),
+                ("start", characters, lambda word, _: button(word + b"y"), blanks),
+                ("name", names, lambda word, _: button(word), [escaped]),
+                ("text", characters, lambda word, number: button(b"a%d" % number, word), []),
+                ("character", characters, lambda word, number: [*password, b"a%d" % number, word, OFF, OFF, OFF, OFF], [])):
+            self.assertEqual(self.too_strict(sort, words, component), stricter, sort)
 
     def test_largest_program(self):
         """The largest design without a hint compiles; one tenth more does not."""
@@ -211,26 +212,27 @@ class HintsTest(unittest.TestCase):
         self.assertEqual([verdict.split(":")[0] for verdict in verdicts(sources)], ["ok", "rejected"] * len(mixes))
 
     def test_each_rule_has_its_effect(self):
-        rejected = {}
-        for rule, (sort, text) in effects().items():
+        sources = {}
+        for rule in effects():
             design = CASES / rule / "design.prl"
             options = (CASES / rule / "options.txt").read_text().split()
             self.assertIn(rule, lint(design, options))
-            source = java(self.write(rule, design.read_bytes()), options)
+            sources[rule] = java(self.write(rule, design.read_bytes()), options)
+        programs = [source for source in sources.values() if isinstance(source, pathlib.Path)]
+        said = dict(zip(programs, verdicts(programs)))
+        for (rule, source), (sort, text) in zip(sources.items(), effects().values()):
             if sort == "javac":
-                rejected[source] = text
+                self.assertIn("error: " + text, said[source], rule)
             elif sort == "runs":
-                self.assertIn(text, outcome(drive, ARGUMENTS.standins, source, source.parent), rule)
+                self.assertIn(text, outcome(drive, ARGUMENTS.standins, source.parent, source.parent), rule)
             else:
                 self.assertIn(text, source, rule)
-        for verdict, text in zip(verdicts(rejected), rejected.values()):
-            self.assertIn("error: " + text, verdict)
 
 
 if __name__ == "__main__":
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("pirol_cli")
     parser.add_argument("standins", help="compiled library stand-ins")
-    parser.add_argument("--designs", type=int, default=240, help="how many random designs (default 240)")
+    parser.add_argument("--designs", type=int, default=60, help="how many random designs (default 60)")
     ARGUMENTS = parser.parse_args()
     unittest.main(argv=sys.argv[:1], verbosity=2)

@@ -4,7 +4,8 @@ and lets Driver.java use it like a person would.
 
 Usage: run_generated.py PIROL_CLI STANDINS PROJECT EXPECTED [--write]
     STANDINS    the folder of the compiled library stand-ins and their driver
-    EXPECTED    a text: what the driver prints about the window and its use; or a PNG: what the window shows
+    EXPECTED    what the driver prints about the window and its use; or a PNG that gets what the window shows, with
+                which the tests compare the designer's drawing
     --write     makes EXPECTED instead of comparing with it
 """
 
@@ -36,20 +37,20 @@ def generate(pirol_cli, project, folder, options):
     return source
 
 
-def drive(standins, source, folder, *words):
-    """Compiles and starts a program in a folder, and gives back what its driver printed."""
-    with tempfile.TemporaryDirectory(prefix="pirol-java-") as classes, Display("4000x3000") as display:
-        run(["javac", "-Werror", "-Xlint:all,-serial", "-d", classes, "-encoding", "cp1252", "-cp", standins, source])
+def drive(standins, classes, folder, *words):
+    """Starts a compiled program in a folder, and gives back what its driver printed."""
+    with Display("4000x3000") as display:
         return run(["java", "-XX:TieredStopAtLevel=1", "-cp", f"{standins}:{classes}", "Driver", *words],
                    env=os.environ | {"DISPLAY": display.name, "LC_ALL": "C.UTF-8"}, cwd=folder)
 
 
 def check(standins, source, folder, expected, write=False):
-    """Raises a Failure that says what a program does otherwise than expected."""
+    """Compiles and starts a program. Raises a Failure that says what it does otherwise than expected."""
+    with tempfile.TemporaryDirectory(prefix="pirol-java-") as classes:
+        run(["javac", "-Werror", "-Xlint:all,-serial", "-d", classes, "-encoding", "cp1252", "-cp", standins, source])
+        printed = drive(standins, classes, folder, *[expected] * (expected.suffix == ".png"))
     if expected.suffix == ".png":
-        drive(standins, source, folder, "picture" if write else "compare", expected)
         return
-    printed = drive(standins, source, folder)
     if write:
         expected.write_text(printed)
     differences = difflib.unified_diff(expected.read_text().split("\n"), printed.split("\n"), "expected", "printed")

@@ -1,5 +1,5 @@
+#include "base/Conversions.h"
 #include "base/HashFunction.h"
-#include "base/RuntimeError.h"
 #include "Cases.h"
 #include "project/ProjectFile.h"
 
@@ -52,6 +52,33 @@ TEST(ProjectFile, ReadingTwiceGivesTheSameBytes) {
     }
 }
 
+/// Another value than a component begins with.
+std::string Another(const PropertyRow& row, const Control& control) {
+    if (row.key->editor == EditorKind::Flag)
+        return std::string(FlagText(!ConvertToBoolean(row.get(control))));
+    if (row.key == &keys::optionbuttons)
+        return JoinRadioButtons({{"hatRot", "Rot", 1, 2, 3, 4, true}, {}});
+    return row.key->editor == EditorKind::Number || row.key->editor == EditorKind::Choice ? "7" : "x";
+}
+
+/// With every other property as it was. Reading twice brings crossed text areas back.
+TEST(ProjectFile, EveryStoredPropertyComesBackByItself) {
+    for (const KindRow& kind : KindRows()) {
+        ProjectModel model;
+        const ComponentRef component = model.PlaceComponent(kind.kind, {10, 20, 100, 50});
+        const ProjectModel before = Read(GeneratePRLCode(Read(GeneratePRLCode(model))));
+        int field = 0;
+        for (const PropertyRow* row : before.Element(component).Table().StoredRows()) {
+            EXPECT_EQ(row->fileField, ++field) << kind.key << " " << row->key->key;
+            model = before;
+            row->set(model.EditElement(component), Another(*row, before.Element(component)));
+            EXPECT_NE(model, before) << kind.key << row->key->key;
+            EXPECT_TRUE(Read(GeneratePRLCode(Read(GeneratePRLCode(model)))) == model)
+                << kind.key << " " << row->key->key;
+        }
+    }
+}
+
 TEST(ProjectFile, HiddenComponentsAndSomeValuesAreNotKept) {
     ProjectModel model;
     for (int placed = 0; placed < 2; ++placed)
@@ -66,7 +93,6 @@ TEST(ProjectFile, HiddenComponentsAndSomeValuesAreNotKept) {
 }
 
 TEST(ProjectFile, WhatMayBeMissingOrForeignIsAccepted) {
-    const std::string sqlAndHash = "#Begin.Pirol.SQL\r\nserver\r\n#Begin.Pirol.Hash\r\n";
     ProjectModel model;
     model.EditSql().User = "kept from before";
     model.EditSql().Flags = {1, 2, 3};

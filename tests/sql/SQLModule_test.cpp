@@ -6,15 +6,12 @@ namespace pirol {
 namespace {
 
 TEST(SQLModule, RowsAreSplitAtTheFirstComma) {
-    const std::pair<std::string_view, std::string_view> cases[] = {
-        {"AnzahlDerTabellen()", "Gibt die Anzahl der Tabellen zurück"},
-        {"NameDerTabelle(int pIndex)", "Gibt den Tabellennamen zurück"},
-        {"AnzahlDerEintraege()", "Anzahl der aktuellen Tabelleneinträge"},
-    };
-    for (std::size_t i = 0; i < sqlFunctionCount; ++i) {
-        EXPECT_EQ(SQLFunctions().at(i).Name(), cases[i].first);
-        EXPECT_EQ(SQLFunctions().at(i).Description(), cases[i].second);
-    }
+    std::string methods;
+    for (const cSQLFunction& method : SQLFunctions())
+        methods.append(method.Name()).append(": ").append(method.Description()).append("/");
+    EXPECT_EQ(methods, "AnzahlDerTabellen(): Gibt die Anzahl der Tabellen zurück/"
+                       "NameDerTabelle(int pIndex): Gibt den Tabellennamen zurück/"
+                       "AnzahlDerEintraege(): Anzahl der aktuellen Tabelleneinträge/");
     EXPECT_EQ((cSQLFunction{"f(),a, b", ""}.Description()), "a, b");
 }
 

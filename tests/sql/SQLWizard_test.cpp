@@ -2,29 +2,23 @@
 
 #include <gtest/gtest.h>
 
-#include <tuple>
-
 namespace pirol {
 namespace {
 
 const SQLSettings stored = {"srv", "usr", "pw", "db", "tbl", {0, 7, -1}};
 
 TEST(SQLWizard, WalksTheStepsAndStopsAtBothEnds) {
-    const std::tuple<char, std::size_t, const char*, const char*> walk[] = {
-        {'<', 0, "Schritt 1 - Die Datenbankverbindung", "Weiter >>"},
-        {'>', 1, "Schritt 2 - Die Datenbanktabelle", "Weiter >>"},
-        {'>', 2, "Schritt 3 - Vordefinierte Abfragen", "Fertig"},
-        {'>', 2, "Schritt 3 - Vordefinierte Abfragen", "Fertig"},
-        {'<', 1, "Schritt 2 - Die Datenbanktabelle", "Weiter >>"},
-        {'<', 0, "Schritt 1 - Die Datenbankverbindung", "Weiter >>"},
-    };
     SQLWizard wizard({});
-    for (const auto& [key, step, title, forwardCaption] : walk) {
-        key == '<' ? wizard.Back() : wizard.Forward();
-        EXPECT_EQ(wizard.StepIndex(), step);
-        EXPECT_EQ(wizard.Step().title, title);
-        EXPECT_EQ(wizard.Step().forwardCaption, forwardCaption);
+    std::string walk;
+    for (const char way : std::string("<>>><<")) {
+        way == '<' ? wizard.Back() : wizard.Forward();
+        walk.append(std::to_string(wizard.StepIndex())).append(" ").append(wizard.Step().title).append("/");
+        EXPECT_EQ(wizard.Step().forwardCaption, wizard.IsLastStep() ? "Fertig" : "Weiter >>");
     }
+    const std::string first = "0 Schritt 1 - Die Datenbankverbindung/";
+    const std::string second = "1 Schritt 2 - Die Datenbanktabelle/";
+    const std::string last = "2 Schritt 3 - Vordefinierte Abfragen/";
+    EXPECT_EQ(walk, first + second + last + last + second + first);
 }
 
 TEST(SQLWizard, EveryFieldEditsItsOwnSetting) {

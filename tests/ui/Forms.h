@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Tables.h"
 #include "ui/parts/frmError.h"
 
 #include <QAbstractItemView>
@@ -11,6 +12,8 @@
 #include <QPointer>
 #include <QTest>
 #include <QTimer>
+
+#include <array>
 
 namespace pirol::test {
 
@@ -88,6 +91,23 @@ void WhenShown(Answer answer, int triesLeft = 500) {
             qFatal("no %s is shown", Dialog::staticMetaObject.className());
         WhenShown<Dialog>(answer, triesLeft - 1);
     });
+}
+
+/// The data of a test that runs once for each line of a table of cases; the line's first field is its name.
+inline void AddRows(const char* table) {
+    QTest::addColumn<TableRow>("row");
+    for (const TableRow& row : Table(table))
+        QTest::newRow(row[0].c_str()) << row;
+}
+
+/// The fields behind the name, of the line that the test runs with.
+template <std::size_t count>
+std::array<QString, count> CurrentRow() {
+    QFETCH(const TableRow, row);
+    std::array<QString, count> fields;
+    for (std::size_t field = 0; field < count; ++field)
+        fields.at(field) = QString::fromStdString(row[field + 1]);
+    return fields;
 }
 
 /// Adds up what a widget is asked to paint.

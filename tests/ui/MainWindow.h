@@ -13,8 +13,9 @@ namespace pirol::test {
 
 /// A main window on the screen with the mouse and the keyboard of a user.
 struct MainWindow {
-    explicit MainWindow(const Preferences& preferences = {})
-        : window(dialogs, starter, preferences, std::chrono::milliseconds(20)) {
+    explicit MainWindow(const Preferences& preferences = {},
+                        std::chrono::milliseconds hintDelay = frmMain::usualHintDelay)
+        : window(dialogs, starter, preferences, hintDelay) {
         window.resize(1080, 680);
         Show(window);
     }

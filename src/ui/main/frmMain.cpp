@@ -258,9 +258,10 @@ void frmMain::DocumentChanged(const DocumentChange& change) {
         RefreshCodeMenu();
     if (change.design.Any())
         hintTimer_.start();
-    if (change.properties)
+    if (change.properties) {
         LoadProperties();
-    ShowStatus();
+        ShowStatus();
+    }
 }
 
 void frmMain::ShowFileAndHistory() {

@@ -1,16 +1,12 @@
 package sum.intern;
 
-import java.awt.Color;
-import java.awt.Dimension;
+import java.awt.*;
 import java.io.PrintStream;
 import java.nio.charset.StandardCharsets;
-import java.util.ArrayList;
+import java.util.*;
 import java.util.List;
-import java.util.stream.Collectors;
-import java.util.stream.Stream;
-import javax.swing.JFrame;
-import javax.swing.JMenuBar;
-import javax.swing.JPanel;
+import java.util.stream.*;
+import javax.swing.*;
 
 /** The window of the running program and the way from its events to the program's methods. */
 public final class Application {

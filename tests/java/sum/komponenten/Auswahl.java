@@ -1,8 +1,7 @@
 package sum.komponenten;
 
 import java.awt.Color;
-import java.util.stream.Collectors;
-import java.util.stream.IntStream;
+import java.util.stream.*;
 import javax.swing.JComboBox;
 
 public class Auswahl extends FokusKomponente<JComboBox<String>> {

@@ -1,8 +1,7 @@
 package sum.komponenten;
 
 import java.awt.Font;
-import javax.swing.JLabel;
-import javax.swing.SwingConstants;
+import javax.swing.*;
 
 public class Etikett extends Komponente<JLabel> {
     private static final int[] ALIGNMENTS = {SwingConstants.LEFT, SwingConstants.CENTER, SwingConstants.RIGHT};

@@ -1,7 +1,6 @@
 package sum.komponenten;
 
-import java.awt.event.FocusEvent;
-import java.awt.event.FocusListener;
+import java.awt.event.*;
 import javax.swing.JComponent;
 
 /** A component that can hold the keyboard focus and says so. */

@@ -1,7 +1,6 @@
 package sum.komponenten;
 
-import java.util.LinkedHashMap;
-import java.util.Map;
+import java.util.*;
 import javax.swing.JComponent;
 import sum.intern.Application;
 

@@ -1,7 +1,6 @@
 package sum.komponenten;
 
-import javax.swing.JMenu;
-import javax.swing.JMenuItem;
+import javax.swing.*;
 import sum.intern.Application;
 
 /** A menu of the menu bar, or a submenu when another menu made it. */

@@ -1,7 +1,6 @@
 package sum.komponenten;
 
-import javax.swing.JSlider;
-import javax.swing.SwingConstants;
+import javax.swing.*;
 
 public class Regler extends FokusKomponente<JSlider> {
     public Regler(double left, double top, double width, double height, int start, int minimum, int maximum) {

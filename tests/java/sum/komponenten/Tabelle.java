@@ -1,7 +1,6 @@
 package sum.komponenten;
 
-import javax.swing.JScrollPane;
-import javax.swing.JTable;
+import javax.swing.*;
 
 public class Tabelle extends FokusKomponente<JTable> {
     public Tabelle(double left, double top, double width, double height, int rows, int columns) {

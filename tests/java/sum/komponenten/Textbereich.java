@@ -1,7 +1,6 @@
 package sum.komponenten;
 
-import javax.swing.JScrollPane;
-import javax.swing.JTextArea;
+import javax.swing.*;
 
 /** Several lines of text under scroll bars. */
 public abstract class Textbereich extends Textkomponente<JTextArea> {

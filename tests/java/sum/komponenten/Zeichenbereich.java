@@ -1,7 +1,6 @@
 package sum.komponenten;
 
-import javax.swing.JScrollPane;
-import javax.swing.JTextArea;
+import javax.swing.*;
 
 /** Text that wraps at words. */
 public class Zeichenbereich extends Textbereich {

@@ -1,7 +1,6 @@
 package sum.komponenten;
 
-import javax.swing.JScrollPane;
-import javax.swing.JTextArea;
+import javax.swing.*;
 
 /** Text whose lines stay as they are and scroll sideways. */
 public class Zeilenbereich extends Textbereich {

@@ -1,9 +1,7 @@
 package sum.multimedia;
 
-import java.awt.Graphics;
-import java.awt.Image;
-import javax.swing.ImageIcon;
-import javax.swing.JComponent;
+import java.awt.*;
+import javax.swing.*;
 import sum.komponenten.Komponente;
 
 /** Shows an image file stretched over its rectangle; an unreadable file leaves it empty. */

@@ -1,15 +1,17 @@
 #include "app/ErrorReport.h"
 #include "base/Text.h"
+#include "designer/ListText.h"
 #include "model/ProjectModel.h"
 #include "ui/Forms.h"
 #include "ui/properties/frmListEditor.h"
 #include "ui/properties/plProperties.h"
-#include "ui/Rows.h"
 
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QSignalSpy>
+#include <QTableView>
 
 namespace pirol::test {
 
@@ -22,7 +24,7 @@ class Bench : public QWidget {
         other.setGeometry(330, 0, 100, 30);
         connect(&list, &plProperties::PropertyEdited, this, [this](const std::string& key, const std::string& value) {
             ++edits;
-            ErrorOf([&] { PropertyChanged(document, key, value); });
+            ErrorOf([&] { Hold(key, value); });
             Reload();
         });
         component = Add(kind, {30, 40, 120, 25});
@@ -49,21 +51,16 @@ class Bench : public QWidget {
     QString Shown(const QString& caption) const { return Cell(caption).data().toString(); }
 
     /// What a user does with a property: the steps of Forms.h and, with the mouse, "@value", its "@box" or "@button",
-    /// the
-    /// "@caption", "@double" there and "@away" on the other field.
+    /// the "@caption", "@double" there and "@away" on the other field.
     void Do(const QString& caption, const QString& steps) {
         if (!steps.startsWith('@'))
             list.setCurrentIndex(Cell(caption));
         for (const QString& step : steps.split(' ')) {
             const QRect box = list.visualRect(Cell(caption));
-            if (step == "@value")
-                ClickAt({box.left() + 35, box.center().y()});
-            else if (step == "@box")
-                ClickAt({box.left() + 9, box.center().y()});
-            else if (step == "@button")
-                ClickAt({box.right() - 5, box.center().y()});
-            else if (step == "@caption")
-                ClickAt({20, box.center().y()});
+            const QMap<QString, int> places = {
+                {"@value", box.left() + 35}, {"@box", box.left() + 9}, {"@button", box.right() - 5}, {"@caption", 20}};
+            if (places.contains(step))
+                ClickAt({places[step], box.center().y()});
             else if (step == "@double")
                 QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, {20, box.center().y()});
             else if (step == "@away")
@@ -82,7 +79,25 @@ class Bench : public QWidget {
     int edits = 0;
 };
 
-class plPropertiesTest : public QObject {
+constexpr const char* radioRow = "a/A/1/2/3/4/Wahr";
+
+/// The list editor on the screen with its table, one of whose cells is current.
+struct Rows {
+    Rows(const PropertyKey& key, const QString& items, int row = 0, int column = 0)
+        : form({key.key, key.label, false, pirol::ListText(items.toStdString()), key.editor, key.detail}, nullptr) {
+        Show(form);
+        table.setCurrentIndex(table.model()->index(row, column));
+    }
+
+    QString Items() const {
+        return QString::fromStdString(ReplaceAll(form.ListText(), std::string_view(&fieldSeparator, 1), "/"));
+    }
+
+    frmListEditor form;
+    QTableView& table = *Part<QTableView>(form, "lstRows");
+};
+
+class PropertiesTest : public QObject {
     Q_OBJECT
 
   private slots:
@@ -94,7 +109,6 @@ class plPropertiesTest : public QObject {
         QCOMPARE(flag.data(Qt::CheckStateRole).toInt(), int(Qt::Unchecked));
         // A text is never taken for markup.
         QCOMPARE(bench.Cell("Beschriftung").data(Qt::ToolTipRole).toString(), "<qt>&lt;b&gt;fett&lt;/b&gt;</qt>");
-
         // A reader hears which property a value belongs to, and an editor says it too.
         QCOMPARE(flag.data(Qt::AccessibleTextRole).toString(), "Eingabe bestätigt: falsch");
         bench.Do("Breite", "F2");
@@ -121,7 +135,6 @@ class plPropertiesTest : public QObject {
         QTest::keyClick(combo->view(), Qt::Key_End);
         QTest::keyClick(combo->view(), Qt::Key_Return);
         QCOMPARE(bench.Shown("Ausrichtung"), "Rechts");
-
         // One that the list does not know stays as it is.
         bench.Hold("align", "7");
         bench.Do("Ausrichtung", "F2 Return");
@@ -137,13 +150,12 @@ class plPropertiesTest : public QObject {
             std::string answer = "neu.wav";
             bench.list.SetFileChooser([&](const std::string& filter, const std::string& path) {
                 asked = QString::fromStdString(Concatenate(filter, " ", path));
-                return answer;
+                return std::exchange(answer, "");
             });
             const QString typed = way.contains("getippt") ? "getippt" : "";
             bench.Do("Sounddatei", way);
             QCOMPARE(asked, "Sounddateien (*.wav)|*.wav " + typed);
             QCOMPARE(bench.Shown("Sounddatei"), "neu.wav");
-            answer.clear();
             bench.Do("Sounddatei", way);
             QCOMPARE(bench.Shown("Sounddatei"), typed.isEmpty() ? "neu.wav" : typed);
         }
@@ -163,6 +175,7 @@ class plPropertiesTest : public QObject {
         }
     }
 
+    /// Folded is folded, whichever component is shown.
     void CategoriesFold() {
         Bench bench(ComponentKind::Button);
         const auto isOpen = [&](const char* category) { return bench.list.isExpanded(FindRow(bench.list, category)); };
@@ -172,17 +185,13 @@ class plPropertiesTest : public QObject {
         Press(Qt::Key_Return);
         QVERIFY(isOpen("Position"));
         Press(Qt::Key_Left);
-        QVERIFY(!isOpen("Position"));
-
-        // Folded is folded, whichever component is shown.
         bench.component = bench.Add(ComponentKind::Table, {0, 0, 50, 50});
         bench.Reload();
-        QVERIFY(!isOpen("Position"));
-        QVERIFY(isOpen("Ereignisse"));
+        QVERIFY(!isOpen("Position") && isOpen("Ereignisse"));
     }
 
-    /// While a component is dragged the list changes two cells and nothing else.
-    void ReloadingRepaintsOnlyWhatChanged() {
+    /// While a component is dragged the list changes two cells and nothing else, and leaves a typist alone.
+    void ReloadingChangesNoMoreThanNeeded() {
         Bench bench(ComponentKind::Label);
         QSignalSpy resets(bench.list.model(), &QAbstractItemModel::modelReset);
         QSignalSpy changes(bench.list.model(), &QAbstractItemModel::dataChanged);
@@ -194,10 +203,6 @@ class plPropertiesTest : public QObject {
         QCOMPARE(resets.count(), 0);
         QCOMPARE(changes.count(), 2);
         QCOMPARE(bench.Shown("Links"), "31");
-    }
-
-    void ReloadingLeavesTheTypistAlone() {
-        Bench bench(ComponentKind::Label);
         bench.Do("Breite", "7");
         bench.Hold("width", "300");
         Do(bench, "5 Return");
@@ -211,7 +216,6 @@ class plPropertiesTest : public QObject {
         bench.Do("Breite", "7");
         QCoreApplication::processEvents();
         bench.list.verticalScrollBar()->setValue(60);
-        QCOMPARE(bench.list.verticalScrollBar()->value(), 60);
         const ComponentRef table = bench.Add(ComponentKind::Table, {0, 0, 50, 50});
         const std::optional<ComponentRef> order[] = {table, std::nullopt, bench.component};
         for (const std::optional<ComponentRef>& component : order) {
@@ -225,16 +229,24 @@ class plPropertiesTest : public QObject {
         QCOMPARE(bench.edits, 0);
     }
 
-    /// A caption of a hundred thousand characters is shown, walked over and edited; none of them is lost.
-    void HugeCaptions() {
+    /// A caption or a list of a hundred thousand characters is shown, walked over and edited; none of them is lost.
+    void HugeTexts() {
         Bench bench(ComponentKind::Label);
         const std::string huge(100'000, 'w');
         bench.Hold("value", huge);
         const QModelIndex cell = bench.Cell("Beschriftung");
-        QVERIFY(cell.data().toString().size() < 300);
-        QVERIFY(cell.data(Qt::AccessibleTextRole).toString().size() < 300);
+        for (const int role : {Qt::DisplayRole, Qt::AccessibleTextRole})
+            QVERIFY(cell.data(role).toString().size() < 300);
         bench.Do("Beschriftung", "F2 End ! Return");
         QCOMPARE(cell.data(Qt::EditRole).toString(), QString::fromStdString(huge + "!"));
+
+        const QString items = QString::fromStdString(huge) + QString("/x").repeated(20'000);
+        Rows rows(keys::columns, items);
+        QCOMPARE(rows.table.model()->rowCount(), 20'001);
+        QVERIFY(rows.table.model()->index(0, 0).data().toString().size() < 300);
+        rows.form.grab();
+        Do(rows.form, "F2 Return");
+        QCOMPARE(rows.Items(), items);
     }
 
     void NothingIsCutOff() {
@@ -249,9 +261,80 @@ class plPropertiesTest : public QObject {
             }
         }
     }
+
+    // --- The list editor --------------------------------------------------------------------------------------------
+
+    void HasAColumnPerField() {
+        Rows rows(keys::optionbuttons, radioRow);
+        QStringList titles;
+        for (int column = 0; column < rows.table.model()->columnCount(); ++column) {
+            titles.append(rows.table.model()->headerData(column, Qt::Horizontal).toString());
+            QVERIFY(rows.table.columnWidth(column) >= rows.table.horizontalHeader()->sectionSizeHint(column));
+        }
+        QCOMPARE(titles.join(" "), "Name Beschriftung Breite Höhe Links Oben Aktiviert");
+        QCOMPARE(rows.form.windowTitle(), "Pirol - Radioknöpfe bearbeiten");
+        QCOMPARE(rows.table.accessibleName(), "Radioknöpfe");
+        QCOMPARE(rows.table.model()->index(0, 6).data().toString(), "wahr");
+    }
+
+    void RowsAreEdited_data() { AddRows("list-editor-steps"); }
+
+    void RowsAreEdited() {
+        const auto [before, row, steps, after] = CurrentRow<4>();
+        Rows rows(keys::combovalues, before, row.toInt());
+        Do(rows.form, steps);
+        QCOMPARE(rows.Items(), after);
+        QVERIFY(rows.form.isVisible());
+        for (const char* button : {"cmdRemove", "cmdUp", "cmdDown"})
+            QCOMPARE(Part<QWidget>(rows.form, button)->isEnabled(), !after.isEmpty());
+    }
+
+    void FieldsHaveTheirTypes() {
+        Rows rows(keys::optionbuttons, "");
+        Do(rows.form, "@cmdAdd");
+        QCOMPARE(rows.Items(), "hatRadioKnopf//150/20/0/0/Falsch");
+        Do(rows.form, "hatRot Tab Rot Tab 99,5 Return");
+        const QRect flag = rows.table.visualRect(rows.table.model()->index(0, 6));
+        QTest::mouseClick(rows.table.viewport(), Qt::LeftButton, {}, {flag.left() + 9, flag.center().y()});
+        for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return}) {
+            QCOMPARE(rows.Items(), "hatRot/Rot/100/20/0/0/Wahr");
+            Press(key);
+            QCOMPARE(rows.Items(), "hatRot/Rot/100/20/0/0/Falsch");
+            Press(key);
+        }
+    }
+
+    void BadNumbersAreReported_data() { AddRows("list-editor-bad-numbers"); }
+
+    /// A number that is none is reported under its label and the cell keeps its value; OK waits for the report.
+    void BadNumbersAreReported() {
+        const auto [steps, number] = CurrentRow<2>();
+        Rows rows(keys::optionbuttons, radioRow, 0, 2);
+        QString report;
+        ExpectError(report);
+        Do(rows.form, steps);
+        QTRY_VERIFY2(report.startsWith("Fehlernummer: " + number + "\n"), qPrintable(report));
+        QVERIFY(report.endsWith("Main.File.Properties.PropertyChanged"));
+        QCOMPARE(rows.Items(), radioRow);
+        QVERIFY(rows.form.isVisible());
+        Do(rows.form, "@cmdAccept"); // the report is closed; the form can be
+        QCOMPARE(rows.form.result(), int(QDialog::Accepted));
+    }
+
+    void ClosesAsTheUserSays_data() { AddRows("list-editor-endings"); }
+
+    void ClosesAsTheUserSays() {
+        const auto [steps, takesOver] = CurrentRow<2>();
+        Rows rows(keys::columns, "a/b", 1);
+        Do(rows.form, steps);
+        QVERIFY(!rows.form.isVisible());
+        QCOMPARE(rows.form.result() == QDialog::Accepted, takesOver == "yes");
+        if (takesOver == "yes")
+            QCOMPARE(rows.Items(), "a/neu");
+    }
 };
 
 } // namespace pirol::test
 
-QTEST_MAIN(pirol::test::plPropertiesTest)
-#include "plProperties_test.moc"
+QTEST_MAIN(pirol::test::PropertiesTest)
+#include "properties_test.moc"
