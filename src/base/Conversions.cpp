@@ -159,6 +159,21 @@ std::string ReplaceAll(std::string_view text, std::string_view what, std::string
     return result.append(text, begin);
 }
 
+std::string Excerpt(std::string_view text) {
+    constexpr std::size_t mostBytes = 60;
+    const auto continuesCharacter = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0u) == 0x80u; };
+    std::string excerpt(text.substr(0, mostBytes));
+    if (text.size() > mostBytes) {
+        while (!excerpt.empty() && continuesCharacter(text[excerpt.size()]))
+            excerpt.pop_back();
+        excerpt += "…";
+    }
+    for (char& character : excerpt)
+        if ((character >= 0 && character < ' ') || character == '\x7F')
+            character = ' ';
+    return excerpt;
+}
+
 std::string LowerCase(std::string_view text) {
     std::string lower(text);
     for (char& character : lower)
