@@ -1,0 +1,91 @@
+#pragma once
+
+#include "codegen/JavaTokens.h"
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <span>
+#include <string_view>
+#include <vector>
+
+namespace pirol {
+
+using Tokens = std::span<const Token>;
+
+/// The tokens up to a ";", "{" or "}" of a source: a statement, the head of a block, or what stands before a block's
+/// end.
+class Statement {
+  public:
+    static constexpr std::size_t none = static_cast<std::size_t>(-1);
+
+    Tokens All() const { return tokens_; }
+    std::size_t Size() const { return tokens_.size(); }
+    const Token& operator[](std::size_t index) const { return tokens_[index]; }
+    /// What ended it: ';', '{', '}', or 0 for the end of the source.
+    char End() const { return end_; }
+    /// Tokens were left out, because there were too many.
+    bool IsCut() const { return isCut_; }
+
+    /// Where the other one of a pair of parentheses or square brackets stands, or `none`.
+    std::size_t Partner(std::size_t bracket) const { return partners_[bracket]; }
+
+    bool HasWord(std::size_t index, std::string_view word) const {
+        return index < Size() && tokens_[index].IsWord(word);
+    }
+    bool HasSign(std::size_t index, std::string_view sign) const {
+        return index < Size() && tokens_[index].IsSign(sign);
+    }
+    /// What stands between the commas of a parenthesis or bracket that has a partner. Linear in their number and in the
+    /// tokens outside inner brackets.
+    std::vector<Tokens> Arguments(std::size_t bracket) const;
+
+  private:
+    friend class StatementWalk;
+
+    std::vector<Token> tokens_;
+    std::vector<std::size_t> partners_;
+    char end_ = 0;
+    bool isCut_ = false;
+};
+
+/// What a statement that ends in "{" opens.
+struct Head {
+    enum Kind { NoHead, Class, Method, Constructor, Elements, Block };
+
+    Kind kind = NoHead;
+    std::string_view name = {}; ///< of a class or method
+    std::string_view base = {}; ///< the class that a class extends, without its packages
+    std::size_t parameters = 0; ///< of a method
+    std::size_t nameToken = 0;  ///< where a method's name stands, or the variable whose array elements follow
+};
+
+Head HeadOf(const Statement& statement);
+
+/// Where a statement stands.
+struct Place {
+    std::string_view className = {};               ///< the innermost class; empty outside of any
+    std::string_view method = {};                  ///< the innermost method; empty outside of any, and in a constructor
+    std::string_view array = {};                   ///< the array between whose braces it stands, if anywhere
+    std::optional<std::size_t> row = std::nullopt; ///< the outer index where that array holds arrays
+    std::size_t element = 0;                       ///< the index of the statement's first element
+};
+
+using StatementVisitor = std::function<void(const Statement&, const Head&, const Place&)>;
+
+/// Calls `visit` for every statement of a source in order, and gives the line of a comment without an end, or 0.
+/// Missing and surplus braces do not spoil more than the method they stand in: a method's head ends the one before.
+/// Linear in the length; never holds more than one statement, which is cut when it has very many tokens.
+std::size_t ForEachStatement(std::string_view source, const StatementVisitor& visit);
+
+/// A variable as an expression names it, "this" and classes left out: "x" for x, "x[1]" for this.x[1].
+struct Variable {
+    std::string_view name;       ///< empty when it is no variable
+    std::vector<Tokens> indices; ///< the expressions between square brackets
+    std::size_t begin = 0;       ///< where the expression begins
+};
+
+/// The variable whose expression ends right before a token.
+Variable VariableBefore(const Statement& statement, std::size_t token);
+
+} // namespace pirol
