@@ -203,7 +203,8 @@ std::string PlaceText(const Place& place) {
     case HintSubject::Component:
         break;
     }
-    std::string text = Concatenate(RowOf(place.component.kind).javaClass, " »", Excerpt(place.control->ObjectName), "«");
+    std::string text =
+        Concatenate(RowOf(place.component.kind).javaClass, " »", Excerpt(place.control->ObjectName), "«");
     if (place.property != nullptr)
         Append(text, ", ", place.property->label);
     if (place.row != 0)

@@ -298,6 +298,12 @@ void AnalyseFile(const std::filesystem::path& path, ProjectModel& model) {
     AnalyseCode(UnderLabel(analyseLabel, [&] { return FromWindows1252(ReadFileBytes(path)); }), model);
 }
 
+bool FoundAnything(std::string_view source, const ProjectModel& imported) {
+    return source.find("super(") != std::string_view::npos ||
+           std::any_of(KindRows().begin(), KindRows().end(),
+                       [&imported](const KindRow& row) { return imported.ElementCount(row.kind) > 1; });
+}
+
 std::string GetAllLines(std::string_view source, std::string_view javaClass) {
     return CreationIndex(source, {&javaClass, 1}).GetAllLines(javaClass);
 }

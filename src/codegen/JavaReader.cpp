@@ -68,8 +68,8 @@ constexpr SetterRow setters[] = {
     {"setzeWert", keys::currentvalue}, {"setzeAusrichtung", keys::align},
 };
 
-/// Names of fields that the generator adds by itself.
-constexpr const char* generatorNames[] = {"hatMenueTemp", "hatDatenbank", "hatErgebnisliste"};
+/// The variable that the generator adds to a menu bar.
+constexpr std::string_view subMenuVariable = "hatMenueTemp";
 
 /// What a variable of the source stands for in the design.
 struct Target {
@@ -113,8 +113,6 @@ struct Call {
 /// A name of letters, digits and "_" that no keyword and nothing else has. Each costs constant time on average.
 class NameGiver {
   public:
-    NameGiver() : taken_(std::begin(generatorNames), std::end(generatorNames)) {}
-
     bool Take(const std::string& name) {
         return IsJavaIdentifier(name) && !IsJavaKeyword(name) && name.size() <= mostNameBytes &&
                taken_.insert(name).second;
@@ -391,6 +389,8 @@ class Reader {
     /// Whoever is called exactly so in the source keeps the name; all others get what is left.
     void NameObjects() {
         NameGiver names;
+        if (!menus_.IsEmpty())
+            names.Take(std::string(subMenuVariable));
         std::vector<bool> isNamed(objects_.size());
         for (std::size_t index = 0; index < objects_.size(); ++index)
             if (objects_[index].target.sort != Target::Nothing && names.Take(objects_[index].key)) {

@@ -90,7 +90,7 @@ void JavaTokenizer::SkipBlanksAndComments() {
         const std::string_view rest = Rest();
         if (rest.starts_with("//")) {
             SkipTo(position_ + std::min(rest.find_first_of("\r\n"), rest.size()));
-        } else if (rest.starts_with("/*")) {
+        } else if (rest.starts_with("/*") && !IsInHandlerName()) {
             const std::size_t end = rest.find("*/", 2);
             if (end == std::string_view::npos)
                 openComment_ = line_;
@@ -101,12 +101,24 @@ void JavaTokenizer::SkipBlanksAndComments() {
     }
 }
 
+/// The generator makes the handler's name of a menu line's caption, even when that holds what begins a comment. It
+/// spoils the handler, but must not take all that follows with it.
+bool JavaTokenizer::IsInHandlerName() const {
+    constexpr std::size_t longestLine = 1000;
+    const std::string_view line = source_.substr(lineBegin_, longestLine);
+    return line.starts_with("    public void ") && line.substr(0, line.find('\r')).ends_with("()") &&
+           line.find("()\r\n    {\r\n\r\n    }\r\n") != std::string_view::npos;
+}
+
 /// Goes on to a position and counts the lines that end before it.
 void JavaTokenizer::SkipTo(std::size_t position) {
     for (; position_ < position; ++position_) {
         const bool endsLine = source_[position_] == '\n' ||
                               (source_[position_] == '\r' && !source_.substr(position_ + 1).starts_with('\n'));
-        line_ += endsLine ? 1 : 0;
+        if (endsLine) {
+            ++line_;
+            lineBegin_ = position_ + 1;
+        }
     }
 }
 

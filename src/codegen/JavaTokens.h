@@ -49,6 +49,7 @@ class JavaTokenizer {
   private:
     std::string_view Rest() const { return source_.substr(position_); }
     void SkipBlanksAndComments();
+    bool IsInHandlerName() const;
     void SkipTo(std::size_t position);
     Token Take(TokenKind kind, std::size_t length);
     Token TakeLiteral(TokenKind kind);
@@ -57,6 +58,7 @@ class JavaTokenizer {
     std::string_view source_;
     std::size_t position_ = 0;
     std::size_t line_ = 1;
+    std::size_t lineBegin_ = 0;
     std::size_t openComment_ = 0;
 };
 
