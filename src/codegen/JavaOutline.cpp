@@ -18,7 +18,7 @@ constexpr int mostBases = 16;
 } // namespace
 
 JavaOutline::JavaOutline(std::string_view source) {
-    openComment_ = ForEachStatement(source, [this](const Statement& statement, const Head& head, const Place& place) {
+    unread_ = ForEachStatement(source, [this](const Statement& statement, const Head& head, const Place& place) {
         Visit(statement, head, place);
     });
     ChooseWindow();

@@ -35,8 +35,7 @@ class JavaOutline {
     const std::vector<ClassLine>& OtherWindows() const { return windows_; }
 
     const JavaConstants& Constants() const { return constants_; }
-    /// The line of a comment that has no end, or 0.
-    std::size_t OpenComment() const { return openComment_; }
+    const UnreadLines& Unread() const { return unread_; }
 
   private:
     void Visit(const Statement& statement, const Head& head, const Place& place);
@@ -55,7 +54,7 @@ class JavaOutline {
     std::vector<Call> calls_;
     std::unordered_set<std::string_view> startMethods_;
     JavaConstants constants_;
-    std::size_t openComment_ = 0;
+    UnreadLines unread_;
 };
 
 } // namespace pirol

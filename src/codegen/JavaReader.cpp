@@ -97,6 +97,11 @@ struct RadioButtonInSource {
     bool hasGroup = false;
 };
 
+struct GroupInSource {
+    std::size_t object;
+    std::vector<std::size_t> buttons = {};
+};
+
 /// One call "receiver.method(arguments)".
 struct Call {
     const Statement& statement;
@@ -123,9 +128,10 @@ class NameGiver {
         const std::string base = Cleaned(wanted);
         if (first > 1 && Take(base))
             return base;
+        const bool endsInDigit = base.back() >= '0' && base.back() <= '9';
         int& number = numbers_.try_emplace(base, first).first->second;
         for (;;) {
-            std::string name = Concatenate(base, number++);
+            std::string name = Concatenate(base, endsInDigit ? "_" : "", number++);
             if (Take(name))
                 return name;
         }
@@ -242,8 +248,6 @@ class Reader {
             RemarkLeftOut(object, "die Klasse eine eigene ist");
         else if (!creation.key)
             RemarkLeftOut(object, "der Platz im Feld berechnet wird");
-        else if (statement.Partner(creation.arguments) == Statement::none)
-            RemarkLeftOut(object, "die Anweisung nicht zu Ende geschrieben ist");
         else
             AddObject(object, statement.Arguments(creation.arguments));
         if (object.target.sort != Target::Nothing && !outline_.RunsAtStart(place.method))
@@ -326,7 +330,7 @@ class Reader {
         }
         if (row.kind == OptionGroup) {
             static_cast<dOptionsgruppe&>(control).EventClick = false; // until a button is registered
-            groups_.emplace_back();
+            groups_.push_back({objects_.size()});
         }
         TakeHandler(object, arguments, next);
     }
@@ -444,8 +448,7 @@ class Reader {
             NoteLoop(statement);
         resultEnd_ = Statement::none;
         for (std::size_t index = 1; index + 1 < statement.Size(); ++index)
-            if (statement[index].IsWord() && statement[index - 1].IsSign(".") && statement[index + 1].IsSign("(") &&
-                statement.Partner(index + 1) != Statement::none)
+            if (statement[index].IsWord() && statement[index - 1].IsSign(".") && statement[index + 1].IsSign("("))
                 ReadCall(statement, index);
     }
 
@@ -612,7 +615,7 @@ class Reader {
                    Concatenate(Receiver(call), ": »", Excerpt(NameOf(member)), "« ist schon in einer Gruppe."));
         } else {
             radioButtons_[member.radioButton].hasGroup = true;
-            groups_[call.receiver.component.index - 1].push_back(member.radioButton);
+            groups_[call.receiver.component.index - 1].buttons.push_back(member.radioButton);
         }
         return true;
     }
@@ -691,9 +694,8 @@ class Reader {
         const std::optional<std::string> theirs = TextOf(handler);
         if (theirs && *theirs == ours)
             return;
-        Remark(line, Concatenate("»", Excerpt(who), "«: Die Ereignismethode heißt ",
-                                 theirs ? Concatenate("»", Excerpt(*theirs), "«") : "im Quelltext je nachdem",
-                                 ", in Pirol »", Excerpt(ours), "«."));
+        Remark(line, Concatenate("»", Excerpt(who), "«: Die Ereignismethode heißt in Pirol »", Excerpt(ours), "«",
+                                 theirs ? Concatenate(", im Quelltext »", Excerpt(*theirs), "«.") : "."));
     }
 
     bool ReadRegistration(const Call& call) {
@@ -768,19 +770,20 @@ class Reader {
         for (std::size_t index = 0; index < groups_.size(); ++index) {
             auto& group = static_cast<dOptionsgruppe&>(reading_.model.EditElement({OptionGroup, index + 1}));
             std::size_t registered = 0;
-            for (const std::size_t member : groups_[index]) {
+            for (const std::size_t member : groups_[index].buttons) {
                 group.OptionButtons.push_back(radioButtons_[member].button);
                 registered += radioButtons_[member].isRegistered ? 1 : 0;
             }
             group.EventClick = registered > 0;
-            const std::string what = Concatenate("Radiogruppe »", Excerpt(group.ObjectName), "«: ");
+            const Object& object = objects_[groups_[index].object];
             if (registered > 0 && registered < group.OptionButtons.size())
-                Remark(0, what + "Nicht jeder Radioknopf hat eine Ereignismethode, in Pirol bekommen alle eine.");
+                Remark(object.line,
+                       Described(object) + ": In Pirol bekommen alle ihre Radioknöpfe eine Ereignismethode.");
             try {
                 group.EncloseButtons();
             } catch (const RuntimeError&) {
                 group.OptionButtons.clear();
-                Remark(0, what + "Die Radioknöpfe liegen zu weit auseinander und fehlen.");
+                Remark(object.line, Described(object) + ": Die Radioknöpfe liegen zu weit auseinander und fehlen.");
             }
         }
         for (const RadioButtonInSource& radioButton : radioButtons_)
@@ -837,8 +840,10 @@ class Reader {
 
     void FinishRemarks() {
         std::vector<ReadRemark>& remarks = reading_.remarks;
-        if (outline_.OpenComment() != 0)
-            Remark(outline_.OpenComment(), "Der Kommentar hat kein Ende; alles danach fehlt.");
+        if (outline_.Unread().openComment != 0)
+            Remark(outline_.Unread().openComment, "Der Kommentar hat kein Ende; alles danach fehlt.");
+        if (outline_.Unread().tooLong != 0)
+            Remark(outline_.Unread().tooLong, "Der Quelltext ist zu lang; ab hier fehlt alles.");
         for (const NotInJava& row : notInJava)
             if (!row.remark.empty() && reading_.model.ElementCount(row.kind) > 1)
                 Remark(0, std::string(row.remark));
@@ -860,7 +865,7 @@ class Reader {
 
     std::vector<Object> objects_;
     std::vector<RadioButtonInSource> radioButtons_;
-    std::vector<std::vector<std::size_t>> groups_; // radio buttons by group
+    std::vector<GroupInSource> groups_; // in the order of their elements
     std::size_t columns_ = 0;
     bool hasTooMany_ = false;
 

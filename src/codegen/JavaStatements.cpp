@@ -9,6 +9,10 @@ namespace {
 
 /// More than a program of ten thousand components in one array has.
 constexpr std::size_t mostTokens = 262'144;
+/// Three times as many as a generated program of a hundred thousand components has.
+constexpr std::size_t mostTokensOfSource = 24'000'000;
+/// What a parenthesis without an end may hold.
+constexpr std::size_t mostOpenTokens = 100;
 /// Blocks deeper than this are counted only.
 constexpr std::size_t mostScopes = 1000;
 
@@ -105,14 +109,14 @@ std::size_t CountCommas(const Statement& statement) {
 
 std::vector<Tokens> Statement::Arguments(std::size_t bracket) const {
     std::vector<Tokens> arguments;
-    const std::size_t close = Partner(bracket);
+    const std::size_t close = Partner(bracket) != none ? Partner(bracket) : std::min(Size(), bracket + mostOpenTokens);
     std::size_t begin = bracket + 1;
     for (std::size_t index = begin; index <= close; ++index) {
         if (index == close || tokens_[index].IsSign(",")) {
             arguments.push_back(All().subspan(begin, index - begin));
             begin = index + 1;
         } else if (Partner(index) != none && Partner(index) > index) {
-            index = Partner(index);
+            index = std::min(Partner(index), close - 1);
         }
     }
     if (arguments.size() == 1 && arguments.front().empty())
@@ -159,7 +163,7 @@ class StatementWalk {
   public:
     StatementWalk(std::string_view source, const StatementVisitor& visit) : tokenizer_(source), visit_(visit) {}
 
-    std::size_t Run() {
+    UnreadLines Run() {
         while (ReadStatement()) {
             const Head head = HeadOf(statement_);
             if (head.kind == Head::Method || head.kind == Head::Constructor)
@@ -172,7 +176,7 @@ class StatementWalk {
             else if (statement_.End() == '}')
                 Close();
         }
-        return tokenizer_.OpenComment();
+        return {tokenizer_.OpenComment(), tooLong_};
     }
 
   private:
@@ -190,6 +194,10 @@ class StatementWalk {
         open_.clear();
         bool any = false;
         while (const std::optional<Token> token = tokenizer_.Next()) {
+            if (++tokensOfSource_ > mostTokensOfSource) {
+                tooLong_ = token->line;
+                return false;
+            }
             any = true;
             if (IsBracket(*token, ";{}")) {
                 statement_.end_ = token->text.front();
@@ -270,9 +278,11 @@ class StatementWalk {
     std::vector<std::size_t> open_; // brackets of the statement that wait for their partners
     std::vector<Scope> scopes_;
     std::size_t scopesBeyond_ = 0;
+    std::size_t tokensOfSource_ = 0;
+    std::size_t tooLong_ = 0;
 };
 
-std::size_t ForEachStatement(std::string_view source, const StatementVisitor& visit) {
+UnreadLines ForEachStatement(std::string_view source, const StatementVisitor& visit) {
     return StatementWalk(source, visit).Run();
 }
 

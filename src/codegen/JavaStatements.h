@@ -36,8 +36,8 @@ class Statement {
     bool HasSign(std::size_t index, std::string_view sign) const {
         return index < Size() && tokens_[index].IsSign(sign);
     }
-    /// What stands between the commas of a parenthesis or bracket that has a partner. Linear in their number and in the
-    /// tokens outside inner brackets.
+    /// What stands between the commas of a parenthesis or bracket; of one that nobody closed, what follows up to the
+    /// statement's end, as far as that is near. Linear in the tokens outside inner brackets.
     std::vector<Tokens> Arguments(std::size_t bracket) const;
 
   private:
@@ -73,10 +73,18 @@ struct Place {
 
 using StatementVisitor = std::function<void(const Statement&, const Head&, const Place&)>;
 
-/// Calls `visit` for every statement of a source in order, and gives the line of a comment without an end, or 0.
+/// What could not be taken apart: the line of a comment without an end, and the one from which on the source was too
+/// long; 0 for none.
+struct UnreadLines {
+    std::size_t openComment = 0;
+    std::size_t tooLong = 0;
+};
+
+/// Calls `visit` for every statement of a source in order.
 /// Missing and surplus braces do not spoil more than the method they stand in: a method's head ends the one before.
-/// Linear in the length; never holds more than one statement, which is cut when it has very many tokens.
-std::size_t ForEachStatement(std::string_view source, const StatementVisitor& visit);
+/// Linear in the length; never holds more than one statement, which is cut when it has very many tokens. A source of far
+/// more tokens than any program has is read up to there.
+UnreadLines ForEachStatement(std::string_view source, const StatementVisitor& visit);
 
 /// A variable as an expression names it, "this" and classes left out: "x" for x, "x[1]" for this.x[1].
 struct Variable {

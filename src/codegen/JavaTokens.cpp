@@ -48,6 +48,9 @@ std::size_t NumberLength(std::string_view text) {
 }
 
 std::size_t SignLength(std::string_view text) {
+    constexpr std::string_view secondCharacters = "=+-&|<>";
+    if (text.size() < 2 || secondCharacters.find(text[1]) == std::string_view::npos)
+        return 1;
     for (const std::string_view sign : longSigns)
         if (text.starts_with(sign))
             return sign.size();

@@ -30,7 +30,8 @@ std::string ReportOf(const JavaReading& reading) {
 TEST(JavaReader, Cases) {
     for (const auto& folder : test::CaseFolders("read")) {
         const JavaReading reading = ReadJava(ReadFileBytes(folder / "SuMAnwendung.java"));
-        const std::string java = ToWindows1252(GenerateCode(reading.model, everything));
+        const bool hasDatabase = reading.model.Sql().UsesDatabase();
+        const std::string java = ToWindows1252(GenerateCode(reading.model, {.menu = true, .database = hasDatabase}));
         if (std::getenv("PIROL_WRITE_CASES") != nullptr) {
             ReplaceFileBytes(folder / "expected.java", java);
             ReplaceFileBytes(folder / "expected.txt", ReportOf(reading));
@@ -191,6 +192,35 @@ TEST(JavaReader, GivesGeneratedDesignsBack) {
         for (const ReadRemark& remark : reading.remarks)
             EXPECT_EQ(remark.line, 0U) << "seed " << seed << ": " << RemarkLine(remark);
     }
+}
+
+TEST(JavaReader, TheQuestionCountsWhatTheSimpleImportLacks) {
+    for (const test::TableRow& row : test::Table("import-questions")) {
+        const std::string source =
+            "class SuMAnwendung extends EBAnwendung { SuMAnwendung() { super(1, 2); " + row[0] + "}}";
+        ProjectModel simple;
+        AnalyseCode(source, simple);
+        EXPECT_EQ(QuestionForAll(simple, ReadJava(source).model), row[1]) << row.line;
+    }
+}
+
+TEST(JavaReader, SourcesMadeToEatTimeAndMemoryEnd) {
+    for (const char* piece :
+         {"{", "f(", "-", "x = {{", "new Knopf(", "a.setzeInhalt(", "\"\"\"\n", "/*", "g.fuegeEin(r);",
+          "m = m.neuesUntermenue(\"\");", "t = new Tabelle(0, 0, 0, 0, 1, 32767);", "class A extends A {",
+          "int a(int b,", "void a() {", "x[1].", "    public void a/*()", "g = new Radiogruppe();", "\xFF\0\1'",
+          "new Ton();"}) {
+        std::string source =
+            "super(1, 2); g = new Radiogruppe(); a = new Etikett(1, 2, 3, 4, \"\"); m = new Menue(\"\");"
+            "r = new Radioknopf(-32768, 0, 0, 0, \"\"); super(";
+        for (int count = 0; count < 20000; ++count)
+            source += piece;
+        const JavaReading reading = ReadJava(source);
+        EXPECT_TRUE(reading.hasWindowSize) << piece;
+        EXPECT_LE(reading.remarks.size(), mostRemarks) << piece;
+        EXPECT_GE(reading.model.ElementCount(ComponentKind::Label), 2U) << piece;
+    }
+    EXPECT_FALSE(ReadJava("Kein Java { new Foo(1, 2, 3, 4); }").FoundAnything());
 }
 
 } // namespace
