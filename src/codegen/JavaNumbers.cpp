@@ -18,11 +18,11 @@ constexpr std::string_view fractionTypes[] = {"double", "float"};
 constexpr std::string_view assignments[] = {"=", "+=", "-=", "*=", "/=", "%=", "&=", "|=", "^=", "<<=", ">>="};
 
 template <class List>
-bool IsOneOf(const List& list, const Token& token) {
+bool IsOneOf(const List& list, const JavaToken& token) {
     return std::find(std::begin(list), std::end(list), token.text) != std::end(list);
 }
 
-bool IsNumberType(const Token& token) {
+bool IsNumberType(const JavaToken& token) {
     return token.IsWord() && (IsOneOf(wholeTypes, token) || IsOneOf(fractionTypes, token));
 }
 
@@ -66,7 +66,8 @@ std::optional<JavaNumber> ReadNumber(std::string_view literal) {
 /// Reads an expression from left to right; what cannot be read makes all of it unreadable.
 class ExpressionReader {
   public:
-    ExpressionReader(Tokens expression, const JavaConstants& constants) : rest_(expression), constants_(constants) {}
+    ExpressionReader(JavaTokens expression, const JavaConstants& constants)
+        : rest_(expression), constants_(constants) {}
 
     std::optional<JavaNumber> Read() {
         const std::optional<JavaNumber> sum = ReadOperations(sumSigns);
@@ -164,24 +165,24 @@ class ExpressionReader {
                signs.find(rest_.front().text) != std::string_view::npos;
     }
 
-    const Token& Take() {
-        const Token& token = rest_.front();
+    const JavaToken& Take() {
+        const JavaToken& token = rest_.front();
         rest_ = rest_.subspan(1);
         return token;
     }
 
-    Tokens rest_;
+    JavaTokens rest_;
     const JavaConstants& constants_;
     int depth_ = 0;
 };
 
 } // namespace
 
-std::optional<JavaNumber> Evaluate(Tokens expression, const JavaConstants& constants) {
+std::optional<JavaNumber> Evaluate(JavaTokens expression, const JavaConstants& constants) {
     return ExpressionReader(expression, constants).Read();
 }
 
-void JavaConstants::Read(const Statement& statement) {
+void JavaConstants::Read(const JavaStatement& statement) {
     const auto counts = [&](std::size_t place) {
         return statement.HasSign(place, "++") || statement.HasSign(place, "--");
     };
@@ -198,7 +199,7 @@ void JavaConstants::Read(const Statement& statement) {
 }
 
 /// Reads "int a = 1, b = 2", a method's parameter or what a loop counts, and gives its last token.
-std::size_t JavaConstants::ReadDeclarations(const Statement& statement, std::size_t type) {
+std::size_t JavaConstants::ReadDeclarations(const JavaStatement& statement, std::size_t type) {
     // What a loop or a method declares in its parentheses changes from turn to turn.
     const bool isStatement = type == 0 || statement[type - 1].IsWord();
     std::size_t name = type + 1;
@@ -207,7 +208,7 @@ std::size_t JavaConstants::ReadDeclarations(const Statement& statement, std::siz
         std::optional<JavaNumber> number;
         if (statement.HasSign(end, "=")) {
             while (end < statement.Size() && !statement[end].IsSign(",") && !statement[end].IsSign(")"))
-                end = (statement.Partner(end) == Statement::none ? end : statement.Partner(end)) + 1;
+                end = (statement.Partner(end) == JavaStatement::none ? end : statement.Partner(end)) + 1;
             if (isStatement)
                 number = Evaluate(statement.All().subspan(name + 2, end - name - 2), *this);
         }

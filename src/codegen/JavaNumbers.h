@@ -21,12 +21,12 @@ struct JavaNumber {
 class JavaConstants {
   public:
     /// Takes note of what a statement declares and assigns.
-    void Read(const Statement& statement);
+    void Read(const JavaStatement& statement);
 
     std::optional<JavaNumber> Find(std::string_view name) const;
 
   private:
-    std::size_t ReadDeclarations(const Statement& statement, std::size_t type);
+    std::size_t ReadDeclarations(const JavaStatement& statement, std::size_t type);
     void Declare(std::string_view name, const std::optional<JavaNumber>& number);
 
     std::unordered_map<std::string_view, std::optional<JavaNumber>> numbers_; // nothing: not a constant
@@ -34,6 +34,6 @@ class JavaConstants {
 
 /// The value of an expression of literals, constants, + - * / %, parentheses and casts to number types; nothing when it
 /// is anything else, nests very deeply, divides by 0, or leaves Java's range of ints.
-std::optional<JavaNumber> Evaluate(Tokens expression, const JavaConstants& constants);
+std::optional<JavaNumber> Evaluate(JavaTokens expression, const JavaConstants& constants);
 
 } // namespace pirol

@@ -18,16 +18,15 @@ constexpr int mostBases = 16;
 } // namespace
 
 JavaOutline::JavaOutline(std::string_view source) {
-    unread_ = ForEachStatement(source, [this](const Statement& statement, const Head& head, const Place& place) {
-        Visit(statement, head, place);
-    });
+    unread_ = ForEachStatement(source, [this](const JavaStatement& statement, const JavaHead& head,
+                                              const JavaPlace& place) { Visit(statement, head, place); });
     ChooseWindow();
     FollowCalls();
 }
 
-void JavaOutline::Visit(const Statement& statement, const Head& head, const Place& place) {
+void JavaOutline::Visit(const JavaStatement& statement, const JavaHead& head, const JavaPlace& place) {
     constants_.Read(statement);
-    if (head.kind == Head::Class && bases_.size() < mostClasses) {
+    if (head.kind == JavaHead::Class && bases_.size() < mostClasses) {
         bases_.try_emplace(head.name, head.base);
         if (head.base == windowBase)
             windows_.push_back({head.name, statement[0].line});
@@ -37,7 +36,7 @@ void JavaOutline::Visit(const Statement& statement, const Head& head, const Plac
         if (!statement[index].IsWord() || !statement[index + 1].IsSign("(") || calls_.size() == mostCalls)
             continue;
         const bool isOfOther = index >= 2 && statement[index - 1].IsSign(".") && !statement[index - 2].IsWord("this");
-        const bool isHead = head.kind == Head::Method && index == head.nameToken;
+        const bool isHead = head.kind == JavaHead::Method && index == head.nameToken;
         if (!isHead && (!isOfOther || isMain))
             calls_.push_back({place.className, place.method, statement[index].text});
     }
@@ -57,7 +56,7 @@ void JavaOutline::ChooseWindow() {
 
 void JavaOutline::FollowCalls() {
     std::unordered_map<std::string_view, std::vector<std::string_view>> called;
-    for (const Call& call : calls_)
+    for (const JavaCall& call : calls_)
         if (IsOfWindow({.className = call.className}))
             called[call.caller].push_back(call.called);
     calls_ = {};
@@ -72,7 +71,7 @@ void JavaOutline::FollowCalls() {
     }
 }
 
-bool JavaOutline::IsOfWindow(const Place& place) const {
+bool JavaOutline::IsOfWindow(const JavaPlace& place) const {
     return window_.empty() || place.className.empty() || place.className == window_;
 }
 

@@ -17,7 +17,7 @@ class JavaOutline {
 
     /// Whether a place belongs to the class of the window: the one that extends EBAnwendung, or else SuMAnwendung. In a
     /// source without either, and outside of all classes, everything does.
-    bool IsOfWindow(const Place& place) const;
+    bool IsOfWindow(const JavaPlace& place) const;
     /// Whether a method of the window's class runs before the user does anything: called by the constructor or by main,
     /// directly or through others. A constructor and a field's initial value do.
     bool RunsAtStart(std::string_view method) const;
@@ -38,11 +38,11 @@ class JavaOutline {
     const UnreadLines& Unread() const { return unread_; }
 
   private:
-    void Visit(const Statement& statement, const Head& head, const Place& place);
+    void Visit(const JavaStatement& statement, const JavaHead& head, const JavaPlace& place);
     void ChooseWindow();
     void FollowCalls();
 
-    struct Call {
+    struct JavaCall {
         std::string_view className;
         std::string_view caller;
         std::string_view called;
@@ -51,7 +51,7 @@ class JavaOutline {
     std::unordered_map<std::string_view, std::string_view> bases_; // by class
     std::vector<ClassLine> windows_;
     std::string_view window_;
-    std::vector<Call> calls_;
+    std::vector<JavaCall> calls_;
     std::unordered_set<std::string_view> startMethods_;
     JavaConstants constants_;
     UnreadLines unread_;

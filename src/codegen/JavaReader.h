@@ -1,12 +1,11 @@
 #pragma once
 
+#include "codegen/JavaRemarks.h"
 #include "model/ProjectModel.h"
 
 #include <array>
 #include <cstddef>
 #include <filesystem>
-#include <optional>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -14,20 +13,6 @@ namespace pirol {
 
 /// Reading all that a Java source says about its window, whoever wrote it. Beside the simple import (JavaImport.h),
 /// which looks for the generator's own statements only.
-
-/// Something in a source that is not in the design, or not as it stands there.
-struct ReadRemark {
-    std::size_t line; ///< from 1; 0 for what concerns no line
-    std::string text; ///< German, UTF-8
-
-    bool operator==(const ReadRemark&) const = default;
-};
-
-/// The remark as a line of a report: "Zeile 12: ...".
-std::string RemarkLine(const ReadRemark& remark);
-
-/// Not more than so many remarks are made, the last of which says so.
-constexpr std::size_t mostRemarks = 1000;
 
 /// What a source gave.
 struct JavaReading {

@@ -25,8 +25,8 @@ bool Holds(const List& list, std::string_view word) {
     return std::find(std::begin(list), std::end(list), word) != std::end(list);
 }
 
-Head ClassHead(const Statement& statement, std::size_t keyword) {
-    Head head{.kind = Head::Class, .name = statement[keyword + 1].text};
+JavaHead ClassHead(const JavaStatement& statement, std::size_t keyword) {
+    JavaHead head{.kind = JavaHead::Class, .name = statement[keyword + 1].text};
     std::size_t base = keyword + 2;
     while (base < statement.Size() && !statement[base].IsWord("extends"))
         ++base;
@@ -39,7 +39,7 @@ Head ClassHead(const Statement& statement, std::size_t keyword) {
 }
 
 /// The head "x = {", "Knopf[] x = new Knopf[] {" or, without a variable, "new Knopf[] {".
-std::optional<Head> ElementsHead(const Statement& statement) {
+std::optional<JavaHead> ElementsHead(const JavaStatement& statement) {
     std::size_t end = statement.Size();
     while (end >= 2 && statement[end - 1].IsSign("]") && statement[end - 2].IsSign("["))
         end -= 2;
@@ -53,11 +53,11 @@ std::optional<Head> ElementsHead(const Statement& statement) {
     const bool isAssigned = end > 0 && statement[end - 1].IsSign("=");
     if (!isAssigned && !hasType)
         return std::nullopt;
-    return Head{.kind = Head::Elements, .nameToken = isAssigned ? end - 1 : 0};
+    return JavaHead{.kind = JavaHead::Elements, .nameToken = isAssigned ? end - 1 : 0};
 }
 
 /// Whether a type stands among a method's modifiers and annotations.
-bool HasType(Tokens before) {
+bool HasType(JavaTokens before) {
     for (std::size_t index = 0; index < before.size(); ++index)
         if (before[index].IsWord() && !Holds(modifiers, before[index].text) &&
             (index == 0 || !before[index - 1].IsSign("@")))
@@ -66,7 +66,7 @@ bool HasType(Tokens before) {
 }
 
 /// The head "public void name(int x) throws Y {" or "public Name() {".
-std::optional<Head> MethodHead(const Statement& statement) {
+std::optional<JavaHead> MethodHead(const JavaStatement& statement) {
     std::size_t end = statement.Size();
     for (std::size_t index = 1; index < statement.Size(); ++index)
         if (statement[index].IsWord("throws") && statement[index - 1].IsSign(")"))
@@ -74,31 +74,31 @@ std::optional<Head> MethodHead(const Statement& statement) {
     if (end == 0 || !statement[end - 1].IsSign(")"))
         return std::nullopt;
     const std::size_t open = statement.Partner(end - 1);
-    if (open == Statement::none || open == 0 || !statement[open - 1].IsWord() ||
+    if (open == JavaStatement::none || open == 0 || !statement[open - 1].IsWord() ||
         IsJavaKeyword(statement[open - 1].text))
         return std::nullopt;
-    const Tokens before = statement.All().first(open - 1);
-    const bool isCode = std::any_of(before.begin(), before.end(), [](const Token& token) {
+    const JavaTokens before = statement.All().first(open - 1);
+    const bool isCode = std::any_of(before.begin(), before.end(), [](const JavaToken& token) {
         return token.IsWord("new") || token.IsSign("=") || token.IsSign("->");
     });
     if (isCode || (!before.empty() && before.back().IsSign(".")))
         return std::nullopt;
-    return Head{.kind = HasType(before) ? Head::Method : Head::Constructor,
-                .name = statement[open - 1].text,
-                .parameters = end - open == 2 ? 0 : statement.Arguments(open).size(),
-                .nameToken = open - 1};
+    return JavaHead{.kind = HasType(before) ? JavaHead::Method : JavaHead::Constructor,
+                    .name = statement[open - 1].text,
+                    .parameters = end - open == 2 ? 0 : statement.Arguments(open).size(),
+                    .nameToken = open - 1};
 }
 
-bool IsBracket(const Token& token, std::string_view brackets) {
+bool IsBracket(const JavaToken& token, std::string_view brackets) {
     return token.kind == TokenKind::Sign && token.text.size() == 1 &&
            brackets.find(token.text.front()) != std::string_view::npos;
 }
 
 /// How many commas stand outside of brackets.
-std::size_t CountCommas(const Statement& statement) {
+std::size_t CountCommas(const JavaStatement& statement) {
     std::size_t commas = 0;
     for (std::size_t index = 0; index < statement.Size(); ++index) {
-        if (IsBracket(statement[index], "([") && statement.Partner(index) != Statement::none)
+        if (IsBracket(statement[index], "([") && statement.Partner(index) != JavaStatement::none)
             index = statement.Partner(index);
         commas += statement[index].IsSign(",") ? 1 : 0;
     }
@@ -107,8 +107,8 @@ std::size_t CountCommas(const Statement& statement) {
 
 } // namespace
 
-std::vector<Tokens> Statement::Arguments(std::size_t bracket) const {
-    std::vector<Tokens> arguments;
+std::vector<JavaTokens> JavaStatement::Arguments(std::size_t bracket) const {
+    std::vector<JavaTokens> arguments;
     const std::size_t close = Partner(bracket) != none ? Partner(bracket) : std::min(Size(), bracket + mostOpenTokens);
     std::size_t begin = bracket + 1;
     for (std::size_t index = begin; index <= close; ++index) {
@@ -124,7 +124,7 @@ std::vector<Tokens> Statement::Arguments(std::size_t bracket) const {
     return arguments;
 }
 
-Head HeadOf(const Statement& statement) {
+JavaHead HeadOf(const JavaStatement& statement) {
     if (statement.End() != '{')
         return {};
     for (std::size_t index = 0; index + 1 < statement.Size(); ++index)
@@ -132,17 +132,17 @@ Head HeadOf(const Statement& statement) {
             (statement[index].IsWord("class") || statement[index].IsWord("interface") ||
              statement[index].IsWord("enum")))
             return ClassHead(statement, index);
-    if (const std::optional<Head> elements = ElementsHead(statement))
+    if (const std::optional<JavaHead> elements = ElementsHead(statement))
         return *elements;
-    if (const std::optional<Head> method = MethodHead(statement))
+    if (const std::optional<JavaHead> method = MethodHead(statement))
         return *method;
-    return {.kind = Head::Block};
+    return {.kind = JavaHead::Block};
 }
 
-Variable VariableBefore(const Statement& statement, std::size_t token) {
-    Variable variable;
+JavaVariable VariableBefore(const JavaStatement& statement, std::size_t token) {
+    JavaVariable variable;
     std::size_t end = token;
-    while (end > 0 && statement[end - 1].IsSign("]") && statement.Partner(end - 1) != Statement::none) {
+    while (end > 0 && statement[end - 1].IsSign("]") && statement.Partner(end - 1) != JavaStatement::none) {
         const std::size_t open = statement.Partner(end - 1);
         if (open + 1 < end - 1) // what is empty belongs to a declaration, as in "Knopf x[] = ..."
             variable.indices.push_back(statement.All().subspan(open + 1, end - open - 2));
@@ -165,11 +165,11 @@ class StatementWalk {
 
     UnreadLines Run() {
         while (ReadStatement()) {
-            const Head head = HeadOf(statement_);
-            if (head.kind == Head::Method || head.kind == Head::Constructor)
+            const JavaHead head = HeadOf(statement_);
+            if (head.kind == JavaHead::Method || head.kind == JavaHead::Constructor)
                 LeaveMethod();
-            visit_(statement_, head, scopes_.empty() ? Place() : scopes_.back().place);
-            if (!scopes_.empty() && scopes_.back().kind == Head::Elements)
+            visit_(statement_, head, scopes_.empty() ? JavaPlace() : scopes_.back().place);
+            if (!scopes_.empty() && scopes_.back().kind == JavaHead::Elements)
                 scopes_.back().place.element += CountCommas(statement_);
             if (statement_.End() == '{')
                 Open(head);
@@ -181,9 +181,9 @@ class StatementWalk {
 
   private:
     struct Scope {
-        Head::Kind kind;
+        JavaHead::Kind kind;
         bool isAnonymous; ///< the body of a class without a name
-        Place place;      ///< of the statements in it
+        JavaPlace place;  ///< of the statements in it
     };
 
     bool ReadStatement() {
@@ -193,7 +193,7 @@ class StatementWalk {
         statement_.end_ = 0;
         open_.clear();
         bool any = false;
-        while (const std::optional<Token> token = tokenizer_.Next()) {
+        while (const std::optional<JavaToken> token = tokenizer_.Next()) {
             if (++tokensOfSource_ > mostTokensOfSource) {
                 tooLong_ = token->line;
                 return false;
@@ -211,10 +211,10 @@ class StatementWalk {
         return any;
     }
 
-    void Add(const Token& token) {
+    void Add(const JavaToken& token) {
         const std::size_t place = statement_.Size();
         statement_.tokens_.push_back(token);
-        statement_.partners_.push_back(Statement::none);
+        statement_.partners_.push_back(JavaStatement::none);
         if (IsBracket(token, "([")) {
             open_.push_back(place);
         } else if (IsBracket(token, ")]") && !open_.empty()) {
@@ -229,11 +229,11 @@ class StatementWalk {
 
     /// Where a method begins no other can still be open, unless it is one of a class without a name.
     void LeaveMethod() {
-        while (!scopes_.empty() && scopes_.back().kind != Head::Class && !scopes_.back().isAnonymous)
+        while (!scopes_.empty() && scopes_.back().kind != JavaHead::Class && !scopes_.back().isAnonymous)
             scopes_.pop_back();
     }
 
-    void Open(const Head& head) {
+    void Open(const JavaHead& head) {
         if (scopes_.size() == mostScopes) {
             ++scopesBeyond_;
             return;
@@ -241,11 +241,11 @@ class StatementWalk {
         Scope scope{head.kind, false, {}};
         if (!scopes_.empty())
             scope.place = {.className = scopes_.back().place.className, .method = scopes_.back().place.method};
-        if (head.kind == Head::Class)
+        if (head.kind == JavaHead::Class)
             scope.place = {.className = head.name};
-        else if (head.kind == Head::Method || head.kind == Head::Constructor)
-            scope.place.method = head.kind == Head::Method ? head.name : std::string_view();
-        else if (head.kind == Head::Elements)
+        else if (head.kind == JavaHead::Method || head.kind == JavaHead::Constructor)
+            scope.place.method = head.kind == JavaHead::Method ? head.name : std::string_view();
+        else if (head.kind == JavaHead::Elements)
             scope.place.array = VariableBefore(statement_, head.nameToken).name;
         else
             OpenBlock(scope);
@@ -253,15 +253,16 @@ class StatementWalk {
     }
 
     void OpenBlock(Scope& scope) const {
-        const Tokens tokens = statement_.All();
-        const auto isComma = [](const Token& token) { return token.IsSign(","); };
-        const bool isInArray = !scopes_.empty() && scopes_.back().kind == Head::Elements && !scopes_.back().place.row;
+        const JavaTokens tokens = statement_.All();
+        const auto isComma = [](const JavaToken& token) { return token.IsSign(","); };
+        const bool isInArray =
+            !scopes_.empty() && scopes_.back().kind == JavaHead::Elements && !scopes_.back().place.row;
         if (isInArray && std::all_of(tokens.begin(), tokens.end(), isComma)) {
-            scope.kind = Head::Elements;
+            scope.kind = JavaHead::Elements;
             scope.place.array = scopes_.back().place.array;
             scope.place.row = scopes_.back().place.element;
         }
-        const auto isNew = [](const Token& token) { return token.IsWord("new"); };
+        const auto isNew = [](const JavaToken& token) { return token.IsWord("new"); };
         scope.isAnonymous = std::any_of(tokens.begin(), tokens.end(), isNew);
     }
 
@@ -274,7 +275,7 @@ class StatementWalk {
 
     JavaTokenizer tokenizer_;
     const StatementVisitor& visit_;
-    Statement statement_;
+    JavaStatement statement_;
     std::vector<std::size_t> open_; // brackets of the statement that wait for their partners
     std::vector<Scope> scopes_;
     std::size_t scopesBeyond_ = 0;

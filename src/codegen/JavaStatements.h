@@ -11,20 +11,20 @@
 
 namespace pirol {
 
-using Tokens = std::span<const Token>;
+using JavaTokens = std::span<const JavaToken>;
 
 /// The tokens up to a ";", "{" or "}" of a source: a statement, the head of a block, or what stands before a block's
 /// end.
-class Statement {
+class JavaStatement {
   public:
     static constexpr std::size_t none = static_cast<std::size_t>(-1);
 
-    Tokens All() const { return tokens_; }
+    JavaTokens All() const { return tokens_; }
     std::size_t Size() const { return tokens_.size(); }
-    const Token& operator[](std::size_t index) const { return tokens_[index]; }
+    const JavaToken& operator[](std::size_t index) const { return tokens_[index]; }
     /// What ended it: ';', '{', '}', or 0 for the end of the source.
     char End() const { return end_; }
-    /// Tokens were left out, because there were too many.
+    /// JavaTokens were left out, because there were too many.
     bool IsCut() const { return isCut_; }
 
     /// Where the other one of a pair of parentheses or square brackets stands, or `none`.
@@ -38,19 +38,19 @@ class Statement {
     }
     /// What stands between the commas of a parenthesis or bracket; of one that nobody closed, what follows up to the
     /// statement's end, as far as that is near. Linear in the tokens outside inner brackets.
-    std::vector<Tokens> Arguments(std::size_t bracket) const;
+    std::vector<JavaTokens> Arguments(std::size_t bracket) const;
 
   private:
     friend class StatementWalk;
 
-    std::vector<Token> tokens_;
+    std::vector<JavaToken> tokens_;
     std::vector<std::size_t> partners_;
     char end_ = 0;
     bool isCut_ = false;
 };
 
 /// What a statement that ends in "{" opens.
-struct Head {
+struct JavaHead {
     enum Kind { NoHead, Class, Method, Constructor, Elements, Block };
 
     Kind kind = NoHead;
@@ -60,10 +60,10 @@ struct Head {
     std::size_t nameToken = 0;  ///< where a method's name stands, or the variable whose array elements follow
 };
 
-Head HeadOf(const Statement& statement);
+JavaHead HeadOf(const JavaStatement& statement);
 
 /// Where a statement stands.
-struct Place {
+struct JavaPlace {
     std::string_view className = {};               ///< the innermost class; empty outside of any
     std::string_view method = {};                  ///< the innermost method; empty outside of any, and in a constructor
     std::string_view array = {};                   ///< the array between whose braces it stands, if anywhere
@@ -71,7 +71,7 @@ struct Place {
     std::size_t element = 0;                       ///< the index of the statement's first element
 };
 
-using StatementVisitor = std::function<void(const Statement&, const Head&, const Place&)>;
+using StatementVisitor = std::function<void(const JavaStatement&, const JavaHead&, const JavaPlace&)>;
 
 /// What could not be taken apart: the line of a comment without an end, and the one from which on the source was too
 /// long; 0 for none.
@@ -82,18 +82,18 @@ struct UnreadLines {
 
 /// Calls `visit` for every statement of a source in order.
 /// Missing and surplus braces do not spoil more than the method they stand in: a method's head ends the one before.
-/// Linear in the length; never holds more than one statement, which is cut when it has very many tokens. A source of far
-/// more tokens than any program has is read up to there.
+/// Linear in the length; never holds more than one statement, which is cut when it has very many tokens. A source of
+/// far more tokens than any program has is read up to there.
 UnreadLines ForEachStatement(std::string_view source, const StatementVisitor& visit);
 
 /// A variable as an expression names it, "this" and classes left out: "x" for x, "x[1]" for this.x[1].
-struct Variable {
-    std::string_view name;       ///< empty when it is no variable
-    std::vector<Tokens> indices; ///< the expressions between square brackets
-    std::size_t begin = 0;       ///< where the expression begins
+struct JavaVariable {
+    std::string_view name;           ///< empty when it is no variable
+    std::vector<JavaTokens> indices; ///< the expressions between square brackets
+    std::size_t begin = 0;           ///< where the expression begins
 };
 
 /// The variable whose expression ends right before a token.
-Variable VariableBefore(const Statement& statement, std::size_t token);
+JavaVariable VariableBefore(const JavaStatement& statement, std::size_t token);
 
 } // namespace pirol

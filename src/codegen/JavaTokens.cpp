@@ -66,7 +66,7 @@ std::string DecodeSource(std::string_view bytes) {
     return IsUtf8(bytes) ? std::string(bytes) : FromWindows1252(bytes);
 }
 
-std::optional<Token> JavaTokenizer::Next() {
+std::optional<JavaToken> JavaTokenizer::Next() {
     SkipBlanksAndComments();
     const std::string_view rest = Rest();
     if (rest.empty())
@@ -125,13 +125,13 @@ void JavaTokenizer::SkipTo(std::size_t position) {
     }
 }
 
-Token JavaTokenizer::Take(TokenKind kind, std::size_t length) {
-    const Token token{kind, source_.substr(position_, length), line_};
+JavaToken JavaTokenizer::Take(TokenKind kind, std::size_t length) {
+    const JavaToken token{kind, source_.substr(position_, length), line_};
     position_ += length;
     return token;
 }
 
-Token JavaTokenizer::TakeLiteral(TokenKind kind) {
+JavaToken JavaTokenizer::TakeLiteral(TokenKind kind) {
     const std::string_view rest = Rest();
     std::size_t end = 1;
     while (end < rest.size() && rest[end] != rest.front() && rest[end] != '\r' && rest[end] != '\n') {
@@ -141,18 +141,18 @@ Token JavaTokenizer::TakeLiteral(TokenKind kind) {
     }
     if (end >= rest.size() || rest[end] != rest.front())
         return Take(TokenKind::Other, end);
-    Token token = Take(kind, end + 1);
+    JavaToken token = Take(kind, end + 1);
     token.text = token.text.substr(1, end - 1);
     return token;
 }
 
-Token JavaTokenizer::TakeTextBlock() {
+JavaToken JavaTokenizer::TakeTextBlock() {
     const std::string_view rest = Rest();
     std::size_t end = textBlockQuotes.size();
     while (end < rest.size() && !rest.substr(end).starts_with(textBlockQuotes))
         end += rest[end] == '\\' ? 2 : 1;
     end = std::min(end + textBlockQuotes.size(), rest.size());
-    const Token token{TokenKind::Other, rest.substr(0, end), line_};
+    const JavaToken token{TokenKind::Other, rest.substr(0, end), line_};
     SkipTo(position_ + end);
     return token;
 }

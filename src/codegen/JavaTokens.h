@@ -22,7 +22,7 @@ enum class TokenKind : std::uint8_t {
 };
 
 /// A piece of Java source.
-struct Token {
+struct JavaToken {
     TokenKind kind;
     std::string_view text; ///< points into the source
     std::size_t line;      ///< from 1
@@ -41,7 +41,7 @@ class JavaTokenizer {
     explicit JavaTokenizer(std::string_view source) : source_(source) {}
 
     /// The next token; nothing at the end.
-    std::optional<Token> Next();
+    std::optional<JavaToken> Next();
 
     /// The line in which a comment begins that has no end, or 0.
     std::size_t OpenComment() const { return openComment_; }
@@ -51,9 +51,9 @@ class JavaTokenizer {
     void SkipBlanksAndComments();
     bool IsInHandlerName() const;
     void SkipTo(std::size_t position);
-    Token Take(TokenKind kind, std::size_t length);
-    Token TakeLiteral(TokenKind kind);
-    Token TakeTextBlock();
+    JavaToken Take(TokenKind kind, std::size_t length);
+    JavaToken TakeLiteral(TokenKind kind);
+    JavaToken TakeTextBlock();
 
     std::string_view source_;
     std::size_t position_ = 0;

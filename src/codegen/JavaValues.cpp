@@ -21,7 +21,7 @@ bool EndsInOctalEscape(std::string_view text) {
 }
 
 /// The element's place in the array whose braces stand around a statement.
-std::string ElementKey(const Place& place, std::size_t commasBefore) {
+std::string ElementKey(const JavaPlace& place, std::size_t commasBefore) {
     std::string key(place.array);
     if (place.row)
         Append(key, "[", *place.row, "]");
@@ -31,10 +31,10 @@ std::string ElementKey(const Place& place, std::size_t commasBefore) {
 
 } // namespace
 
-std::optional<std::string> TextOf(Tokens expression) {
+std::optional<std::string> TextOf(JavaTokens expression) {
     std::string text;
     for (std::size_t index = 0; index < expression.size(); ++index) {
-        const Token& token = expression[index];
+        const JavaToken& token = expression[index];
         const bool isSign = index % 2 == 1;
         if (isSign ? !token.IsSign("+") : token.kind != TokenKind::Text)
             return std::nullopt;
@@ -55,7 +55,7 @@ std::optional<std::string> TextOf(Tokens expression) {
     return text;
 }
 
-std::optional<std::string> FileNameOf(Tokens expression) {
+std::optional<std::string> FileNameOf(JavaTokens expression) {
     const std::optional<std::string> text = TextOf(expression);
     if (!text)
         return std::nullopt;
@@ -65,7 +65,7 @@ std::optional<std::string> FileNameOf(Tokens expression) {
     return ReplaceAll(*text, "\\\\", "\\");
 }
 
-std::optional<std::int16_t> NumberOf(Tokens expression, const JavaConstants& constants) {
+std::optional<std::int16_t> NumberOf(JavaTokens expression, const JavaConstants& constants) {
     const std::optional<JavaNumber> number = Evaluate(expression, constants);
     const double rounded = number ? std::nearbyint(number->value) : std::numeric_limits<double>::infinity();
     using Limits = std::numeric_limits<std::int16_t>;
@@ -74,7 +74,7 @@ std::optional<std::int16_t> NumberOf(Tokens expression, const JavaConstants& con
     return static_cast<std::int16_t>(rounded);
 }
 
-std::optional<std::int16_t> AlignmentOf(Tokens expression, const JavaConstants& constants) {
+std::optional<std::int16_t> AlignmentOf(JavaTokens expression, const JavaConstants& constants) {
     constexpr std::string_view names[] = {"links", "mitte", "rechts"};
     const std::string last = expression.empty() ? std::string() : LowerCase(expression.back().text);
     const auto* const found = std::find(std::begin(names), std::end(names), last);
@@ -83,9 +83,9 @@ std::optional<std::int16_t> AlignmentOf(Tokens expression, const JavaConstants& 
     return static_cast<std::int16_t>(found - std::begin(names));
 }
 
-std::optional<std::string> KeyOf(const Variable& variable, const JavaConstants& constants) {
+std::optional<std::string> KeyOf(const JavaVariable& variable, const JavaConstants& constants) {
     std::string key(variable.name);
-    for (const Tokens index : variable.indices) {
+    for (const JavaTokens index : variable.indices) {
         const std::optional<JavaNumber> number = Evaluate(index, constants);
         if (!number || !number->isWhole || number->value < 0)
             return std::nullopt;
@@ -94,13 +94,14 @@ std::optional<std::string> KeyOf(const Variable& variable, const JavaConstants& 
     return key;
 }
 
-std::vector<Creation> CreationsIn(const Statement& statement, const Place& place, const JavaConstants& constants) {
-    std::vector<Creation> creations;
+std::vector<JavaCreation> CreationsIn(const JavaStatement& statement, const JavaPlace& place,
+                                      const JavaConstants& constants) {
+    std::vector<JavaCreation> creations;
     std::size_t commas = 0;
     std::size_t endOfBrackets = 0; // the element's own tokens stand outside of all brackets
     for (std::size_t index = 0; index < statement.Size(); ++index) {
         const bool isOutside = index >= endOfBrackets;
-        if (isOutside && statement.Partner(index) != Statement::none)
+        if (isOutside && statement.Partner(index) != JavaStatement::none)
             endOfBrackets = statement.Partner(index);
         commas += isOutside && statement[index].IsSign(",") ? 1 : 0;
         if (!statement[index].IsWord("new"))
@@ -110,9 +111,9 @@ std::vector<Creation> CreationsIn(const Statement& statement, const Place& place
             name += 2;
         if (!statement.HasSign(name + 1, "(") || !statement[name].IsWord())
             continue;
-        Creation creation{.className = statement[name].text, .token = index, .arguments = name + 1, .key = ""};
+        JavaCreation creation{.className = statement[name].text, .token = index, .arguments = name + 1, .key = ""};
         if (index > 0 && statement[index - 1].IsSign("=")) {
-            const Variable variable = VariableBefore(statement, index - 1);
+            const JavaVariable variable = VariableBefore(statement, index - 1);
             creation.variable = variable.name;
             creation.key = KeyOf(variable, constants);
         } else if (isOutside && !place.array.empty()) {

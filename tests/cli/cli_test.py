@@ -63,6 +63,7 @@ class CliTest(unittest.TestCase):
                         "r = new Regler(x, 1, 1, 1, 1, 1, 1); t = new Ton(); } }")
         self.assert_call(["import", "--all", java, "-o", target], 0,
                          "Zeile 3: Regler »r«: nicht gelesen, weil Lage oder Größe nicht in Zahlen dasteht.\n"
+                         "Der Autor des Projekts steht nicht in Java.\n"
                          "Wo das Symbol eines Tons liegt, steht nicht in Java.\n")
         description = self.assert_call(["check", target], 0).decode()
         for line in ("Fenster: 300 x 200", "Knopf: 1", "Regler: 0", "Ton: 1"):

@@ -51,7 +51,7 @@ class RandomDesign {
         static constexpr const char* gaps[] = {" ", "\n", "\t", " /* = new Knopf( */ ", "// super(1, 2);\r\n", "\r"};
         std::string text;
         JavaTokenizer tokenizer(source);
-        while (const std::optional<Token> token = tokenizer.Next()) {
+        while (const std::optional<JavaToken> token = tokenizer.Next()) {
             const char* quote = token->kind == TokenKind::Text ? "\"" : token->kind == TokenKind::Character ? "'" : "";
             Append(text, quote, token->text, quote,
                    token->kind == TokenKind::Other ? "\n" : gaps[Below(std::size(gaps))]);
