@@ -66,6 +66,7 @@ void JavaCalls::Finish() {
 void JavaCalls::Read(const JavaStatement& statement, const JavaHead& head, const JavaPlace& place) {
     if (head.kind == JavaHead::Method)
         NoteMethod(head);
+    method_ = place.method;
     isAtStart_ = outline_.RunsAtStart(place.method);
     made_.clear();
     for (const JavaCreation& creation : CreationsIn(statement, place, outline_.Constants()))
@@ -119,11 +120,13 @@ void JavaCalls::NoteLoop(const JavaStatement& statement) {
 void JavaCalls::ReadCall(const JavaStatement& statement, std::size_t name) {
     const std::string_view method = statement[name].text;
     const bool isRegistration = method.starts_with(registrationPrefix);
-    if (!isRegistration && !isAtStart_ && method != "verbindeMySQL")
-        return;
     JavaCall call{statement, name, {}, {}, {}, {}};
     const bool isStatement =
         FindReceiver(call) && statement.End() == ';' && statement.Partner(name + 1) + 1 == statement.Size();
+    // What a handler does is the program's; what a method does with its own objects belongs to them.
+    const bool isOwn = call.receiver.sort != JavaTarget::Nothing && call.receiver.method == method_;
+    if (!isRegistration && !isAtStart_ && !isOwn && method != "verbindeMySQL")
+        return;
     call.arguments = statement.Arguments(name + 1);
     if (isRegistration ? ReadRegistration(call) : ReadKnownCall(call))
         return;
@@ -289,7 +292,8 @@ bool JavaCalls::AddSubMenu(const JavaCall& call) {
     if (depth == deepestMenu)
         return true;
     result_ = {.sort = JavaTarget::MenuOrSubMenu,
-               .menu = call.receiver.menu->AddEntry(caption.value_or(""), cMenu::SubMenu)};
+               .menu = call.receiver.menu->AddEntry(caption.value_or(""), cMenu::SubMenu),
+               .method = method_};
     resultEnd_ = call.statement.Partner(call.name + 1);
     const std::size_t begin = VariableBefore(call.statement, call.name - 1).begin;
     const bool isAssigned = begin > 0 && call.statement[begin - 1].IsSign("=");

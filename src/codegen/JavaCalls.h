@@ -77,6 +77,7 @@ class JavaCalls {
     // While statements are read:
     std::size_t nextObject_ = 0;
     std::vector<std::pair<std::size_t, JavaTarget>> made_; // the statement's objects by their tokens
+    std::string_view method_;
     bool isAtStart_ = false;
     JavaTarget result_; // of the call before, whose parenthesis closes at resultEnd_
     std::string resultText_;

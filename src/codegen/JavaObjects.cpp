@@ -60,7 +60,7 @@ class NameGiver {
 
     /// The name itself, or with a number from `first` on.
     std::string Unique(std::string_view wanted, int first) {
-        const std::string base = Cleaned(wanted);
+        std::string base = Cleaned(wanted);
         if (first > 1 && Take(base))
             return base;
         const bool endsInDigit = base.back() >= '0' && base.back() <= '9';
@@ -141,6 +141,7 @@ void JavaObjects::MakeObject(const JavaStatement& statement, const JavaPlace& pl
         RemarkLeftOut(object, "der Platz im Feld berechnet wird");
     else
         AddObject(object, statement.Arguments(creation.arguments));
+    object.target.method = place.method;
     if (object.target.sort != JavaTarget::Nothing && !outline_.RunsAtStart(place.method))
         remarks_.Add(object.line, Concatenate(Described(object), ": wird erst in »", Excerpt(place.method),
                                               "« erzeugt, im Projekt gleich zu Beginn."));

@@ -21,6 +21,7 @@ struct JavaTarget {
     ComponentRef component = {};
     std::size_t radioButton = 0;
     cMenu* menu = nullptr;
+    std::string_view method = {}; ///< the one that makes it; empty for the constructor
 };
 
 /// An object that the source makes and the design may hold.

@@ -29,7 +29,8 @@ struct JavaReading {
 /// The design holds the window's size, the components with names, positions, texts and values, the events that are
 /// registered, the menu bar, and the database; its SQL settings are empty when the source connects to none.
 /// - Components count wherever the window's class makes them; what is called on them counts where it runs before the
-///   user does anything, and registrations everywhere. Of several classes it is the one that extends EBAnwendung.
+///   user does anything, or in the method that makes them, and registrations everywhere. Of several classes it is the
+///   one that extends EBAnwendung.
 /// - Numbers may be expressions of literals and of variables that never change; fractions are rounded half to even.
 /// - Texts are taken as typed between the quotes, escapes included, so that the generator writes the same literal
 /// again.

@@ -60,7 +60,7 @@ public class SuMAnwendung extends EBAnwendung
         ausgabe.setzeInhalt("läuft");
         ausgabe.setzeSchriftgroesse(30);
         neu = new Knopf(10, 300, 80, 25, "Neu");
-        neu.setzeBearbeiterGeklickt("neuGeklickt");
+        neu.setzeBearbeiterGeklickt("neuGeklickt"); neu.setzeInhalt("Ganz neu");
         start.gibFrei();
     }
 }
