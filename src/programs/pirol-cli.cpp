@@ -124,10 +124,10 @@ ExitStatus ImportAll(const Arguments& arguments) {
     const JavaReading reading = ReadJavaFile(PathOf(arguments.names[0]));
     if (!reading.FoundAnything())
         throw Refusal{nothingFoundMessage};
-    Save(*arguments.output, reading.model);
     std::string report;
     for (const ReadRemark& remark : reading.remarks)
         Append(report, RemarkLine(remark), "\n");
+    Save(*arguments.output, reading.model);
     Print(stderr, report);
     return done;
 }
