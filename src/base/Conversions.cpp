@@ -1,6 +1,7 @@
 #include "base/Conversions.h"
 
 #include "base/RuntimeError.h"
+#include "base/Text.h"
 
 #include <algorithm>
 #include <charconv>
@@ -157,6 +158,15 @@ std::string ReplaceAll(std::string_view text, std::string_view what, std::string
         begin = hit + what.size();
     }
     return result.append(text, begin);
+}
+
+std::string Excerpt(std::string_view text) {
+    constexpr std::size_t mostBytes = 60;
+    std::string excerpt = Shortened(text, mostBytes);
+    for (char& character : excerpt)
+        if ((character >= 0 && character < ' ') || character == '\x7F')
+            character = ' ';
+    return excerpt;
 }
 
 std::string LowerCase(std::string_view text) {

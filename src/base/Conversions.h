@@ -50,6 +50,9 @@ std::string_view Trim(std::string_view text);
 
 std::string ReplaceAll(std::string_view text, std::string_view what, std::string_view with);
 
+/// A text as it may stand in a line that the user reads: its beginning when it is long, control characters as blanks.
+std::string Excerpt(std::string_view text);
+
 /// A to Z become a to z; everything else stays, whatever the locale.
 std::string LowerCase(std::string_view text);
 

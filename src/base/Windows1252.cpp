@@ -117,4 +117,14 @@ std::string ToWindows1252(std::string utf8) {
     return utf8;
 }
 
+bool IsUtf8(std::string_view bytes) {
+    for (bytes.remove_prefix(AsciiLength(bytes)); !bytes.empty(); bytes.remove_prefix(AsciiLength(bytes))) {
+        const Decoded decoded = DecodeOne(bytes);
+        if (!decoded.valid)
+            return false;
+        bytes.remove_prefix(decoded.length);
+    }
+    return true;
+}
+
 } // namespace pirol

@@ -16,4 +16,7 @@ std::string FromWindows1252(std::string_view bytes);
 /// part of well-formed UTF-8. Linear in the length; a text that is moved in is encoded in place.
 std::string ToWindows1252(std::string utf8);
 
+/// Whether the bytes are well-formed UTF-8, as plain ASCII is. Linear in the length.
+bool IsUtf8(std::string_view bytes);
+
 } // namespace pirol

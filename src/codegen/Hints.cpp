@@ -168,16 +168,6 @@ void ForEachWideCharacter(std::string_view text, Function&& function) {
     }
 }
 
-/// A text of the design as it may stand in a line of the list: short, and without control characters.
-std::string Shown(std::string_view text) {
-    constexpr std::size_t mostBytes = 60;
-    std::string shown = Shortened(text, mostBytes);
-    for (char& character : shown)
-        if ((character >= 0 && character < ' ') || character == '\x7F')
-            character = ' ';
-    return shown;
-}
-
 /// Where in the design something comes from.
 struct Place {
     HintSubject subject;
@@ -203,13 +193,14 @@ std::string PlaceText(const Place& place) {
     case HintSubject::Window:
         return "Fenster";
     case HintSubject::MenuBar:
-        return Concatenate(place.what, " »", Shown(place.name), "«");
+        return Concatenate(place.what, " »", Excerpt(place.name), "«");
     case HintSubject::Database:
         return Concatenate("Datenbank, ", place.what);
     case HintSubject::Component:
         break;
     }
-    std::string text = Concatenate(RowOf(place.component.kind).javaClass, " »", Shown(place.control->ObjectName), "«");
+    std::string text =
+        Concatenate(RowOf(place.component.kind).javaClass, " »", Excerpt(place.control->ObjectName), "«");
     if (place.property != nullptr)
         Append(text, ", ", place.property->label);
     if (place.row != 0)
@@ -289,17 +280,17 @@ class HintFinder {
         else if (!fields_.insert(name).second)
             broken = &Rule("duplicate-name");
         if (broken != nullptr)
-            Report(*broken, place, Shown(name));
+            Report(*broken, place, Excerpt(name));
         return broken == nullptr;
     }
 
     void CheckMethod(std::string method, const Place& place) {
         if (!IsJavaIdentifier(method) || IsJavaKeyword(method))
-            Report(Rule("invalid-method"), place, Shown(method));
+            Report(Rule("invalid-method"), place, Excerpt(method));
         else if (method.size() > longestConstant)
             Report(Rule("text-too-long"), place);
         else if (const auto [found, isNew] = methods_.insert(std::move(method)); !isNew)
-            Report(Rule("duplicate-method"), place, Shown(*found));
+            Report(Rule("duplicate-method"), place, Excerpt(*found));
     }
 
     void CheckText(std::string_view text, const Place& place) {
@@ -348,7 +339,7 @@ class HintFinder {
         else if (inJava.size() > longestConstant)
             Report(Rule("text-too-long"), place);
         else if (!fs::exists(folder_ / PathOf(name), ignored))
-            Report(Rule("missing-file"), place, Shown(name));
+            Report(Rule("missing-file"), place, Excerpt(name));
     }
 
     void CheckBox(const Rectangle& box, const Place& size, const Place& position) {

@@ -11,7 +11,6 @@
 #include <algorithm>
 #include <array>
 #include <deque>
-#include <limits>
 #include <unordered_map>
 
 namespace pirol {
@@ -180,30 +179,6 @@ class RadioButtons {
     cRadioButton current_;
 };
 
-/// The group becomes the smallest rectangle around its buttons, and the buttons relative to it.
-void EncloseButtons(dOptionsgruppe& group) {
-    if (group.OptionButtons.empty())
-        return;
-    int left = std::numeric_limits<int>::max();
-    int top = left;
-    int right = std::numeric_limits<int>::min();
-    int bottom = right;
-    for (const cRadioButton& button : group.OptionButtons) {
-        left = std::min<int>(left, button.Left);
-        top = std::min<int>(top, button.Top);
-        right = std::max(right, button.Left + button.Width);
-        bottom = std::max(bottom, button.Top + button.Height);
-    }
-    group.Left = ToInt16(left);
-    group.Top = ToInt16(top);
-    group.Width = ToInt16(right - left);
-    group.Height = ToInt16(bottom - top);
-    for (cRadioButton& button : group.OptionButtons) {
-        button.Left = ToInt16(button.Left - left);
-        button.Top = ToInt16(button.Top - top);
-    }
-}
-
 void ImportRadioGroups(Source& source, ProjectModel& model) {
     RadioButtons buttons(source);
     const Statements statements(source, RowOf(ComponentKind::OptionGroup).javaClass);
@@ -216,7 +191,7 @@ void ImportRadioGroups(Source& source, ProjectModel& model) {
             for (const std::string& name : members.GetValues(fields.Name()))
                 if (const cRadioButton* button = buttons.Next(std::string(Trim(name))))
                     group.OptionButtons.push_back(*button);
-            EncloseButtons(group);
+            group.EncloseButtons();
         });
     }
 }
@@ -323,6 +298,12 @@ void AnalyseCode(std::string_view source, ProjectModel& model) {
 
 std::string ReadSource(const std::filesystem::path& path) {
     return UnderLabel(analyseLabel, [&] { return FromWindows1252(ReadFileBytes(path)); });
+}
+
+bool FoundAnything(std::string_view source, const ProjectModel& imported) {
+    return source.find("super(") != std::string_view::npos ||
+           std::any_of(KindRows().begin(), KindRows().end(),
+                       [&imported](const KindRow& row) { return imported.ElementCount(row.kind) > 1; });
 }
 
 std::string GetAllLines(std::string_view source, std::string_view javaClass) {

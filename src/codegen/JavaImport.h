@@ -21,6 +21,14 @@ void AnalyseCode(std::string_view source, ProjectModel& model);
 /// The source in a file, single-byte text in Windows-1252, as UTF-8. Raises RuntimeError under the same label.
 std::string ReadSource(const std::filesystem::path& path);
 
+/// Whether the source names a window's size or gave the design, which AnalyseCode filled from it, a component. If not,
+/// it was no window of SuM.
+bool FoundAnything(std::string_view source, const ProjectModel& imported);
+
+/// Says that it was none.
+inline constexpr std::string_view nothingFoundMessage =
+    "Im Quelltext steht weder eine Fenstergröße noch eine Komponente; es wurde nichts eingelesen.";
+
 /// Every creation statement of a class: variable name, a comma and the argument text, without any double quotes; the
 /// entries are separated by code 0. Raises RuntimeError under "Main.File.Import.GetAllLines": InvalidCall when a
 /// statement has no end.

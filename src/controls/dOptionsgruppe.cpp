@@ -4,6 +4,9 @@
 #include "base/JavaText.h"
 #include "base/Text.h"
 
+#include <algorithm>
+#include <limits>
+
 namespace pirol {
 
 const ControlTable& dOptionsgruppe::Table() const {
@@ -13,6 +16,29 @@ const ControlTable& dOptionsgruppe::Table() const {
                                         Event<&dOptionsgruppe::EventClick>(keys::click, suffixes::clicked),
                                     });
     return table;
+}
+
+void dOptionsgruppe::EncloseButtons() {
+    if (OptionButtons.empty())
+        return;
+    int left = std::numeric_limits<int>::max();
+    int top = left;
+    int right = std::numeric_limits<int>::min();
+    int bottom = right;
+    for (const cRadioButton& button : OptionButtons) {
+        left = std::min<int>(left, button.Left);
+        top = std::min<int>(top, button.Top);
+        right = std::max(right, button.Left + button.Width);
+        bottom = std::max(bottom, button.Top + button.Height);
+    }
+    Left = ToInt16(left);
+    Top = ToInt16(top);
+    Width = ToInt16(right - left);
+    Height = ToInt16(bottom - top);
+    for (cRadioButton& button : OptionButtons) {
+        button.Left = ToInt16(button.Left - left);
+        button.Top = ToInt16(button.Top - top);
+    }
 }
 
 std::string dOptionsgruppe::CreateHeaderText() const {

@@ -9,11 +9,13 @@
 #include "codegen/Hints.h"
 #include "codegen/JavaGenerator.h"
 #include "codegen/JavaImport.h"
+#include "codegen/JavaReader.h"
 #include "codegen/ProjectExport.h"
 #include "project/ProjectFile.h"
 
 #include <algorithm>
 #include <cstdio>
+#include <filesystem>
 #include <optional>
 #include <span>
 #include <string>
@@ -29,7 +31,7 @@ enum ExitStatus { done = 0, refused = 1, hintsGiven = 1, wrongCall = 2 };
 constexpr std::string_view usage =
     "Aufruf:\n"
     "  pirol-cli generate P.prl [--menu] [--sql] [-o DATEI]   Java-Quelltext erzeugen\n"
-    "  pirol-cli import SuMAnwendung.java -o P.prl            Java-Quelltext in ein Projekt einlesen\n"
+    "  pirol-cli import [--all] SuMAnwendung.java -o P.prl    Java-Quelltext in ein Projekt einlesen\n"
     "  pirol-cli export P.prl ORDNER [--menu] [--sql]         BlueJ-Projektordner anlegen\n"
     "  pirol-cli copy P.prl ZIEL.prl                          Projekt laden und speichern\n"
     "  pirol-cli check P.prl ...                              zeigen, was das Projekt enthält\n"
@@ -39,6 +41,8 @@ constexpr std::string_view usage =
     "\n"
     "--menu und --sql erzeugen auch die Menüleiste und den Datenbankzugriff.\n"
     "Ohne -o geht der Quelltext an die Standardausgabe.\n"
+    "import liest die Anweisungen, die Pirol selbst schreibt; mit --all alles, was vom Fenster dasteht, und nennt auf\n"
+    "der Standardfehlerausgabe je Zeile, was davon nicht oder anders im Projekt ist.\n"
     "lint endet mit 0, wenn es nichts zu sagen hat, und mit 1 nach Hinweisen, einem je Zeile.\n";
 
 /// The call does not look as it should.
@@ -46,13 +50,16 @@ struct UsageError {
     std::string message;
 };
 
-/// The project file's hash does not match.
-struct Refusal {};
+/// The file is not what the command needs.
+struct Refusal {
+    std::string_view message;
+};
 
 /// The words of a call: files and folders in order, and the options.
 struct Arguments {
     std::vector<std::string> names;
     CodeOptions code;
+    bool all = false;
     std::optional<std::string> output;
 };
 
@@ -63,6 +70,7 @@ struct Command {
     std::size_t mostNames;
     bool codeOptions;
     bool outputOption;
+    bool allOption;
     ExitStatus (*run)(const Arguments&);
 };
 
@@ -74,7 +82,7 @@ void Print(std::FILE* stream, std::string_view text) {
 ProjectModel Load(const std::string& name) {
     ProjectModel model;
     if (ReadPRLFile(PathOf(name), model) == ReadResult::Refused)
-        throw Refusal();
+        throw Refusal{damagedProjectMessage};
     return model;
 }
 
@@ -100,12 +108,35 @@ ExitStatus Generate(const Arguments& arguments) {
     return done;
 }
 
+/// The simple import, which reads the generator's own statements.
+ProjectModel ImportOwnStatements(const std::filesystem::path& path) {
+    const std::string source = ReadSource(path);
+    ProjectModel model;
+    AnalyseCode(source, model);
+    if (!FoundAnything(source, model))
+        throw Refusal{nothingFoundMessage};
+    return model;
+}
+
+/// What the report says is printed when the project is written, so that a refusal stands alone.
+ExitStatus ImportAll(const Arguments& arguments) {
+    const JavaReading reading = ReadJavaFile(PathOf(arguments.names[0]));
+    if (!reading.FoundAnything())
+        throw Refusal{nothingFoundMessage};
+    std::string report;
+    for (const ReadRemark& remark : reading.remarks)
+        Append(report, RemarkLine(remark), "\n");
+    Save(*arguments.output, reading.model);
+    Print(stderr, report);
+    return done;
+}
+
 ExitStatus Import(const Arguments& arguments) {
     if (!arguments.output)
         throw UsageError{"import braucht -o P.prl."};
-    ProjectModel model;
-    AnalyseCode(ReadSource(PathOf(arguments.names[0])), model);
-    Save(*arguments.output, model);
+    if (arguments.all)
+        return ImportAll(arguments);
+    Save(*arguments.output, ImportOwnStatements(PathOf(arguments.names[0])));
     return done;
 }
 
@@ -168,10 +199,10 @@ ExitStatus Hash(const Arguments& arguments) {
 constexpr std::size_t any = static_cast<std::size_t>(-1);
 
 constexpr Command commands[] = {
-    {"generate", 1, 1, true, true, Generate}, {"import", 1, 1, false, true, Import},
-    {"export", 2, 2, true, false, Export},    {"copy", 2, 2, false, false, Copy},
-    {"check", 1, any, false, false, Check},   {"lint", 1, 1, true, false, Lint},
-    {"hash", 1, 1, false, false, Hash},
+    {"generate", 1, 1, true, true, false, Generate}, {"import", 1, 1, false, true, true, Import},
+    {"export", 2, 2, true, false, false, Export},    {"copy", 2, 2, false, false, false, Copy},
+    {"check", 1, any, false, false, false, Check},   {"lint", 1, 1, true, false, false, Lint},
+    {"hash", 1, 1, false, false, false, Hash},
 };
 
 Arguments ParseArguments(const Command& command, std::span<const std::string> words) {
@@ -183,6 +214,8 @@ Arguments ParseArguments(const Command& command, std::span<const std::string> wo
             arguments.code.menu = true;
         } else if (command.codeOptions && word == "--sql") {
             arguments.code.database = true;
+        } else if (command.allOption && word == "--all") {
+            arguments.all = true;
         } else if (command.outputOption && word == "-o") {
             if (words.empty() || arguments.output)
                 throw UsageError{"-o braucht genau einen Dateinamen."};
@@ -226,8 +259,8 @@ int main(int argc, char** argv) {
         return RunCall(CallWords(argc, argv));
     } catch (const UsageError& error) {
         return Fail(wrongCall, Concatenate(error.message, "\n", usage));
-    } catch (const Refusal&) {
-        return Fail(refused, damagedProjectMessage);
+    } catch (const Refusal& refusal) {
+        return Fail(refused, refusal.message);
     } catch (const RuntimeError& error) {
         return Fail(refused, error.what());
     } catch (const std::bad_alloc&) {

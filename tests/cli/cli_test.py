@@ -57,6 +57,25 @@ class CliTest(unittest.TestCase):
         self.assertEqual(self.assert_call(["hash", back], 0).decode(),
                          hashlib.sha1(text).hexdigest().upper() + "\n")
 
+    def test_import_of_all_reports_what_it_leaves_out(self):
+        java, target = self.folder / "a.java", self.folder / "a.prl"
+        java.write_text("class A extends EBAnwendung { A() { super(\n300 , 200); k=new Knopf(1, 2, 3, 4, \"x\");\n"
+                        "r = new Regler(x, 1, 1, 1, 1, 1, 1); t = new Ton(); } }")
+        self.assert_call(["import", "--all", java, "-o", target], 0,
+                         "Zeile 3: Regler »r«: nicht gelesen, weil Lage oder Größe nicht in Zahlen dasteht.\n"
+                         "Der Autor des Projekts steht nicht in Java.\n"
+                         "Wo das Symbol eines Tons liegt, steht nicht in Java.\n")
+        description = self.assert_call(["check", target], 0).decode()
+        for line in ("Fenster: 300 x 200", "Knopf: 1", "Regler: 0", "Ton: 1"):
+            self.assertIn(line + "\n", description)
+        java.write_text("Kein Java, und auch kein Knopf.")
+        target.write_bytes(b"old")
+        for options in ([], ["--all"]):
+            self.assert_call(["import", *options, java, "-o", target], 1, "Im Quelltext steht weder eine Fenstergröße "
+                             "noch eine Komponente; es wurde nichts eingelesen.\n")
+            self.assert_call(["import", *options, java / "x", "-o", target], 1)
+        self.assertEqual(target.read_bytes(), b"old")
+
     def test_check_says_what_every_example_holds(self):
         description = self.assert_call(["check", *sorted(EXAMPLES.glob("*.prl"))], 0).decode()
         for line in ("Projekt: " + str(PROJECT), "Autor: Klasse 10b, Gruppe Müller/Weiß", "Menüs: 2",
@@ -111,7 +130,7 @@ class CliTest(unittest.TestCase):
         for words in ([], ["paint"], ["generate"], ["generate", PROJECT, PROJECT], ["generate", PROJECT, "-o"],
                       ["generate", PROJECT, "--fast"], ["import", PROJECT], ["copy", PROJECT],
                       ["copy", PROJECT, "x", "--menu"], ["hash"], ["check"], ["export", PROJECT], ["lint"],
-                      ["--help", "x"]):
+                      ["--help", "x"], ["copy", PROJECT, "x", "--all"]):
             result = call(*words)
             self.assertEqual(result.returncode, 2, words)
             self.assertIn("pirol-cli generate P.prl [--menu] [--sql] [-o DATEI]", result.stderr.decode())
