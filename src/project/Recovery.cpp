@@ -52,51 +52,6 @@ std::string NameOf(const fs::path& file) {
     return name.substr(0, name.find('.'));
 }
 
-/// The folder is for the user alone: a design can hold the password of a database.
-void MakeFolder(const fs::path& folder) {
-    std::error_code error;
-    if (folder.empty())
-        throw RuntimeError(RuntimeError::PathNotFound);
-    if (fs::create_directories(folder, error))
-        fs::permissions(folder, fs::perms::owner_all, error);
-    if (error)
-        throw RuntimeError::OfFile(error);
-}
-
-#ifdef _WIN32
-std::vector<fs::path> FilesIn(const fs::path& folder) {
-    std::vector<fs::path> files;
-    try {
-        for (const fs::directory_entry& entry : fs::directory_iterator(folder))
-            files.push_back(entry.path());
-    } catch (const fs::filesystem_error& error) {
-        if (error.code() != std::errc::no_such_file_or_directory)
-            throw RuntimeError::OfFile(error.code());
-    }
-    return files;
-}
-#else
-/// Not with the standard library's iterator: GNU's ends the program when it finds no memory.
-std::vector<fs::path> FilesIn(const fs::path& folder) {
-    const auto fail = [] { throw RuntimeError::OfFile({errno, std::generic_category()}); };
-    const std::unique_ptr<DIR, int (*)(DIR*)> directory(opendir(folder.c_str()), closedir);
-    std::vector<fs::path> files;
-    if (!directory && errno == ENOENT)
-        return files;
-    if (!directory)
-        fail();
-    errno = 0;
-    while (const dirent* entry = readdir(directory.get())) {
-        if (const std::string_view name = entry->d_name; name != "." && name != "..")
-            files.push_back(folder / name);
-        errno = 0;
-    }
-    if (errno != 0)
-        fail();
-    return files;
-}
-#endif
-
 std::time_t WrittenAt(const fs::path& file) {
     std::error_code ignored;
     const auto time = std::chrono::file_clock::to_sys(fs::last_write_time(file, ignored));
@@ -106,17 +61,17 @@ std::time_t WrittenAt(const fs::path& file) {
 } // namespace
 
 fs::path RecoveryFolder() {
+    const fs::path folder = StateFolder();
 #ifdef _WIN32
-    const fs::path folder = UserFolder("LOCALAPPDATA", "AppData/Local");
-    return folder.empty() ? folder : folder / "Pirol" / "Recovery";
+    return folder.empty() ? folder : folder / "Recovery";
 #else
-    const fs::path folder = UserFolder("XDG_STATE_HOME", ".local/state");
-    return folder.empty() ? folder : folder / "pirol" / "recovery";
+    return folder.empty() ? folder : folder / "recovery";
 #endif
 }
 
 void RecoveryFile::ReserveName() {
-    MakeFolder(folder_);
+    // A design can hold the password of a database.
+    MakePrivateFolder(folder_);
     // The process number alone is not enough: a killed program can have had it, and two machines can share the folder.
     for (int attempt = 0; !lock_; ++attempt) {
         const std::string name = std::to_string(ProcessNumber()) + "-" + std::to_string(attempt);

@@ -26,7 +26,8 @@ STEP = int(sys.argv[2])
 PROGRAMS = [pathlib.Path(word).resolve() for word in sys.argv[3:]]
 DATA = pathlib.Path(__file__).resolve().parents[1] / "data"
 # The number with which Pirol must tell each of the system's errors.
-NUMBERS = {errno.ENOSPC: 61, errno.EACCES: 70, errno.EROFS: 70, errno.EIO: 57, errno.EMFILE: 67}
+NUMBERS = {errno.ENOSPC: 61, errno.EACCES: 70, errno.EROFS: 70, errno.EIO: 57, errno.EMFILE: 67,
+           errno.EDQUOT: 61, errno.EINTR: 75}
 ERRORS = list(NUMBERS)
 OUT_OF_MEMORY, FILE_NOT_FOUND, DEVICE_ERROR = 7, 53, 57
 KILLED = 0
