@@ -20,5 +20,12 @@ TEST(CommonDialog, TakesFiltersApart) {
         EXPECT_EQ(FileFilters(filter), expected) << filter;
 }
 
+TEST(CommonDialog, AFilterAddsItsFirstExtension) {
+    const std::pair<std::string, std::string_view> cases[] = {{"*.prl", "prl"},  {"*.*", ""},      {"*", ""},
+                                                              {"BlueJ.exe", ""}, {"*.tar.gz", ""}, {"*.", ""}};
+    for (const auto& [pattern, extension] : cases)
+        EXPECT_EQ(ExtensionOf({"", {pattern, "*.other"}}), extension) << pattern;
+}
+
 } // namespace
 } // namespace pirol
