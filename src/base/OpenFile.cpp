@@ -245,6 +245,11 @@ bool OpenFile::IsAbandoned() {
     return _fstat64(descriptor_, &status) == 0 && status.st_mtime + longEnough < std::time(nullptr);
 }
 
+bool OpenFile::TryHold() {
+    Close();
+    return true;
+}
+
 void OpenFile::GetReadyForRenaming() {
     Close();
 }
@@ -283,6 +288,10 @@ bool OpenFile::MarkAsBeingWritten() {
 
 bool OpenFile::IsAbandoned() {
     return IsOpen() && flock(descriptor_, LOCK_EX | LOCK_NB) == 0;
+}
+
+bool OpenFile::TryHold() {
+    return flock(descriptor_, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
 }
 
 void OpenFile::GetReadyForRenaming() {}

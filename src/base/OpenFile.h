@@ -58,6 +58,9 @@ class OpenFile {
     bool MarkAsBeingWritten();
     /// Whether it is certain that nobody is writing the file. Raises nothing.
     bool IsAbandoned();
+    /// Keeps other programs from getting hold of this very file, whatever happens to its name, until it is closed.
+    /// False when another one has it. Windows removes and renames no open file, so there it is closed.
+    bool TryHold();
     /// Windows renames no open file; elsewhere it stays open, and marked.
     void GetReadyForRenaming();
 

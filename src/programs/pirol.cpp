@@ -3,6 +3,7 @@
 #include "ui/dialogs/frmHelp.h"
 #include "ui/dialogs/frmProgramStarter.h"
 #include "ui/main/DesignKeeper.h"
+#include "ui/main/EndWatch.h"
 #include "ui/main/frmMain.h"
 #include "ui/parts/Bitmaps.h"
 
@@ -43,6 +44,7 @@ int main(int argumentCount, char* arguments[]) {
     pirol::frmProgramStarter starter;
     pirol::frmMain mainWindow(dialogs, starter, pirol::Preferences::Load());
     pirol::DesignKeeper keeper(mainWindow, dialogs, pirol::RecoveryFolder());
+    const pirol::EndWatch endWatch([&keeper] { keeper.KeepForNextStart(); });
     mainWindow.show();
     if (const std::string path = pirol::ProjectOnCommandLine(Words(argumentCount, arguments)); !path.empty())
         mainWindow.ReadPRLFile(path);

@@ -135,8 +135,27 @@ class DesignKeeperTest : public QObject {
         QTRY_COMPARE_WITH_TIMEOUT(
             main.window.statusBar()->currentMessage(),
             "Für eine Wiederherstellung kann gerade nichts aufbewahrt werden: Pfad nicht gefunden", 5000);
+        auto* const lasting = Part<QLabel>(main.window, "lblKeeping");
+        QVERIFY(!lasting->isHidden());
         fs::remove(folder_);
         QTRY_COMPARE_WITH_TIMEOUT(Designs().size(), 1U, 15'000);
+        QTRY_VERIFY(lasting->isHidden());
+    }
+
+    /// As at the end of the desktop's session; what the user does after one that was called off counts as ever.
+    void AnEndThatTheUserDoesNotWantLeavesTheDesign() {
+        for (const bool calledOff : {false, true}) {
+            {
+                KeptWindow main(folder_);
+                main.PlaceButton();
+                main.keeper.KeepForNextStart();
+                QCOMPARE(Designs().size(), 1U);
+                if (calledOff)
+                    main.PlaceButton();
+            }
+            QCOMPARE(LeftDesigns(folder_).size(), calledOff ? 0U : 1U);
+            fs::remove_all(folder_);
+        }
     }
 };
 

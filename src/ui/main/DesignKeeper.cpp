@@ -9,6 +9,7 @@
 #include "ui/parts/FormParts.h"
 
 #include <QDateTime>
+#include <QLabel>
 #include <QStatusBar>
 
 namespace pirol {
@@ -21,7 +22,9 @@ constexpr int messageMilliseconds = 10'000;
 DesignKeeper::DesignKeeper(frmMain& window, cCommonDialog& dialogs, const std::filesystem::path& folder,
                            const KeepingDelays& delays)
     : window_(window), document_(window.CurrentDocument()), dialogs_(dialogs), folder_(folder), delays_(delays),
-      file_(folder) {
+      file_(folder), lblKeeping_(Named(new QLabel("⚠ Nicht gesichert"), "lblKeeping", "Nicht gesichert")) {
+    lblKeeping_->hide();
+    window.statusBar()->insertPermanentWidget(0, lblKeeping_);
     timer_.setSingleShot(true);
     connect(&timer_, &QTimer::timeout, this, &DesignKeeper::Keep);
     document_.AddListener(*this);
@@ -36,6 +39,7 @@ DesignKeeper::~DesignKeeper() {
 void DesignKeeper::DocumentChanged(const DocumentChange& change) {
     if (!change.design.Any() && !change.file)
         return;
+    file_.StayBehind(false);
     if (!sinceChange_.isValid())
         sinceChange_.start();
     if (!document_.IsChanged())
@@ -82,12 +86,25 @@ void DesignKeeper::Kept(const std::string& failure) {
         timer_.start(delays_.afterChange);
 }
 
-/// Working goes on without recovery; one message a failure says so, and no more until writing has worked again.
+void DesignKeeper::KeepForNextStart() {
+    if (writing_.valid())
+        writing_.wait();
+    if (!document_.IsChanged())
+        return;
+    file_.StayBehind(true);
+    const auto error = ErrorOf([this] { file_.Write(SnapshotOf({document_.Model(), document_.FilePath()})); });
+    TellFailure(error ? error->Description() : "");
+}
+
+/// Working goes on without recovery. One message a failure says so, and a word in the status bar as long as it holds.
 void DesignKeeper::TellFailure(const std::string& failure) {
+    const QString text = "Für eine Wiederherstellung kann gerade nichts aufbewahrt werden: " + ToText(failure);
     if (!failure.empty() && !toldFailure_)
-        window_.statusBar()->showMessage(
-            "Für eine Wiederherstellung kann gerade nichts aufbewahrt werden: " + ToText(failure), messageMilliseconds);
+        window_.statusBar()->showMessage(text, messageMilliseconds);
     toldFailure_ = !failure.empty();
+    lblKeeping_->setVisible(toldFailure_);
+    lblKeeping_->setToolTip(text);
+    lblKeeping_->setAccessibleDescription(text);
 }
 
 void DesignKeeper::OfferLeftDesigns() {
@@ -95,9 +112,12 @@ void DesignKeeper::OfferLeftDesigns() {
     if (const auto error = ErrorOf([&] { left = LeftDesigns(folder_); }))
         TellFailure(error->Description());
     std::size_t others = left.size();
-    for (const LeftDesign& design : left)
-        if (!Offer(design, --others))
+    for (const LeftDesign& design : left) {
+        --others;
+        // Another program may offer it meanwhile, or have removed it.
+        if (const std::optional<HeldDesign> held = Hold(design); held && !Offer(design, others))
             return;
+    }
 }
 
 /// Whether the next one shall be offered.

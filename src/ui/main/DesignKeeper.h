@@ -11,6 +11,8 @@
 #include <future>
 #include <vector>
 
+class QLabel;
+
 namespace pirol {
 
 class cCommonDialog;
@@ -40,6 +42,10 @@ class DesignKeeper : public QObject, private DocumentListener {
     /// Offers the left designs one after another, the newest first, until one is restored or put off.
     void OfferLeftDesigns();
 
+    /// Keeps the design at once and for the next start: the program is about to end, and not because the user wants it.
+    /// What he does afterwards all the same counts as ever.
+    void KeepForNextStart();
+
   private:
     void DocumentChanged(const DocumentChange& change) override;
     void Keep();
@@ -59,6 +65,7 @@ class DesignKeeper : public QObject, private DocumentListener {
     std::future<void> writing_;
     bool isWriting_ = false;
     bool toldFailure_ = false;
+    QLabel* lblKeeping_; ///< in the status bar while nothing can be kept
 };
 
 } // namespace pirol
