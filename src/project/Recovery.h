@@ -35,6 +35,7 @@ class RecoveryFile {
     void Remove();
     /// Whether the file stays behind the end of the program, so that the next one offers it.
     void StayBehind(bool stays) { staysBehind_ = stays; }
+    bool StaysBehind() const { return staysBehind_; }
 
   private:
     void ReserveName();

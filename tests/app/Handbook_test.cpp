@@ -55,8 +55,8 @@ TEST(Handbook, EveryWindowHasItsChapter) {
          {"frmListEditor",  "propertyDialog", "frmProjectSettings", "frmMenuGenerator", "frmSQLGenerator",
           "frmCode",        "frmPrint",       "pdfDialog",          "fontDialog",       "printDialog",
           "frmPreferences", "programDialog",  "colorDialog",        "projectDialog",    "exportDialog",
-          "importDialog",   "frmRecovery",    "frmError",           "message",          "frmAbout",
-          "frmDonation"}) {
+          "importDialog",   "frmRecovery",    "frmKeptDesigns",     "frmError",         "message",
+          "frmAbout",       "frmDonation"}) {
         EXPECT_TRUE(anchors.contains(std::string(ChapterOf(window)))) << window;
         EXPECT_NE(ChapterOf(window), mainChapter) << window;
     }

@@ -4,6 +4,7 @@
 #include "app/ErrorReport.h"
 #include "base/FileAccess.h"
 #include "project/Snapshot.h"
+#include "ui/dialogs/frmKeptDesigns.h"
 #include "ui/dialogs/frmRecovery.h"
 #include "ui/main/frmMain.h"
 #include "ui/parts/FormParts.h"
@@ -24,21 +25,29 @@ DesignKeeper::DesignKeeper(frmMain& window, cCommonDialog& dialogs, const std::f
     : window_(window), document_(window.CurrentDocument()), dialogs_(dialogs), folder_(folder), delays_(delays),
       file_(folder), lblKeeping_(Named(new QLabel("⚠ Nicht gesichert"), "lblKeeping", "Nicht gesichert")) {
     lblKeeping_->hide();
-    window.statusBar()->insertPermanentWidget(0, lblKeeping_);
+    window.statusBar()->insertPermanentWidget(1, lblKeeping_);
     timer_.setSingleShot(true);
     connect(&timer_, &QTimer::timeout, this, &DesignKeeper::Keep);
     document_.AddListener(*this);
+    connect(&window_, &frmMain::KeptDesignsWanted, this, &DesignKeeper::ShowKeptDesigns);
 }
 
 DesignKeeper::~DesignKeeper() {
     document_.RemoveListener(*this);
     if (writing_.valid())
         writing_.wait();
+    // What cannot be kept here is offered at the next start.
+    if (!file_.StaysBehind() && !KeepFormer("Pirol beendet"))
+        file_.StayBehind(true);
 }
 
 void DesignKeeper::DocumentChanged(const DocumentChange& change) {
     if (!change.design.Any() && !change.file)
         return;
+    if (change.replaced)
+        KeepFormer(document_.CanRedo() ? "Rückgängig" : document_.UndoLabel());
+    shown_ = {document_.Model(), document_.FilePath()};
+    shownIsChanged_ = document_.IsChanged();
     file_.StayBehind(false);
     if (!sinceChange_.isValid())
         sinceChange_.start();
@@ -46,6 +55,27 @@ void DesignKeeper::DocumentChanged(const DocumentChange& change) {
         Keep();
     else if (!timer_.isActive())
         timer_.start(delays_.afterChange);
+}
+
+/// Before its recovery file goes. True unless that failed.
+bool DesignKeeper::KeepFormer(const std::string& reason) {
+    if (!shownIsChanged_)
+        return true;
+    const auto error = ErrorOf([&] { KeepDesign(KeptFolder(folder_), shown_, reason, std::time(nullptr)); });
+    if (error)
+        TellFailure(error->Description());
+    return !error;
+}
+
+void DesignKeeper::ShowKeptDesigns() {
+    frmKeptDesigns form(KeptFolder(folder_), dialogs_, &window_);
+    if (form.exec() == QDialog::Accepted)
+        window_.Run([&] {
+            document_.Replace("Entwurf wiederherstellen", [&](ProjectModel& model) {
+                model = form.Chosen()->model;
+                return Document::Origin{.path = form.Chosen()->filePath};
+            });
+        });
 }
 
 void DesignKeeper::Keep() {
