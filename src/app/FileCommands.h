@@ -13,7 +13,8 @@ namespace pirol {
 /// asks whether unsaved changes should be kept. A cancelled dialog changes nothing.
 
 /// The project named on the command line, given as its words without the program's own: what stands there without any
-/// double quote. Empty when nothing was named.
+/// double quote. Where there is no such file, the file whose name has the quotes, or the one that an address
+/// "file:///..." names. Empty when nothing was named.
 std::string ProjectOnCommandLine(std::span<const std::string> words);
 
 /// Puts a project file's design in the place of the present one; a refused one is reported in a message box and leaves

@@ -29,6 +29,7 @@ constexpr ChapterRow chapters[] = {
     {"exportDialog", "exportieren-und-bluej-starten"},
     {"importDialog", "java-einlesen"},
     {"frmRecovery", "wiederherstellung"},
+    {"frmKeptDesigns", "frühere-entwürfe"},
     {"frmError", "wenn-etwas-nicht-klappt"},
     {"message", "wenn-etwas-nicht-klappt"},
     {"frmAbout", "über-pirol"},

@@ -3,6 +3,8 @@
 #include "base/Conversions.h"
 #include "base/FileAccess.h"
 
+#include <algorithm>
+
 namespace pirol {
 namespace {
 
@@ -29,6 +31,14 @@ std::vector<FileFilter> FileFilters(std::string_view filter) {
         filters.push_back({std::string(pieces[index]), std::move(patterns)});
     }
     return filters;
+}
+
+std::string ExtensionOf(const FileFilter& filter) {
+    constexpr std::string_view beginning = "*.";
+    const std::string& pattern = filter.patterns.front();
+    const std::string_view extension = std::string_view(pattern).substr(std::min(beginning.size(), pattern.size()));
+    const bool isPlain = pattern.starts_with(beginning) && extension.find_first_of("*?.") == std::string_view::npos;
+    return std::string(isPlain ? extension : "");
 }
 
 bool MayReplaceFile(std::string_view path, cCommonDialog& dialogs) {

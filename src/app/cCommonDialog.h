@@ -21,7 +21,7 @@ struct FileDialogSetup {
     /// semicolons. Empty for all files.
     std::string Filter;
     std::uint32_t Flags = 0;
-    std::string FileName;  ///< the preset name
+    std::string FileName;  ///< the preset name; with a folder, the dialog opens there
     std::string Name = {}; ///< of the dialog itself, by which the handbook finds its chapter
 };
 
@@ -35,6 +35,10 @@ struct FileFilter {
 
 /// Takes a filter text apart. A text without a pattern stands for all files.
 std::vector<FileFilter> FileFilters(std::string_view filter);
+
+/// What a filter adds to a name without an extension: that of its first pattern, without the point ("prl"). Empty for
+/// none, as of "*.*".
+std::string ExtensionOf(const FileFilter& filter);
 
 /// A typeface for printing.
 struct FontChoice {
@@ -64,8 +68,8 @@ class cCommonDialog {
   public:
     virtual ~cCommonDialog() = default;
 
-    /// The chosen file's path, empty when the user cancelled. Neither asks before overwriting and neither adds an
-    /// extension to the name that was typed.
+    /// The chosen file's path, empty when the user cancelled. Neither asks before overwriting. A name typed without
+    /// an extension gets that of the chosen filter.
     virtual std::string ShowOpen(const FileDialogSetup& setup) = 0;
     virtual std::string ShowSave(const FileDialogSetup& setup) = 0;
 

@@ -1,22 +1,18 @@
 #include "base/FileAccess.h"
 
 #include "base/RuntimeError.h"
+#include "base/UserFolder.h"
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
-#include <cstdio>
 #include <memory>
 #include <optional>
 #include <random>
 #include <system_error>
+#include <utility>
 
-#ifdef _WIN32
-#include <fcntl.h>
-#include <io.h>
-#include <sys/stat.h>
-#else
-#include <unistd.h>
+#ifndef _WIN32
+#include <dirent.h>
 #endif
 
 namespace pirol {
@@ -24,170 +20,179 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// No file of a project comes near this size. An endless device or a wrong file gives a clear error and does not use up
-/// the machine's memory. The content hash is not defined for longer texts either.
-constexpr std::size_t largestFile = std::size_t{1} << 29u;
+using Purpose = OpenFile::Purpose;
 
-struct CloseFile {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using File = std::unique_ptr<std::FILE, CloseFile>;
+/// Half-written files have short names of their own, so that every name that the file system takes can be saved.
+constexpr std::string_view temporaryPrefix = ".pirol-";
+constexpr std::string_view temporaryExtension = ".tmp";
+/// Not hidden, for after a power cut the user looks for it.
+constexpr std::string_view copyPrefix = "Pirol-Sicherung-";
 
-std::error_code LastError() {
-    return {errno, std::generic_category()};
+OpenFile OpenToChange(const fs::path& path) {
+    std::error_code error;
+    OpenFile file = OpenFile::Open(path, Purpose::Change, error);
+    if (error)
+        ThrowWriteError(error);
+    return file;
 }
 
-/// To read a file, to write into one that is there, to write one that must not be there yet.
-enum class Purpose { Read, Change, Create };
-
-#ifdef _WIN32
-
-struct OpenMode {
-    int flags;
-    const wchar_t* mode;
-};
-
-/// Some versions of the Windows library lack the mode that refuses existing files; all of them have the flag.
-constexpr OpenMode openModes[] = {
-    {_O_BINARY | _O_RDONLY, L"rb"},
-    {_O_BINARY | _O_RDWR, L"r+b"},
-    {_O_BINARY | _O_WRONLY | _O_CREAT | _O_EXCL, L"wb"},
-};
-
-/// The longest path that Windows takes from a program unless its administrator lifted that limit.
-constexpr std::size_t longestPath = 259;
-
-/// The Windows library calls several failures by one name; a second look at the path tells them apart.
-int PreciseError(const fs::path& path, int code) {
-    std::error_code ignored;
-    if (code == EACCES && fs::is_directory(path, ignored))
-        return EISDIR;
-    if (code == ENOENT && fs::absolute(path, ignored).native().size() > longestPath)
-        return ENAMETOOLONG;
-    if (code == ENOENT && fs::is_regular_file(path.parent_path(), ignored))
-        return ENOTDIR;
-    return code;
-}
-
-File TryOpen(const fs::path& path, Purpose purpose) {
-    const OpenMode& mode = openModes[static_cast<int>(purpose)];
-    const int descriptor = _wopen(path.c_str(), mode.flags, _S_IREAD | _S_IWRITE);
-    if (descriptor < 0) {
-        errno = PreciseError(path, errno);
-        return nullptr;
+/// Gathers small pieces to large ones.
+class Buffer {
+  public:
+    explicit Buffer(OpenFile& file) : file_(file) {}
+    void Add(std::string_view bytes) {
+        constexpr std::size_t enough = std::size_t{1} << 18U;
+        bytes_ += bytes;
+        if (bytes_.size() >= enough)
+            Flush();
     }
-    File file(_wfdopen(descriptor, mode.mode));
-    if (file == nullptr)
-        _close(descriptor);
-    return file;
+    void Flush() {
+        file_.Write(bytes_);
+        bytes_.clear();
+    }
+
+  private:
+    OpenFile& file_;
+    std::string bytes_;
+};
+
+void WriteAll(OpenFile& file, const Producer& produce) {
+    Buffer buffer(file);
+    produce([&buffer](std::string_view bytes) { buffer.Add(bytes); });
+    buffer.Flush();
 }
 
-#else
-
-constexpr const char* openModes[] = {"rb", "r+b", "wbx"};
-
-File TryOpen(const fs::path& path, Purpose purpose) {
-    return File(std::fopen(path.c_str(), openModes[static_cast<int>(purpose)]));
+fs::path RandomName(std::string_view prefix, const fs::path& extension) {
+    std::random_device random;
+    fs::path name = prefix;
+    name += std::to_string(random());
+    name += extension;
+    return name;
 }
 
-#endif
-
-/// When a file cannot be made because something does not exist, that is its folder.
-RuntimeError WriteError(const std::error_code& code) {
-    if (code == std::errc::no_such_file_or_directory)
-        return RuntimeError(RuntimeError::PathNotFound);
-    return RuntimeError::OfFile(code);
-}
-
-File OpenForWriting(const fs::path& path, Purpose purpose) {
-    File file = TryOpen(path, purpose);
-    if (file == nullptr)
-        throw WriteError(LastError());
-    return file;
-}
-
-void SyncToDisk(std::FILE* file) {
-#ifdef _WIN32
-    const int result = _commit(_fileno(file));
-#else
-    const int result = fsync(fileno(file));
-#endif
-    // Pipes and devices cannot be synchronised and need not be.
-    if (result != 0 && errno != EINVAL && errno != ENOTSUP)
-        throw WriteError(LastError());
-}
-
-/// Writes all bytes through to the disk. Every failure on the way is an error, the last one at closing included.
-void WriteAndClose(File file, const std::function<void(const ByteSink&)>& produce) {
-    produce([&file](std::string_view bytes) {
-        // An empty text may have no place in memory, which the C library does not take.
-        if (!bytes.empty() && std::fwrite(bytes.data(), 1, bytes.size(), file.get()) != bytes.size())
-            throw WriteError(LastError());
-    });
-    if (std::fflush(file.get()) != 0)
-        throw WriteError(LastError());
-    SyncToDisk(file.get());
-    if (std::fclose(file.release()) != 0)
-        throw WriteError(LastError());
-}
-
-void WriteAndClose(File file, std::string_view bytes) {
-    WriteAndClose(std::move(file), [bytes](const ByteSink& write) { write(bytes); });
-}
-
-/// A file that is removed again unless it is kept.
+/// A new file that is removed again unless it is kept.
 class TemporaryFile {
   public:
     explicit TemporaryFile(fs::path path) : path_(std::move(path)) {}
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
     ~TemporaryFile() {
+        file_ = {}; // first: Windows removes no open file
         std::error_code ignored;
         if (isOurs_)
             fs::remove(path_, ignored);
     }
     const fs::path& Path() const { return path_; }
-    File Create() {
-        File file = OpenForWriting(path_, Purpose::Create);
-        isOurs_ = true;
-        return file;
+    OpenFile& File() { return file_; }
+
+    std::error_code Create(Privacy privacy) {
+        std::error_code error;
+        file_ = OpenFile::Open(path_, Purpose::Create, error, privacy);
+        isOurs_ = !error;
+        return error;
     }
-    void Keep() { isOurs_ = false; }
+    std::error_code MoveTo(const fs::path& target) {
+        std::error_code error;
+        file_.GetReadyForRenaming();
+        fs::rename(path_, target, error);
+        isOurs_ = static_cast<bool>(error);
+        return error;
+    }
+    void Keep(bool keep) { isOurs_ = !keep; }
 
   private:
     fs::path path_;
+    OpenFile file_;
     bool isOurs_ = false;
 };
 
-fs::path NameBeside(const fs::path& path) {
-    std::random_device random;
-    fs::path name = ".";
-    name += path.filename();
-    name += ".";
-    name += std::to_string(random());
-    name += ".tmp";
-    return path.parent_path() / name;
-}
-
-/// The file that the path names through any links, or nothing when there is none yet.
-std::optional<fs::path> ExistingFile(const fs::path& path) {
+/// The file that the path names through any links, whether there is one or not.
+fs::path BehindLinks(const fs::path& path) {
     std::error_code error;
     fs::path resolved = fs::canonical(path, error);
     if (!error)
         return resolved;
-    // Something that exists but cannot be examined may be a link, and no new file must take its place.
     std::error_code ignored;
-    if (error != std::errc::no_such_file_or_directory && fs::exists(fs::symlink_status(path, ignored)))
-        throw WriteError(error);
-    return std::nullopt;
+    const bool isThere = fs::exists(fs::symlink_status(path, ignored));
+    // Something that exists but cannot be examined may be a link, and no new file must take its place.
+    if (isThere && error != std::errc::no_such_file_or_directory)
+        ThrowWriteError(error);
+    resolved = path;
+    constexpr int mostLinks = 40; // as many as the system follows
+    for (int links = 0; links < mostLinks; ++links) {
+        const fs::path next = fs::read_symlink(resolved, ignored);
+        if (ignored || next.empty())
+            break;
+        resolved = resolved.parent_path() / next;
+    }
+    return resolved;
 }
 
-fs::file_status StatusOf(const fs::path& existing) {
-    std::error_code error;
-    const fs::file_status status = fs::status(existing, error);
-    if (error)
-        throw WriteError(error);
-    return status;
+/// Whether the folder forbids another file in the place of one that may be written itself: a folder or file system that
+/// is read-only, a folder in which each removes only his own, a file that is mounted on its own.
+bool FolderForbids(const std::error_code& error) {
+    for (const std::errc code :
+         {std::errc::permission_denied, std::errc::operation_not_permitted, std::errc::read_only_file_system,
+          std::errc::device_or_resource_busy, std::errc::cross_device_link})
+        if (error == code)
+            return true;
+    return false;
+}
+
+/// Writes a copy of bytes beside a file or, where nothing can be written there, into the user's own folder.
+void WriteCopy(std::optional<TemporaryFile>& copy, const fs::path& path, std::string_view bytes) {
+    const fs::path name = RandomName(copyPrefix, path.extension());
+    copy.emplace(path.parent_path() / name);
+    if (copy->Create(Privacy::UserAlone)) {
+        const fs::path folder = StateFolder() / "saving";
+        MakePrivateFolder(folder);
+        copy.emplace(folder / name);
+        if (const std::error_code error = copy->Create(Privacy::UserAlone))
+            ThrowWriteError(error);
+    }
+    copy->File().Write(bytes);
+    copy->File().Sync();
+    SyncFolder(copy->Path().parent_path());
+}
+
+/// Writes into the file itself. Until the new bytes are on disk the old ones lie in a copy, which stays when they
+/// cannot be put back.
+void WriteInPlace(const fs::path& path, const Producer& produce) {
+    std::string bytes;
+    produce([&bytes](std::string_view piece) { bytes += piece; });
+    OpenFile file = OpenToChange(path);
+    const std::string old = file.ReadAll();
+    std::optional<TemporaryFile> copy;
+    WriteCopy(copy, path, old);
+    try {
+        file.Rewrite(bytes);
+    } catch (...) {
+        copy->Keep(true);
+        file.Rewrite(old);
+        copy->Keep(false);
+        throw;
+    }
+}
+
+bool IsHalfWritten(const fs::path& file) {
+    const std::string name = TextOf(file.filename());
+    return name.starts_with(temporaryPrefix) && name.ends_with(temporaryExtension);
+}
+
+/// A new content in a file of its own beside the target, which then takes the target's place. Gives the reason when the
+/// folder does not let that happen.
+std::error_code Replace(const fs::path& target, bool exists, const Producer& produce, Privacy privacy) {
+    TemporaryFile temporary(target.parent_path() / RandomName(temporaryPrefix, temporaryExtension));
+    // It may become readable by others when the file that it replaces is, and not before.
+    if (const std::error_code error = temporary.Create(exists ? Privacy::UserAlone : privacy))
+        return error;
+    if (!temporary.File().MarkAsBeingWritten())
+        return std::make_error_code(std::errc::resource_unavailable_try_again);
+    WriteAll(temporary.File(), produce);
+    if (exists)
+        temporary.File().TakeOwnerAndRights(OpenToChange(target));
+    temporary.File().Sync();
+    return temporary.MoveTo(target);
 }
 
 } // namespace
@@ -207,57 +212,92 @@ bool IsExistingFile(const fs::path& path) {
     return fs::exists(status) && !fs::is_directory(status);
 }
 
-std::string ReadFileBytes(const fs::path& path) {
-    const File file = TryOpen(path, Purpose::Read);
-    if (file == nullptr)
-        throw RuntimeError::OfFile(LastError());
-    std::string bytes;
-    std::error_code unknownSize;
-    const std::uintmax_t size = fs::file_size(path, unknownSize);
-    if (!unknownSize && size <= largestFile)
-        bytes.reserve(static_cast<std::size_t>(size));
-    std::array<char, 65536> block;
-    while (const std::size_t count = std::fread(block.data(), 1, block.size(), file.get())) {
-        if (bytes.size() + count > largestFile)
-            throw RuntimeError(RuntimeError::OutOfMemory);
-        bytes.append(block.data(), count);
+#ifdef _WIN32
+std::vector<fs::path> FilesIn(const fs::path& folder) {
+    std::vector<fs::path> files;
+    try {
+        for (const fs::directory_entry& entry : fs::directory_iterator(folder))
+            files.push_back(entry.path());
+    } catch (const fs::filesystem_error& error) {
+        if (error.code() != std::errc::no_such_file_or_directory)
+            throw RuntimeError::OfFile(error.code());
     }
-    if (std::ferror(file.get()) != 0)
-        throw RuntimeError::OfFile(LastError());
-    return bytes;
+    return files;
+}
+#else
+/// Not with the standard library's iterator: GNU's ends the program when it finds no memory.
+std::vector<fs::path> FilesIn(const fs::path& folder) {
+    const auto fail = [] { throw RuntimeError::OfFile({errno, std::generic_category()}); };
+    const std::unique_ptr<DIR, int (*)(DIR*)> directory(opendir(folder.empty() ? "." : folder.c_str()), closedir);
+    std::vector<fs::path> files;
+    if (!directory && errno == ENOENT)
+        return files;
+    if (!directory)
+        fail();
+    errno = 0;
+    while (const dirent* entry = readdir(directory.get())) {
+        if (const std::string_view name = entry->d_name; name != "." && name != "..")
+            files.push_back(folder / name);
+        errno = 0;
+    }
+    if (errno != 0)
+        fail();
+    return files;
+}
+#endif
+
+void ClearHalfWritten(const fs::path& folder) {
+    try {
+        for (const fs::path& path : FilesIn(folder)) {
+            std::error_code error;
+            if (IsHalfWritten(path) && OpenFile::Open(path, Purpose::Change, error).IsAbandoned())
+                fs::remove(path, error);
+        }
+    } catch (const std::exception&) {
+        return; // there is another time
+    }
+}
+
+std::string ReadFileBytes(const fs::path& path) {
+    std::error_code error;
+    OpenFile file = OpenFile::Open(path, Purpose::Read, error);
+    if (error)
+        throw RuntimeError::OfFile(error);
+    return file.ReadAll();
 }
 
 void ReplaceFileBytes(const fs::path& path, std::string_view bytes) {
     ReplaceFile(path, [bytes](const ByteSink& write) { write(bytes); });
 }
 
-void ReplaceFile(const fs::path& path, const std::function<void(const ByteSink&)>& produce) {
-    const std::optional<fs::path> existing = ExistingFile(path);
-    fs::file_status status;
-    if (existing) {
-        // Opening the file shows whether it may be written; renaming over it does not ask for that permission.
-        File writable = OpenForWriting(*existing, Purpose::Change);
-        status = StatusOf(*existing);
-        if (!fs::is_regular_file(status))
-            return WriteAndClose(std::move(writable), produce);
-    }
-    const fs::path target = existing.value_or(path);
-    TemporaryFile temporary(NameBeside(target));
-    WriteAndClose(temporary.Create(), produce);
+void ReplaceFile(const fs::path& path, const Producer& produce, Privacy privacy) {
+    const fs::path target = BehindLinks(path);
     std::error_code error;
-    if (existing)
-        fs::permissions(temporary.Path(), status.permissions(), error);
-    fs::rename(temporary.Path(), target, error);
+    // Opening the file shows whether it may be written; renaming over it does not ask for that permission.
+    OpenFile::Open(target, Purpose::Change, error).Close();
+    const bool exists = error != std::errc::no_such_file_or_directory;
+    if (exists && error)
+        ThrowWriteError(error);
+    // Another program's clearing away can take a file between its making and its marking.
+    constexpr int mostAttempts = 10;
+    for (int attempt = 0; attempt < mostAttempts; ++attempt)
+        if (error = Replace(target, exists, produce, privacy); error != std::errc::resource_unavailable_try_again)
+            break;
+    if (exists && FolderForbids(error))
+        return WriteInPlace(target, produce);
     if (error)
-        throw WriteError(error);
-    temporary.Keep();
+        ThrowWriteError(error);
+    SyncFolder(target.parent_path());
+    ClearHalfWritten(target.parent_path());
 }
 
 void OverwriteFileBytes(const fs::path& path, std::string_view bytes) {
-    const std::optional<fs::path> existing = ExistingFile(path);
-    if (!existing || !fs::is_regular_file(StatusOf(*existing)))
-        return ReplaceFileBytes(path, bytes);
-    const std::string old = ReadFileBytes(*existing);
+    std::error_code error;
+    OpenFile file = OpenFile::Open(path, Purpose::Change, error);
+    if (error && error != std::errc::no_such_file_or_directory)
+        ThrowWriteError(error);
+    const std::string old = error ? std::string() : file.ReadAll();
+    file.Close();
     ReplaceFile(path, [&](const ByteSink& write) {
         write(bytes);
         write(std::string_view(old).substr(std::min(bytes.size(), old.size())));
@@ -265,7 +305,13 @@ void OverwriteFileBytes(const fs::path& path, std::string_view bytes) {
 }
 
 void CreateFileBytes(const fs::path& path, std::string_view bytes) {
-    WriteAndClose(OpenForWriting(path, Purpose::Create), bytes);
+    std::error_code error;
+    OpenFile file = OpenFile::Open(path, Purpose::Create, error);
+    if (error)
+        ThrowWriteError(error);
+    file.Write(bytes);
+    file.Sync();
+    file.Close();
 }
 
 } // namespace pirol

@@ -45,6 +45,11 @@ std::optional<FileLock> FileLock::TryLock(const std::filesystem::path& path) {
     throw RuntimeError::OfFile({static_cast<int>(error), std::system_category()});
 }
 
+/// Nobody removes a file that we share with nobody.
+bool FileLock::IsInPlace() const {
+    return handle_ != none;
+}
+
 FileLock::~FileLock() {
     if (handle_ != none)
         CloseHandle(reinterpret_cast<HANDLE>(handle_));
@@ -84,10 +89,18 @@ std::optional<FileLock> FileLock::TryLock(const std::filesystem::path& path) {
     }
 }
 
+bool FileLock::IsInPlace() const {
+    struct stat held = {};
+    struct stat present = {};
+    return handle_ != none && fstat(static_cast<int>(handle_), &held) == 0 && stat(path_.c_str(), &present) == 0 &&
+           held.st_dev == present.st_dev && held.st_ino == present.st_ino;
+}
+
 FileLock::~FileLock() {
     if (handle_ == none)
         return;
-    unlink(path_.c_str());
+    if (IsInPlace())
+        unlink(path_.c_str());
     close(static_cast<int>(handle_));
 }
 

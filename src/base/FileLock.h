@@ -21,6 +21,9 @@ class FileLock {
     /// Removes the file and releases the lock.
     ~FileLock();
 
+    /// Whether the locked file is still the one of that path; somebody may have removed it.
+    bool IsInPlace() const;
+
   private:
     explicit FileLock(std::filesystem::path path) : path_(std::move(path)) {}
 

@@ -1,5 +1,7 @@
 #include "base/RuntimeError.h"
 
+#include <cerrno>
+
 namespace pirol {
 namespace {
 
@@ -51,10 +53,34 @@ constexpr FileErrorRow fileErrors[] = {
     {std::errc::filename_too_long, RuntimeError::BadFileName},
     {std::errc::invalid_argument, RuntimeError::BadFileName},
     {std::errc::is_a_directory, RuntimeError::PathAccess},
+    {std::errc::no_such_device, RuntimeError::PathAccess},
+    {std::errc::no_such_device_or_address, RuntimeError::PathAccess},
+    {std::errc::too_many_symbolic_link_levels, RuntimeError::PathAccess},
+    {std::errc::interrupted, RuntimeError::PathAccess},
     {std::errc::file_exists, RuntimeError::PathAccess},
     {std::errc::directory_not_empty, RuntimeError::PathAccess},
     {std::errc::not_enough_memory, RuntimeError::OutOfMemory},
 };
+
+#ifdef _WIN32
+bool IsQuota(const std::error_code& code) {
+    constexpr int quotaExceeded = 1295;
+    return code.category() == std::system_category() && code.value() == quotaExceeded;
+}
+
+bool IsStale(const std::error_code&) {
+    return false;
+}
+#else
+// The standard library has no names for these.
+bool IsQuota(const std::error_code& code) {
+    return code.value() == EDQUOT;
+}
+
+bool IsStale(const std::error_code& code) {
+    return code.value() == ESTALE;
+}
+#endif
 
 } // namespace
 
@@ -66,6 +92,10 @@ RuntimeError RuntimeError::OfFile(const std::error_code& code) {
     for (const FileErrorRow& row : fileErrors)
         if (code == row.code)
             return RuntimeError(row.number);
+    if (IsQuota(code))
+        return RuntimeError(DiskFull);
+    if (IsStale(code))
+        return RuntimeError(PathAccess);
     return RuntimeError(DeviceError);
 }
 

@@ -1,6 +1,13 @@
 #include "base/UserFolder.h"
 
+#include "base/RuntimeError.h"
+
 #include <cstdlib>
+
+#ifndef _WIN32
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
 
 namespace pirol {
 namespace {
@@ -18,6 +25,17 @@ fs::path FolderFrom(const char* variable) {
     return folder.is_absolute() ? folder : fs::path();
 }
 
+/// Windows keeps the user's folders from all others.
+bool IsOursAndOpenToOthers([[maybe_unused]] const fs::path& folder) {
+#ifdef _WIN32
+    return false;
+#else
+    struct stat status = {};
+    return stat(folder.c_str(), &status) == 0 && status.st_uid == geteuid() &&
+           (status.st_mode & (S_IRWXG | S_IRWXO)) != 0;
+#endif
+}
+
 } // namespace
 
 fs::path UserFolder(const char* variable, std::string_view belowHome) {
@@ -29,6 +47,26 @@ fs::path UserFolder(const char* variable, std::string_view belowHome) {
     const fs::path home = FolderFrom("HOME");
 #endif
     return home.empty() ? home : home / belowHome;
+}
+
+fs::path StateFolder() {
+#ifdef _WIN32
+    const fs::path folder = UserFolder("LOCALAPPDATA", "AppData/Local");
+    return folder.empty() ? folder : folder / "Pirol";
+#else
+    const fs::path folder = UserFolder("XDG_STATE_HOME", ".local/state");
+    return folder.empty() ? folder : folder / "pirol";
+#endif
+}
+
+void MakePrivateFolder(const fs::path& folder) {
+    std::error_code error;
+    if (!folder.is_absolute())
+        throw RuntimeError(RuntimeError::PathNotFound);
+    if (fs::create_directories(folder, error) || IsOursAndOpenToOthers(folder))
+        fs::permissions(folder, fs::perms::owner_all, error);
+    if (error)
+        throw RuntimeError::OfFile(error);
 }
 
 } // namespace pirol

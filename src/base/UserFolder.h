@@ -9,4 +9,11 @@ namespace pirol {
 /// working directory, the folder `belowHome` of the user's home folder; an empty path when that is unknown too.
 std::filesystem::path UserFolder(const char* variable, std::string_view belowHome);
 
+/// The user's folder for what Pirol itself keeps between two runs; an empty path when the user has none.
+std::filesystem::path StateFolder();
+
+/// Makes a folder that the user alone can look into. One that is there and belongs to the user becomes such a folder.
+/// Raises RuntimeError with the file error.
+void MakePrivateFolder(const std::filesystem::path& folder);
+
 } // namespace pirol

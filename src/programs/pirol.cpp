@@ -3,21 +3,29 @@
 #include "ui/dialogs/frmHelp.h"
 #include "ui/dialogs/frmProgramStarter.h"
 #include "ui/main/DesignKeeper.h"
+#include "ui/main/EndWatch.h"
 #include "ui/main/frmMain.h"
 #include "ui/parts/Bitmaps.h"
 
 #include <QApplication>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
 namespace {
 
-std::string ProjectOf(const QStringList& arguments) {
+/// The words of the command line but those that Qt has taken. Not by Qt where file names are bytes: it would change
+/// those that are no UTF-8.
+std::vector<std::string> Words([[maybe_unused]] int count, [[maybe_unused]] char* arguments[]) {
+#ifdef _WIN32
     std::vector<std::string> words;
-    for (const QString& argument : arguments.mid(1))
+    for (const QString& argument : QApplication::arguments().mid(1))
         words.push_back(argument.toStdString());
-    return pirol::ProjectOnCommandLine(words);
+    return words;
+#else
+    return {arguments + std::min(count, 1), arguments + count};
+#endif
 }
 
 } // namespace
@@ -36,8 +44,9 @@ int main(int argumentCount, char* arguments[]) {
     pirol::frmProgramStarter starter;
     pirol::frmMain mainWindow(dialogs, starter, pirol::Preferences::Load());
     pirol::DesignKeeper keeper(mainWindow, dialogs, pirol::RecoveryFolder());
+    const pirol::EndWatch endWatch([&keeper] { keeper.KeepForNextStart(); });
     mainWindow.show();
-    if (const std::string path = ProjectOf(QApplication::arguments()); !path.empty())
+    if (const std::string path = pirol::ProjectOnCommandLine(Words(argumentCount, arguments)); !path.empty())
         mainWindow.ReadPRLFile(path);
     keeper.OfferLeftDesigns();
     return QApplication::exec();

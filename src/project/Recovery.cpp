@@ -3,6 +3,7 @@
 #include "base/FileAccess.h"
 #include "base/HashFunction.h"
 #include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "base/UserFolder.h"
 #include "project/Snapshot.h"
 
@@ -15,7 +16,6 @@
 #ifdef _WIN32
 #include <process.h>
 #else
-#include <dirent.h>
 #include <unistd.h>
 #endif
 
@@ -44,135 +44,137 @@ fs::path WithExtension(const fs::path& folder, const std::string& name, std::str
     return folder / (name + std::string(extension));
 }
 
-/// The part of a file's name that all files of one program have in common: "123-0" of ".123-0.design.4711.tmp".
-std::string NameOf(const fs::path& file) {
-    std::string name = TextOf(file.filename());
-    if (name.starts_with('.'))
-        name.erase(0, 1);
-    return name.substr(0, name.find('.'));
-}
-
-/// The folder is for the user alone: a design can hold the password of a database.
-void MakeFolder(const fs::path& folder) {
-    std::error_code error;
-    if (folder.empty())
-        throw RuntimeError(RuntimeError::PathNotFound);
-    if (fs::create_directories(folder, error))
-        fs::permissions(folder, fs::perms::owner_all, error);
-    if (error)
-        throw RuntimeError::OfFile(error);
-}
-
-#ifdef _WIN32
-std::vector<fs::path> FilesIn(const fs::path& folder) {
-    std::vector<fs::path> files;
-    try {
-        for (const fs::directory_entry& entry : fs::directory_iterator(folder))
-            files.push_back(entry.path());
-    } catch (const fs::filesystem_error& error) {
-        if (error.code() != std::errc::no_such_file_or_directory)
-            throw RuntimeError::OfFile(error.code());
-    }
-    return files;
-}
-#else
-/// Not with the standard library's iterator: GNU's ends the program when it finds no memory.
-std::vector<fs::path> FilesIn(const fs::path& folder) {
-    const auto fail = [] { throw RuntimeError::OfFile({errno, std::generic_category()}); };
-    const std::unique_ptr<DIR, int (*)(DIR*)> directory(opendir(folder.c_str()), closedir);
-    std::vector<fs::path> files;
-    if (!directory && errno == ENOENT)
-        return files;
-    if (!directory)
-        fail();
-    errno = 0;
-    while (const dirent* entry = readdir(directory.get())) {
-        if (const std::string_view name = entry->d_name; name != "." && name != "..")
-            files.push_back(folder / name);
-        errno = 0;
-    }
-    if (errno != 0)
-        fail();
-    return files;
-}
-#endif
-
 std::time_t WrittenAt(const fs::path& file) {
     std::error_code ignored;
     const auto time = std::chrono::file_clock::to_sys(fs::last_write_time(file, ignored));
     return std::chrono::system_clock::to_time_t(std::chrono::time_point_cast<std::chrono::seconds>(time));
 }
 
+/// Getting a lock for a moment clears away the one that a killed program has left.
+void ClearLock(const fs::path& lock) {
+    try {
+        FileLock::TryLock(lock);
+    } catch (const RuntimeError&) {
+        return; // no lock of ours
+    }
+}
+
 } // namespace
 
 fs::path RecoveryFolder() {
+    const fs::path folder = StateFolder();
 #ifdef _WIN32
-    const fs::path folder = UserFolder("LOCALAPPDATA", "AppData/Local");
-    return folder.empty() ? folder : folder / "Pirol" / "Recovery";
+    return folder.empty() ? folder : folder / "Recovery";
 #else
-    const fs::path folder = UserFolder("XDG_STATE_HOME", ".local/state");
-    return folder.empty() ? folder : folder / "pirol" / "recovery";
+    return folder.empty() ? folder : folder / "recovery";
 #endif
 }
 
+RecoveryFile::~RecoveryFile() {
+    if (!staysBehind_)
+        Remove();
+}
+
+bool RecoveryFile::TryName(const std::string& name) {
+    std::optional<FileLock> lock = FileLock::TryLock(WithExtension(folder_, name, lockExtension));
+    fs::path file = WithExtension(folder_, name, designExtension);
+    if (std::error_code ignored; !lock || fs::exists(file, ignored))
+        return false;
+    file_ = std::move(file);
+    lock_.emplace(std::move(*lock));
+    return true;
+}
+
 void RecoveryFile::ReserveName() {
-    MakeFolder(folder_);
+    // A design can hold the password of a database.
+    MakePrivateFolder(folder_);
+    lock_.reset();
     // The process number alone is not enough: a killed program can have had it, and two machines can share the folder.
+    // A name whose lock is none of ours, or no file, is passed over, but not for ever.
+    constexpr int mostFailures = 16;
+    int failures = 0;
     for (int attempt = 0; !lock_; ++attempt) {
-        const std::string name = std::to_string(ProcessNumber()) + "-" + std::to_string(attempt);
-        std::optional<FileLock> lock = FileLock::TryLock(WithExtension(folder_, name, lockExtension));
-        file_ = WithExtension(folder_, name, designExtension);
-        if (std::error_code ignored; lock && !fs::exists(file_, ignored))
-            lock_.emplace(std::move(*lock));
+        try {
+            TryName(std::to_string(ProcessNumber()) + "-" + std::to_string(attempt));
+        } catch (const RuntimeError&) {
+            if (++failures == mostFailures)
+                throw;
+        }
     }
 }
 
 void RecoveryFile::Write(std::string_view snapshot) {
-    if (!lock_)
+    const fs::path former = file_;
+    if (!lock_ || !lock_->IsInPlace())
         ReserveName();
-    ReplaceFile(file_, [snapshot](const ByteSink& write) {
-        write(firstLine);
-        write(HashFunction(snapshot));
-        write("\n");
-        write(snapshot);
-    });
+    const std::string bytes = KeptBytesOf(snapshot);
+    ReplaceFile(
+        file_, [&bytes](const ByteSink& write) { write(bytes); }, Privacy::UserAlone);
+    std::error_code ignored;
+    OpenFile present = OpenFile::Open(file_, OpenFile::Purpose::Change, ignored);
+    if (present.IsOpen() && present.TryHold())
+        held_ = std::move(present);
+    if (former != file_ && !former.empty())
+        fs::remove(former, ignored);
 }
 
 void RecoveryFile::Remove() {
     std::error_code ignored;
     if (lock_)
         fs::remove(file_, ignored);
+    held_ = {};
 }
 
 std::vector<LeftDesign> LeftDesigns(const fs::path& folder) {
-    std::vector<fs::path> files = FilesIn(folder);
-    // Half-written files begin with a point. They come first, before a design of the same program is held.
-    std::sort(files.begin(), files.end());
+    ClearHalfWritten(folder);
     std::vector<LeftDesign> left;
-    for (const fs::path& file : files) {
-        std::optional<FileLock> lock = FileLock::TryLock(WithExtension(folder, NameOf(file), lockExtension));
-        if (!lock)
-            continue;
-        std::error_code ignored;
-        if (file.extension() == ".tmp")
-            fs::remove(file, ignored);
-        else if (file.extension() == designExtension && fs::is_regular_file(file, ignored))
-            left.push_back({file, WrittenAt(file), std::move(*lock)});
+    for (const fs::path& file : FilesIn(folder)) {
+        LeftDesign design{file, WrittenAt(file)};
+        if (file.extension() == lockExtension)
+            ClearLock(file);
+        else if (file.extension() == designExtension && Hold(design))
+            left.push_back(std::move(design));
     }
     std::stable_sort(left.begin(), left.end(),
                      [](const LeftDesign& a, const LeftDesign& b) { return a.written > b.written; });
     return left;
 }
 
+std::optional<HeldDesign> Hold(const LeftDesign& left) {
+    HeldDesign held;
+    std::error_code error;
+    held.file = OpenFile::Open(left.file, OpenFile::Purpose::Change, error);
+    if (error || !held.file.TryHold())
+        return std::nullopt;
+    fs::path lock = left.file;
+    lock.replace_extension(lockExtension);
+    // A lock that is none, such as a folder of that name, keeps nobody out; holding the file itself does.
+    try {
+        held.lock = FileLock::TryLock(lock);
+        return held.lock ? std::optional(std::move(held)) : std::nullopt;
+    } catch (const RuntimeError&) {
+        return held;
+    }
+}
+
+std::string KeptBytesOf(std::string_view snapshot) {
+    std::string bytes(firstLine);
+    bytes.reserve(firstLine.size() + hashLength + 1 + snapshot.size());
+    Append(bytes, HashFunction(snapshot), "\n", snapshot);
+    return bytes;
+}
+
+std::string SnapshotOfKeptBytes(std::string_view bytes) {
+    const std::string_view rest = bytes.substr(std::min(firstLine.size(), bytes.size()));
+    const std::string_view snapshot = rest.substr(std::min(hashLength + 1, rest.size()));
+    if (!bytes.starts_with(firstLine) || rest.substr(0, hashLength) != HashFunction(snapshot))
+        throw RuntimeError(RuntimeError::TypeMismatch);
+    return std::string(snapshot);
+}
+
 OpenDesign ReadDesign(const LeftDesign& left) {
-    return UnderLabel("Main.Recovery.ReadDesign", [&left] {
-        const std::string bytes = ReadFileBytes(left.file);
-        const std::string_view rest = std::string_view(bytes).substr(std::min(firstLine.size(), bytes.size()));
-        const std::string_view snapshot = rest.substr(std::min(hashLength + 1, rest.size()));
-        if (!bytes.starts_with(firstLine) || rest.substr(0, hashLength) != HashFunction(snapshot))
-            throw RuntimeError(RuntimeError::TypeMismatch);
-        return DesignOfSnapshot(snapshot);
-    });
+    return UnderLabel("Main.Recovery.ReadDesign",
+                      [&left] { return DesignOfSnapshot(SnapshotOfKeptBytes(ReadFileBytes(left.file))); });
 }
 
 void Discard(const LeftDesign& left) {

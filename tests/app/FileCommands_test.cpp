@@ -14,11 +14,12 @@ namespace {
 
 using test::ErrorOf;
 
-constexpr std::string_view projectDialog = " <prl - Dateien (*.prl)|*.prl|Alle Dateien (*.*)|*.*> 4096 <>\n";
+constexpr std::string_view projectDialog = " <prl - Dateien (*.prl)|*.prl|Alle Dateien (*.*)|*.*> 4096 <";
 constexpr std::string_view overwrite = "question Die Datei existiert bereits! Überschreiben?\n";
 
-std::string Seen(std::string_view dialog, std::string_view more = {}) {
-    return std::string(dialog) + std::string(projectDialog) + std::string(more);
+/// The dialog begins with the project's path.
+std::string Seen(std::string_view dialog, std::string_view more = {}, const std::string& path = {}) {
+    return std::string(dialog) + std::string(projectDialog) + path + ">\n" + std::string(more);
 }
 
 ProjectModel DesignOf(std::string_view author) {
@@ -42,9 +43,25 @@ TEST(FileCommands, ProjectOnCommandLine) {
         {{"\"C:\\Meine Projekte\\a.prl\""}, "C:\\Meine Projekte\\a.prl"},
         {{"Meine", "Projekte/a.prl"}, "Meine Projekte/a.prl"},
         {{"\"\""}, ""},
+        {{"file:///Schule/Mein%20Quiz%c3%A4.prl"}, "/Schule/Mein Quizä.prl"},
+        {{"file://localhost/a%2", "%b.prl"}, "/a%2 %b.prl"},
+        {{"file:///C:/a%41.prl"}, "C:/aA.prl"},
+        {{"file:///a%00.prl"}, "file:///a%00.prl"},
+        {{"file://server/a.prl"}, "file://server/a.prl"},
+        {{"file:a%41.prl"}, "file:a%41.prl"},
     };
     for (const auto& [words, path] : cases)
         EXPECT_EQ(ProjectOnCommandLine(words), path);
+#ifndef _WIN32
+    // A quote in a name counts only where it must.
+    const test::ScratchFolder folder;
+    const std::string plain = TextOf(folder / "a.prl");
+    const std::string quoted = TextOf(folder / "\"a\".prl");
+    CreateFileBytes(PathOf(quoted), "");
+    EXPECT_EQ(ProjectOnCommandLine(std::vector{quoted}), quoted);
+    CreateFileBytes(PathOf(plain), "");
+    EXPECT_EQ(ProjectOnCommandLine(std::vector{quoted}), plain);
+#endif
 }
 
 /// What lies at the chosen path before, what the user answers, and what comes of it.
@@ -129,7 +146,7 @@ TEST(FileCommands, ChangesByAnotherProgram) {
     std::filesystem::remove(path);
     dialogs.TakeSeen();
     EXPECT_TRUE(SaveProject(document, dialogs));
-    EXPECT_EQ(dialogs.TakeSeen(), Seen("save")) << "there is nothing to replace";
+    EXPECT_EQ(dialogs.TakeSeen(), Seen("save", {}, TextOf(path))) << "there is nothing to replace";
     EXPECT_EQ(ReadFileBytes(path), good);
 }
 
@@ -160,7 +177,7 @@ TEST(FileCommands, OpeningEmptiesTheDesignFirst) {
         test::FakeDialogs dialogs;
         dialogs.paths = {TextOf(folder / name)};
         EXPECT_EQ(ErrorOf([&] { EXPECT_TRUE(OpenProject(document, dialogs, nullptr)); }), error) << name;
-        EXPECT_EQ(dialogs.TakeSeen(), Seen("open", seen)) << name;
+        EXPECT_EQ(dialogs.TakeSeen(), Seen("open", seen, "mine.prl")) << name;
         const ProjectModel& model = document.Model();
         const bool loaded = author == "other";
         EXPECT_EQ(model.Author(), author) << name;

@@ -3,6 +3,13 @@
 
 #include <gtest/gtest.h>
 
+#ifndef _WIN32
+#include <cstdlib>
+#include <sys/stat.h>
+#include <tuple>
+#include <unistd.h>
+#endif
+
 namespace pirol {
 namespace {
 
@@ -10,7 +17,7 @@ namespace fs = std::filesystem;
 
 using test::ErrorNumberOf;
 
-std::size_t FilesIn(const fs::path& folder) {
+std::size_t CountIn(const fs::path& folder) {
     return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder), {}));
 }
 
@@ -20,7 +27,7 @@ TEST(FileAccess, ReplacingLeavesNoRemainderAndNoOtherFile) {
     ReplaceFileBytes(file, "a long text");
     ReplaceFileBytes(file, std::string_view("x\0y", 3));
     EXPECT_EQ(ReadFileBytes(file), std::string("x\0y", 3));
-    EXPECT_EQ(FilesIn(file.parent_path()), 1U);
+    EXPECT_EQ(CountIn(file.parent_path()), 1U);
 }
 
 TEST(FileAccess, WhatFailsHalfWayLeavesTheOldFile) {
@@ -35,7 +42,7 @@ TEST(FileAccess, WhatFailsHalfWayLeavesTheOldFile) {
     ReplaceFileBytes(file, "old");
     EXPECT_EQ(ErrorNumberOf([&] { ReplaceFile(file, failing); }), 6);
     EXPECT_EQ(ReadFileBytes(file), "old");
-    EXPECT_EQ(FilesIn(file.parent_path()), 1U);
+    EXPECT_EQ(CountIn(file.parent_path()), 1U);
 }
 
 #ifndef _WIN32
@@ -51,10 +58,96 @@ TEST(FileAccess, ReplacingKeepsThePermissionsAndLinks) {
     EXPECT_EQ(fs::status(scratch / "real").permissions(), fs::perms::owner_read | fs::perms::owner_write);
 }
 
-TEST(FileAccess, DevicesFailAsFilesDo) {
-    EXPECT_EQ(ErrorNumberOf([] { ReadFileBytes("/dev/zero"); }), 7);
-    for (const auto write : {ReplaceFileBytes, OverwriteFileBytes})
-        EXPECT_EQ(ErrorNumberOf([&] { write("/dev/full", "x"); }), 61);
+TEST(FileAccess, PipesAndDevicesAreRefusedAtOnce) {
+    const test::ScratchFolder scratch;
+    ASSERT_EQ(mkfifo((scratch / "pipe").c_str(), 0600), 0);
+    for (const fs::path& path : {scratch / "pipe", fs::path("/dev/zero"), fs::path("/dev/full")}) {
+        EXPECT_EQ(ErrorNumberOf([&] { ReadFileBytes(path); }), 75) << path;
+        for (const auto write : {ReplaceFileBytes, OverwriteFileBytes})
+            EXPECT_EQ(ErrorNumberOf([&] { write(path, "x"); }), 75) << path;
+    }
+}
+
+TEST(FileAccess, WhateverCanBeNamedCanBeSaved) {
+    const test::ScratchFolder scratch;
+    fs::create_symlink("far/real", scratch / "link");
+    fs::create_directory(scratch / "far");
+    for (const std::string& name : {std::string(255, 'x'), std::string("f\xfcr Zo\xeb.prl"), std::string("link")})
+        for (const std::string bytes : {"first", "then"}) {
+            ReplaceFileBytes(scratch / name.c_str(), bytes);
+            EXPECT_EQ(ReadFileBytes(scratch / name.c_str()), bytes);
+        }
+    EXPECT_TRUE(fs::is_symlink(scratch / "link"));
+    EXPECT_EQ(ReadFileBytes(scratch / "far" / "real"), "then");
+}
+
+TEST(FileAccess, HalfWrittenFilesOfKilledProgramsAreClearedAway) {
+    const test::ScratchFolder scratch;
+    CreateFileBytes(scratch / ".pirol-1.tmp", "killed");
+    CreateFileBytes(scratch / ".other-1.tmp", "not ours");
+    ReplaceFile(scratch / "a", [&](const ByteSink& write) {
+        write("outer");
+        ReplaceFileBytes(scratch / "b", "inner"); // and leaves what is being written
+    });
+    EXPECT_EQ(ReadFileBytes(scratch / "a"), "outer");
+    EXPECT_EQ(CountIn(scratch / ""), 3U);
+}
+
+/// The administrator may write everywhere, so he is somebody else here.
+class AsUser {
+  public:
+    AsUser() { seteuid(geteuid() == 0 ? 65534 : geteuid()); }
+    AsUser(const AsUser&) = delete;
+    AsUser& operator=(const AsUser&) = delete;
+    ~AsUser() { seteuid(getuid()); }
+};
+
+TEST(FileAccess, AFolderThatForbidsReplacingDoesNotForbidSaving) {
+    const AsUser user;
+    const test::ScratchFolder scratch;
+    const fs::path folder = scratch / "folder";
+    fs::create_directory(folder);
+    CreateFileBytes(folder / "a.prl", "a longer old text");
+    setenv("XDG_STATE_HOME", (scratch / "state").c_str(), 1);
+    fs::permissions(folder, fs::perms::owner_read | fs::perms::owner_exec);
+    for (const std::string bytes : {"short", "long again"}) {
+        ReplaceFileBytes(folder / "a.prl", bytes);
+        EXPECT_EQ(ReadFileBytes(folder / "a.prl"), bytes);
+    }
+    EXPECT_EQ(ErrorNumberOf([&] { ReplaceFileBytes(folder / "new.prl", "x"); }), 70);
+    EXPECT_EQ(CountIn(folder), 1U);
+    EXPECT_EQ(CountIn(scratch / "state" / "pirol" / "saving"), 0U);
+    unsetenv("XDG_STATE_HOME");
+    fs::permissions(folder, fs::perms::owner_all);
+}
+
+TEST(FileAccess, OwnersStayAndTheirMarksAreNotCarriedToOthers) {
+    if (geteuid() != 0)
+        GTEST_SKIP() << "only the administrator can give files away";
+    const test::ScratchFolder scratch;
+    const fs::path file = scratch / "a.prl";
+    CreateFileBytes(file, "old");
+    struct stat status = {};
+    ASSERT_EQ(chown(file.c_str(), 65534, 4), 0);
+    ASSERT_EQ(chmod(file.c_str(), 06666), 0);
+    ReplaceFileBytes(file, "new");
+    ASSERT_EQ(stat(file.c_str(), &status), 0);
+    EXPECT_EQ(std::make_tuple(status.st_uid, status.st_gid, status.st_mode & 07777U),
+              std::make_tuple(65534U, 4U, 06666U));
+
+    ASSERT_EQ(chown(file.c_str(), 0, 4), 0);
+    ASSERT_EQ(chmod(file.c_str(), 06662), 0);
+    fs::permissions(scratch / "", fs::perms::all);
+    const AsUser user;
+    std::error_code error;
+    OpenFile copy = OpenFile::Open(scratch / "copy", OpenFile::Purpose::Create, error, Privacy::UserAlone);
+    seteuid(0);
+    OpenFile old = OpenFile::Open(file, OpenFile::Purpose::Change, error);
+    seteuid(65534);
+    copy.TakeOwnerAndRights(old);
+    ASSERT_EQ(stat((scratch / "copy").c_str(), &status), 0);
+    EXPECT_EQ(status.st_uid, 65534U);
+    EXPECT_EQ(status.st_mode & 06000U, 0U);
 }
 
 #endif
@@ -81,6 +174,11 @@ TEST(FileAccess, EveryFailureHasItsNumber) {
         return test::Answer("no error");
     };
     EXPECT_EQ(test::Deviations("file-errors", rule), "");
+    constexpr std::pair<int, int> codes[] = {{ENOSPC, 61}, {EDQUOT, 61}, {ESTALE, 75},
+                                             {EINTR, 75},  {ELOOP, 75},  {EIO, 57}};
+    for (const auto& [code, number] : codes)
+        for (const std::error_category* category : {&std::generic_category(), &std::system_category()})
+            EXPECT_EQ(RuntimeError::OfFile({code, *category}).ErrorNumber(), number) << code;
     EXPECT_EQ(ReadFileBytes(scratch / "file"), "x");
 }
 

@@ -103,8 +103,8 @@ class CliTest(unittest.TestCase):
         target.write_bytes(b"old")
         reading, writing, exporting = "Main.File.PRL.ReadPRLFile", "Main.File.PRL.GeneratePRLCode", "Main.Project.Export"
         failures = [
-            (["generate", PROJECT, "-o", "/dev/full"], f"Fehler 61: Datenträger voll ({exporting})\n"),
-            (["copy", PROJECT, "/dev/full"], f"Fehler 61: Datenträger voll ({writing})\n"),
+            (["generate", PROJECT, "-o", "/dev/full"], f"Fehler 75: Fehler beim Zugriff auf Pfad/Datei ({exporting})\n"),
+            (["copy", PROJECT, "/dev/full"], f"Fehler 75: Fehler beim Zugriff auf Pfad/Datei ({writing})\n"),
             (["export", PROJECT, self.folder], f"Fehler 75: Fehler beim Zugriff auf Pfad/Datei ({exporting})\n"),
             (["export", PROJECT, new / "folder"], f"Fehler 76: Pfad nicht gefunden ({exporting})\n")]
         for project, message in (

@@ -223,7 +223,61 @@ int open(const char* path, int flags, ...) {
         mode = va_arg(rest, mode_t);
         va_end(rest);
     }
-    return Fails("open", IsOurs(path)) ? -1 : Real(&open, "open")(path, flags, mode);
+    static auto* const real = Real(&open, "open");
+    if (Fails("open", IsOurs(path)))
+        return -1;
+    const int descriptor = real(path, flags, mode);
+    if (descriptor >= 0 && descriptor < mostFiles)
+        isOurs[descriptor] = IsOurs(path);
+    return descriptor;
+}
+
+ssize_t read(int descriptor, void* data, std::size_t size) {
+    static auto* const real = Real(&read, "read");
+    return Fails("read", IsOurs(descriptor)) ? -1 : real(descriptor, data, size);
+}
+
+/// What fails was half written, but for an interruption, which comes before the first byte.
+ssize_t write(int descriptor, const void* data, std::size_t size) {
+    static auto* const real = Real(&write, "write");
+    if (!IsDisturbed("write", IsOurs(descriptor)))
+        return real(descriptor, data, size);
+    if (error != EINTR && real(descriptor, data, size / 2) < 0)
+        std::abort();
+    Disturb();
+    return -1;
+}
+
+int ftruncate(int descriptor, off_t size) noexcept {
+    static auto* const real = Real(&ftruncate, "ftruncate");
+    return Fails("ftruncate", IsOurs(descriptor)) ? -1 : real(descriptor, size);
+}
+
+int close(int descriptor) {
+    static auto* const real = Real(&close, "close");
+    const bool ours = IsOurs(descriptor);
+    const bool fails = Fails("close", ours);
+    const int result = real(descriptor);
+    if (ours)
+        isOurs[descriptor] = false;
+    if (fails)
+        errno = error;
+    return fails ? -1 : result;
+}
+
+int fstat(int descriptor, struct stat* status) noexcept {
+    static auto* const real = Real(&fstat, "fstat");
+    return Fails("fstat", IsOurs(descriptor)) ? -1 : real(descriptor, status);
+}
+
+int fchmod(int descriptor, mode_t mode) noexcept {
+    static auto* const real = Real(&fchmod, "fchmod");
+    return Fails("fchmod", IsOurs(descriptor)) ? -1 : real(descriptor, mode);
+}
+
+int fchown(int descriptor, uid_t owner, gid_t group) noexcept {
+    static auto* const real = Real(&fchown, "fchown");
+    return Fails("fchown", IsOurs(descriptor)) ? -1 : real(descriptor, owner, group);
 }
 
 int flock(int descriptor, int operation) noexcept {

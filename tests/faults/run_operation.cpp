@@ -8,6 +8,7 @@
 #include "app/FileCommands.h"
 #include "app/Preferences.h"
 #include "FakeDialogs.h"
+#include "project/KeptDesigns.h"
 #include "project/Recovery.h"
 #include "project/Snapshot.h"
 
@@ -74,6 +75,11 @@ const std::map<std::string_view, void (*)()> operations = {
          kept->Write(SnapshotOf(design));
          design.model.SetAuthor("new");
          kept->Write(SnapshotOf(design));
+     }},
+    {"keep-former",
+     [] {
+         Load();
+         KeepDesign(KeptFolder(RecoveryFolder()), {document.Model(), {}}, "Neuer Entwurf", 1);
      }},
     {"undo",
      [] {

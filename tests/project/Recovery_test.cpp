@@ -15,10 +15,6 @@ OpenDesign Design(const std::string& author) {
     return design;
 }
 
-std::vector<fs::path> FilesIn(const fs::path& folder) {
-    return {fs::directory_iterator(folder), {}};
-}
-
 class Recovery : public testing::Test {
   protected:
     /// What a killed program leaves: its recovery file without the lock.
@@ -73,18 +69,60 @@ TEST_F(Recovery, LeftDesignsAreOfferedToOneProgramTheNewestFirst) {
     const auto time = fs::last_write_time(folder_ / "1-0.design");
     fs::last_write_time(folder_ / "2-0.design", time + std::chrono::hours(1));
     fs::last_write_time(folder_ / "30-0.design", time - std::chrono::hours(1));
-    for (const char* rest : {".1-0.design.4711.tmp", "1-0.lock", ".99-0.design.1.tmp", "98-0.lock"})
+    for (const char* rest : {".pirol-4711.tmp", "1-0.lock", ".pirol-1.tmp", "98-0.lock"})
         CreateFileBytes(folder_ / rest, "x");
+    const std::vector<LeftDesign> left = LeftDesigns(folder_);
+    EXPECT_EQ(AuthorsOf(left), "2-0 1-0 30-0 ");
+    EXPECT_EQ(FilesIn(folder_).size(), 3U) << "without what was half written, and locks";
     {
-        const std::vector<LeftDesign> left = LeftDesigns(folder_);
-        EXPECT_EQ(AuthorsOf(left), "2-0 1-0 30-0 ");
-        EXPECT_EQ(FilesIn(folder_).size(), 6U) << "three designs with their locks and no rests";
-        EXPECT_TRUE(LeftDesigns(folder_).empty()) << "offered twice at the same time";
+        const auto held = Hold(left[1]);
+        EXPECT_TRUE(held);
+        EXPECT_FALSE(Hold(left[1])) << "offered twice at the same time";
+        EXPECT_EQ(AuthorsOf(LeftDesigns(folder_)), "2-0 30-0 ");
         Discard(left[1]);
     }
+    EXPECT_FALSE(Hold(left[1]));
     EXPECT_EQ(AuthorsOf(LeftDesigns(folder_)), "2-0 30-0 ");
     EXPECT_EQ(FilesIn(folder_).size(), 2U);
 }
+
+#ifndef _WIN32
+
+TEST_F(Recovery, WhatIsNoLockKeepsNoDesignBack) {
+    for (const std::string name : {"1-0", "2-0", "3-0", "4-0"})
+        Leave(name, name);
+    fs::create_directory(folder_ / "1-0.lock");
+    fs::create_symlink("2-0.lock", folder_ / "2-0.lock");
+    const auto writer = FileLock::TryLock(folder_ / "3-0.lock");
+    fs::permissions(folder_, fs::perms::all);
+    const std::string authors = AuthorsOf(LeftDesigns(folder_));
+    for (const char* name : {"1-0", "2-0", "4-0"})
+        EXPECT_NE(authors.find(name), std::string::npos) << authors;
+    EXPECT_EQ(authors.find("3-0"), std::string::npos);
+    RecoveryFile file(folder_);
+    file.Write(SnapshotOf(Design("own")));
+    EXPECT_EQ(fs::status(folder_).permissions(), fs::perms::owner_all);
+}
+
+TEST_F(Recovery, TheRunningProgramsDesignIsSafeWithoutItsLockAndItsFolder) {
+    RecoveryFile file(folder_);
+    file.Write(SnapshotOf(Design("first")));
+    for (const fs::path& path : FilesIn(folder_)) {
+        EXPECT_EQ(fs::status(path).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+        if (path.extension() == ".lock")
+            fs::remove(path);
+    }
+    EXPECT_TRUE(LeftDesigns(folder_).empty());
+    file.Write(SnapshotOf(Design("second")));
+    EXPECT_TRUE(LeftDesigns(folder_).empty());
+    EXPECT_EQ(FilesIn(folder_).size(), 2U);
+    fs::remove_all(folder_);
+    file.Write(SnapshotOf(Design("third")));
+    EXPECT_EQ(FilesIn(folder_).size(), 2U);
+    file.StayBehind(true);
+}
+
+#endif
 
 TEST_F(Recovery, ALeftDesignIsNotOverwrittenByAProgramOfTheSameNumber) {
     RecoveryFile first(folder_);

@@ -1,9 +1,12 @@
 #include "Cases.h"
 #include "project/Snapshot.h"
+#include "ui/dialogs/frmKeptDesigns.h"
 #include "ui/dialogs/frmRecovery.h"
 #include "ui/main/DesignKeeper.h"
 #include "ui/MainWindow.h"
 
+#include <QListWidget>
+#include <QPushButton>
 #include <QStatusBar>
 
 namespace pirol::test {
@@ -135,8 +138,69 @@ class DesignKeeperTest : public QObject {
         QTRY_COMPARE_WITH_TIMEOUT(
             main.window.statusBar()->currentMessage(),
             "Für eine Wiederherstellung kann gerade nichts aufbewahrt werden: Pfad nicht gefunden", 5000);
+        auto* const lasting = Part<QLabel>(main.window, "lblKeeping");
+        QVERIFY(!lasting->isHidden());
         fs::remove(folder_);
         QTRY_COMPARE_WITH_TIMEOUT(Designs().size(), 1U, 15'000);
+        QTRY_VERIFY(lasting->isHidden());
+    }
+
+    void WhatLeavesTheScreenUnsavedCanBeFetchedBack() {
+        const fs::path kept = KeptFolder(folder_);
+        ProjectModel dropped;
+        {
+            KeptWindow main(folder_);
+            main.Command("mnuFileNew")->trigger();
+            QVERIFY(KeptDesigns(kept).empty()); // there was nothing to keep
+            main.PlaceButton();
+            dropped = main.window.Model();
+            main.Command("mnuFileNew")->trigger();
+            main.PlaceButton();
+            main.PlaceButton();
+        }
+        const std::vector<KeptDesign> both = KeptDesigns(kept);
+        QCOMPARE(both.size(), 2U);
+        QCOMPARE(both[0].reason + both[1].reason, "Pirol beendetNeuer Entwurf");
+        QVERIFY(ReadDesign(both[1]).model == dropped);
+
+        KeptWindow main(folder_);
+        WhenShown<frmKeptDesigns>([](frmKeptDesigns& form) {
+            auto* const list = Part<QListWidget>(form, "lstKept");
+            QCOMPARE(list->count(), 2);
+            list->setCurrentRow(1);
+            Click(form, "cmdRestore");
+        });
+        main.Command("mnuFileKeptDesigns")->trigger();
+        QVERIFY(main.window.Model() == dropped);
+        QVERIFY(main.window.isWindowModified());
+        main.Command("mnuEditUndo")->trigger();
+        QVERIFY(main.window.Model() == ProjectModel());
+        main.dialogs.yes = {true};
+        WhenShown<frmKeptDesigns>([](frmKeptDesigns& form) {
+            Click(form, "cmdDelete");
+            QVERIFY(Part<QListWidget>(form, "lstKept")->count() > 0);
+            Click(form, "cmdDeleteAll");
+            QVERIFY(!Part<QPushButton>(form, "cmdRestore")->isEnabled());
+            form.reject();
+        });
+        main.Command("mnuFileKeptDesigns")->trigger();
+        QVERIFY(KeptDesigns(kept).empty());
+    }
+
+    /// As at the end of the desktop's session; what the user does after one that was called off counts as ever.
+    void AnEndThatTheUserDoesNotWantLeavesTheDesign() {
+        for (const bool calledOff : {false, true}) {
+            {
+                KeptWindow main(folder_);
+                main.PlaceButton();
+                main.keeper.KeepForNextStart();
+                QCOMPARE(Designs().size(), 1U);
+                if (calledOff)
+                    main.PlaceButton();
+            }
+            QCOMPARE(LeftDesigns(folder_).size(), calledOff ? 0U : 1U);
+            fs::remove_all(folder_);
+        }
     }
 };
 

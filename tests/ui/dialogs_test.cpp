@@ -90,17 +90,31 @@ class DialogsTest : public QObject {
         dialogs_.ShowOpen(setup);
     }
 
-    /// No question about the existing file, no ending added, no other than the filter's refused.
+    /// No question about the existing file, no extension refused, and the filter's where there is none. The dialog
+    /// opens where the preset file lies.
     void TakesNamesAsTheyAreTyped() {
-        const FileDialogSetup setup = Setup("prl - Dateien (*.prl)|*.prl", FileDialogSetup::FileMustExist);
-        for (const char* const name : {"a.prl", "c.txt", "Größe"})
-            for (const auto show : {&frmCommonDialog::ShowOpen, &frmCommonDialog::ShowSave}) {
-                const std::string path = TextOf(folder_ / name);
-                if (show == &frmCommonDialog::ShowOpen && !std::filesystem::exists(PathOf(path)))
-                    continue;
-                WhenShown<QFileDialog>([&](QFileDialog& dialog) { Enter(dialog, path); });
-                QCOMPARE((dialogs_.*show)(setup), path);
-            }
+        const FileDialogSetup setup = {.Title = "Titel",
+                                       .Filter = "prl - Dateien (*.prl)|*.prl",
+                                       .Flags = FileDialogSetup::FileMustExist,
+                                       .FileName = TextOf(folder_ / "a.prl")};
+        const struct {
+            const char* name;
+            std::string (frmCommonDialog::*show)(const FileDialogSetup&);
+            const char* chosen;
+        } cases[] = {
+            {"a.prl", &frmCommonDialog::ShowOpen, "a.prl"},     {"a", &frmCommonDialog::ShowOpen, "a.prl"},
+            {"c.txt", &frmCommonDialog::ShowOpen, "c.txt"},     {"a.prl", &frmCommonDialog::ShowSave, "a.prl"},
+            {"Größe", &frmCommonDialog::ShowSave, "Größe.prl"}, {"x.y", &frmCommonDialog::ShowSave, "x.y"},
+        };
+        for (const auto& row : cases) {
+            WhenShown<QFileDialog>([&](QFileDialog& dialog) {
+                QCOMPARE(dialog.windowTitle(), "Titel");
+                QCOMPARE(dialog.directory().path().toStdString(), TextOf((folder_ / "a.prl").parent_path()));
+                QCOMPARE(Part<QLineEdit>(dialog, "fileNameEdit")->text(), "a.prl");
+                Enter(dialog, TextOf(folder_ / row.name));
+            });
+            QCOMPARE((dialogs_.*row.show)(setup), TextOf(folder_ / row.chosen));
+        }
     }
 
     void AsksForAnExistingFolder() {

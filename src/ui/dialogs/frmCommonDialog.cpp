@@ -52,6 +52,16 @@ void FitColumns(const QFileDialog& dialog) {
     }
 }
 
+/// The chosen filter says what a name without an extension gets.
+void AddExtensions(QFileDialog& dialog, const FileDialogSetup& setup) {
+    const auto follow = [&dialog, filters = FileFilters(setup.Filter)](const QString& chosen) {
+        const auto index = static_cast<std::size_t>(std::max(dialog.nameFilters().indexOf(chosen), qsizetype{0}));
+        dialog.setDefaultSuffix(index < filters.size() ? ToText(ExtensionOf(filters[index])) : QString());
+    };
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, follow);
+    follow(dialog.selectedNameFilter());
+}
+
 /// The dialog hides the patterns that NameFilters appends, so the user reads each filter's text as it stands.
 void SetUp(QFileDialog& dialog, const FileDialogSetup& setup) {
     dialog.setObjectName(ToText(setup.Name));
@@ -60,8 +70,12 @@ void SetUp(QFileDialog& dialog, const FileDialogSetup& setup) {
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     dialog.setNameFilters(NameFilters(setup.Filter));
-    if (!setup.FileName.empty())
-        dialog.selectFile(ToText(setup.FileName));
+    AddExtensions(dialog, setup);
+    // The dialog goes to the folder of a whole path only.
+    if (const QFileInfo preset(ToText(setup.FileName)); preset.fileName() != preset.filePath())
+        dialog.selectFile(preset.absoluteFilePath());
+    else if (!setup.FileName.empty())
+        dialog.selectFile(preset.fileName());
 }
 
 QString Title(const FileDialogSetup& setup, const QString& otherwise) {

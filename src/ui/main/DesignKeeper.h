@@ -1,6 +1,7 @@
 #pragma once
 
 #include "designer/Document.h"
+#include "project/KeptDesigns.h"
 #include "project/Recovery.h"
 
 #include <QElapsedTimer>
@@ -10,6 +11,8 @@
 #include <chrono>
 #include <future>
 #include <vector>
+
+class QLabel;
 
 namespace pirol {
 
@@ -26,8 +29,8 @@ struct KeepingDelays {
 };
 
 /// Keeps the design in the recovery file while the user works, at most a few seconds old, and offers at the start what
-/// killed programs have left. A design without unsaved changes has no recovery file. What is written is a copy of the
-/// design, in the background.
+/// killed programs have left. What leaves the screen unsaved goes to the kept designs. A design without unsaved changes
+/// has no recovery file. What is written is a copy of the design, in the background.
 class DesignKeeper : public QObject, private DocumentListener {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(DesignKeeper)
@@ -40,8 +43,16 @@ class DesignKeeper : public QObject, private DocumentListener {
     /// Offers the left designs one after another, the newest first, until one is restored or put off.
     void OfferLeftDesigns();
 
+    /// Keeps the design at once and for the next start: the program is about to end, and not because the user wants it.
+    /// What he does afterwards all the same counts as ever.
+    void KeepForNextStart();
+
+    /// Lets the user fetch a kept design back, as a step of the history, or delete some.
+    void ShowKeptDesigns();
+
   private:
     void DocumentChanged(const DocumentChange& change) override;
+    bool KeepFormer(const std::string& reason);
     void Keep();
     void Kept(const std::string& failure);
     void TellFailure(const std::string& failure);
@@ -54,11 +65,14 @@ class DesignKeeper : public QObject, private DocumentListener {
     std::filesystem::path folder_;
     KeepingDelays delays_;
     RecoveryFile file_;
+    OpenDesign shown_;            ///< what the document held after its last change
+    bool shownIsChanged_ = false; ///< whether it had unsaved changes
     QTimer timer_;
     QElapsedTimer sinceChange_; ///< valid when there are changes that the recovery file lacks
     std::future<void> writing_;
     bool isWriting_ = false;
     bool toldFailure_ = false;
+    QLabel* lblKeeping_; ///< in the status bar while nothing can be kept
 };
 
 } // namespace pirol

@@ -61,6 +61,10 @@ class frmMain : public QMainWindow, private DocumentListener {
     /// Runs an operation and shows the error report when it fails. False when it failed.
     bool Run(const std::function<void()>& operation);
 
+  signals:
+    /// The user wants to see the designs that have left the screen unsaved.
+    void KeptDesignsWanted();
+
   protected:
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -99,6 +103,7 @@ class frmMain : public QMainWindow, private DocumentListener {
     void mnuFileNew();
     void mnuFileOpen();
     void mnuFileSave();
+    void mnuFileKeptDesigns();
     void mnuFileImportJava();
     void mnuFileStartBlueJ();
     void mnuFileOptions();

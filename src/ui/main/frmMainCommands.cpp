@@ -39,6 +39,7 @@ struct frmMain::CommandTable {
         {"mnuFileNew",         "&Neu",                    "new",         "Ctrl+N", "Beginnt einen leeren Entwurf, ohne den jetzigen zu speichern", &frmMain::mnuFileNew},
         {"mnuFileOpen",        "Ö&ffnen …",               "open",        "Ctrl+O", "Öffnet eine Projektdatei", &frmMain::mnuFileOpen},
         {"mnuFileSave",        "&Speichern …",            "save",        "Ctrl+S", "Speichert den Entwurf in einer Projektdatei", &frmMain::mnuFileSave},
+        {"mnuFileKeptDesigns", "Frühere &Entwürfe …",     "kept",        "",       "Holt zurück, was ungespeichert aus dem Fenster verschwunden ist", &frmMain::mnuFileKeptDesigns},
         {},
         {"mnuFileImportJava",  "Java &importieren …",     "import",      "Ctrl+I", "Liest den Entwurf aus einer SuMAnwendung.java", &frmMain::mnuFileImportJava},
         {"mnuFileStartBlueJ",  "Blue&J starten",          "bluej",       "Ctrl+J", "Startet BlueJ", &frmMain::mnuFileStartBlueJ},
@@ -186,6 +187,10 @@ void frmMain::mnuFileOpen() {
 
 void frmMain::mnuFileSave() {
     Run([this] { SaveProject(document_, dialogs_); });
+}
+
+void frmMain::mnuFileKeptDesigns() {
+    emit KeptDesignsWanted();
 }
 
 void frmMain::mnuFileEnd() {
