@@ -7,6 +7,8 @@
 #include "ui/parts/Bitmaps.h"
 
 #include <QApplication>
+#include <QDeadlineTimer>
+#include <QWindow>
 
 #include <string>
 #include <vector>
@@ -18,6 +20,13 @@ std::string ProjectOf(const QStringList& arguments) {
     for (const QString& argument : arguments.mid(1))
         words.push_back(argument.toStdString());
     return pirol::ProjectOnCommandLine(words);
+}
+
+/// A window that opens before the system has placed the main window would stand in the screen's corner.
+void WaitUntilShown(const QWidget& window) {
+    constexpr int longestWait = 1000;
+    for (QDeadlineTimer wait(longestWait); !window.windowHandle()->isExposed() && !wait.hasExpired();)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
 }
 
 } // namespace
@@ -37,6 +46,7 @@ int main(int argumentCount, char* arguments[]) {
     pirol::frmMain mainWindow(dialogs, starter, pirol::Preferences::Load());
     pirol::DesignKeeper keeper(mainWindow, dialogs, pirol::RecoveryFolder());
     mainWindow.show();
+    WaitUntilShown(mainWindow);
     if (const std::string path = ProjectOf(QApplication::arguments()); !path.empty())
         mainWindow.ReadPRLFile(path);
     keeper.OfferLeftDesigns();
