@@ -154,7 +154,7 @@ class DesignerTest(WindowsTest):
         shutil.copy(BUILD / "tests" / "bluej.exe", blue_j)
 
         designer = self.designer(project)
-        designer.use(r"^Quiz 1\.prl – Pirol$")
+        designer.use(r"^Quiz 1\.prl - Pirol$")
         self.set_preferences(designer, wine.path(blue_j / "bluej.exe"))
         designer.click(60, 85)  # the toolbar's second button
         designer.drag(700, 260, 880, 320)  # where the quiz has nothing
@@ -209,14 +209,14 @@ class DesignerTest(WindowsTest):
         shutil.copy(QUIZ, project)
         kept = wine.user_folder / "AppData" / "Local" / "Pirol" / "Recovery"
         with Designer(PIROL, display, self.folder, project, wine=wine) as designer:
-            designer.use(r"^Quiz\.prl – Pirol$")
+            designer.use(r"^Quiz\.prl - Pirol$")
             designer.click(60, 85)  # the toolbar's second button
             designer.drag(700, 260, 880, 320)
             designer.wait_for(lambda: list(kept.glob("*.design")), "the kept design")
         designer = self.designer()
         designer.use("Wiederherstellung")
         designer.key("Return")
-        designer.use(r"^Quiz\.prl\* – Pirol$")
+        designer.use(r"^Quiz\.prl\* - Pirol$")
         self.end(designer)
         self.assertEqual(list(kept.iterdir()), [])
 
@@ -251,7 +251,7 @@ class InstallerTest(WindowsTest):
 
         # Wine looks up no associations of a user's own, so the double click's command is called by hand.
         with Designer(home / "Pirol.exe", display, self.folder, work, wine=wine) as designer:
-            designer.use(r"^Mein Quiz\.prl – Pirol$")
+            designer.use(r"^Mein Quiz\.prl - Pirol$")
             designer.key("ctrl+q")
             designer.wait_for_end()
 

@@ -40,36 +40,44 @@ FileDialogSetup ImportDialog() {
             .Name = "importDialog"};
 }
 
-void ExportFile(const ProjectModel& model, CodeOptions options, const FileDialogSetup& setup, cCommonDialog& dialogs) {
-    const std::string path = dialogs.ShowSave(setup);
+std::string ExportFile(const ProjectModel& model, CodeOptions options, const FileDialogSetup& setup,
+                       cCommonDialog& dialogs) {
+    std::string path = dialogs.ShowSave(setup);
     if (!path.empty())
         ExportSource(PathOf(path), GenerateCode(model, options));
+    return path;
+}
+
+/// A path that names no file is no fault here: the preferences have warned of it.
+void Start(const std::string& blueJPath, const std::string& folder, ProgramStarter::Window window,
+           ProgramStarter& starter) {
+    if (IsExistingFile(PathOf(blueJPath)))
+        UnderLabel("Main.File.StartBlueJ", [&] { starter.Start(blueJPath, folder, window); });
 }
 
 } // namespace
 
-void ExportBlueJ(const ProjectModel& model, CodeOptions options, const std::string& blueJPath, cCommonDialog& dialogs,
-                 ProgramStarter& starter) {
-    const std::string folder = dialogs.ShowSave(BlueJDialog());
-    if (folder.empty())
-        return;
-    ExportBlueJProject(PathOf(folder), GenerateCode(model, options));
-    // A path that names no file is no fault here: the preferences have warned of it.
-    if (IsExistingFile(PathOf(blueJPath)))
-        UnderLabel("Main.Project.Export", [&] { starter.Start(blueJPath, folder, ProgramStarter::Window::Minimised); });
+std::string ExportBlueJ(const ProjectModel& model, CodeOptions options, cCommonDialog& dialogs) {
+    std::string folder = dialogs.ShowSave(BlueJDialog());
+    if (!folder.empty())
+        ExportBlueJProject(PathOf(folder), GenerateCode(model, options));
+    return folder;
 }
 
-void ExportJava(const ProjectModel& model, CodeOptions options, cCommonDialog& dialogs) {
-    ExportFile(model, options, JavaDialog(), dialogs);
+std::string ExportJava(const ProjectModel& model, CodeOptions options, cCommonDialog& dialogs) {
+    return ExportFile(model, options, JavaDialog(), dialogs);
 }
 
-void ExportText(const ProjectModel& model, CodeOptions options, cCommonDialog& dialogs) {
-    ExportFile(model, options, TextDialog(), dialogs);
+std::string ExportText(const ProjectModel& model, CodeOptions options, cCommonDialog& dialogs) {
+    return ExportFile(model, options, TextDialog(), dialogs);
 }
 
 void StartBlueJ(const std::string& blueJPath, ProgramStarter& starter) {
-    if (IsExistingFile(PathOf(blueJPath)))
-        UnderLabel("Main.File.StartBlueJ", [&] { starter.Start(blueJPath, {}, ProgramStarter::Window::Normal); });
+    Start(blueJPath, {}, ProgramStarter::Window::Normal, starter);
+}
+
+void StartBlueJOn(const std::string& folder, const std::string& blueJPath, ProgramStarter& starter) {
+    Start(blueJPath, folder, ProgramStarter::Window::Minimised, starter);
 }
 
 bool ImportJava(Document& document, cCommonDialog& dialogs) {

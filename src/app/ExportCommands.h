@@ -13,17 +13,18 @@ namespace pirol {
 /// dialog ends each of them silently, and none asks before it writes. They raise RuntimeError under the label
 /// "Main.Project.Export", "Main.File.Java.GenerateCode" or one of "Main.File.Import".
 
-/// Lets the user name a new folder, writes a BlueJ project into it, and starts BlueJ on it when its path names a file.
-void ExportBlueJ(const ProjectModel& model, CodeOptions options, const std::string& blueJPath, cCommonDialog& dialogs,
-                 ProgramStarter& starter);
+/// Lets the user name a new folder and writes a BlueJ project into it. Gives the folder, empty when cancelled.
+std::string ExportBlueJ(const ProjectModel& model, CodeOptions options, cCommonDialog& dialogs);
 
 /// Let the user name a file and write the source into it, over the beginning of what was there. Both write the same.
-void ExportJava(const ProjectModel& model, CodeOptions options, cCommonDialog& dialogs);
-void ExportText(const ProjectModel& model, CodeOptions options, cCommonDialog& dialogs);
+/// Give the file, empty when cancelled.
+std::string ExportJava(const ProjectModel& model, CodeOptions options, cCommonDialog& dialogs);
+std::string ExportText(const ProjectModel& model, CodeOptions options, cCommonDialog& dialogs);
 
-/// Starts BlueJ without a project when its path names a file; else nothing happens.
-/// Raises RuntimeError under the label "Main.File.StartBlueJ".
+/// Start BlueJ without a project, or minimised with the one that has been exported into the folder, when its path names
+/// a file; else nothing happens. Raise RuntimeError under the label "Main.File.StartBlueJ".
 void StartBlueJ(const std::string& blueJPath, ProgramStarter& starter);
+void StartBlueJOn(const std::string& folder, const std::string& blueJPath, ProgramStarter& starter);
 
 /// Lets the user choose a Java source and fills the design from it. True when one was chosen. A file that cannot be
 /// read leaves the design as it is.

@@ -42,6 +42,10 @@ constexpr bool BeginsCharacter(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
 }
 
+/// The most characters that a text typed into a design may have, and what the user is told of a longer one.
+constexpr std::size_t mostTextCharacters = 65535;
+constexpr std::string_view textTooLong = "Der Text ist zu lang. Erlaubt sind höchstens 65.535 Zeichen.";
+
 /// The text; when it is longer than `mostBytes`, as many whole characters as fit into them, and then "…".
 std::string Shortened(std::string_view text, std::size_t mostBytes);
 

@@ -2,6 +2,7 @@
 
 #include "base/Conversions.h"
 #include "base/FileAccess.h"
+#include "base/PictureHead.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "base/Windows1252.h"
@@ -31,13 +32,15 @@ constexpr HintRule rules[] = {
     {"bad-file-name",       DoesNotCompile, "Ein Dateiname mit Anführungszeichen oder Zeilenumbruch ist in Java nicht möglich."},
     {"control-character",   DoesNotCompile, "Ein unsichtbares Steuerzeichen im Text kann Java nicht lesen."},
     {"text-too-long",       DoesNotCompile, "Der Text ist länger, als Java es zulässt."},
-    {"password-character",  DoesNotCompile, "Das Passwortzeichen muss genau ein Zeichen sein; ' und \\ werden \\' und \\\\ geschrieben."},
+    {"password-character",  DoesNotCompile, "Als Passwortzeichen geht genau ein Zeichen, aber nicht ' und nicht \\."},
     {"nested-submenu",      DoesNotCompile, "Ein Untermenü kann nicht in einem Untermenü liegen."},
     {"missing-server",      DoesNotCompile, "Ohne Server fehlt dem Programm die Klasse Datenbank."},
     {"not-generated",       DoesNotCompile, "Das Programm lässt sich nicht erzeugen: #."},
     {"program-too-large",   DoesNotCompile, "Java übersetzt höchstens 64 KB Anweisungen für ein Fenster; es hat zu viele Komponenten."},
     {"unknown-character",   WorksWrongly,   "Das Zeichen »#« gibt es in Windows-1252 nicht; das Programm zeigt dafür »?«."},
-    {"outside-window",      WorksWrongly,   "Ein Teil liegt außerhalb des Fensters."},
+    {"outside-window",      WorksWrongly,   "#"},
+    {"under-menu-bar",      WorksWrongly,   "# in den 19 Pixeln, um die die Menüleiste das Fenster unten kürzt."},
+    {"picture-size",        WorksWrongly,   "Das Programm zeigt das Bild in seiner eigenen Größe #."},
     {"no-size",             WorksWrongly,   "Mit der Größe # ist nichts zu sehen."},
     {"bad-value",           WorksWrongly,   "#"},
     {"missing-caption",     WorksWrongly,   "Die Beschriftung fehlt."},
@@ -120,6 +123,26 @@ constexpr ValueCheck valueChecks[] = {
     {ComponentKind::ProgressBar, keys::min, IsRight<dFortschritt, HasRange>,
      "Das Minimum darf nicht größer als das Maximum sein."},
     {ComponentKind::Table, keys::rows, IsRight<dTabelle, HasRows>, "Die Zahl der Zeilen darf nicht negativ sein."},
+};
+
+/// A side of the window over which something reaches, and the property that puts it back.
+struct SideCheck {
+    bool (*isBeyond)(const Rectangle& box, const Rectangle& window);
+    const PropertyKey& property;
+    std::string_view message;
+};
+
+constexpr SideCheck sideChecks[] = {
+    {[](const Rectangle& box, const Rectangle&) { return box.left < 0; }, keys::left, "Ragt links aus dem Fenster."},
+    {[](const Rectangle& box, const Rectangle&) { return box.top < 0; }, keys::top, "Ragt oben aus dem Fenster."},
+    {[](const Rectangle& box, const Rectangle& window) { return box.Right() > window.width && box.left == 0; },
+     keys::width, "Ist breiter als das Fenster."},
+    {[](const Rectangle& box, const Rectangle& window) { return box.Right() > window.width; }, keys::left,
+     "Ragt rechts aus dem Fenster."},
+    {[](const Rectangle& box, const Rectangle& window) { return box.Bottom() > window.height && box.top == 0; },
+     keys::height, "Ist höher als das Fenster."},
+    {[](const Rectangle& box, const Rectangle& window) { return box.Bottom() > window.height; }, keys::top,
+     "Ragt unten aus dem Fenster."},
 };
 
 /// A check of a text that will stand between two double quotes.
@@ -342,12 +365,32 @@ class HintFinder {
             Report(Rule("missing-file"), place, Excerpt(name));
     }
 
-    void CheckBox(const Rectangle& box, const Place& size, const Place& position) {
+    /// The box is that of the list row which the place names, or else of the component.
+    void CheckBox(const Rectangle& box, const Place& place) {
+        const auto at = [&place](const PropertyKey& key) { return place.row != 0 ? place : place.At(key); };
         if (box.width < 1 || box.height < 1)
-            Report(Rule("no-size"), size, Concatenate(box.width, " x ", box.height));
-        else if (box.left < 0 || box.top < 0 || box.Right() > model_.WindowWidth() ||
-                 box.Bottom() > model_.WindowHeight())
-            Report(Rule("outside-window"), position);
+            return Report(Rule("no-size"), at(keys::width), Concatenate(box.width, " x ", box.height));
+        const Rectangle window{0, 0, model_.WindowWidth(), model_.WindowHeight()};
+        for (const SideCheck& side : sideChecks)
+            if (side.isBeyond(box, window)) {
+                const bool isHidden = !box.Intersects(window);
+                return Report(Rule("outside-window"), at(side.property),
+                              isHidden ? "Liegt ganz außerhalb des Fensters." : side.message);
+            }
+        const int shown = window.height - (HasMenuBar() ? MenuBar::runningHeight : 0);
+        if (box.Bottom() > shown)
+            Report(Rule("under-menu-bar"), at(keys::top), box.top >= shown ? "Liegt ganz" : "Liegt zum Teil");
+    }
+
+    /// Without menus the generated program has no bar.
+    bool HasMenuBar() const { return options_.menu && !model_.Menus().IsEmpty(); }
+
+    /// The library gives a picture the size that its file has.
+    void CheckPictureSize(const dBild& picture, const Place& place) {
+        const std::optional<PictureSize> size = SizeOfPicture(folder_ / PathOf(picture.File));
+        if (size && *size != PictureSize{picture.Width, picture.Height})
+            Report(Rule("picture-size"), place.At(keys::width),
+                   Concatenate(size->width, " x ", size->height, " statt in ", picture.Width, " x ", picture.Height));
     }
 
     void CheckWindow() {
@@ -363,13 +406,14 @@ class HintFinder {
         const Place place{HintSubject::Component, component, &control};
         const bool named = CheckName(control.ObjectName, place.At(keys::name));
         if (ShowsItsBox(component.kind))
-            CheckBox({control.Left, control.Top, control.Width, control.Height}, place.At(keys::width),
-                     place.At(keys::left));
+            CheckBox({control.Left, control.Top, control.Width, control.Height}, place);
         for (const PropertyRow& row : control.Table().Rows())
             CheckProperty(row, control, place.At(*row.key));
         for (const ValueCheck& check : valueChecks)
             if (check.kind == component.kind && !check.isRight(control))
                 Report(Rule("bad-value"), place.At(check.property), check.message);
+        if (component.kind == ComponentKind::Picture)
+            CheckPictureSize(static_cast<const dBild&>(control), place);
         if (component.kind == ComponentKind::OptionGroup)
             CheckRadioButtons(static_cast<const dOptionsgruppe&>(control), place);
         else if (named)
@@ -416,7 +460,7 @@ class HintFinder {
             CheckText(button.Caption, row);
             if (button.Caption.empty())
                 Report(Rule("missing-caption"), row);
-            CheckBox({group.Left + button.Left, group.Top + button.Top, button.Width, button.Height}, row, row);
+            CheckBox({group.Left + button.Left, group.Top + button.Top, button.Width, button.Height}, row);
         }
     }
 

@@ -94,6 +94,11 @@ void DesignCanvas::Release() {
     document_.EndGesture();
 }
 
+void DesignCanvas::Leave() {
+    if (!IsInGesture())
+        statusText_.clear();
+}
+
 CanvasHit DesignCanvas::HitTest(int x, int y) {
     const std::optional<ComponentRef> component = Index().TopmostAt(x, y);
     if (!component)
@@ -359,10 +364,10 @@ void DesignCanvas::DeleteSelected() {
 }
 
 void DesignCanvas::Escape() {
-    if (drawing_)
-        EndGesture();
-    else
-        document_.Select(std::nullopt);
+    if (!IsInGesture())
+        return document_.Select(std::nullopt);
+    document_.CancelGesture();
+    EndGesture();
 }
 
 // --- What the view needs ----------------------------------------------------------------------------------------
@@ -374,8 +379,10 @@ std::vector<ComponentRef> DesignCanvas::Intersecting(std::span<const Rectangle> 
 void DesignCanvas::DocumentChanged(const DocumentChange& change) {
     // Not current until it has taken in all, should memory run out on the way.
     const bool follows = std::exchange(indexIsCurrent_, false) && !change.design.allComponents;
-    if (change.replaced)
+    if (change.replaced) {
         EndGesture();
+        placedByKeyboard_ = 0;
+    }
     for (const ComponentChange& component : change.design.components)
         if (follows)
             index_.Update(document_.Model(), component.component);

@@ -73,6 +73,8 @@ class DesignCanvas : private DocumentListener {
     void Press(int x, int y, MouseButton button);
     void Move(int x, int y);
     void Release();
+    /// The pointer has left the canvas; its position is shown no longer.
+    void Leave();
     CanvasHit HitTest(int x, int y);
     /// The resize handle of a visible component; nothing for multimedia kinds, which are not resized on the canvas.
     std::optional<Rectangle> ResizerOf(ComponentRef component) const;
@@ -85,10 +87,11 @@ class DesignCanvas : private DocumentListener {
     /// `goesOn`: the key is still held, and what it does belongs to the step before.
     void MoveSelected(int stepsX, int stepsY, bool goesOn = false);
     void ResizeSelected(int stepsX, int stepsY, bool goesOn = false);
-    /// Places a component of the current kind in a usual size beside the last one placed so, and selects it.
+    /// Places a component of the current kind in a usual size beside the last one placed so, and selects it. In a
+    /// design that takes the place of another it begins again at the upper left.
     void PlaceByKeyboard();
     void DeleteSelected();
-    /// Gives up drawing if that is going on, else deselects.
+    /// Gives up the gesture that is going on, and what was dragged is where it was; without a gesture, deselects.
     void Escape();
 
     /// The visible components that have a pixel in common with one of the areas, in the order in which they are

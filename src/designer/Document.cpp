@@ -164,6 +164,13 @@ void Document::EndGesture() {
     Tell({.design = {}, .history = true, .gestureEnded = true});
 }
 
+void Document::CancelGesture() {
+    Steps dropped;
+    if (inGesture_ && merging_)
+        GoOver(undo_, dropped, &Step::selectedBefore);
+    EndGesture();
+}
+
 // --- The history ------------------------------------------------------------------------------------------------
 
 const std::string& Document::UndoLabel() const {

@@ -50,6 +50,8 @@ class Document {
     const std::string& FilePath() const { return file_.path; }
     /// Whether the design differs from what the file holds; a design without a file, from what it began as.
     bool IsChanged() const { return state_.revision != file_.savedRevision; }
+    /// The number of the design's state. Every change gives a new one; undo and redo bring the former one back.
+    std::uint64_t StateNumber() const { return state_.revision; }
     /// The component whose properties the property list shows; it is always one that can be seen.
     std::optional<ComponentRef> Selected() const;
 
@@ -80,6 +82,8 @@ class Document {
     /// From press to release all changes are one step, and nothing is undone.
     void BeginGesture();
     void EndGesture();
+    /// Ends the gesture and takes back what it has done, as if it had not begun: there is nothing to redo of it.
+    void CancelGesture();
     bool IsInGesture() const { return inGesture_; }
 
     bool CanUndo() const { return !inGesture_ && !undo_.empty(); }

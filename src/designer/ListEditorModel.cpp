@@ -2,7 +2,13 @@
 
 #include "base/Conversions.h"
 #include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "controls/PropertyTable.h"
 
+#include <algorithm>
+#include <limits>
+#include <optional>
+#include <unordered_set>
 #include <utility>
 
 namespace pirol {
@@ -32,6 +38,14 @@ std::string ValueOf(FieldType type, std::string_view text) {
         break;
     }
     return SingleLine(text);
+}
+
+std::optional<std::size_t> ColumnOf(const RowDescriptor& descriptor, const PropertyKey& key) {
+    const auto field = std::find_if(descriptor.fields.begin(), descriptor.fields.end(),
+                                    [&key](const FieldDescriptor& other) { return other.label == key.label; });
+    if (field == descriptor.fields.end())
+        return std::nullopt;
+    return static_cast<std::size_t>(field - descriptor.fields.begin());
 }
 
 } // namespace
@@ -74,9 +88,13 @@ void ListEditorModel::SetCell(std::size_t row, std::size_t column, std::string_v
 }
 
 std::size_t ListEditorModel::AddRow() {
-    Row& row = rows_.emplace_back();
-    for (const FieldDescriptor& field : descriptor_.fields)
-        row.push_back(field.initialValue);
+    Row row;
+    for (const FieldDescriptor& field : descriptor_.fields) {
+        const bool isName = field.label == keys::name.label;
+        row.push_back(isName ? FreeName(row.size(), field.initialValue) : field.initialValue);
+    }
+    PutBelowLastRow(row);
+    rows_.push_back(std::move(row));
     return rows_.size() - 1;
 }
 
@@ -99,6 +117,26 @@ std::size_t ListEditorModel::MoveDown(std::size_t row) {
         return row;
     std::swap(rows_[row], rows_[row + 1]);
     return row + 1;
+}
+
+std::string ListEditorModel::FreeName(std::size_t column, const std::string& name) const {
+    std::unordered_set<std::string_view> taken;
+    for (const Row& row : rows_)
+        taken.insert(row[column]);
+    std::string free = name;
+    for (std::size_t number = 2; taken.contains(free); ++number)
+        free = Concatenate(name, number);
+    return free;
+}
+
+void ListEditorModel::PutBelowLastRow(Row& row) const {
+    const std::optional<std::size_t> top = ColumnOf(descriptor_, keys::top);
+    const std::optional<std::size_t> height = ColumnOf(descriptor_, keys::height);
+    if (rows_.empty() || !top || !height)
+        return;
+    const int below = ToInt16(rows_.back()[*top]) + ToInt16(rows_.back()[*height]);
+    constexpr int lowest = std::numeric_limits<std::int16_t>::max();
+    row[*top] = std::to_string(std::min(below, lowest));
 }
 
 std::string ListEditorModel::ListText() const {

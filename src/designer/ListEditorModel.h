@@ -46,7 +46,8 @@ class ListEditorModel {
     /// Raises what ToInt16 raises for a number. Line breaks and the codes 0 and 1 become blanks.
     void SetCell(std::size_t row, std::size_t column, std::string_view value);
 
-    /// Appends a row of default values and gives its place.
+    /// Appends a row of default values and gives its place. A name that another row has already gets a number behind
+    /// it, and a row with a position goes below the last one.
     std::size_t AddRow();
     void RemoveRow(std::size_t row);
     /// Exchange a row with its neighbour and give its new place; the first and the last one stay.
@@ -60,6 +61,8 @@ class ListEditorModel {
     using Row = std::vector<std::string>;
 
     void CheckRow(std::size_t row) const;
+    std::string FreeName(std::size_t column, const std::string& name) const;
+    void PutBelowLastRow(Row& row) const;
 
     RowDescriptor descriptor_;
     std::vector<Row> rows_;

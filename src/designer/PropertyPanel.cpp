@@ -51,8 +51,17 @@ bool IsNameTaken(const ProjectModel& model, const Control& by, std::string_view 
     return taken;
 }
 
-bool IsOneCharacter(std::string_view text) {
-    return std::count_if(text.begin(), text.end(), BeginsCharacter) == 1;
+std::size_t CharactersOf(std::string_view text) {
+    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), BeginsCharacter));
+}
+
+/// Of a list each item counts by itself.
+bool IsTooLong(std::string_view value) {
+    if (value.size() <= mostTextCharacters)
+        return false;
+    const std::vector<std::string_view> items = Split(value, fieldSeparator);
+    return std::any_of(items.begin(), items.end(),
+                       [](std::string_view item) { return CharactersOf(item) > mostTextCharacters; });
 }
 
 std::string Refusal(const ProjectModel& model, const Control& control, std::string_view key, std::string_view value) {
@@ -60,8 +69,10 @@ std::string Refusal(const ProjectModel& model, const Control& control, std::stri
         return "Der Name darf nicht leer sein.";
     if (key == keys::name.key && IsNameTaken(model, control, value))
         return "Dieser Name ist bereits vergeben.";
-    if (key == keys::passchar.key && !IsOneCharacter(value))
+    if (key == keys::passchar.key && CharactersOf(value) != 1)
         return "Das Passwortzeichen muss genau ein Zeichen sein.";
+    if (IsTooLong(value))
+        return std::string(textTooLong);
     return {};
 }
 

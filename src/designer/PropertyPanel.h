@@ -34,8 +34,9 @@ std::vector<PropertyPanelRow> LoadProperties(const ProjectModel& model, std::opt
 /// Writes an edited value back into the selected component, as a step that goes on while the same property is edited. A
 /// key that the component does not have changes nothing. Line breaks and the codes 0 and 1 divide project files, so
 /// each becomes a blank; within a list code 0 stays. Gives the German message to show when the design refuses the value
-/// (an empty name, one that is taken, a password character that is not one character); otherwise an empty text. Raises
-/// what ToInt16 and RadioButtonsOf raise, under propertyChangedLabel. Refused and bad values are no step.
+/// (an empty name, one that is taken, a password character that is not one character, a text that is too long);
+/// otherwise an empty text. Raises what ToInt16 and RadioButtonsOf raise, under propertyChangedLabel. Refused and bad
+/// values are no step.
 std::string PropertyChanged(Document& document, std::string_view key, std::string_view value);
 
 /// The choices of a detail like "0|Links|1|Mitte|2|Rechts": value and label of each.

@@ -20,6 +20,9 @@ enum class MenuSection {
 /// An ordinary value; a menu stays at its address as long as the bar holds it.
 class MenuBar {
   public:
+    /// The pixels that the bar takes from the running window, whose designed area is cut by them at the bottom.
+    static constexpr int runningHeight = 19;
+
     bool operator==(const MenuBar&) const = default;
 
     bool IsEmpty() const { return menus_.empty(); }

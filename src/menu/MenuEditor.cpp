@@ -128,9 +128,15 @@ std::int32_t MenuEditor::LevelUp(std::int32_t option) {
         return option;
     // An entry leads out of the menu that holds it, too; otherwise the depth shown would be too small.
     selected_ = container->Parent();
-    if (selected_ == nullptr)
+    return FittingOption(option);
+}
+
+std::int32_t MenuEditor::FittingOption(std::int32_t option) const {
+    const int depth = Depth();
+    if (depth == 0)
         return cMenu::Menu;
-    return option == cMenu::Menu ? cMenu::Entry : option;
+    const bool fits = option != cMenu::Menu && (option != cMenu::SubMenu || depth == 1);
+    return fits ? option : cMenu::Entry;
 }
 
 std::size_t MenuEditor::MoveUp(std::size_t row) {

@@ -50,6 +50,10 @@ class MenuEditor {
     /// The row of the selected node; 0 when nothing is selected.
     std::size_t SelectedRow() const;
 
+    /// The option to choose where the next node goes: the given one where it fits, else a menu in the menu bar and an
+    /// entry below.
+    std::int32_t FittingOption(std::int32_t option) const;
+
     /// Goes one level up, to what holds the menu or submenu into which new nodes go. Nothing happens at depth 0.
     /// Takes the option chosen so far and gives the one to choose now: menus at depth 0 and only there; where menus
     /// are no longer possible, entries.

@@ -8,6 +8,8 @@
 #include "ui/parts/Bitmaps.h"
 
 #include <QApplication>
+#include <QDeadlineTimer>
+#include <QWindow>
 
 #include <algorithm>
 #include <string>
@@ -28,6 +30,13 @@ std::vector<std::string> Words([[maybe_unused]] int count, [[maybe_unused]] char
 #endif
 }
 
+/// A window that opens before the system has placed the main window would stand in the screen's corner.
+void WaitUntilShown(const QWidget& window) {
+    constexpr int longestWait = 1000;
+    for (QDeadlineTimer wait(longestWait); !window.windowHandle()->isExposed() && !wait.hasExpired();)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+}
+
 } // namespace
 
 int main(int argumentCount, char* arguments[]) {
@@ -46,6 +55,7 @@ int main(int argumentCount, char* arguments[]) {
     pirol::DesignKeeper keeper(mainWindow, dialogs, pirol::RecoveryFolder());
     const pirol::EndWatch endWatch([&keeper] { keeper.KeepForNextStart(); });
     mainWindow.show();
+    WaitUntilShown(mainWindow);
     if (const std::string path = pirol::ProjectOnCommandLine(Words(argumentCount, arguments)); !path.empty())
         mainWindow.ReadPRLFile(path);
     keeper.OfferLeftDesigns();

@@ -50,7 +50,8 @@ TEST_F(ExportCommandsTest, BlueJIsStartedWhenItsPathNamesAFile) {
     for (const auto& [folder, blueJ] : cases) {
         dialogs_.paths = {Path(folder)};
         starter_.started.clear();
-        ExportBlueJ(model_, options_, blueJ, dialogs_, starter_);
+        EXPECT_EQ(ExportBlueJ(model_, options_, dialogs_), Path(folder));
+        StartBlueJOn(Path(folder), blueJ, starter_);
         EXPECT_EQ(dialogs_.TakeSeen(), blueJDialog);
         EXPECT_EQ(ReadFileBytes(folder_ / folder / "SuMAnwendung.java"), Source());
         StartBlueJ(blueJ, starter_);
@@ -60,30 +61,28 @@ TEST_F(ExportCommandsTest, BlueJIsStartedWhenItsPathNamesAFile) {
             << folder;
     }
     starter_.refuses = true;
-    EXPECT_EQ(ErrorOf([&] { StartBlueJ(Path("blue j"), starter_); }),
-              "Fehler 70: Zugriff verweigert (Main.File.StartBlueJ)");
+    const std::string error = "Fehler 70: Zugriff verweigert (Main.File.StartBlueJ)";
+    EXPECT_EQ(ErrorOf([&] { StartBlueJ(Path("blue j"), starter_); }), error);
+    EXPECT_EQ(ErrorOf([&] { StartBlueJOn(Path("Projekt"), Path("blue j"), starter_); }), error);
     EXPECT_EQ(dialogs_.TakeSeen(), "");
 }
 
 TEST_F(ExportCommandsTest, BlueJExportThatFails) {
     CreateFileBytes(folder_ / "directory/keep", "x");
-    const std::tuple<const char*, bool, const char*> cases[] = {
-        {"directory", false, "Fehler 75: Fehler beim Zugriff auf Pfad/Datei (Main.Project.Export)"},
-        {"blue j", false, "Fehler 75: Fehler beim Zugriff auf Pfad/Datei (Main.Project.Export)"},
-        {"missing/new", false, "Fehler 76: Pfad nicht gefunden (Main.Project.Export)"},
-        {"new", true, "Fehler 70: Zugriff verweigert (Main.Project.Export)"},
+    const std::pair<const char*, const char*> cases[] = {
+        {"directory", "Fehler 75: Fehler beim Zugriff auf Pfad/Datei (Main.Project.Export)"},
+        {"blue j", "Fehler 75: Fehler beim Zugriff auf Pfad/Datei (Main.Project.Export)"},
+        {"missing/new", "Fehler 76: Pfad nicht gefunden (Main.Project.Export)"},
     };
-    for (const auto& [folder, refuses, error] : cases) {
+    for (const auto& [folder, error] : cases) {
         dialogs_.paths = {Path(folder)};
-        starter_.refuses = refuses;
-        EXPECT_EQ(ErrorOf([&] { ExportBlueJ(model_, options_, Path("blue j"), dialogs_, starter_); }), error) << folder;
+        EXPECT_EQ(ErrorOf([&] { ExportBlueJ(model_, options_, dialogs_); }), error) << folder;
     }
     EXPECT_EQ(ReadFileBytes(folder_ / "directory/keep"), "x");
-    EXPECT_EQ(ReadFileBytes(folder_ / "new/SuMAnwendung.java"), Source()) << "the export is done when the start fails";
 }
 
 TEST_F(ExportCommandsTest, FilesAreOverwrittenFromTheBeginning) {
-    using Command = void (*)(const ProjectModel&, CodeOptions, cCommonDialog&);
+    using Command = std::string (*)(const ProjectModel&, CodeOptions, cCommonDialog&);
     const std::tuple<Command, const char*, std::string, std::string> cases[] = {
         {ExportJava, javaDialog, "", ""},
         {ExportText, textDialog, "short", ""},
@@ -93,11 +92,11 @@ TEST_F(ExportCommandsTest, FilesAreOverwrittenFromTheBeginning) {
     for (const auto& [command, dialog, before, tail] : cases) {
         const auto path = folder_ / "SuMAnwendung.java";
         ReplaceFileBytes(path, before);
-        command(model_, options_, dialogs_);
+        EXPECT_EQ(command(model_, options_, dialogs_), "");
         EXPECT_EQ(dialogs_.TakeSeen(), dialog) << "cancelled";
         EXPECT_EQ(ReadFileBytes(path), before) << "cancelled";
         dialogs_.paths = {TextOf(path)};
-        command(model_, options_, dialogs_);
+        EXPECT_EQ(command(model_, options_, dialogs_), TextOf(path));
         EXPECT_EQ(dialogs_.TakeSeen(), dialog);
         EXPECT_EQ(ReadFileBytes(path), Source() + tail);
     }

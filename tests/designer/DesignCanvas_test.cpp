@@ -258,6 +258,36 @@ TEST_F(DesignCanvasTest, ANewDesignEndsSelectionAndGesture) {
     EXPECT_EQ(model, ProjectModel());
 }
 
+TEST_F(DesignCanvasTest, EscapePutsBackWhatIsDragged) {
+    const ComponentRef button = Add(Button);
+    document.MarkSaved("a.prl");
+    const ProjectModel before = model;
+    const std::string label = document.UndoLabel();
+    for (const char* press : {"press 41 61", "press 157 128", "press 300 300"}) {
+        Do(press);
+        canvas.Move(400, 300);
+        canvas.Escape();
+        EXPECT_EQ(model, before) << press;
+        EXPECT_FALSE(canvas.IsPressed() || canvas.IsFrameVisible() || document.IsInGesture()) << press;
+        canvas.Move(420, 320);
+        canvas.Release();
+        EXPECT_EQ(model, before) << press << ", the mouse goes on";
+        EXPECT_FALSE(document.CanRedo() || document.IsChanged()) << press;
+        EXPECT_EQ(document.UndoLabel(), label) << press;
+        EXPECT_EQ(document.Selected(), button) << press;
+    }
+}
+
+TEST_F(DesignCanvasTest, TheKeyboardBeginsAtTheUpperLeftOfANewDesign) {
+    for (int design = 0; design < 2; ++design) {
+        canvas.PlaceByKeyboard();
+        EXPECT_EQ(BoxOf(document.Selected().value()).left, 20);
+        canvas.PlaceByKeyboard();
+        EXPECT_EQ(BoxOf(document.Selected().value()).left, 30);
+        NewProject(document);
+    }
+}
+
 TEST_F(DesignCanvasTest, AGestureIsOneStep) {
     canvas.SetSnapsToGrid(false);
     const ComponentRef button = Add(Button);

@@ -1,4 +1,5 @@
 #include "Cases.h"
+#include "controls/PropertyTable.h"
 #include "designer/ListEditorModel.h"
 #include "designer/ListText.h"
 #include "Tables.h"
@@ -41,6 +42,17 @@ TEST(ListEditorModel, ListsComeBackAsTheyWere) {
         EXPECT_EQ(ListOf(model), list);
     }
     EXPECT_EQ(test::ErrorNumberOf([] { ListEditorModel(mixedRows, ListText("a/1/Wahr/b")); }), 9);
+}
+
+TEST(ListEditorModel, ANewRadioButtonHasItsOwnNameAndPlace) {
+    ListEditorModel model(keys::optionbuttons.detail, {});
+    for (int row = 0; row < 3; ++row)
+        model.AddRow();
+    model.SetCell(2, 5, "32760");
+    model.SetCell(2, 0, "meiner");
+    model.AddRow();
+    EXPECT_EQ(ListOf(model), "hatRadioKnopf//150/20/0/0/Falsch/hatRadioKnopf2//150/20/0/20/Falsch/"
+                             "meiner//150/20/0/32760/Falsch/hatRadioKnopf3//150/20/0/32767/Falsch");
 }
 
 TEST(ListEditorModel, EditsRowsAndRefusesWhatIsWrong) {

@@ -1,3 +1,4 @@
+#include "base/Text.h"
 #include "Cases.h"
 #include "designer/PropertyPanel.h"
 #include "Tables.h"
@@ -55,6 +56,20 @@ TEST(PropertyPanel, RowsOfEveryKind) {
     Document document;
     EXPECT_EQ(PropertyChanged(document, "width", "no number"), "");
     EXPECT_FALSE(document.CanUndo());
+}
+
+TEST(PropertyPanel, ATextThatIsTooLongIsRefused) {
+    Document document;
+    Place(document, "combobox");
+    std::string text;
+    for (std::size_t i = 0; i < mostTextCharacters; ++i)
+        text += "ä";
+    for (const char* key : {"name", "combovalues"}) {
+        EXPECT_EQ(PropertyChanged(document, key, text), "") << key;
+        EXPECT_EQ(PropertyChanged(document, key, text + "x"), textTooLong) << key;
+        EXPECT_EQ(RowOf(document.Model(), *document.Selected(), key)->value, text) << key;
+    }
+    EXPECT_EQ(PropertyChanged(document, "combovalues", text + fieldSeparator + text), "");
 }
 
 TEST(PropertyPanel, EditorsAndTheirDetails) {

@@ -190,7 +190,7 @@ class Designer:
         """Saves the project, and waits until it is saved."""
         self.key("ctrl+s")
         self.choose_file("Projekt speichern", path)
-        self.use(f"^{path.name} –")
+        self.use(f"^{path.name} -")
 
     def end(self):
         self.key("ctrl+q")

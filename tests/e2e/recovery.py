@@ -62,7 +62,7 @@ class User:
     def possible_designs(self, display):
         """The project file as it is saved after no key, one key and so on."""
         with self.start(display) as designer:
-            designer.use(f"^{self.project.name} –")
+            designer.use(f"^{self.project.name} -")
             designer.key(*["Insert"] * MOST_KEYS)
             lines = self.saved_by(designer)[:-40].split(b"\r\n")
         placed = [line for line in lines if line.startswith(b"1\0")][-MOST_KEYS:]
@@ -72,7 +72,7 @@ class User:
 
     def work_until(self, done, designer):
         """The times of the keys."""
-        designer.use(f"^{self.project.name} –")
+        designer.use(f"^{self.project.name} -")
         times = []
         while not done.is_set() and len(times) < MOST_KEYS:
             times.append(time.monotonic())

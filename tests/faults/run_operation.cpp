@@ -24,7 +24,6 @@ using namespace pirol;
 
 std::string folder;
 test::FakeDialogs dialogs;
-test::FakeStarter starter;
 Document document;
 
 std::string Path(const char* name) {
@@ -59,7 +58,7 @@ const std::map<std::string_view, void (*)()> operations = {
      [] {
          Load();
          dialogs.paths = {Path("BlueJ")};
-         ExportBlueJ(document.Model(), {}, {}, dialogs, starter);
+         ExportBlueJ(document.Model(), {}, dialogs);
      }},
     {"keep-preferences",
      [] {

@@ -126,7 +126,7 @@ class DesignKeeperTest : public QObject {
         QCOMPARE(main.dialogs.TakeSeen(), "");
         QCOMPARE(main.window.Model().Author(), "alt");
         QVERIFY(main.window.isWindowModified());
-        QCOMPARE(main.window.windowTitle(), "Quiz.prl[*] – Pirol");
+        QCOMPARE(main.window.windowTitle(), "Quiz.prl[*] - Pirol");
         QCOMPARE(Designs().size(), 1U); // the one of the window itself
         main.keeper.OfferLeftDesigns();
     }

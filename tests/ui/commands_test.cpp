@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QRadioButton>
+#include <QStatusBar>
 #include <QTreeView>
 
 namespace pirol::test {
@@ -53,6 +54,7 @@ class CommandsTest : public QObject {
         QVERIFY(main.window.isWindowModified());
         Choose(main, "mnuFileNew");
         QVERIFY(model.CreationOrder().empty());
+        QVERIFY(main.canvas->hasFocus());
         QCOMPARE(main.canvas->size(), QSize(640, 480));
         QCOMPARE(main.Status(2), "Kein Objekt gewählt");
         QCOMPARE(main.Find<QTreeView>("plProperties")->model()->index(0, 0).data(), "Kein Objekt gewählt");
@@ -88,6 +90,12 @@ class CommandsTest : public QObject {
         for (const char* const command : {"mnuProjectExportBlueJ", "mnuProjectExportJava", "mnuProjectExportText",
                                           "mnuFileStartBlueJ", "mnuFileNew", "mnuFileImportJava"})
             Choose(main, command);
+        main.starter.refuses = true;
+        main.dialogs.paths = {Path("Neu")};
+        main.ExpectError();
+        Choose(main, "mnuProjectExportBlueJ");
+        QVERIFY(main.errorText.endsWith("Main.File.StartBlueJ"));
+        QCOMPARE(main.window.statusBar()->currentMessage(), "Exportiert: »Neu«");
         for (const char* const file : {"Mein Projekt/SuMAnwendung.java", "a.java", "a.txt"})
             QCOMPARE(Bytes(file), source);
         QCOMPARE(main.starter.started,
@@ -190,6 +198,18 @@ class CommandsTest : public QObject {
         QVERIFY(!generates("VerbindeMitDatenbank"));
         Choose(main, "mnuCodeSQL");
         QVERIFY(generates("VerbindeMitDatenbank"));
+
+        // A mark goes with its reason, and undo brings both back.
+        for (const auto& [mark, part] : {std::pair{"mnuCodeMenu", "hatMenueDatei"}, {"mnuCodeSQL", "Verbinde"}}) {
+            main.Edit([](ProjectModel& model) { model.EditMenus() = {}, model.EditSql() = {}; });
+            QVERIFY(!main.Command(mark)->isEnabled() && !main.Command(mark)->isChecked() && !generates(part));
+            QVERIFY(main.window.statusBar()->currentMessage().endsWith("ist wieder ausgeschaltet."));
+            main.Command("mnuEditUndo")->trigger();
+            QVERIFY(main.Command(mark)->isChecked() && generates(part));
+            main.Command("mnuEditRedo")->trigger();
+            QVERIFY(!main.Command(mark)->isChecked());
+            main.Command("mnuEditUndo")->trigger();
+        }
     }
 
     void CancelledDialogsChangeNothing() {

@@ -91,7 +91,8 @@ class FrmMainTest : public QObject {
         QFETCH(int, height);
         MainWindow main;
         main.window.resize(width, height);
-        const MainLayout layout = LayOutMainWindow(width, height - main.window.menuBar()->height(), 640, 480);
+        const MainLayout layout =
+            LayOutMainWindow(width, height - main.window.menuBar()->height() - rowHeight, 640, 480);
         const std::pair<const char*, Rectangle> places[] = {
             {"tbComponents", layout.toolbar}, {"plProperties", layout.list},      {"picFrame", layout.frame},
             {"vScroll", layout.vertical.box}, {"hScroll", layout.horizontal.box}, {"picContainer", layout.canvas},

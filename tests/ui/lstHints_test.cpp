@@ -16,7 +16,8 @@ struct HintedWindow : MainWindow {
     HintedWindow() : MainWindow({}, std::chrono::milliseconds(20)) {}
 
     bool Shows(int hints) {
-        return QTest::qWaitFor([&] { return list->isVisible() == (hints > 0) && list->count() == hints; });
+        return QTest::qWaitFor(
+            [&] { return heading->text() == QString("Hinweise (%1)").arg(hints) && list->count() == hints; });
     }
     std::string CurrentProperty() {
         const auto& rows = static_cast<const PropertyListModel&>(*properties->model());
@@ -40,11 +41,14 @@ class LstHintsTest : public QObject {
         main.Press(120, 120);
         main.MoveTo(640, 120);
         QTest::qWait(100);
-        QVERIFY(!main.list->isVisible()); // not while the mouse holds it
+        QVERIFY(main.Shows(0)); // not while the mouse holds it
         main.Release(640, 120);
         QVERIFY(main.Shows(1));
-        QCOMPARE(main.heading->text(), QString("Hinweise (1)"));
-        QVERIFY(main.canvas->y() < canvas.y());
+        QVERIFY(!main.list->isVisible());
+        QCOMPARE(main.canvas->geometry(), canvas);
+        QTest::mouseClick(main.heading, Qt::LeftButton);
+        QTRY_VERIFY(main.canvas->y() < canvas.y());
+        const QRect beside = main.canvas->geometry();
 
         ClickRow(*main.list, 0);
         QCOMPARE(main.CurrentProperty(), std::string("left"));
@@ -52,7 +56,8 @@ class LstHintsTest : public QObject {
         Do(main.window, "300 Return");
         QCOMPARE(main.SelectedBox().left, 300);
         QVERIFY(main.Shows(0));
-        QTRY_COMPARE(main.canvas->geometry(), canvas);
+        QVERIFY(main.list->isVisible());
+        QCOMPARE(main.canvas->geometry(), beside);
     }
 
     void LeadToComponentAndProperty() {
@@ -77,6 +82,7 @@ class LstHintsTest : public QObject {
         main.Edit([](ProjectModel& model) { model.EditMenus().Append("", "hatMenueLeer"); });
         main.Command("mnuCodeMenu")->trigger();
         QVERIFY(main.Shows(1));
+        Do(main.window, "F6");
         ClickRow(*main.list, 0);
         QVERIFY(main.window.statusBar()->currentMessage().contains("Menü-Generator"));
         main.Command("mnuCodeMenu")->trigger();
@@ -89,6 +95,9 @@ class LstHintsTest : public QObject {
         main.Find<QScrollBar>("vScroll")->setValue(20);
         main.Edit([](ProjectModel& model) { model.PlaceComponent(ComponentKind::Picture, {0, 0, 0, 0}); });
         QVERIFY(main.Shows(1));
+        QCOMPARE(main.canvas->y(), -160);
+        QTest::mouseClick(main.heading, Qt::LeftButton);
+        QTRY_VERIFY(main.list->isVisible());
         QCOMPARE(main.canvas->y(), -160);
         QTest::mouseClick(main.heading, Qt::LeftButton);
         QVERIFY(!main.list->isVisible() && main.heading->isVisible());

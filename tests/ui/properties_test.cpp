@@ -229,10 +229,10 @@ class PropertiesTest : public QObject {
         QCOMPARE(bench.edits, 0);
     }
 
-    /// A caption or a list of a hundred thousand characters is shown, walked over and edited; none of them is lost.
+    /// A caption as long as it may be, and a long list, are shown, walked over and edited; none of it is lost.
     void HugeTexts() {
         Bench bench(ComponentKind::Label);
-        const std::string huge(100'000, 'w');
+        const std::string huge(mostTextCharacters - 1, 'w');
         bench.Hold("value", huge);
         const QModelIndex cell = bench.Cell("Beschriftung");
         for (const int role : {Qt::DisplayRole, Qt::AccessibleTextRole})
@@ -293,7 +293,7 @@ class PropertiesTest : public QObject {
         Rows rows(keys::optionbuttons, "");
         Do(rows.form, "@cmdAdd");
         QCOMPARE(rows.Items(), "hatRadioKnopf//150/20/0/0/Falsch");
-        Do(rows.form, "hatRot Tab Rot Tab 99,5 Return");
+        Do(rows.form, "hatRot Tab Rot Tab 100 Return");
         const QRect flag = rows.table.visualRect(rows.table.model()->index(0, 6));
         QTest::mouseClick(rows.table.viewport(), Qt::LeftButton, {}, {flag.left() + 9, flag.center().y()});
         for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return}) {
@@ -304,21 +304,13 @@ class PropertiesTest : public QObject {
         }
     }
 
-    void BadNumbersAreReported_data() { AddRows("list-editor-bad-numbers"); }
+    void NumbersTakeOnlyDigits_data() { AddRows("list-editor-numbers"); }
 
-    /// A number that is none is reported under its label and the cell keeps its value; OK waits for the report.
-    void BadNumbersAreReported() {
+    void NumbersTakeOnlyDigits() {
         const auto [steps, number] = CurrentRow<2>();
         Rows rows(keys::optionbuttons, radioRow, 0, 2);
-        QString report;
-        ExpectError(report);
         Do(rows.form, steps);
-        QTRY_VERIFY2(report.startsWith("Fehlernummer: " + number + "\n"), qPrintable(report));
-        QVERIFY(report.endsWith("Main.File.Properties.PropertyChanged"));
-        QCOMPARE(rows.Items(), radioRow);
-        QVERIFY(rows.form.isVisible());
-        Do(rows.form, "@cmdAccept"); // the report is closed; the form can be
-        QCOMPARE(rows.form.result(), int(QDialog::Accepted));
+        QCOMPARE(rows.table.model()->index(0, 2).data().toString(), number);
     }
 
     void ClosesAsTheUserSays_data() { AddRows("list-editor-endings"); }

@@ -53,8 +53,17 @@ picContainer::picContainer(DesignCanvas& canvas, const ProjectModel& model, QWid
 void picContainer::SetGrid(int style, const QColor& color) {
     gridStyle_ = style;
     gridColor_ = color;
+    Repaint();
+}
+
+void picContainer::Repaint() {
     layers_.Drop();
     update();
+}
+
+void picContainer::SetLostStrip(int height) {
+    if (std::exchange(lostStrip_, height) != height)
+        update();
 }
 
 void picContainer::Run(const std::function<void()>& gesture) {
@@ -93,6 +102,12 @@ void picContainer::mouseMoveEvent(QMouseEvent* event) {
 void picContainer::mouseReleaseEvent(QMouseEvent* event) {
     Run([&] { canvas_.Release(); });
     ShowCursor(event->pos());
+}
+
+void picContainer::leaveEvent(QEvent* event) {
+    QWidget::leaveEvent(event);
+    canvas_.Leave();
+    emit Handled();
 }
 
 void picContainer::ShowCursor(const QPoint& position) {
@@ -175,16 +190,26 @@ void picContainer::ShowFrame() {
 
 void picContainer::ShowSelection() {
     const std::optional<ComponentRef> selected = canvas_.Selected();
-    const Rectangle selection = selected ? model_.VisibleBox(*selected) : Rectangle{};
-    if (selection != shownSelection_) {
-        for (const Rectangle& box : {shownSelection_, selection})
-            update(ToRect(box).adjusted(-borderReach, -borderReach, borderReach, borderReach));
+    if (const QRect selection = SelectionArea(); selection != shownSelection_) {
+        update(shownSelection_);
+        update(selection);
         shownSelection_ = selection;
     }
     if (selected != shownComponent_) {
         shownComponent_ = selected;
         AnnounceSelection();
     }
+}
+
+/// The handle of a small component lies partly outside it.
+QRect picContainer::SelectionArea() const {
+    const std::optional<ComponentRef> selected = canvas_.Selected();
+    if (!selected)
+        return {};
+    QRect area = ToRect(model_.VisibleBox(*selected));
+    if (const std::optional<Rectangle> handle = canvas_.ResizerOf(*selected))
+        area |= ToRect(*handle);
+    return area.adjusted(-borderReach, -borderReach, borderReach, borderReach);
 }
 
 /// Screen readers say the component that has been selected.
@@ -230,6 +255,7 @@ void picContainer::paintEvent(QPaintEvent* event) {
         for (const ComponentRef component : canvas_.Intersecting(areas))
             PaintControl(painter, model_.Element(component));
     }
+    PaintLostStrip(painter);
     PaintSelection(painter);
     PaintFrame(painter);
 }
@@ -259,6 +285,16 @@ void picContainer::PaintBackground(QPainter& painter, std::span<const Rectangle>
     for (const Rectangle& area : areas)
         for (const Rectangle& mark : GridMarks(gridStyle_, width(), height(), area))
             painter.fillRect(ToRect(mark), gridColor_);
+}
+
+/// What lies in the strip can be seen through the hatching.
+void picContainer::PaintLostStrip(QPainter& painter) const {
+    if (lostStrip_ == 0)
+        return;
+    constexpr QColor hatching(200, 60, 40, 140);
+    const QRect strip(0, height() - lostStrip_, width(), lostStrip_);
+    painter.fillRect(strip, QBrush(hatching, Qt::BDiagPattern));
+    painter.fillRect(strip.x(), strip.y(), strip.width(), 1, hatching);
 }
 
 void picContainer::PaintSelection(QPainter& painter) {

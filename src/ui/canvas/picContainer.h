@@ -20,6 +20,10 @@ class picContainer : public QWidget {
 
     /// Style (0 to 2, others show no marks) and colour of the grid.
     void SetGrid(int style, const QColor& color);
+    /// Paints all anew, after what is shown beside the components has changed.
+    void Repaint();
+    /// How many pixels at the bottom the running window loses; they are hatched.
+    void SetLostStrip(int height);
 
     DesignCanvas& Canvas() const { return canvas_; }
     const ProjectModel& Model() const { return model_; }
@@ -43,6 +47,7 @@ class picContainer : public QWidget {
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void leaveEvent(QEvent* event) override;
     bool focusNextPrevChild(bool next) override;
 
   private:
@@ -52,7 +57,9 @@ class picContainer : public QWidget {
     void ShowCursor(const QPoint& position);
     bool FillLayersFor(std::span<const Rectangle> areas);
     void PaintBackground(QPainter& painter, std::span<const Rectangle> areas) const;
+    void PaintLostStrip(QPainter& painter) const;
     void PaintSelection(QPainter& painter);
+    QRect SelectionArea() const;
     void PaintFrame(QPainter& painter);
     void ShowSelection();
     void ShowFrame();
@@ -63,8 +70,9 @@ class picContainer : public QWidget {
     const ProjectModel& model_;
     int gridStyle_ = 0;
     QColor gridColor_ = Qt::black;
+    int lostStrip_ = 0;
     std::optional<ComponentRef> shownComponent_; ///< the selected one, as it was shown last
-    Rectangle shownSelection_;
+    QRect shownSelection_;                       ///< with border and handle
     Rectangle shownFrame_;
     CanvasLayers layers_;
     std::vector<ComponentRef> visibleComponents_;

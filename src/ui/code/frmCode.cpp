@@ -2,6 +2,7 @@
 
 #include "ui/code/CodeBox.h"
 #include "ui/parts/FormParts.h"
+#include "ui/parts/TextLine.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -64,7 +65,7 @@ frmCode::frmCode(std::string_view source, QWidget* owner)
     AddKey(Qt::CTRL | Qt::Key_0, [this] { rtfCode_->ResetZoom(); });
 
     const QFontMetrics metrics(rtfCode_->font());
-    resize(metrics.averageCharWidth() * charactersWide, metrics.lineSpacing() * linesHigh);
+    FitToScreen(this, {metrics.averageCharWidth() * charactersWide, metrics.lineSpacing() * linesHigh});
     rtfCode_->setFocus();
 }
 
@@ -100,7 +101,7 @@ QWidget* frmCode::NewCommandRow() {
 
 QWidget* frmCode::NewSearchRow() {
     searchRow_ = new QWidget;
-    txtFind_ = Named(new QLineEdit, "txtFind", "Suchtext");
+    txtFind_ = Named(new TextLine, "txtFind", "Suchtext");
     txtFind_->setPlaceholderText("Suchtext");
     txtFind_->setToolTip("Wird beim Tippen gesucht, mit Eingabe weiter");
     txtFind_->setClearButtonEnabled(true);

@@ -110,15 +110,15 @@ frmPrint::frmPrint(const QTextDocument& text, cCommonDialog& dialogs, QWidget* o
 
     auto* const group = new QGroupBox("Schriftart");
     auto* const font = new QHBoxLayout(group);
-    auto* const cmdFont = NewButton("cmdFont", "Schrift&art . . .", "Eine andere Schriftart wählen");
+    auto* const cmdFont = NewButton("cmdFont", "Schrift&art …", "Eine andere Schriftart wählen");
     lblFont_->setTextFormat(Qt::PlainText);
     lblFont_->setMinimumWidth(fontMetrics().averageCharWidth() * 44);
     font->addWidget(lblFont_, 1);
     font->addWidget(cmdFont);
 
-    auto* const cmdPrinter = NewIconButton("cmdPrinter", "&Drucken . . .", "print", "Den Drucker wählen und drucken");
+    auto* const cmdPrinter = NewIconButton("cmdPrinter", "&Drucken …", "print", "Den Drucker wählen und drucken");
     auto* const cmdPdf =
-        NewIconButton("cmdPdf", "Als &PDF speichern . . .", "export", "Die Seiten in eine PDF-Datei schreiben");
+        NewIconButton("cmdPdf", "Als &PDF speichern …", "export", "Die Seiten in eine PDF-Datei schreiben");
     auto* const cmdCancel = NewButton("cmdCancel", "Abbrechen", "Nichts drucken");
     cmdPrinter->setDefault(true);
     auto* const all = new QVBoxLayout(this);

@@ -2,8 +2,8 @@
 
 #include "app/Handbook.h"
 #include "ui/dialogs/EmbeddedHandbook.h"
-#include "ui/parts/CellDelegate.h"
 #include "ui/parts/FormParts.h"
+#include "ui/parts/RowList.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QKeyEvent>
@@ -31,7 +31,7 @@ class HandbookBrowser : public QTextBrowser {
             return {};
         QPixmap picture;
         picture.loadFromData(reinterpret_cast<const uchar*>(bytes.data()), static_cast<uint>(bytes.size()));
-        const int room = usualSize.width() - listWidth - 80;
+        const int room = window()->width() - listWidth - 80;
         return picture.width() <= room ? picture : picture.scaledToWidth(room, Qt::SmoothTransformation);
     }
 };
@@ -39,16 +39,14 @@ class HandbookBrowser : public QTextBrowser {
 } // namespace
 
 frmHelp::frmHelp(QWidget* owner)
-    : QDialog(owner), lstChapters_(Named(new QListWidget, "lstChapters", "Kapitel")),
+    : QDialog(owner), lstChapters_(Named(new RowList, "lstChapters", "Kapitel")),
       txtHandbook_(Named(new HandbookBrowser, "txtHandbook", "Handbuch")) {
     setObjectName("frmHelp");
     setWindowTitle("Pirol - Handbuch");
     setAttribute(Qt::WA_DeleteOnClose);
     setModal(false);
-    resize(usualSize);
+    FitToScreen(this, usualSize);
 
-    // Its rows have room for the dots of capital umlauts.
-    lstChapters_->setItemDelegate(new CellDelegate(lstChapters_));
     lstChapters_->setToolTip("Ein Klick zeigt das Kapitel");
     txtHandbook_->setToolTip("Strg + Mausrad ändert die Schriftgröße");
     txtHandbook_->setOpenLinks(false);
@@ -59,7 +57,7 @@ frmHelp::frmHelp(QWidget* owner)
     auto* const columns = new QSplitter;
     columns->addWidget(lstChapters_);
     columns->addWidget(txtHandbook_);
-    columns->setSizes({listWidth, usualSize.width() - listWidth});
+    columns->setSizes({listWidth, width() - listWidth});
     columns->setStretchFactor(1, 1);
     auto* const all = new QVBoxLayout(this);
     all->addWidget(columns, 1);

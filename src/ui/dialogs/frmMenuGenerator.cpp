@@ -1,14 +1,14 @@
 #include "ui/dialogs/frmMenuGenerator.h"
 
-#include "ui/parts/CellDelegate.h"
 #include "ui/parts/FormParts.h"
+#include "ui/parts/RowList.h"
+#include "ui/parts/TextLine.h"
 
 #include <QButtonGroup>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalBlocker>
@@ -36,9 +36,9 @@ constexpr OptionRow options[] = {
 
 frmMenuGenerator::frmMenuGenerator(MenuBar& bar, cCommonDialog& dialogs, QWidget* owner)
     : QDialog(owner), editor_(bar), dialogs_(dialogs),
-      lstEntries_(Named(new QListWidget, "lstEntries", "Alle Zeilen der Menüleiste")),
-      txtCaption_(Named(new QLineEdit, "txtCaption", "Beschriftung")),
-      txtName_(Named(new QLineEdit, "txtName", "Menüname")), optType_(new QButtonGroup(this)),
+      lstEntries_(Named(new RowList, "lstEntries", "Alle Zeilen der Menüleiste")),
+      txtCaption_(Named(new TextLine, "txtCaption", "Beschriftung")),
+      txtName_(Named(new TextLine, "txtName", "Menüname")), optType_(new QButtonGroup(this)),
       lblDepth_(Named(new QLabel, "lblDepth", "Aktuelle Menütiefe")),
       cmdDel_(NewIconButton("cmdDel", "&Löschen", "delete", "Die gewählte Zeile mit allem darunter löschen")),
       cmdMoveUp_(NewIconButton("cmdMoveUp", "Nach &oben", "up", "Die gewählte Zeile mit ihrer Vorgängerin tauschen")),
@@ -74,15 +74,10 @@ frmMenuGenerator::frmMenuGenerator(MenuBar& bar, cCommonDialog& dialogs, QWidget
 QLayout* frmMenuGenerator::NewList() {
     auto* const caption = new QLabel("Menüle&iste:");
     caption->setBuddy(lstEntries_);
-    // Its rows have room for the dots of capital umlauts.
-    lstEntries_->setItemDelegate(new CellDelegate(lstEntries_));
     lstEntries_->setUniformItemSizes(true);
     lstEntries_->setMinimumWidth(fontMetrics().averageCharWidth() * 44);
     lstEntries_->setToolTip("Neue Zeilen kommen in das gewählte Menü oder hinter den gewählten Eintrag");
-    connect(lstEntries_, &QListWidget::currentRowChanged, this, [this](int row) {
-        editor_.SelectRow(static_cast<std::size_t>(row) + 1); // no row is -1 and becomes 0
-        ShowSelection();
-    });
+    connect(lstEntries_, &QListWidget::currentRowChanged, this, &frmMenuGenerator::SelectRow);
 
     auto* const layout = new QVBoxLayout;
     layout->addWidget(caption);
@@ -107,7 +102,10 @@ QGroupBox* frmMenuGenerator::NewEntryGroup() {
     form->addRow(cmdAdd);
 
     connect(txtCaption_, &QLineEdit::textChanged, this, &frmMenuGenerator::ProposeName);
-    connect(optType_, &QButtonGroup::idToggled, this, [this] { txtName_->setEnabled(Option() == cMenu::Menu); });
+    connect(optType_, &QButtonGroup::idToggled, this, [this](int, bool isOn) {
+        if (isOn)
+            ShowNameOfOption();
+    });
     connect(cmdAdd, &QPushButton::clicked, this, &frmMenuGenerator::Add);
     return group;
 }
@@ -143,14 +141,33 @@ void frmMenuGenerator::ShowOption(std::int32_t option) {
 }
 
 void frmMenuGenerator::ProposeName() {
+    isAdded_ = false;
     if (const auto name = MenuEditor::ProposeName(Option(), txtCaption_->text().toStdString()))
         txtName_->setText(ToText(*name));
 }
 
+/// The name of another menu never stays behind.
+void frmMenuGenerator::ShowNameOfOption() {
+    txtName_->setEnabled(Option() == cMenu::Menu);
+    txtName_->clear();
+    if (!txtCaption_->text().isEmpty())
+        ProposeName();
+}
+
+void frmMenuGenerator::SelectRow(int row) {
+    editor_.SelectRow(static_cast<std::size_t>(row) + 1); // no row is -1 and becomes 0
+    isAdded_ = false;
+    ShowOption(editor_.FittingOption(Option()));
+    ShowSelection();
+}
+
 void frmMenuGenerator::Add() {
+    if (isAdded_)
+        return;
     const auto refusal = editor_.Add(Option(), txtCaption_->text().toStdString(), txtName_->text().toStdString());
     if (refusal)
         return dialogs_.Information(*refusal);
+    isAdded_ = true;
     RefreshList();
     // The next caption is typed over this one.
     txtCaption_->setFocus();
@@ -169,6 +186,7 @@ void frmMenuGenerator::Move(std::size_t (MenuEditor::*move)(std::size_t)) {
 
 void frmMenuGenerator::Delete() {
     editor_.Delete(editor_.SelectedRow());
+    ShowOption(editor_.FittingOption(Option()));
     RefreshList();
 }
 

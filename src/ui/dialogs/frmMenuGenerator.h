@@ -9,11 +9,11 @@ class QButtonGroup;
 class QGroupBox;
 class QLabel;
 class QLineEdit;
-class QListWidget;
 class QPushButton;
-class QStatusBar;
 
 namespace pirol {
+
+class RowList;
 
 /// The dialog in which the user builds the menu bar of the designed window. It edits the bar in place; cancelling makes
 /// it what it was.
@@ -34,7 +34,9 @@ class frmMenuGenerator : public QDialog {
     std::int32_t Option() const;
     void ShowOption(std::int32_t option);
     void ProposeName();
+    void ShowNameOfOption();
     void Add();
+    void SelectRow(int row);
     void LevelUp();
     void Move(std::size_t (MenuEditor::*move)(std::size_t));
     void Delete();
@@ -45,7 +47,7 @@ class frmMenuGenerator : public QDialog {
 
     MenuEditor editor_;
     cCommonDialog& dialogs_;
-    QListWidget* lstEntries_;
+    RowList* lstEntries_;
     QLineEdit* txtCaption_;
     QLineEdit* txtName_;
     QButtonGroup* optType_;
@@ -54,6 +56,7 @@ class frmMenuGenerator : public QDialog {
     QPushButton* cmdMoveUp_;
     QPushButton* cmdMoveDown_;
     QPushButton* cmdLevelUp_;
+    bool isAdded_ = false; ///< the line as it stands there has been added already
 };
 
 } // namespace pirol

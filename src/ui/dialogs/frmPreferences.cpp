@@ -2,6 +2,7 @@
 
 #include "designer/Grid.h"
 #include "ui/parts/FormParts.h"
+#include "ui/parts/TextLine.h"
 
 #include <QAbstractButton>
 #include <QButtonGroup>
@@ -106,7 +107,7 @@ frmPreferences::frmPreferences(Preferences& preferences, cCommonDialog& dialogs,
     : QDialog(owner), preferences_(preferences), dialogs_(dialogs), optGridStyle_(new QButtonGroup(this)),
       picGridColor_(Named(new ColorBox, "picGridColor", "Rasterfarbe")),
       picPreview_(Named(new GridPreview, "picPreview", "Vorschau des Rasters")),
-      txtBlueJPath_(Named(new QLineEdit(ToText(preferences.BlueJPath)), "txtBlueJPath", "BlueJ-Pfad")) {
+      txtBlueJPath_(Named(new TextLine(ToText(preferences.BlueJPath)), "txtBlueJPath", "BlueJ-Pfad")) {
     setObjectName("frmPreferences");
     setWindowTitle("Pirol - Optionen");
 
@@ -144,8 +145,7 @@ QWidget* frmPreferences::NewGridGroup() {
         optGridStyle_->addButton(option, static_cast<int>(row.style));
         styles->addWidget(option);
     }
-    auto* const cmdBrowseGridColor =
-        NewButton("cmdBrowseGridColor", "&Farbe wählen . . .", "Die Farbe des Rasters wählen");
+    auto* const cmdBrowseGridColor = NewButton("cmdBrowseGridColor", "&Farbe wählen …", "Die Farbe des Rasters wählen");
     picGridColor_->setToolTip("Die Farbe des Rasters; ein Klick wählt eine andere");
     auto* const color = new QHBoxLayout;
     color->addWidget(picGridColor_);
@@ -170,8 +170,7 @@ QWidget* frmPreferences::NewBlueJGroup() {
     txtBlueJPath_->setMinimumWidth(fontMetrics().averageCharWidth() * 48);
     txtBlueJPath_->setToolTip(
         "Dieses Programm wird gestartet, wenn Sie BlueJ starten oder ein BlueJ-Projekt exportieren");
-    auto* const cmdBrowseBlueJ =
-        NewButton("cmdBrowseBlueJ", "&Durchsuchen . . .", "Die Programmdatei von BlueJ suchen");
+    auto* const cmdBrowseBlueJ = NewButton("cmdBrowseBlueJ", "&Durchsuchen …", "Die Programmdatei von BlueJ suchen");
     auto* const path = new QHBoxLayout;
     path->addWidget(txtBlueJPath_, 1);
     path->addWidget(cmdBrowseBlueJ);

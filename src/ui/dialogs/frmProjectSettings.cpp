@@ -2,6 +2,7 @@
 
 #include "ui/parts/FormParts.h"
 #include "ui/parts/frmError.h"
+#include "ui/parts/TextLine.h"
 
 #include <QFormLayout>
 #include <QLineEdit>
@@ -12,9 +13,9 @@ namespace pirol {
 namespace {
 
 /// Writes a text that the field does not have yet. Writing the same one would move the user's caret.
-void Show(QLineEdit* field, const std::string& text) {
+void Show(TextLine* field, const std::string& text) {
     if (const QString shown = ToText(text); field->text() != shown)
-        field->setText(shown);
+        field->ShowText(shown);
 }
 
 } // namespace
@@ -25,7 +26,7 @@ frmProjectSettings::frmProjectSettings(const WindowSettings& stored, QWidget* ow
                          &ProjectSettings::ChangeWidth)),
       txtHeight_(NewField("txtHeight", "Höhe", "Höhe des Fensters in Pixel; die Breite geht im Verhältnis mit",
                           &ProjectSettings::ChangeHeight)),
-      txtAuthor_(NewField("txtAuthor", "Autor", "Wer das Projekt gemacht hat; steht im Kopf des Java-Quelltexts",
+      txtAuthor_(NewField("txtAuthor", "Autor", "Wer das Projekt gemacht hat; steht in der Projektdatei",
                           &ProjectSettings::ChangeAuthor)) {
     setObjectName("frmProjectSettings");
     setWindowTitle("Pirol - Projekteinstellungen");
@@ -49,9 +50,9 @@ frmProjectSettings::frmProjectSettings(const WindowSettings& stored, QWidget* ow
     txtWidth_->selectAll();
 }
 
-QLineEdit* frmProjectSettings::NewField(const char* name, const QString& accessibleName, const QString& toolTip,
-                                        void (ProjectSettings::*change)(const std::string&)) {
-    auto* const field = Named(new QLineEdit, name, accessibleName);
+TextLine* frmProjectSettings::NewField(const char* name, const QString& accessibleName, const QString& toolTip,
+                                       void (ProjectSettings::*change)(const std::string&)) {
+    auto* const field = Named(new TextLine, name, accessibleName);
     field->setToolTip(toolTip);
     connect(field, &QLineEdit::textChanged, this, [this, change](const QString& text) {
         (entered_.*change)(text.toStdString());

@@ -4,9 +4,9 @@
 
 #include <QDialog>
 
-class QLineEdit;
-
 namespace pirol {
+
+class TextLine;
 
 /// The dialog for the designed window's size and author. Width and height keep their proportion while they are typed.
 class frmProjectSettings : public QDialog {
@@ -22,15 +22,15 @@ class frmProjectSettings : public QDialog {
     void accept() override;
 
   private:
-    QLineEdit* NewField(const char* name, const QString& accessibleName, const QString& toolTip,
-                        void (ProjectSettings::*change)(const std::string&));
+    TextLine* NewField(const char* name, const QString& accessibleName, const QString& toolTip,
+                       void (ProjectSettings::*change)(const std::string&));
     void ShowTexts();
 
     ProjectSettings entered_;
     WindowSettings settings_;
-    QLineEdit* txtWidth_;
-    QLineEdit* txtHeight_;
-    QLineEdit* txtAuthor_;
+    TextLine* txtWidth_;
+    TextLine* txtHeight_;
+    TextLine* txtAuthor_;
 };
 
 } // namespace pirol

@@ -1,6 +1,7 @@
 #include "ui/dialogs/frmSQLGenerator.h"
 
 #include "ui/parts/FormParts.h"
+#include "ui/parts/TextLine.h"
 
 #include <QFormLayout>
 #include <QGroupBox>
@@ -78,7 +79,7 @@ QWidget* frmSQLGenerator::NewStep(const SQLWizardStep& step, bool withMethods) {
     auto* const form = new QFormLayout(group);
     for (const SQLField& field : step.fields) {
         const QString name = ToText(field.label).trimmed().remove(':');
-        auto* const edit = Named(new QLineEdit(ToText(wizard_.Text(field))), field.control.data(), name);
+        auto* const edit = Named(new TextLine(ToText(wizard_.Text(field))), field.control.data(), name);
         edit->setToolTip(NoteOn(step, name));
         edit->setEchoMode(field.unreadable ? QLineEdit::Password : QLineEdit::Normal);
         connect(edit, &QLineEdit::textChanged, this,

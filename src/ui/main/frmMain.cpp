@@ -29,9 +29,6 @@ namespace {
 /// The first window shows designed windows up to 800 x 600 whole.
 constexpr QSize firstSize(1200, 720);
 
-/// Milliseconds for which the status bar says where to follow a hint.
-constexpr int hintMessageTime = 10000;
-
 /// A bar of the canvas. While there is nothing to scroll it is an empty strip: the style has many gradients for a bar
 /// that does nothing, and Qt starts threads to fill each of them.
 class CanvasBar final : public QScrollBar {
@@ -84,14 +81,13 @@ frmMain::frmMain(cCommonDialog& dialogs, ProgramStarter& starter, const Preferen
     hintTimer_.setSingleShot(true);
     hintTimer_.setInterval(hintDelay);
     connect(&hintTimer_, &QTimer::timeout, this, &frmMain::ShowHints);
-    connect(new QShortcut(Qt::Key_F6, this), &QShortcut::activated, this,
-            [this] { lstHints_->setFocus(Qt::ShortcutFocusReason); });
-    connect(new QShortcut(Qt::Key_Delete, this), &QShortcut::activated, this,
-            [this] { Run([this] { canvas_.DeleteSelected(); }); });
-    resize(firstSize.boundedTo(QGuiApplication::primaryScreen()->availableSize()));
+    connect(new QShortcut(Qt::Key_F6, this), &QShortcut::activated, this, [this] { lstHints_->Open(); });
+    connect(new QShortcut(Qt::Key_Delete, this), &QShortcut::activated, this, &frmMain::DeleteSelected);
+    FitToScreen(this, firstSize);
     SetPreferences(preferences);
     picContainer_->setFocus();
     document_.AddListener(*this);
+    shownState_ = document_.StateNumber();
     LoadProperties();
     LayOut();
     ShowFileAndHistory();
@@ -213,7 +209,7 @@ void frmMain::LayOut() {
     lblWindow_->setText(QString("Fenster: B = %1 / H = %2").arg(designedSize_.width()).arg(designedSize_.height()));
 }
 
-/// A resized window shows the design's beginning; hints that come and go leave the user where he is.
+/// A resized window shows the design's beginning; a list of hints that is opened or closed leaves the user where he is.
 void frmMain::LayOutAgain() {
     const int left = hScroll_->value();
     const int top = vScroll_->value();
@@ -256,6 +252,7 @@ void frmMain::DocumentChanged(const DocumentChange& change) {
         ShowFileAndHistory();
     if (change.design.menus || change.design.sql)
         RefreshCodeMenu();
+    shownState_ = document_.StateNumber();
     if (change.design.Any())
         hintTimer_.start();
     if (change.properties) {
@@ -267,7 +264,7 @@ void frmMain::DocumentChanged(const DocumentChange& change) {
 void frmMain::ShowFileAndHistory() {
     setWindowModified(document_.IsChanged());
     const QString path = ToText(document_.FilePath());
-    const QString title = (path.isEmpty() ? "Neues Projekt" : QFileInfo(path).fileName()) + "[*] – Pirol";
+    const QString title = (path.isEmpty() ? "Neues Projekt" : QFileInfo(path).fileName()) + "[*] - Pirol";
     if (windowTitle() != title)
         setWindowTitle(title);
     const auto show = [this](const char* command, bool enabled, const QString& caption, const std::string& label) {
@@ -301,13 +298,29 @@ void frmMain::ShowHints() {
 
 void frmMain::GoTo(const Hint& hint) {
     if (!hint.component) {
-        statusBar()->showMessage(ToText(WhereToMend(hint.subject)), hintMessageTime);
+        statusBar()->showMessage(ToText(WhereToMend(hint.subject)), messageTime);
         return;
     }
     Run([&] { document_.Select(hint.component); });
     ScrollToSelection();
     plProperties_->ShowProperty(hint.property);
     plProperties_->setFocus(Qt::OtherFocusReason);
+}
+
+/// The key deletes wherever the keyboard is, so the user is told what went.
+void frmMain::DeleteSelected() {
+    const std::optional<ComponentRef> selected = canvas_.Selected();
+    if (!selected)
+        return;
+    const QString name = ToText(Model().Element(*selected).ObjectName).left(60);
+    if (Run([this] { canvas_.DeleteSelected(); }))
+        statusBar()->showMessage(name + " gelöscht. Strg+Z bringt die Komponente zurück.", messageTime);
+}
+
+/// Exports end without a window of their own.
+void frmMain::SayExported(const std::string& path) {
+    if (!path.empty())
+        statusBar()->showMessage(QString("Exportiert: »%1«").arg(QFileInfo(ToText(path)).fileName()), messageTime);
 }
 
 // --- The operations of consequence ------------------------------------------------------------------------------

@@ -12,7 +12,9 @@
 #include <QTimer>
 
 #include <chrono>
+#include <cstdint>
 #include <functional>
+#include <set>
 #include <span>
 #include <string>
 
@@ -73,6 +75,9 @@ class frmMain : public QMainWindow, private DocumentListener {
   private:
     struct CommandRow;
     struct CommandTable;
+    struct CodeMark;
+    static const CodeMark menuMark;
+    static const CodeMark databaseMark;
 
     void SetPreferences(const Preferences& preferences);
     void BuildMenus();
@@ -98,6 +103,10 @@ class frmMain : public QMainWindow, private DocumentListener {
     void ChooseKindByMenu(int entry);
     void ApplyWindowPreset(int entry);
     void RefreshCodeMenu();
+    void RefreshCodeMark(const CodeMark& mark, bool isPossible);
+    void ChooseCodeMark(const CodeMark& mark);
+    void SayExported(const std::string& path);
+    void DeleteSelected();
 
     // The commands.
     void mnuFileNew();
@@ -131,7 +140,7 @@ class frmMain : public QMainWindow, private DocumentListener {
     cCommonDialog& dialogs_;
     ProgramStarter& starter_;
     Document document_;
-    CodeOptions options_;
+    CodeOptions options_; ///< as the marks of the code menu say
     Preferences preferences_;
     DesignCanvas canvas_;
     bool choosingByMenu_ = false; ///< keeps the toolbar's click from running the menu's logic again
@@ -150,6 +159,12 @@ class frmMain : public QMainWindow, private DocumentListener {
     lstHints* lstHints_ = nullptr;
     QTimer hintTimer_; ///< runs out when the design has come to rest
     QLabel* panels_[3] = {};
+    /// States of the design in which a mark of the code menu was on that went away with its reason.
+    std::set<std::uint64_t> menuMarkStates_;
+    std::set<std::uint64_t> databaseMarkStates_;
+    std::uint64_t shownState_ = 0; ///< of the design
+    /// Milliseconds for which the status bar says what has happened or where to go on.
+    static constexpr int messageTime = 10000;
     QSize designedSize_; ///< for which the window is laid out
     QSize laidOutSize_;  ///< of the whole main window
 };

@@ -15,6 +15,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
+#include <QStatusBar>
 
 namespace pirol {
 
@@ -176,6 +177,7 @@ void frmMain::ChooseKindByMenu(int entry) {
 
 void frmMain::mnuFileNew() {
     Run([this] { NewProject(document_); });
+    picContainer_->setFocus(Qt::OtherFocusReason);
 }
 
 void frmMain::mnuFileOpen() {
@@ -209,19 +211,41 @@ void frmMain::mnuEditRedo() {
 
 void frmMain::mnuViewShowGrid() {
     canvas_.SetShowsGrid(Command("mnuViewShowGrid")->isChecked());
-    picContainer_->update();
+    picContainer_->Repaint();
 }
 
 void frmMain::mnuObjectsGrid() {
     canvas_.SetSnapsToGrid(Command("mnuObjectsGrid")->isChecked());
 }
 
+/// A check item of the code menu.
+struct frmMain::CodeMark {
+    const char* command;
+    bool CodeOptions::*option;
+    std::set<std::uint64_t> frmMain::*states;
+    const char* lost; ///< what the user is told when it goes
+};
+
+const frmMain::CodeMark frmMain::menuMark = {
+    "mnuCodeMenu", &CodeOptions::menu, &frmMain::menuMarkStates_,
+    "Die Menüleiste ist leer: »Code, Menüleiste erzeugen« ist wieder ausgeschaltet."};
+const frmMain::CodeMark frmMain::databaseMark = {
+    "mnuCodeSQL", &CodeOptions::database, &frmMain::databaseMarkStates_,
+    "Es ist kein Server angegeben: »Code, Datenbankzugriff erzeugen« ist wieder ausgeschaltet."};
+
 void frmMain::mnuCodeMenu() {
-    options_.menu = Command("mnuCodeMenu")->isChecked();
+    ChooseCodeMark(menuMark);
 }
 
 void frmMain::mnuCodeSQL() {
-    options_.database = Command("mnuCodeSQL")->isChecked();
+    ChooseCodeMark(databaseMark);
+}
+
+void frmMain::ChooseCodeMark(const CodeMark& mark) {
+    options_.*mark.option = Command(mark.command)->isChecked();
+    if (!(options_.*mark.option))
+        (this->*mark.states).erase(document_.StateNumber());
+    picContainer_->SetLostStrip(options_.menu ? MenuBar::runningHeight : 0);
 }
 
 void frmMain::mnuCodeGenerate() {
@@ -234,8 +258,23 @@ void frmMain::mnuCodeGenerate() {
 }
 
 void frmMain::RefreshCodeMenu() {
-    Command("mnuCodeMenu")->setEnabled(!Model().Menus().IsEmpty());
-    Command("mnuCodeSQL")->setEnabled(!Model().Sql().Server.empty());
+    RefreshCodeMark(menuMark, !Model().Menus().IsEmpty());
+    RefreshCodeMark(databaseMark, !Model().Sql().Server.empty());
+}
+
+/// A mark goes with its reason. When undo leads back to the state in which it was on, it is on again.
+void frmMain::RefreshCodeMark(const CodeMark& mark, bool isPossible) {
+    QAction* const command = Command(mark.command);
+    std::set<std::uint64_t>& states = this->*mark.states;
+    command->setEnabled(isPossible);
+    if (command->isChecked() && !isPossible) {
+        states.insert(shownState_);
+        command->setChecked(false);
+        statusBar()->showMessage(mark.lost, messageTime);
+    } else if (isPossible && states.contains(document_.StateNumber())) {
+        command->setChecked(true);
+    }
+    ChooseCodeMark(mark);
 }
 
 void frmMain::mnuWindowSize0() {
@@ -255,9 +294,17 @@ void frmMain::ApplyWindowPreset(int entry) {
     const std::optional<Rectangle> preset = WindowPreset(entry, available.width(), available.height());
     if (!preset)
         return;
+    const auto place = [this, available, box = *preset] {
+        resize(QSize(box.width, box.height) - (frameSize() - size()));
+        move(available.topLeft() + QPoint(box.left, box.top));
+    };
+    const bool wasLarge = isMaximized() || isFullScreen();
     showNormal();
-    resize(QSize(preset->width, preset->height) - (frameSize() - size()));
-    move(available.topLeft() + QPoint(preset->left, preset->top));
+    place();
+    // A window that was maximised gets its frame back only now; how long that takes is the system's affair.
+    constexpr int frameTime = 200;
+    if (wasLarge)
+        QTimer::singleShot(frameTime, this, place);
 }
 
 } // namespace pirol

@@ -21,15 +21,22 @@ void frmMain::mnuFileStartBlueJ() {
 }
 
 void frmMain::mnuProjectExportBlueJ() {
-    Run([this] { ExportBlueJ(Model(), options_, preferences_.BlueJPath, dialogs_, starter_); });
+    std::string folder;
+    Run([&] {
+        folder = ExportBlueJ(Model(), options_, dialogs_);
+        SayExported(folder);
+    });
+    // A start that fails has its own report: the export was good.
+    if (!folder.empty())
+        Run([&] { StartBlueJOn(folder, preferences_.BlueJPath, starter_); });
 }
 
 void frmMain::mnuProjectExportJava() {
-    Run([this] { ExportJava(Model(), options_, dialogs_); });
+    Run([this] { SayExported(ExportJava(Model(), options_, dialogs_)); });
 }
 
 void frmMain::mnuProjectExportText() {
-    Run([this] { ExportText(Model(), options_, dialogs_); });
+    Run([this] { SayExported(ExportText(Model(), options_, dialogs_)); });
 }
 
 // --- Dialogs ----------------------------------------------------------------------------------------------------

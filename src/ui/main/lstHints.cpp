@@ -55,7 +55,7 @@ lstHints::lstHints(QWidget* parent)
     heading_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     heading_->setAutoRaise(true);
     heading_->setCheckable(true);
-    heading_->setStatusTip("Zeigt oder verbirgt die Hinweise zum erzeugten Programm");
+    heading_->setStatusTip("F6: zeigt die Hinweise zum erzeugten Programm; ein Klick verbirgt sie wieder");
     SetOff(heading_);
     connect(heading_, &QToolButton::toggled, this, &lstHints::Fold);
 
@@ -71,10 +71,22 @@ lstHints::lstHints(QWidget* parent)
     rows->setSpacing(0);
     rows->addWidget(heading_);
     rows->addWidget(list_);
-    // Only now: unfolding shows the list, which would have been a window of its own before it stood here.
-    hide();
+    // As high for no lines as for many.
+    list_->addItem(" ");
+    list_->setFixedHeight(linesShown * list_->sizeHintForRow(0) + 2 * list_->frameWidth());
+    list_->clear();
+    ShowCount();
+    Fold(false);
+}
+
+void lstHints::Open() {
     heading_->setChecked(true);
-    setFocusProxy(list_);
+    list_->setFocus(Qt::ShortcutFocusReason);
+}
+
+void lstHints::ShowCount() {
+    heading_->setText(QString("Hinweise (%1)").arg(Count(hints_.size())));
+    heading_->setAccessibleName(heading_->text());
 }
 
 void lstHints::ShowHints(std::vector<Hint> hints) {
@@ -83,18 +95,13 @@ void lstHints::ShowHints(std::vector<Hint> hints) {
     hints_ = std::move(hints);
     const int current = list_->currentRow();
     list_->clear();
-    if (hints_.empty())
-        return hide();
+    ShowCount();
     const EffectIcons icons(*style());
     for (const Hint& hint : hints_)
         list_->addItem(NewLine(hint, icons));
     // No line is marked until the user has been in the list.
     if (current >= 0)
         list_->setCurrentRow(std::min(current, list_->count() - 1));
-    heading_->setText(QString("Hinweise (%1)").arg(Count(hints_.size())));
-    heading_->setAccessibleName(heading_->text());
-    list_->setFixedHeight(linesShown * list_->sizeHintForRow(0) + 2 * list_->frameWidth());
-    show();
 }
 
 void lstHints::Choose(int row) {

@@ -11,8 +11,8 @@ class QToolButton;
 
 namespace pirol {
 
-/// The list of hints under the canvas: a heading with their number, which folds the list, and one line per hint. It
-/// takes no room as long as there are none.
+/// The list of hints under the canvas: a heading with their number, and below it one line per hint once the user opens
+/// the list. It comes and goes by the user's hand alone, so that nothing moves under the pointer.
 class lstHints : public QWidget {
     Q_OBJECT
 
@@ -21,6 +21,8 @@ class lstHints : public QWidget {
 
     /// Shows these hints instead of the present ones; the current line stays where it was.
     void ShowHints(std::vector<Hint> hints);
+    /// Opens the list and gives it the keyboard.
+    void Open();
 
   signals:
     /// A click on a hint, or Enter.
@@ -29,6 +31,7 @@ class lstHints : public QWidget {
   private:
     void Choose(int row);
     void Fold(bool open);
+    void ShowCount();
 
     QToolButton* heading_;
     QListWidget* list_;

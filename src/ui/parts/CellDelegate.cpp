@@ -1,17 +1,21 @@
 #include "ui/parts/CellDelegate.h"
 
+#include "ui/parts/TextLine.h"
+
 #include <QLineEdit>
 #include <QMouseEvent>
 
 #include <algorithm>
-#include <limits>
 
 namespace pirol {
 
 QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const {
-    auto* line = new QLineEdit(parent);
+    QLineEdit* line = nullptr;
+    if (index.data(isNumberRole).toBool())
+        line = new NumberLine(parent);
+    else
+        line = new TextLine({}, parent);
     line->setFrame(false);
-    line->setMaxLength(std::numeric_limits<int>::max());
     line->setAutoFillBackground(true);
     line->setAccessibleName(index.model()->headerData(index.column(), Qt::Horizontal).toString());
     return line;
@@ -20,8 +24,13 @@ QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
 void CellDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const {
     auto* line = qobject_cast<QLineEdit*>(editor);
     // A value that changes meanwhile must not disturb a user who is typing.
-    if (line != nullptr && !line->isModified())
-        line->setText(index.data(Qt::EditRole).toString());
+    if (line == nullptr || line->isModified())
+        return;
+    const QString value = index.data(Qt::EditRole).toString();
+    if (auto* text = qobject_cast<TextLine*>(line))
+        text->ShowText(value);
+    else
+        line->setText(value);
 }
 
 void CellDelegate::setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const {
@@ -37,7 +46,7 @@ bool CellDelegate::editorEvent(QEvent* event, QAbstractItemModel* model, const Q
                                const QModelIndex& index) {
     const bool isMouse = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick ||
                          event->type() == QEvent::MouseButtonRelease;
-    if (!isMouse || !index.flags().testFlag(Qt::ItemIsUserCheckable))
+    if (!isMouse || !index.data(Qt::CheckStateRole).isValid() || !index.flags().testFlag(Qt::ItemIsUserCheckable))
         return QStyledItemDelegate::editorEvent(event, model, option, index);
     // The word beside the box belongs to it, as it does for every check box; the press makes the row the current one.
     const auto* mouse = static_cast<QMouseEvent*>(event);

@@ -4,13 +4,16 @@
 
 namespace pirol {
 
-/// Edits cells of a list or table: texts and numbers in a line of any length, which is written only when the user typed
-/// something, so that looking at a value never changes it; flags by a click anywhere in their cell.
+/// Edits cells of a list or table: texts and numbers in a line, which is written only when the user typed something, so
+/// that looking at a value never changes it; flags by a click anywhere in their cell.
 class CellDelegate : public QStyledItemDelegate {
     Q_OBJECT
 
   public:
     using QStyledItemDelegate::QStyledItemDelegate;
+
+    /// The role under which a cell says with true that it holds a whole number.
+    static constexpr int isNumberRole = Qt::UserRole;
 
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     void setEditorData(QWidget* editor, const QModelIndex& index) const override;

@@ -9,6 +9,8 @@
 #include <QPixmap>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
+#include <QStyle>
 #include <QVBoxLayout>
 
 namespace pirol {
@@ -80,6 +82,13 @@ QLayout* NewButtonRow(std::initializer_list<QPushButton*> buttons) {
     for (QPushButton* const button : buttons)
         row->addWidget(button);
     return row;
+}
+
+void FitToScreen(QWidget* window, const QSize& size) {
+    // The system draws the frame only when the window is shown; its title is about as high as the style's.
+    const int title = window->style()->pixelMetric(QStyle::PM_TitleBarHeight) * 2;
+    constexpr int sides = 16;
+    window->resize(size.boundedTo(window->screen()->availableSize() - QSize(sides, title)));
 }
 
 QLabel* NewNote(const QString& text, int charactersPerLine) {

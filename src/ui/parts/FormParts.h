@@ -57,6 +57,9 @@ QRadioButton* NewOption(const char* name, const QString& caption, const QString&
 /// The row at the foot of a form: its closing buttons, at the right edge.
 QLayout* NewButtonRow(std::initializer_list<QPushButton*> buttons);
 
+/// Makes a window that large, or as large as the screen lets a window with its frame be.
+void FitToScreen(QWidget* window, const QSize& size);
+
 /// A label that breaks its lines at the given number of average characters.
 QLabel* NewNote(const QString& text, int charactersPerLine);
 

@@ -1,6 +1,7 @@
 #include "ui/properties/PropertyListModel.h"
 
 #include "base/Conversions.h"
+#include "ui/parts/CellDelegate.h"
 #include "ui/parts/FormParts.h"
 
 #include <algorithm>
@@ -94,6 +95,8 @@ QVariant PropertyListModel::data(const QModelIndex& index, int role) const {
         return isValue ? Shown(row) : index.column() == CaptionColumn ? ToText(row.caption) : QString();
     case Qt::EditRole:
         return isValue ? QVariant(ToText(row.value)) : QVariant();
+    case CellDelegate::isNumberRole:
+        return isValue && row.editor == EditorKind::Number;
     case Qt::CheckStateRole:
         if (isValue && row.editor == EditorKind::Flag)
             return ConvertToBoolean(row.value) ? Qt::Checked : Qt::Unchecked;

@@ -55,6 +55,8 @@ class ListRowsModel final : public QAbstractTableModel {
             return Shown(isFlag ? LowerCase(value) : value);
         case Qt::EditRole:
             return ToText(value);
+        case CellDelegate::isNumberRole:
+            return TypeOf(index.column()) == FieldType::Number;
         case Qt::CheckStateRole:
             return isFlag ? QVariant(ConvertToBoolean(value) ? Qt::Checked : Qt::Unchecked) : QVariant();
         default:

@@ -40,6 +40,8 @@ class plProperties : public QTreeView {
     void FinishEditing();
 
     QSize sizeHint() const override;
+    /// Letters never leave the row: where it takes none they do nothing.
+    void keyboardSearch(const QString&) override {}
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
   signals:

@@ -1,0 +1,40 @@
+#include "base/PictureHead.h"
+#include "Cases.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <tuple>
+
+namespace pirol {
+namespace {
+
+using namespace std::string_literals;
+
+TEST(PictureHead, SizesOfEveryFormat) {
+    const std::string png = "\x89PNG\r\n\x1A\n\0\0\0\x0DIHDR\0\0\x02\x80\0\0\x01\xE0"s;
+    const std::string jpeg = "\xFF\xD8\xFF\xE0\0\x04JF\xFF\xFF\xC2\0\x11\x08\x01\xE0\x02\x80"s;
+    const std::string bmp = "BM\0\0\0\0\0\0\0\0\0\0\0\0"s;
+    const std::tuple<const char*, std::string, std::optional<PictureSize>> cases[] = {
+        {"png", png, PictureSize{640, 480}},
+        {"gif", "GIF89a\x80\x02\xE0\x01"s, PictureSize{640, 480}},
+        {"bmp", bmp + "\x28\0\0\0\x80\x02\0\0\xE0\x01\0\0"s, PictureSize{640, 480}},
+        {"bmp from the top", bmp + "\x28\0\0\0\x80\x02\0\0\x20\xFE\xFF\xFF"s, PictureSize{640, 480}},
+        {"old bmp", bmp + "\x0C\0\0\0\x80\x02\xE0\x01"s, PictureSize{640, 480}},
+        {"jpeg", jpeg, PictureSize{640, 480}},
+        {"cut-off jpeg", jpeg.substr(0, 9), std::nullopt},
+        {"jpeg in a circle", "\xFF\xD8\xFF\xE0"s + std::string(100, '\0'), std::nullopt},
+        {"cut-off png", png.substr(0, 12), std::nullopt},
+        {"text", "Bild", std::nullopt},
+        {"empty", "", std::nullopt},
+    };
+    const test::ScratchFolder folder;
+    EXPECT_EQ(SizeOfPicture(folder / "nothing"), std::nullopt);
+    for (const auto& [name, bytes, size] : cases) {
+        CreateFileBytes(folder / name, bytes);
+        EXPECT_EQ(SizeOfPicture(folder / name), size) << name;
+    }
+}
+
+} // namespace
+} // namespace pirol
