@@ -1,0 +1,753 @@
+#include "codegen/ExistingCode.h"
+
+#include "base/Conversions.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+
+#include <algorithm>
+
+namespace pirol {
+namespace {
+
+constexpr std::string_view baseClass = "EBAnwendung";
+constexpr std::string_view menuClass = "Menue";
+constexpr std::string_view databaseClass = "Datenbank";
+constexpr std::string_view resultClass = "SQLErgebnisliste";
+constexpr std::string_view radioButtonClass = "Radioknopf";
+constexpr std::string_view packages[] = {"ereignis", "komponenten", "multimedia", databasePackage, toolsPackage};
+constexpr std::string_view textAreas[] = {"Zeichenbereich", "Zeilenbereich"};
+/// Far more than any program has; what a file made for it could ask for ends here.
+constexpr std::size_t mostPieces = std::size_t{1} << 21U;
+/// A class's head is not longer.
+constexpr std::size_t longestHead = 40;
+
+template <class Texts>
+bool Contains(const Texts& texts, std::string_view text) {
+    return std::find(std::begin(texts), std::end(texts), text) != std::end(texts);
+}
+
+/// How a brace changes the level.
+int LevelStep(std::string_view token) {
+    if (token.size() != 1)
+        return 0;
+    return (token.front() == '{' ? 1 : 0) - (token.front() == '}' ? 1 : 0);
+}
+
+std::size_t LineBreaks(std::string_view text) {
+    std::size_t breaks = 0;
+    for (std::size_t position = EndOfLine(text, 0); position < text.size();
+         position = EndOfLine(text, BehindLine(text, position)))
+        ++breaks;
+    return breaks;
+}
+
+/// The database's methods as generated, with "?" for every setting.
+const JavaTokens& Queries() {
+    static const std::string code = [] {
+        SQLSettings settings{"?", "?", "?", "?", "?", {}};
+        settings.Flags.fill(1);
+        return GenerateSQLMethods(settings);
+    }();
+    static const JavaTokens tokens(code, JavaTokens::Comments::WithinLines);
+    return tokens;
+}
+
+/// The token with the name of a query in Queries(), or its count.
+std::size_t FindQuery(std::string_view name) {
+    static const std::unordered_map<std::string_view, std::size_t> names = [] {
+        std::unordered_map<std::string_view, std::size_t> found;
+        for (std::size_t index = 0; index < Queries().Count(); ++index)
+            if (IsMethodHead(Queries(), index, {}))
+                found.emplace(Queries().Text(index), index);
+        return found;
+    }();
+    const auto place = names.find(name);
+    return place == names.end() ? Queries().Count() : place->second;
+}
+
+bool IsDeclared(const JavaTokens& tokens, std::string_view javaClass, std::string_view name) {
+    for (std::size_t index = 0; index < tokens.Count(); ++index)
+        if (tokens.Is(index, javaClass) && tokens.Are(index + 1, name, ";"))
+            return true;
+    return false;
+}
+
+} // namespace
+
+UpdateRefusal::UpdateRefusal(std::size_t line, std::string_view message)
+    : std::runtime_error(Concatenate("Zeile ", line, ": ", message)), line_(line) {}
+
+CodeOptions HeldBlocks(const JavaTokens& tokens) {
+    return {IsDeclared(tokens, menuClass, subMenu), IsDeclared(tokens, databaseClass, database)};
+}
+
+ExistingCode::ExistingCode(const JavaTokens& tokens, const GeneratedCode& wanted, CodeOptions blocks)
+    : tokens_(tokens), source_(tokens.Source()), wanted_(wanted), blocks_(blocks) {
+    FindClass();
+    FindConstructor();
+    FindConstructorEnd();
+    FindClassEnd();
+    SetRegions();
+    ReadImports();
+    ReadFields(classOpen_ + 1, constructor_, CodeSection::Fields);
+    ReadFields(constructorEnd_ + (constructorCloses_ ? 1 : 0), classEnd_, CodeSection::Methods);
+    ReadConstructor();
+    ReadComments();
+    DecideFields();
+    KeepOwnedPieces();
+    CollectRegistered();
+    ReadMethods();
+    DropOverlaps();
+}
+
+// --- where things are ---
+
+void ExistingCode::FindClass() {
+    int balance = 0;
+    bool found = false;
+    for (std::size_t index = 0; index < tokens_.Count(); ++index) {
+        balance += LevelStep(tokens_.Text(index));
+        if (!tokens_.Is(index, "class") || !tokens_.IsWord(index + 1))
+            continue;
+        std::size_t at = index + 2;
+        while (at < index + longestHead && LevelStep(tokens_.Text(at)) == 0 && !tokens_.Is(at, "extends"))
+            ++at;
+        while (tokens_.Is(at + 2, "."))
+            at += 2;
+        if (!tokens_.Is(at + 1, baseClass))
+            continue;
+        if (found)
+            Refuse(index, "Mehr als eine Klasse erweitert EBAnwendung.");
+        found = true;
+        classToken_ = index;
+        className_ = tokens_.Text(index + 1);
+        classOpen_ = at + 1;
+        for (std::size_t ahead = at + 2; ahead < at + longestHead; ++ahead)
+            if (tokens_.Is(ahead, "{")) {
+                classOpen_ = ahead;
+                break;
+            }
+    }
+    if (!found)
+        throw UpdateRefusal(1, "Es gibt keine Klasse, die EBAnwendung erweitert.");
+    bracesMatch_ = balance == 0;
+}
+
+void ExistingCode::FindConstructor() {
+    int level = 1;
+    int foundLevel = 0;
+    for (std::size_t index = classOpen_ + 1; index < tokens_.Count(); ++index) {
+        level += LevelStep(tokens_.Text(index));
+        if (!tokens_.Is(index, className_) || !tokens_.Are(index + 1, "(", ")"))
+            continue;
+        const bool begins = MayBegin(tokens_, index) || IsModifier(tokens_.Text(index - 1));
+        if (!begins || tokens_.Is(index - 1, "new") || tokens_.Is(index + 3, ";") || tokens_.Is(index + 3, "."))
+            continue;
+        if (constructor_ != 0 && level == foundLevel)
+            Refuse(index, Concatenate("Der Konstruktor ", className_, "() steht zweimal da, zuerst in Zeile ",
+                                      LineOf(constructor_), "."));
+        if (constructor_ != 0 && level > foundLevel)
+            continue;
+        constructor_ = index;
+        foundLevel = level;
+    }
+    if (constructor_ == 0)
+        Refuse(classToken_, Concatenate("Die Klasse ", className_, " hat keinen Konstruktor ohne Parameter."));
+    constructorOpen_ = constructor_ + 2;
+    for (std::size_t ahead = constructor_ + 3; ahead < constructor_ + longestHead && !tokens_.Is(ahead, ";"); ++ahead)
+        if (tokens_.Is(ahead, "{")) {
+            constructorOpen_ = ahead;
+            break;
+        }
+    inOrder_ = foundLevel == 1;
+}
+
+/// The brace that closes the constructor's first one, if nothing speaks against it: no other method begins before on
+/// the same level, no statement of ours follows it, and the class has a brace left.
+void ExistingCode::FindConstructorEnd() {
+    int level = 1;
+    std::size_t closing = 0;
+    std::size_t index = constructorOpen_ + 1;
+    bool trusted = true;
+    for (; index < tokens_.Count() && trusted; ++index) {
+        const int step = LevelStep(tokens_.Text(index));
+        level += step;
+        if (closing == 0 && step < 0 && level == 0)
+            closing = index;
+        else if (closing != 0 && step < 0)
+            break; // the class has a brace left
+        else if (closing == 0 && (IsKnownHead(index) || (level <= 1 && IsMethodHead(tokens_, index, className_))))
+            trusted = false;
+        else if (closing != 0 && LooksLikeStatement(index))
+            trusted = false;
+        else if (closing != 0 && IsMethodHead(tokens_, index, className_))
+            break;
+    }
+    trusted = trusted && closing != 0 && index < tokens_.Count();
+    inOrder_ = inOrder_ && trusted;
+    constructorEnd_ = closing;
+    if (!trusted)
+        FindBrokenConstructorEnd();
+}
+
+/// The last brace at the beginning of a line before the next method, and behind the last statement of ours.
+void ExistingCode::FindBrokenConstructorEnd() {
+    int level = 1;
+    std::size_t lowest = constructorOpen_;
+    std::size_t limit = constructorOpen_ + 1;
+    std::size_t lastBrace = tokens_.Count();
+    for (; limit < tokens_.Count(); ++limit) {
+        const int step = LevelStep(tokens_.Text(limit));
+        level += step;
+        if (step < 0)
+            lastBrace = limit;
+        if (LooksLikeStatement(limit))
+            lowest = limit;
+        if (IsKnownHead(limit) ||
+            (IsMethodHead(tokens_, limit, className_) && (level <= 1 || (!bracesMatch_ && IsOutsideIndent(limit)))))
+            break;
+    }
+    limit = limit < tokens_.Count() ? FirstOfHead(limit) : std::max(lastBrace, lowest + 1);
+    constructorEnd_ = limit;
+    constructorCloses_ = false;
+    for (std::size_t index = limit; index-- > lowest + 1;)
+        if (tokens_.Is(index, "}") && tokens_[index].startsLine != 0) {
+            constructorEnd_ = index;
+            constructorCloses_ = true;
+            return;
+        }
+}
+
+void ExistingCode::FindClassEnd() {
+    int level = 1;
+    classEnd_ = tokens_.Count();
+    std::size_t lastBrace = tokens_.Count();
+    for (std::size_t index = constructorEnd_ + (constructorCloses_ ? 1 : 0); index < tokens_.Count(); ++index) {
+        const int step = LevelStep(tokens_.Text(index));
+        level += step;
+        if (step >= 0)
+            continue;
+        lastBrace = index;
+        if (level != 0)
+            continue;
+        std::size_t next = index + 1;
+        while (IsModifier(tokens_.Text(next)))
+            ++next;
+        if (next == tokens_.Count() ||
+            Contains(std::array<std::string_view, 4>{"class", "interface", "enum", "@"}, tokens_.Text(next))) {
+            classEnd_ = index;
+            return;
+        }
+    }
+    inOrder_ = false;
+    classEnd_ = lastBrace;
+}
+
+bool ExistingCode::IsKnownHead(std::size_t index) const {
+    return tokens_.Are(index + 1, "(", ")") && tokens_.Is(index - 1, "void") && !tokens_.Is(index + 3, ";") &&
+           wanted_.methods.contains(tokens_.Text(index));
+}
+
+bool ExistingCode::LooksLikeStatement(std::size_t index) const {
+    if (!tokens_.IsWord(index) || !MayBegin(tokens_, index))
+        return false;
+    if (tokens_.Are(index + 1, "=", "new"))
+        return ClassForms().contains(tokens_.Text(index + 3));
+    return tokens_.Is(index + 1, ".") && tokens_.Text(index + 2).starts_with(registration);
+}
+
+/// Whether a head stands as far left as the constructor's.
+bool ExistingCode::IsOutsideIndent(std::size_t index) const {
+    const auto indent = [this](std::size_t token) {
+        const std::size_t begin = tokens_[FirstOfHead(token)].begin;
+        return begin - LineStart(begin, 0);
+    };
+    return indent(index) <= indent(constructor_);
+}
+
+std::size_t ExistingCode::FirstOfHead(std::size_t index) const {
+    while (index > 0 && tokens_[index].startsLine == 0 && tokens_.IsWord(index - 1))
+        --index;
+    return index;
+}
+
+void ExistingCode::SetRegions() {
+    const auto positionOf = [this](std::size_t token) {
+        return token < tokens_.Count() ? tokens_[token].begin : source_.size();
+    };
+    Region& imports = regions[static_cast<std::size_t>(CodeSection::Imports)];
+    imports.end = AboveComments(LineStart(positionOf(FirstOfHead(classToken_)), 0), 0);
+    Region& declarations = regions[static_cast<std::size_t>(CodeSection::Fields)];
+    declarations.begin = BehindToken(classOpen_);
+    declarations.end =
+        AboveComments(LineStart(positionOf(FirstOfHead(constructor_)), declarations.begin), declarations.begin);
+    Region& statements = regions[static_cast<std::size_t>(CodeSection::Constructor)];
+    statements.begin = BehindToken(constructorOpen_);
+    statements.end = LineStart(positionOf(constructorEnd_), statements.begin);
+    Region& methods = regions[static_cast<std::size_t>(CodeSection::Methods)];
+    methods.begin = statements.end;
+    if (constructorCloses_) {
+        methods.begin = BehindToken(constructorEnd_);
+        const std::size_t behind = BehindLine(source_, methods.begin);
+        if (behind <= positionOf(constructorEnd_ + 1) && behind < source_.size() &&
+            IsLineEnd(source_[methods.begin - 1]) && IsBlank(source_.substr(methods.begin, behind - methods.begin)))
+            methods.begin = behind;
+    }
+    methods.end = LineStart(positionOf(classEnd_), methods.begin);
+}
+
+/// Behind a token's line when nothing else stands in it, and directly behind the token otherwise.
+std::size_t ExistingCode::BehindToken(std::size_t index) const {
+    const std::size_t end = tokens_[index].end;
+    const std::size_t endOfLine = EndOfLine(source_, end);
+    const bool isLast = index + 1 >= tokens_.Count() || tokens_[index + 1].begin >= endOfLine;
+    return isLast ? BehindLine(source_, end) : end;
+}
+
+/// The beginning of the line when only blanks stand before the position.
+std::size_t ExistingCode::LineStart(std::size_t position, std::size_t lowest) const {
+    std::size_t start = position;
+    while (start > lowest && (source_[start - 1] == ' ' || source_[start - 1] == '\t'))
+        --start;
+    return start == lowest || IsLineEnd(source_[start - 1]) ? start : position;
+}
+
+/// The empty line above a head, with the comments between them: a new declaration must not come between a comment and
+/// what it is about.
+std::size_t ExistingCode::AboveComments(std::size_t position, std::size_t lowest) const {
+    std::size_t line = position;
+    while (line > lowest && IsLineEnd(source_[line - 1])) {
+        std::size_t before = line - (source_.substr(0, line).ends_with("\r\n") ? 2 : 1);
+        while (before > lowest && !IsLineEnd(source_[before - 1]))
+            --before;
+        const std::string_view text = Stripped(source_.substr(before, line - before));
+        if (text.empty())
+            return before;
+        const bool isOurs = text == fieldsComment || text.starts_with("//import");
+        if (isOurs ||
+            !(text.starts_with("//") || text.starts_with("/*") || text.starts_with('*') || text.starts_with('@')))
+            break;
+        line = before;
+    }
+    return position;
+}
+
+// --- what is Pirol's ---
+
+ExistingPiece& ExistingCode::AddPiece(const CodeKey& key, CodeSection section, std::size_t firstToken,
+                                      std::size_t endToken) {
+    if (pieces.size() == mostPieces)
+        throw RuntimeError(RuntimeError::OutOfMemory);
+    ExistingPiece& piece = pieces.emplace_back();
+    piece.key = key;
+    piece.section = section;
+    piece.begin = tokens_[firstToken].begin;
+    piece.end = tokens_[endToken - 1].end;
+    piece.firstToken = static_cast<std::uint32_t>(firstToken);
+    piece.endToken = static_cast<std::uint32_t>(endToken);
+    return piece;
+}
+
+void ExistingCode::ReadImports() {
+    for (std::size_t index = 0; index < classToken_; ++index)
+        if (tokens_.Are(index, "import", "sum", ".") && tokens_.Are(index + 4, ".", "*", ";") &&
+            MayBegin(tokens_, index) && Contains(packages, tokens_.Text(index + 3)))
+            AddPiece({{}, members::import, tokens_.Text(index + 3)}, CodeSection::Imports, index, index + 7);
+}
+
+void ExistingCode::ReadFields(std::size_t first, std::size_t end, CodeSection section) {
+    int level = 1;
+    const bool onlyOuter = inOrder_ || section == CodeSection::Methods;
+    for (std::size_t index = first; index < end; ++index) {
+        level += LevelStep(tokens_.Text(index));
+        if (!tokens_.IsWord(index) || (onlyOuter && level != 1) || !MayBegin(tokens_, index))
+            continue;
+        std::size_t behind = index;
+        for (const JavaDeclaration& declaration : ReadDeclarations(tokens_, index, behind)) {
+            ExistingField field;
+            field.javaClass = declaration.javaClass;
+            field.depth = level;
+            field.alone = declaration.alone && ClassForms().contains(declaration.javaClass);
+            field.hasValue = declaration.hasValue;
+            field.firstToken = index;
+            field.endToken = behind;
+            field.section = section;
+            // A half-written line above may end in a word that reads like a modifier.
+            for (std::size_t token = index + 1; token < declaration.token; ++token)
+                if (tokens_[token].startsLine != 0)
+                    field.firstToken = token;
+            AddField(declaration, field);
+        }
+    }
+}
+
+void ExistingCode::AddField(const JavaDeclaration& declaration, const ExistingField& field) {
+    if (!field.alone && !wanted_.fields.contains(declaration.name))
+        return;
+    const auto [place, isNew] = fields.emplace(declaration.name, field);
+    if (isNew)
+        return;
+    if (place->second.depth == field.depth && field.depth == 1)
+        Refuse(declaration.token,
+               Concatenate("Das Feld ", declaration.name, " ist zweimal deklariert, zuerst in Zeile ",
+                           LineOf(place->second.firstToken), "."));
+    if (field.depth < place->second.depth)
+        place->second = field;
+}
+
+void ExistingCode::ReadConstructor() {
+    bool mentionsConnection = false;
+    bool hasBlock = false;
+    for (std::size_t index = constructorOpen_ + 1; index < constructorEnd_;) {
+        mentionsConnection |= tokens_.Is(index, connectMethod);
+        const std::size_t before = pieces.size();
+        const std::size_t next = MayBegin(tokens_, index) ? ReadConstructorStatement(index) : index + 1;
+        hasBlock |= pieces.size() > before && pieces[before].key.member == members::block;
+        index = next;
+    }
+    ownDatabaseBlock = mentionsConnection && !hasBlock;
+}
+
+std::size_t ExistingCode::ReadConstructorStatement(std::size_t index) {
+    if (tokens_.Are(index, "if", "(", connectMethod, "(", ")", ")", "{")) {
+        ReadDatabaseBlock(index);
+        return index + 1;
+    }
+    if (tokens_.Are(index, resultList, "=", "null", ";")) {
+        AddPiece({resultList, members::assignment, "null;"}, CodeSection::Constructor, index, index + 4);
+        return index + 4;
+    }
+    callsThis |= tokens_.Are(index, "this", "(");
+    if (tokens_.Is(index, superCall) || fields.contains(tokens_.Text(index)))
+        if (const std::optional<JavaStatement> statement = ReadStatement(tokens_, index))
+            return AddStatement(index, *statement);
+    return index + 1;
+}
+
+std::size_t ExistingCode::AddStatement(std::size_t first, const JavaStatement& statement) {
+    CodeKey key{statement.assigned, members::assignment, {}};
+    const std::string& kinds = statement.arguments.kinds;
+    const std::vector<std::size_t>& arguments = statement.arguments.tokens;
+    bool asForm = true;
+    if (!statement.createdClass.empty()) {
+        ExistingField& field = fields.find(statement.assigned)->second;
+        const auto form = ClassForms().find(field.javaClass);
+        if (form == ClassForms().end() || field.javaClass != statement.createdClass)
+            return first + 1;
+        asForm = form->second.creation == kinds;
+        field.createdAsForm |= asForm;
+    } else if (!statement.assigned.empty()) {
+        if (statement.assigned != subMenu || statement.method != "neuesUntermenue" || kinds != "s")
+            return first + 1;
+        const std::size_t value = tokens_[first + 2].begin;
+        key.detail = source_.substr(value, tokens_[statement.end - 1].end - value);
+    } else if (statement.object == database) {
+        return first + 1; // only within its block
+    } else if (statement.object.empty()) {
+        key = {statement.method, {}, {}};
+    } else {
+        key = {statement.object, statement.method, {}};
+        const auto form = ClassForms().find(fields.find(statement.object)->second.javaClass);
+        if (form == ClassForms().end())
+            return first + 1;
+        const auto kindsOfCall = form->second.calls.find(statement.method);
+        if (kindsOfCall == form->second.calls.end())
+            return first + 1;
+        asForm = kindsOfCall->second == kinds;
+        if (IsListMethod(statement.method) && arguments.size() > 1)
+            key.detail = tokens_.Text(arguments.rbegin()[1]);
+    }
+    ExistingPiece& piece = AddPiece(key, CodeSection::Constructor, first, statement.end);
+    piece.asForm = asForm;
+    piece.isOdd = kinds == "?";
+    if (arguments.size() > 1) {
+        piece.firstArgument = static_cast<std::uint32_t>(arguments.front());
+        piece.lastArgument = static_cast<std::uint32_t>(arguments.rbegin()[1]);
+    }
+    return statement.end;
+}
+
+void ExistingCode::ReadDatabaseBlock(std::size_t first) {
+    const std::size_t open = first + 6;
+    std::size_t query = 0;
+    std::size_t result = 0;
+    std::size_t close = 0;
+    int level = 1;
+    for (std::size_t index = open + 1; index < constructorEnd_ && close == 0; ++index) {
+        level += LevelStep(tokens_.Text(index));
+        if (tokens_.Are(index, database, ".", "sendeSQL", "(") && tokens_.Are(index + 5, ")", ";"))
+            query = index;
+        else if (query != 0 && tokens_.Are(index, resultList, "=", database, ".", "ergebnis", "(", ")", ";"))
+            result = index;
+        else if (tokens_.Is(index, "}") && (level == 0 || (!inOrder_ && result != 0)))
+            close = index;
+    }
+    if (query == 0 || result == 0 || close == 0)
+        return;
+    AddPiece({"if", members::block, {}}, CodeSection::Constructor, first, open);
+    AddPiece({"{", members::block, {}}, CodeSection::Constructor, open, open + 1);
+    AddPiece({database, "sendeSQL", {}}, CodeSection::Constructor, query, query + 7);
+    AddPiece({resultList, members::assignment, "hatDatenbank.ergebnis();"}, CodeSection::Constructor, result,
+             result + 8);
+    AddPiece({"}", members::block, {}}, CodeSection::Constructor, close, close + 1);
+}
+
+void ExistingCode::ReadComments() {
+    for (const JavaComment& comment : tokens_.LineComments()) {
+        const std::string_view text = Stripped(source_.substr(comment.begin, comment.end - comment.begin));
+        ExistingPiece piece;
+        piece.key = {text, members::comment, {}};
+        piece.begin = static_cast<std::uint32_t>(comment.begin);
+        piece.end = static_cast<std::uint32_t>(comment.begin + text.size());
+        if (text == "//import sum.werkzeuge.*;")
+            piece.key = {{}, members::import, toolsPackage};
+        else if (text == fieldsComment)
+            piece.section = CodeSection::Fields;
+        else if (text == superComment)
+            piece.section = CodeSection::Constructor;
+        else if (text.ends_with(proposalEnd)) {
+            piece.section = CodeSection::Constructor;
+            piece.key = {text.substr(2, text.size() - 2 - proposalEnd.size()), members::proposal, {}};
+        } else
+            continue;
+        const Region& region = regions[static_cast<std::size_t>(piece.section)];
+        if (piece.begin < region.begin || piece.end > region.end)
+            continue;
+        piece.firstToken = piece.endToken = static_cast<std::uint32_t>(tokens_.From(piece.begin));
+        pieces.push_back(piece);
+    }
+}
+
+void ExistingCode::DecideFields() {
+    for (auto& [name, field] : fields) {
+        field.owned = IsOwned(name, field);
+        const auto wanted = wanted_.fields.find(name);
+        if (wanted == wanted_.fields.end() || wanted->second == field.javaClass || field.owned)
+            continue;
+        Refuse(field.firstToken, Concatenate("Hier ist ", name, " ein eigenes Feld der Klasse ", field.javaClass,
+                                             "; im Entwurf heißt so ein Objekt der Klasse ", wanted->second, "."));
+    }
+    for (const auto& [name, field] : fields)
+        if (field.owned && field.alone)
+            AddPiece({name, members::field, {}}, CodeSection::Fields, field.firstToken, field.endToken);
+}
+
+bool ExistingCode::IsOwned(std::string_view name, const ExistingField& field) const {
+    const auto wanted = wanted_.fields.find(name);
+    const bool isWanted = wanted != wanted_.fields.end() &&
+                          (wanted->second == field.javaClass ||
+                           (Contains(textAreas, wanted->second) && Contains(textAreas, field.javaClass)));
+    if (field.javaClass == databaseClass || field.javaClass == resultClass)
+        return blocks_.database && (isWanted || (field.alone && (name == database || name == resultList)));
+    if (field.javaClass == menuClass)
+        return blocks_.menu && (isWanted || (field.alone && (name == subMenu || field.createdAsForm)));
+    return isWanted || (field.alone && field.createdAsForm);
+}
+
+void ExistingCode::KeepOwnedPieces() {
+    std::erase_if(pieces, [this](const ExistingPiece& piece) { return !IsOwned(piece); });
+}
+
+bool ExistingCode::IsOwned(const ExistingPiece& piece) {
+    const std::string_view member = piece.key.member;
+    if (member == members::block)
+        return blocks_.database;
+    if (member == members::import || member == members::comment || member == members::field ||
+        piece.key.object == superCall)
+        return true;
+    const auto field = fields.find(piece.key.object);
+    if (field == fields.end() || !field->second.owned)
+        return false;
+    if (member == members::assignment || member == members::proposal)
+        return !piece.isOdd || IsAsWanted(piece);
+    return IsOwnedCall(piece) || IsAsWanted(piece);
+}
+
+bool ExistingCode::IsOwnedCall(const ExistingPiece& piece) const {
+    const std::string_view method = piece.key.member;
+    if (!piece.asForm)
+        return false;
+    if (method.starts_with(registration))
+        return Literal(piece.firstArgument) == Concatenate(piece.key.object, method.substr(registration.size()));
+    if (method == "fuegeEin") {
+        const auto button = fields.find(piece.key.detail);
+        return button != fields.end() && button->second.owned && button->second.javaClass == radioButtonClass;
+    }
+    // A line that he put into our menu has a handler that we would not have named so.
+    if (method == "haengeZeileAn")
+        return Literal(piece.lastArgument).ends_with(cMenu::CleanString(Literal(piece.firstArgument)));
+    return true;
+}
+
+bool ExistingCode::IsAsWanted(const ExistingPiece& piece) {
+    if (wantedCodes_.empty())
+        for (const GeneratedPiece& wanted : wanted_.pieces)
+            wantedCodes_.insert(wanted.code);
+    return wantedCodes_.contains(source_.substr(piece.begin, piece.end - piece.begin));
+}
+
+std::string_view ExistingCode::Literal(std::size_t token) const {
+    const std::string_view text = tokens_.Text(token);
+    return text.size() < 2 ? std::string_view() : text.substr(1, text.size() - 2);
+}
+
+void ExistingCode::CollectRegistered() {
+    for (const ExistingPiece& piece : pieces) {
+        if (piece.lastArgument == 0)
+            continue;
+        const std::string_view handler = Literal(piece.lastArgument);
+        if (piece.key.member == "haengeZeileAn")
+            registeredByMenu_.insert(handler);
+        if (piece.key.member == "haengeZeileAn" || piece.key.member.starts_with(registration))
+            registered.insert(handler);
+    }
+}
+
+// --- methods ---
+
+void ExistingCode::ReadMethods() {
+    ReadMethods(classOpen_ + 1, constructor_);
+    ReadMethods(constructorEnd_, classEnd_);
+    FindMentions();
+    for (const auto& [name, method] : methods_) {
+        const bool wantedOrRegistered = wanted_.methods.contains(name) || registered.contains(name);
+        const bool owned =
+            method.generated && (method.isQuery ? blocks_.database : wantedOrRegistered && !mentioned_.contains(name));
+        if (owned)
+            AddPiece({name, members::method, {}}, CodeSection::Methods, method.name - 2, method.endToken);
+        else
+            ownMethods.emplace(name, tokens_[method.name].begin);
+    }
+}
+
+void ExistingCode::ReadMethods(std::size_t first, std::size_t end) {
+    int level = 1;
+    for (std::size_t index = first; index < end; ++index) {
+        level += LevelStep(tokens_.Text(index));
+        if (!tokens_.Is(index + 1, "(") || index < 2 || (inOrder_ && level != 1))
+            continue;
+        const std::string_view name = tokens_.Text(index);
+        const std::size_t query = FindQuery(name);
+        const bool isQuery = query < Queries().Count();
+        if ((!isQuery && !wanted_.methods.contains(name) && !registered.contains(name)) || !IsHead(index))
+            continue;
+        const std::size_t parameters = ClosingBracket(tokens_, index + 1) - index;
+        if (parameters != (isQuery ? ClosingBracket(Queries(), query + 1) - query : 2))
+            continue;
+        Method method{index, index, level, isQuery, false};
+        method.generated =
+            isQuery ? IsGeneratedQuery(index, method.endToken) : IsGeneratedHandler(index, method.endToken);
+        AddMethod(name, method);
+    }
+}
+
+/// A head whose brace may be missing still.
+bool ExistingCode::IsHead(std::size_t name) const {
+    const std::size_t close = ClosingBracket(tokens_, name + 1);
+    return IsMethodHead(tokens_, name, className_) ||
+           (tokens_.Is(name - 1, "void") && close < tokens_.Count() && !tokens_.Is(close + 1, ";"));
+}
+
+void ExistingCode::AddMethod(std::string_view name, const Method& method) {
+    const auto [place, isNew] = methods_.emplace(name, method);
+    if (isNew)
+        return;
+    if (place->second.depth == method.depth)
+        Refuse(method.name, Concatenate("Die Methode ", name, "() steht zweimal da, zuerst in Zeile ",
+                                        LineOf(place->second.name), "."));
+    if (method.depth < place->second.depth)
+        place->second = method;
+}
+
+bool ExistingCode::IsGeneratedHandler(std::size_t name, std::size_t& end) const {
+    if (!tokens_.Are(name - 2, "public", "void") || !tokens_.Are(name + 1, "(", ")", "{", "}") ||
+        !MayBegin(tokens_, name - 2))
+        return false;
+    const auto textBetween = [this](std::size_t left, std::size_t right) {
+        return source_.substr(tokens_[left].end, tokens_[right].begin - tokens_[left].end);
+    };
+    const std::string_view body = textBetween(name + 3, name + 4);
+    constexpr std::size_t linesOfBody = 2;
+    if (!IsBlank(textBetween(name - 2, name)) || !IsBlank(textBetween(name + 2, name + 3)) ||
+        LineBreaks(body) > linesOfBody)
+        return false;
+    const auto wanted = wanted_.methods.find(tokens_.Text(name));
+    const std::string_view wantedCode =
+        wanted == wanted_.methods.end() ? std::string_view() : wanted_.pieces[wanted->second].code;
+    const bool wantedByComponent = wantedCode.find("//") != std::string_view::npos;
+    const bool byMenu = registeredByMenu_.contains(tokens_.Text(name));
+    end = name + 5;
+    if (IsBlank(body))
+        return byMenu || (!wantedCode.empty() && !wantedByComponent);
+    return Stripped(body) == handlerComment && (wantedByComponent || registered.contains(tokens_.Text(name)));
+}
+
+bool ExistingCode::IsGeneratedQuery(std::size_t name, std::size_t& end) const {
+    const JavaTokens& queries = Queries();
+    const std::size_t first = FindQuery(tokens_.Text(name)) - 2;
+    std::size_t index = name - 2;
+    std::size_t at = first;
+    if (!MayBegin(tokens_, index))
+        return false;
+    for (int level = 0; at < queries.Count(); ++index, ++at) {
+        const bool isSetting = queries.Is(at, "\"?\"");
+        if (isSetting ? !tokens_.IsLiteral(index, '"') : !tokens_.Is(index, queries.Text(at)))
+            return false;
+        if (at > first &&
+            !IsBlank(source_.substr(tokens_[index - 1].end, tokens_[index].begin - tokens_[index - 1].end)))
+            return false;
+        level += LevelStep(queries.Text(at));
+        if (level == 0 && queries.Is(at, "}"))
+            break;
+    }
+    end = index + 1;
+    const auto lines = [](const JavaTokens& tokens, std::size_t from, std::size_t to) {
+        return LineBreaks(tokens.Source().substr(tokens[from].begin, tokens[to].end - tokens[from].begin));
+    };
+    return lines(tokens_, name - 2, index) <= lines(queries, first, at);
+}
+
+/// Looks in all that is not Pirol's for the names of handlers; the library finds them by text, too.
+void ExistingCode::FindMentions() {
+    std::vector<std::pair<std::size_t, std::size_t>> ours;
+    for (const ExistingPiece& piece : pieces)
+        ours.emplace_back(piece.firstToken, piece.endToken);
+    for (const auto& [name, method] : methods_)
+        if (method.generated)
+            ours.emplace_back(method.name - 2, method.endToken);
+    std::sort(ours.begin(), ours.end());
+    std::size_t index = 0;
+    ours.emplace_back(tokens_.Count(), tokens_.Count());
+    for (const auto& [first, end] : ours) {
+        for (; index < first; ++index) {
+            const std::string_view text = tokens_.IsLiteral(index, '"') ? Literal(index) : tokens_.Text(index);
+            if (methods_.contains(text))
+                mentioned_.insert(text);
+            needsDatabaseImport |= text == databaseClass || text == resultClass;
+        }
+        index = std::max(index, end);
+    }
+}
+
+/// Puts the pieces in order. Of two that a half-written source makes overlap the first counts.
+void ExistingCode::DropOverlaps() {
+    std::sort(pieces.begin(), pieces.end(),
+              [](const ExistingPiece& left, const ExistingPiece& right) { return left.begin < right.begin; });
+    std::size_t end = 0;
+    std::erase_if(pieces, [&end](const ExistingPiece& piece) {
+        if (piece.begin < end)
+            return true;
+        end = piece.end;
+        return false;
+    });
+}
+
+void ExistingCode::Refuse(std::size_t token, std::string_view message) const {
+    throw UpdateRefusal(LineOf(token), message);
+}
+
+std::size_t ExistingCode::LineOf(std::size_t token) const {
+    return LineBreaks(source_.substr(0, tokens_[token].begin)) + 1;
+}
+
+} // namespace pirol

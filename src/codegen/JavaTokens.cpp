@@ -1,0 +1,190 @@
+#include "codegen/JavaTokens.h"
+
+#include "base/RuntimeError.h"
+
+#include <algorithm>
+#include <array>
+
+namespace pirol {
+namespace {
+
+/// Far more than any program has; what a file made for it could ask for ends here.
+constexpr std::size_t mostTokens = std::size_t{1} << 25U;
+constexpr std::size_t longestSource = std::size_t{1} << 30U;
+/// What a token with the blanks around it usually takes.
+constexpr std::size_t usualLength = 5;
+
+enum class ByteClass : std::uint8_t { Sign, Word, Blank, LineEnd, Quote, Slash };
+
+/// Every byte beyond ASCII counts as a letter: which of them Java takes does not matter for finding names.
+constexpr std::array<ByteClass, 256> ByteClasses() {
+    std::array<ByteClass, 256> classes{};
+    for (std::size_t byte = 0; byte < classes.size(); ++byte) {
+        const bool isWord = (byte >= '0' && byte <= '9') || (byte >= 'A' && byte <= 'Z') ||
+                            (byte >= 'a' && byte <= 'z') || byte == '_' || byte == '$' || byte >= 0x80;
+        classes[byte] = isWord ? ByteClass::Word : ByteClass::Sign;
+    }
+    for (const unsigned char byte : {' ', '\t', '\f', '\v'})
+        classes[byte] = ByteClass::Blank;
+    classes['\n'] = classes['\r'] = ByteClass::LineEnd;
+    classes['"'] = classes['\''] = ByteClass::Quote;
+    classes['/'] = ByteClass::Slash;
+    return classes;
+}
+
+constexpr std::array<ByteClass, 256> byteClasses = ByteClasses();
+
+ByteClass ClassOf(char byte) {
+    return byteClasses[static_cast<unsigned char>(byte)];
+}
+
+bool IsDigit(char byte) {
+    return byte >= '0' && byte <= '9';
+}
+
+/// Behind the closing quote, or the end of the line when there is none.
+std::size_t EndOfLiteral(std::string_view source, std::size_t begin, bool& closed) {
+    const char quote = source[begin];
+    std::size_t position = begin + 1;
+    closed = false;
+    while (position < source.size() && !IsLineEnd(source[position])) {
+        const char byte = source[position];
+        if (byte == '\\' && position + 1 < source.size() && !IsLineEnd(source[position + 1]))
+            ++position;
+        ++position;
+        if (byte == quote) {
+            closed = true;
+            break;
+        }
+    }
+    return position;
+}
+
+} // namespace
+
+JavaTokens::JavaTokens(std::string_view source, Comments comments) : source_(source) {
+    if (source.size() > longestSource)
+        throw RuntimeError(RuntimeError::OutOfMemory);
+    tokens_.reserve(std::min(source.size() / usualLength, mostTokens));
+    Read(comments);
+}
+
+void JavaTokens::Read(Comments comments) {
+    bool startsLine = true;
+    std::size_t position = 0;
+    while (position < source_.size()) {
+        const std::size_t begin = position++;
+        switch (ClassOf(source_[begin])) {
+        case ByteClass::Blank:
+            continue;
+        case ByteClass::LineEnd:
+            startsLine = true;
+            continue;
+        case ByteClass::Slash:
+            if (position < source_.size() && (source_[position] == '/' || source_[position] == '*')) {
+                position = SkipComment(begin, startsLine, comments);
+                continue;
+            }
+            Add(begin, position, startsLine);
+            break;
+        case ByteClass::Quote: {
+            bool closed = false;
+            position = EndOfLiteral(source_, begin, closed);
+            Add(begin, position, startsLine, closed);
+            break;
+        }
+        case ByteClass::Word:
+            while (position < source_.size() && ClassOf(source_[position]) == ByteClass::Word)
+                ++position;
+            Add(begin, position, startsLine);
+            break;
+        case ByteClass::Sign:
+            Add(begin, position, startsLine);
+            break;
+        }
+        startsLine = false;
+    }
+}
+
+std::size_t JavaTokens::SkipComment(std::size_t begin, bool startsLine, Comments comments) {
+    const std::size_t endOfLine = EndOfLine(source_, begin);
+    if (source_[begin + 1] == '/') {
+        if (startsLine)
+            comments_.push_back({begin, endOfLine});
+        return endOfLine;
+    }
+    const std::size_t inLine = source_.substr(0, endOfLine).find("*/", begin + 2);
+    if (inLine != std::string_view::npos)
+        return inLine + 2;
+    if (comments == Comments::WithinLines)
+        return endOfLine;
+    for (std::size_t sign = endOfLine; sign + 1 < source_.size(); ++sign) {
+        if (source_[sign] == '/' && source_[sign + 1] == '*')
+            break;
+        if (source_[sign] != '*' || source_[sign + 1] != '/')
+            continue;
+        hasLongComments_ = true;
+        return sign + 2;
+    }
+    return endOfLine;
+}
+
+void JavaTokens::Add(std::size_t begin, std::size_t end, bool startsLine, bool closed) {
+    if (tokens_.size() == mostTokens)
+        throw RuntimeError(RuntimeError::OutOfMemory);
+    JavaToken token{};
+    token.begin = static_cast<std::uint32_t>(begin) & 0x7FFFFFFFU;
+    token.end = static_cast<std::uint32_t>(end) & 0x7FFFFFFFU;
+    token.startsLine = startsLine ? 1U : 0U;
+    token.closed = closed ? 1U : 0U;
+    tokens_.push_back(token);
+}
+
+bool JavaTokens::IsWord(std::size_t index) const {
+    if (index >= tokens_.size())
+        return false;
+    const char first = source_[tokens_[index].begin];
+    return ClassOf(first) == ByteClass::Word && !IsDigit(first);
+}
+
+bool JavaTokens::IsNumber(std::size_t index) const {
+    return index < tokens_.size() && IsDigit(source_[tokens_[index].begin]);
+}
+
+bool JavaTokens::IsLiteral(std::size_t index, char quote) const {
+    return index < tokens_.size() && source_[tokens_[index].begin] == quote && tokens_[index].closed != 0;
+}
+
+std::size_t JavaTokens::From(std::size_t position) const {
+    const auto found = std::partition_point(tokens_.begin(), tokens_.end(),
+                                            [position](const JavaToken& token) { return token.begin < position; });
+    return static_cast<std::size_t>(found - tokens_.begin());
+}
+
+std::size_t EndOfLine(std::string_view text, std::size_t position) {
+    while (position < text.size() && !IsLineEnd(text[position]))
+        ++position;
+    return position;
+}
+
+std::size_t BehindLine(std::string_view text, std::size_t position) {
+    position = EndOfLine(text, position);
+    if (position < text.size())
+        position += text.substr(position).starts_with("\r\n") ? 2 : 1;
+    return position;
+}
+
+bool IsBlank(std::string_view text) {
+    return std::all_of(text.begin(), text.end(),
+                       [](char byte) { return ClassOf(byte) == ByteClass::Blank || IsLineEnd(byte); });
+}
+
+std::string_view Stripped(std::string_view text) {
+    while (!text.empty() && IsBlank(text.substr(0, 1)))
+        text.remove_prefix(1);
+    while (!text.empty() && IsBlank(text.substr(text.size() - 1)))
+        text.remove_suffix(1);
+    return text;
+}
+
+} // namespace pirol
