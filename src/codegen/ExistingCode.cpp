@@ -15,22 +15,17 @@ constexpr std::string_view databaseClass = "Datenbank";
 constexpr std::string_view resultClass = "SQLErgebnisliste";
 constexpr std::string_view radioButtonClass = "Radioknopf";
 constexpr std::string_view packages[] = {"ereignis", "komponenten", "multimedia", databasePackage, toolsPackage};
+constexpr std::string_view blockMethods[] = {"haengeTrennungAn", "haengeZeileAn", "sendeSQL"};
 constexpr std::string_view textAreas[] = {"Zeichenbereich", "Zeilenbereich"};
 /// Far more than any program has; what a file made for it could ask for ends here.
 constexpr std::size_t mostPieces = std::size_t{1} << 21U;
-/// A class's head is not longer.
+/// A class's head is not longer, and what half-written lines put into a constructor's head.
 constexpr std::size_t longestHead = 40;
+constexpr std::size_t mostTokensBetween = 400;
 
 template <class Texts>
 bool Contains(const Texts& texts, std::string_view text) {
     return std::find(std::begin(texts), std::end(texts), text) != std::end(texts);
-}
-
-/// How a brace changes the level.
-int LevelStep(std::string_view token) {
-    if (token.size() != 1)
-        return 0;
-    return (token.front() == '{' ? 1 : 0) - (token.front() == '}' ? 1 : 0);
 }
 
 std::size_t LineBreaks(std::string_view text) {
@@ -153,17 +148,27 @@ void ExistingCode::FindConstructor() {
     }
     if (constructor_ == 0)
         Refuse(classToken_, Concatenate("Die Klasse ", className_, " hat keinen Konstruktor ohne Parameter."));
-    constructorOpen_ = constructor_ + 2;
-    for (std::size_t ahead = constructor_ + 3; ahead < constructor_ + longestHead && !tokens_.Is(ahead, ";"); ++ahead)
-        if (tokens_.Is(ahead, "{")) {
-            constructorOpen_ = ahead;
-            break;
-        }
+    FindConstructorOpen();
     inOrder_ = foundLevel == 1;
 }
 
-/// The brace that closes the constructor's first one, if nothing speaks against it: no other method begins before on
-/// the same level, no statement of ours follows it, and the class has a brace left.
+/// The brace behind the head; where lines were put in between, the last one as far left before the call of the super
+/// class.
+void ExistingCode::FindConstructorOpen() {
+    constructorOpen_ = constructor_ + 2;
+    const bool hasThrows = tokens_.Is(constructor_ + 3, "throws");
+    for (std::size_t ahead = constructor_ + 3; ahead < constructor_ + mostTokensBetween; ++ahead) {
+        const bool isBrace = tokens_.Is(ahead, "{");
+        const bool isSure = isBrace && (ahead == constructor_ + 3 || hasThrows);
+        if (isSure || (isBrace && tokens_[ahead].startsLine != 0 && Indent(ahead) == Indent(constructor_)))
+            constructorOpen_ = ahead;
+        if (isSure || tokens_.Are(ahead, superCall, "("))
+            return;
+    }
+}
+
+/// The brace that closes the constructor's first one, if nothing speaks against it: none of our methods begins before,
+/// no statement of ours follows it, and the class has a brace left.
 void ExistingCode::FindConstructorEnd() {
     int level = 1;
     std::size_t closing = 0;
@@ -176,46 +181,50 @@ void ExistingCode::FindConstructorEnd() {
             closing = index;
         else if (closing != 0 && step < 0)
             break; // the class has a brace left
-        else if (closing == 0 && (IsKnownHead(index) || (level <= 1 && IsMethodHead(tokens_, index, className_))))
-            trusted = false;
-        else if (closing != 0 && LooksLikeStatement(index))
+        else if (closing == 0 ? IsKnownHead(index) : LooksLikeStatement(index) || LooksLikeCall(index))
             trusted = false;
         else if (closing != 0 && IsMethodHead(tokens_, index, className_))
             break;
     }
-    trusted = trusted && closing != 0 && index < tokens_.Count();
+    trusted = trusted && closing != 0 && index < tokens_.Count() &&
+              (bracesMatch_ || Indent(closing) == Indent(constructor_));
     inOrder_ = inOrder_ && trusted;
     constructorEnd_ = closing;
     if (!trusted)
         FindBrokenConstructorEnd();
 }
 
-/// The last brace at the beginning of a line before the next method, and behind the last statement of ours.
+/// Where braces do not tell: behind the last statement of ours and before the next method, the first brace as far left
+/// as the constructor's head, or else the last one that begins a line.
 void ExistingCode::FindBrokenConstructorEnd() {
     int level = 1;
     std::size_t lowest = constructorOpen_;
     std::size_t limit = constructorOpen_ + 1;
+    std::size_t ownHead = 0;
     std::size_t lastBrace = tokens_.Count();
-    for (; limit < tokens_.Count(); ++limit) {
+    for (; limit < tokens_.Count() && !IsKnownHead(limit); ++limit) {
         const int step = LevelStep(tokens_.Text(limit));
         level += step;
         if (step < 0)
             lastBrace = limit;
-        if (LooksLikeStatement(limit))
+        if (LooksLikeStatement(limit)) {
             lowest = limit;
-        if (IsKnownHead(limit) ||
-            (IsMethodHead(tokens_, limit, className_) && (level <= 1 || (!bracesMatch_ && IsOutsideIndent(limit)))))
-            break;
+            ownHead = 0; // it stands in the constructor, where no method should
+        } else if (ownHead == 0 && IsMethodHead(tokens_, limit, className_) && (level <= 1 || !bracesMatch_) &&
+                   Indent(limit) <= Indent(constructor_))
+            ownHead = limit;
     }
+    limit = ownHead != 0 ? ownHead : limit;
     limit = limit < tokens_.Count() ? FirstOfHead(limit) : std::max(lastBrace, lowest + 1);
     constructorEnd_ = limit;
     constructorCloses_ = false;
-    for (std::size_t index = limit; index-- > lowest + 1;)
-        if (tokens_.Is(index, "}") && tokens_[index].startsLine != 0) {
+    for (std::size_t index = limit; index-- > lowest + 1;) {
+        if (!tokens_.Is(index, "}") || tokens_[index].startsLine == 0)
+            continue;
+        if (!constructorCloses_ || Indent(index) == Indent(constructor_))
             constructorEnd_ = index;
-            constructorCloses_ = true;
-            return;
-        }
+        constructorCloses_ = true;
+    }
 }
 
 void ExistingCode::FindClassEnd() {
@@ -253,16 +262,25 @@ bool ExistingCode::LooksLikeStatement(std::size_t index) const {
         return false;
     if (tokens_.Are(index + 1, "=", "new"))
         return ClassForms().contains(tokens_.Text(index + 3));
-    return tokens_.Is(index + 1, ".") && tokens_.Text(index + 2).starts_with(registration);
+    const std::string_view method = tokens_.Is(index + 1, ".") ? tokens_.Text(index + 2) : std::string_view();
+    return method.starts_with(registration) || Contains(blockMethods, method) ||
+           tokens_.Are(index, resultList, "=", database) || tokens_.Are(index, subMenu, "=");
 }
 
-/// Whether a head stands as far left as the constructor's.
-bool ExistingCode::IsOutsideIndent(std::size_t index) const {
-    const auto indent = [this](std::size_t token) {
-        const std::size_t begin = tokens_[FirstOfHead(token)].begin;
-        return begin - LineStart(begin, 0);
-    };
-    return indent(index) <= indent(constructor_);
+/// Whether a statement begins that the generator may have written, or a pupil anywhere.
+bool ExistingCode::LooksLikeCall(std::size_t index) const {
+    if (!tokens_.IsWord(index) || !MayBegin(tokens_, index) || !tokens_.Is(index + 3, "("))
+        return false;
+    const std::string_view method = tokens_.Text(index + 2);
+    return method == "sendeSQL" || method == connectMethod ||
+           std::any_of(ClassForms().begin(), ClassForms().end(),
+                       [method](const auto& form) { return form.second.calls.contains(method); });
+}
+
+/// How many blanks and tabs stand before the first word of a head, or before a brace.
+std::size_t ExistingCode::Indent(std::size_t index) const {
+    const std::size_t begin = tokens_[FirstOfHead(index)].begin;
+    return begin - LineStart(begin, 0);
 }
 
 std::size_t ExistingCode::FirstOfHead(std::size_t index) const {
@@ -362,6 +380,9 @@ void ExistingCode::ReadFields(std::size_t first, std::size_t end, CodeSection se
         level += LevelStep(tokens_.Text(index));
         if (!tokens_.IsWord(index) || (onlyOuter && level != 1) || !MayBegin(tokens_, index))
             continue;
+        // A half-written line above may end in a word that reads like a modifier.
+        if (IsModifier(tokens_.Text(index)) && index + 1 < end && tokens_[index + 1].startsLine != 0)
+            continue;
         std::size_t behind = index;
         for (const JavaDeclaration& declaration : ReadDeclarations(tokens_, index, behind)) {
             ExistingField field;
@@ -372,10 +393,6 @@ void ExistingCode::ReadFields(std::size_t first, std::size_t end, CodeSection se
             field.firstToken = index;
             field.endToken = behind;
             field.section = section;
-            // A half-written line above may end in a word that reads like a modifier.
-            for (std::size_t token = index + 1; token < declaration.token; ++token)
-                if (tokens_[token].startsLine != 0)
-                    field.firstToken = token;
             AddField(declaration, field);
         }
     }
@@ -409,7 +426,7 @@ void ExistingCode::ReadConstructor() {
 }
 
 std::size_t ExistingCode::ReadConstructorStatement(std::size_t index) {
-    if (tokens_.Are(index, "if", "(", connectMethod, "(", ")", ")", "{")) {
+    if (tokens_.Are(index, "if", "(", connectMethod, "(", ")", ")")) {
         ReadDatabaseBlock(index);
         return index + 1;
     }
@@ -468,23 +485,32 @@ std::size_t ExistingCode::AddStatement(std::size_t first, const JavaStatement& s
 }
 
 void ExistingCode::ReadDatabaseBlock(std::size_t first) {
-    const std::size_t open = first + 6;
+    std::size_t open = tokens_.Is(first + 6, "{") ? first + 6 : 0;
     std::size_t query = 0;
     std::size_t result = 0;
     std::size_t close = 0;
-    int level = 1;
-    for (std::size_t index = open + 1; index < constructorEnd_ && close == 0; ++index) {
-        level += LevelStep(tokens_.Text(index));
-        if (tokens_.Are(index, database, ".", "sendeSQL", "(") && tokens_.Are(index + 5, ")", ";"))
+    int level = open == 0 ? 0 : 1;
+    // Among braces that do not match, ours are those as far left as the "if".
+    const auto isOurs = [&](std::size_t index) {
+        return tokens_[index].startsLine != 0 && Indent(index) == Indent(first);
+    };
+    for (std::size_t index = first + 7; index < constructorEnd_ && close == 0; ++index) {
+        const int step = LevelStep(tokens_.Text(index));
+        level += step;
+        if (step > 0 && open == 0 && isOurs(index))
+            open = index;
+        else if (tokens_.Are(index, database, ".", "sendeSQL", "(") && tokens_.Are(index + 5, ")", ";"))
             query = index;
         else if (query != 0 && tokens_.Are(index, resultList, "=", database, ".", "ergebnis", "(", ")", ";"))
             result = index;
-        else if (tokens_.Is(index, "}") && (level == 0 || (!inOrder_ && result != 0)))
+        else if (step < 0 && result != 0 && (inOrder_ ? level == 0 : isOurs(index)))
             close = index;
     }
+    if (open == 0 || open > query)
+        return;
     if (query == 0 || result == 0 || close == 0)
         return;
-    AddPiece({"if", members::block, {}}, CodeSection::Constructor, first, open);
+    AddPiece({"if", members::block, {}}, CodeSection::Constructor, first, first + 6);
     AddPiece({"{", members::block, {}}, CodeSection::Constructor, open, open + 1);
     AddPiece({database, "sendeSQL", {}}, CodeSection::Constructor, query, query + 7);
     AddPiece({resultList, members::assignment, "hatDatenbank.ergebnis();"}, CodeSection::Constructor, result,
@@ -607,7 +633,7 @@ void ExistingCode::CollectRegistered() {
 
 void ExistingCode::ReadMethods() {
     ReadMethods(classOpen_ + 1, constructor_);
-    ReadMethods(constructorEnd_, classEnd_);
+    ReadMethods(constructorEnd_ + (constructorCloses_ ? 1 : 0), classEnd_);
     FindMentions();
     for (const auto& [name, method] : methods_) {
         const bool wantedOrRegistered = wanted_.methods.contains(name) || registered.contains(name);
@@ -645,7 +671,8 @@ void ExistingCode::ReadMethods(std::size_t first, std::size_t end) {
 bool ExistingCode::IsHead(std::size_t name) const {
     const std::size_t close = ClosingBracket(tokens_, name + 1);
     return IsMethodHead(tokens_, name, className_) ||
-           (tokens_.Is(name - 1, "void") && close < tokens_.Count() && !tokens_.Is(close + 1, ";"));
+           ((tokens_.Is(name - 1, "void") || tokens_.Is(name - 2, "public")) && close < tokens_.Count() &&
+            !tokens_.Is(close + 1, ";"));
 }
 
 void ExistingCode::AddMethod(std::string_view name, const Method& method) {
@@ -668,8 +695,11 @@ bool ExistingCode::IsGeneratedHandler(std::size_t name, std::size_t& end) const 
     };
     const std::string_view body = textBetween(name + 3, name + 4);
     constexpr std::size_t linesOfBody = 2;
-    if (!IsBlank(textBetween(name - 2, name)) || !IsBlank(textBetween(name + 2, name + 3)) ||
+    if (!IsBlank(textBetween(name - 2, name - 1)) || !IsBlank(textBetween(name + 2, name + 3)) ||
         LineBreaks(body) > linesOfBody)
+        return false;
+    // A brace of another depth was put in by the pupil.
+    if (tokens_[name + 4].startsLine != 0 && Indent(name + 4) != Indent(name))
         return false;
     const auto wanted = wanted_.methods.find(tokens_.Text(name));
     const std::string_view wantedCode =

@@ -98,6 +98,7 @@ class ExistingCode {
 
     void FindClass();
     void FindConstructor();
+    void FindConstructorOpen();
     void FindConstructorEnd();
     void FindBrokenConstructorEnd();
     void FindClassEnd();
@@ -127,7 +128,8 @@ class ExistingCode {
     void DropOverlaps();
     bool IsKnownHead(std::size_t index) const;
     bool LooksLikeStatement(std::size_t index) const;
-    bool IsOutsideIndent(std::size_t index) const;
+    bool LooksLikeCall(std::size_t index) const;
+    std::size_t Indent(std::size_t index) const;
     ExistingPiece& AddPiece(const CodeKey& key, CodeSection section, std::size_t firstToken, std::size_t endToken);
     std::string_view Literal(std::size_t token) const;
     [[noreturn]] void Refuse(std::size_t token, std::string_view message) const;

@@ -136,8 +136,9 @@ std::vector<JavaDeclaration> ReadDeclarations(const JavaTokens& tokens, std::siz
         ++index;
     if (!IsType(tokens, index))
         return declarations;
-    while (tokens.Is(index + 1, ".") && tokens.IsWord(index + 2) && index < first + mostTokensAhead)
-        index += 2;
+    for (; tokens.Is(index + 1, ".") && tokens.IsWord(index + 2) && index < first + mostTokensAhead; index += 2)
+        if (tokens[index + 2].startsLine != 0)
+            return declarations; // a half-written line
     const std::string_view javaClass = tokens.Text(index++);
     if (tokens.Is(index, "<"))
         while (index < first + mostTokensAhead && !IsOneOf(tokens.Text(index), ";{}(=") &&

@@ -60,6 +60,20 @@ std::size_t EndOfLiteral(std::string_view source, std::size_t begin, bool& close
     return position;
 }
 
+/// Whether the lines of a comment may have been commented out as a whole: braces match, and a constructor's call of its
+/// super class is in the comment only with the constructor. Otherwise two half-written lines happen to look like the
+/// ends of a comment.
+bool IsWholeCode(std::string_view lines) {
+    const JavaTokens tokens(lines, JavaTokens::Comments::WithinLines);
+    int level = 0;
+    for (std::size_t index = 0; index < tokens.Count(); ++index) {
+        level += LevelStep(tokens.Text(index));
+        if (level < 0 || (level == 0 && tokens.Are(index, "super", "(")))
+            return false;
+    }
+    return level == 0;
+}
+
 } // namespace
 
 JavaTokens::JavaTokens(std::string_view source, Comments comments) : source_(source) {
@@ -123,6 +137,8 @@ std::size_t JavaTokens::SkipComment(std::size_t begin, bool startsLine, Comments
             break;
         if (source_[sign] != '*' || source_[sign + 1] != '/')
             continue;
+        if (!IsWholeCode(source_.substr(endOfLine, sign - endOfLine)))
+            break;
         hasLongComments_ = true;
         return sign + 2;
     }
@@ -177,6 +193,12 @@ std::size_t BehindLine(std::string_view text, std::size_t position) {
 bool IsBlank(std::string_view text) {
     return std::all_of(text.begin(), text.end(),
                        [](char byte) { return ClassOf(byte) == ByteClass::Blank || IsLineEnd(byte); });
+}
+
+int LevelStep(std::string_view token) {
+    if (token.size() != 1)
+        return 0;
+    return (token.front() == '{' ? 1 : 0) - (token.front() == '}' ? 1 : 0);
 }
 
 std::string_view Stripped(std::string_view text) {

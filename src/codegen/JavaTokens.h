@@ -28,7 +28,8 @@ class JavaTokens {
     /// How far a "/*" comment reaches that its own line does not close.
     enum class Comments {
         WithinLines, ///< to the end of that line
-        AcrossLines, ///< to its end; but when none follows, or another comment begins before, it is taken as left open
+        AcrossLines, ///< to its end; but it is taken as left open when none follows, another comment begins before, or
+                     ///< braces open and close in it that do not match
     };
 
     /// Raises RuntimeError::OutOfMemory for a source of more tokens than any program has.
@@ -74,6 +75,9 @@ class JavaTokens {
     std::vector<JavaComment> comments_;
     bool hasLongComments_ = false;
 };
+
+/// How a token changes the level of braces: 1, -1 or 0.
+int LevelStep(std::string_view token);
 
 /// Lines end in CR LF, LF or CR. The position where the line around a position ends, before its line end or behind it.
 std::size_t EndOfLine(std::string_view text, std::size_t position);

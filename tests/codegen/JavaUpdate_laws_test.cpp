@@ -253,6 +253,22 @@ Lines PirolsLines(const std::string& source, const std::set<std::string>& own) {
     return ours;
 }
 
+/// Tells the first lines that differ, and where from.
+testing::AssertionResult Same(const Lines& actual, const Lines& expected, std::string_view origin) {
+    const auto [left, right] = std::mismatch(actual.begin(), actual.end(), expected.begin(), expected.end());
+    if (left == actual.end() && right == expected.end())
+        return testing::AssertionSuccess();
+    return testing::AssertionFailure() << Concatenate(
+               "line ", left - actual.begin() + 1, ": ", left == actual.end() ? "(end)" : *left,
+               "\ninstead of: ", right == expected.end() ? "(end)" : *right, "\nfrom:\n", origin);
+}
+
+testing::AssertionResult Same(const std::string& actual, const std::string& expected, std::string_view origin) {
+    if (actual == expected)
+        return testing::AssertionSuccess();
+    return Same(LinesOf(actual), LinesOf(expected), origin) << "\n=>\n" << actual;
+}
+
 struct Pair {
     ProjectModel a, b;
     CodeOptions marks; // of a
@@ -275,8 +291,8 @@ Pair RandomPair(Dice& dice) {
 }
 
 void CheckPure(const Pair& pair, const std::string& source) {
-    ASSERT_EQ(UpdateJava(source, pair.a, {}).source, source);
-    ASSERT_EQ(UpdateJava(source, pair.b, pair.options).source, pair.expected);
+    ASSERT_TRUE(Same(UpdateJava(source, pair.a, {}).source, source, "itself"));
+    ASSERT_TRUE(Same(UpdateJava(source, pair.b, pair.options).source, pair.expected, source));
     const std::string feeds = ReplaceAll(source, "\r\n", "\n");
     ASSERT_EQ(UpdateJava(feeds, pair.b, pair.options).source, ReplaceAll(pair.expected, "\r\n", "\n"));
 }
@@ -286,20 +302,24 @@ void CheckPupils(Dice& dice, const Pair& pair, const std::string& source, bool b
     const std::string mixed = WithPupilsLines(dice, source, pair.a, broken, own);
     const std::set<std::string> isOwn(own.begin(), own.end());
     try {
-        ASSERT_EQ(UpdateJava(mixed, pair.a, {}).source, mixed);
+        ASSERT_TRUE(Same(UpdateJava(mixed, pair.a, {}).source, mixed, "itself"));
         const std::string updated = UpdateJava(mixed, pair.b, pair.options).source;
         Lines left;
         for (const std::string& line : LinesOf(updated))
             if (isOwn.contains(line))
                 left.push_back(line);
-        ASSERT_EQ(left, own) << mixed << "\n=>\n" << updated;
-        ASSERT_EQ(UpdateJava(updated, pair.b, pair.options).source, updated) << mixed;
-        ASSERT_EQ(PirolsLines(updated, isOwn), PirolsLines(pair.expected, isOwn)) << mixed << "\n=>\n" << updated;
+        ASSERT_TRUE(Same(left, own, mixed)) << updated;
+        ASSERT_TRUE(Same(UpdateJava(updated, pair.b, pair.options).source, updated, mixed));
+        ASSERT_TRUE(Same(PirolsLines(updated, isOwn), PirolsLines(pair.expected, isOwn), mixed)) << updated;
         const std::set<std::string> names = NamesOf(pair.b);
-        for (const std::string& name : NamesOf(pair.a))
+        for (const std::string& name : NamesOf(pair.a)) {
+            if (names.contains(name))
+                continue;
             for (const std::string& line : LinesOf(updated))
-                if (!names.contains(name) && !isOwn.contains(line))
-                    ASSERT_FALSE(Mentions(line, name)) << name << "\n" << mixed << "\n=>\n" << updated;
+                ASSERT_FALSE(!isOwn.contains(line) && Mentions(line, name)) << name << "\n"
+                                                                            << mixed << "\n=>\n"
+                                                                            << updated;
+        }
     } catch (const UpdateRefusal& refusal) {
         FAIL() << refusal.what() << "\n" << mixed;
     }
