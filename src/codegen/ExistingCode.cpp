@@ -15,7 +15,8 @@ constexpr std::string_view databaseClass = "Datenbank";
 constexpr std::string_view resultClass = "SQLErgebnisliste";
 constexpr std::string_view radioButtonClass = "Radioknopf";
 constexpr std::string_view packages[] = {"ereignis", "komponenten", "multimedia", databasePackage, toolsPackage};
-constexpr std::string_view blockMethods[] = {"haengeTrennungAn", "haengeZeileAn", "sendeSQL"};
+/// Methods that the generator calls and pupils anywhere, too.
+constexpr std::string_view commonMethods[] = {"haengeAn", "schalteAn", "setzeInhalt", "setzeWert"};
 constexpr std::string_view textAreas[] = {"Zeichenbereich", "Zeilenbereich"};
 /// Far more than any program has; what a file made for it could ask for ends here.
 constexpr std::size_t mostPieces = std::size_t{1} << 21U;
@@ -152,42 +153,44 @@ void ExistingCode::FindConstructor() {
     inOrder_ = foundLevel == 1;
 }
 
-/// The brace behind the head; where lines were put in between, the last one as far left before the call of the super
-/// class.
+/// The brace behind the head; where lines were put in between, the first one as far left that no other head precedes.
 void ExistingCode::FindConstructorOpen() {
     constructorOpen_ = constructor_ + 2;
     const bool hasThrows = tokens_.Is(constructor_ + 3, "throws");
     for (std::size_t ahead = constructor_ + 3; ahead < constructor_ + mostTokensBetween; ++ahead) {
-        const bool isBrace = tokens_.Is(ahead, "{");
-        const bool isSure = isBrace && (ahead == constructor_ + 3 || hasThrows);
-        if (isSure || (isBrace && tokens_[ahead].startsLine != 0 && Indent(ahead) == Indent(constructor_)))
+        if (tokens_.Are(ahead, superCall, "("))
+            return;
+        if (!tokens_.Is(ahead, "{"))
+            continue;
+        const bool isSure = ahead == constructor_ + 3 || hasThrows;
+        if (isSure || (tokens_[ahead].startsLine != 0 && Indent(ahead) == Indent(constructor_)))
             constructorOpen_ = ahead;
-        if (isSure || tokens_.Are(ahead, superCall, "("))
+        if (isSure || (constructorOpen_ == ahead && !tokens_.Is(ahead - 1, ")")))
             return;
     }
 }
 
 /// The brace that closes the constructor's first one, if nothing speaks against it: none of our methods begins before,
-/// no statement of ours follows it, and the class has a brace left.
+/// no statement of ours stands between it and the next of our methods outside any braces, and the class has one left.
 void ExistingCode::FindConstructorEnd() {
     int level = 1;
     std::size_t closing = 0;
     std::size_t index = constructorOpen_ + 1;
     bool trusted = true;
-    for (; index < tokens_.Count() && trusted; ++index) {
+    bool isKnown = false;
+    for (; index < tokens_.Count() && trusted && level >= 0 && !isKnown; ++index) {
         const int step = LevelStep(tokens_.Text(index));
         level += step;
+        RememberHandler(index);
         if (closing == 0 && step < 0 && level == 0)
             closing = index;
-        else if (closing != 0 && step < 0)
-            break; // the class has a brace left
-        else if (closing == 0 ? IsKnownHead(index) : LooksLikeStatement(index) || LooksLikeCall(index))
-            trusted = false;
-        else if (closing != 0 && IsMethodHead(tokens_, index, className_))
-            break;
+        isKnown = IsKnownHead(index);
+        trusted = closing != 0 ? level != 0 || !(LooksLikeStatement(index) || LooksLikeCall(index)) : !isKnown;
     }
-    trusted = trusted && closing != 0 && index < tokens_.Count() &&
-              (bracesMatch_ || Indent(closing) == Indent(constructor_));
+    for (const bool classEnded = level < 0; classEnded && trusted && index < tokens_.Count(); ++index)
+        trusted = !IsKnownHead(index);
+    trusted =
+        trusted && closing != 0 && (level < 0 || isKnown) && (bracesMatch_ || Indent(closing) == Indent(constructor_));
     inOrder_ = inOrder_ && trusted;
     constructorEnd_ = closing;
     if (!trusted)
@@ -197,22 +200,31 @@ void ExistingCode::FindConstructorEnd() {
 /// Where braces do not tell: behind the last statement of ours and before the next method, the first brace as far left
 /// as the constructor's head, or else the last one that begins a line.
 void ExistingCode::FindBrokenConstructorEnd() {
-    int level = 1;
     std::size_t lowest = constructorOpen_;
     std::size_t limit = constructorOpen_ + 1;
     std::size_t ownHead = 0;
+    std::size_t outerBrace = 0;
+    std::size_t block = 0; // the database's "if" until it closes
     std::size_t lastBrace = tokens_.Count();
     for (; limit < tokens_.Count() && !IsKnownHead(limit); ++limit) {
-        const int step = LevelStep(tokens_.Text(limit));
-        level += step;
-        if (step < 0)
+        if (tokens_.Is(limit, "}")) {
             lastBrace = limit;
-        if (LooksLikeStatement(limit)) {
+            if (tokens_[limit].startsLine != 0 && Indent(limit) == Indent(constructor_))
+                outerBrace = limit;
+        }
+        RememberHandler(limit);
+        if (tokens_.Are(limit, "if", "(", connectMethod))
+            block = limit;
+        const bool closesBlock =
+            block != 0 && tokens_.Is(limit, "}") && tokens_[limit].startsLine != 0 && Indent(limit) == Indent(block);
+        if (closesBlock)
+            block = 0;
+        if (closesBlock || LooksLikeStatement(limit)) {
             lowest = limit;
             ownHead = 0; // it stands in the constructor, where no method should
-        } else if (ownHead == 0 && IsMethodHead(tokens_, limit, className_) && (level <= 1 || !bracesMatch_) &&
-                   Indent(limit) <= Indent(constructor_))
+        } else if (ownHead == 0 && outerBrace > lowest && IsMethodHead(tokens_, limit, className_)) {
             ownHead = limit;
+        }
     }
     limit = ownHead != 0 ? ownHead : limit;
     limit = limit < tokens_.Count() ? FirstOfHead(limit) : std::max(lastBrace, lowest + 1);
@@ -254,27 +266,34 @@ void ExistingCode::FindClassEnd() {
 
 bool ExistingCode::IsKnownHead(std::size_t index) const {
     return tokens_.Are(index + 1, "(", ")") && tokens_.Is(index - 1, "void") && !tokens_.Is(index + 3, ";") &&
-           wanted_.methods.contains(tokens_.Text(index));
+           (wanted_.methods.contains(tokens_.Text(index)) || namedHandlers_.contains(tokens_.Text(index)));
+}
+
+/// Remembers a handler that a statement registers: its head ends the constructor.
+void ExistingCode::RememberHandler(std::size_t index) {
+    if (!tokens_.Is(index + 1, "("))
+        return;
+    if (tokens_.Text(index).starts_with(registration))
+        namedHandlers_.insert(Literal(index + 2));
+    else if (tokens_.Is(index, "haengeZeileAn") && tokens_.Is(index + 3, ","))
+        namedHandlers_.insert(Literal(index + 4));
 }
 
 bool ExistingCode::LooksLikeStatement(std::size_t index) const {
-    if (!tokens_.IsWord(index) || !MayBegin(tokens_, index))
-        return false;
-    if (tokens_.Are(index + 1, "=", "new"))
+    if (tokens_.Are(index + 1, "=", "new") && MayBegin(tokens_, index))
         return ClassForms().contains(tokens_.Text(index + 3));
-    const std::string_view method = tokens_.Is(index + 1, ".") ? tokens_.Text(index + 2) : std::string_view();
-    return method.starts_with(registration) || Contains(blockMethods, method) ||
+    return (LooksLikeCall(index) && !Contains(commonMethods, tokens_.Text(index + 2))) ||
            tokens_.Are(index, resultList, "=", database) || tokens_.Are(index, subMenu, "=");
 }
 
 /// Whether a statement begins that the generator may have written, or a pupil anywhere.
 bool ExistingCode::LooksLikeCall(std::size_t index) const {
-    if (!tokens_.IsWord(index) || !MayBegin(tokens_, index) || !tokens_.Is(index + 3, "("))
-        return false;
+    if (!tokens_.Is(index + 1, ".") || !tokens_.Is(index + 3, "(") || !MayBegin(tokens_, index))
+        return tokens_.Are(index, "if", "(", connectMethod) || tokens_.Are(index, superCall, "(");
     const std::string_view method = tokens_.Text(index + 2);
-    return method == "sendeSQL" || method == connectMethod ||
-           std::any_of(ClassForms().begin(), ClassForms().end(),
-                       [method](const auto& form) { return form.second.calls.contains(method); });
+    return method == "sendeSQL" || std::any_of(ClassForms().begin(), ClassForms().end(), [method](const auto& form) {
+               return form.second.calls.contains(method);
+           });
 }
 
 /// How many blanks and tabs stand before the first word of a head, or before a brace.
@@ -375,10 +394,11 @@ void ExistingCode::ReadImports() {
 
 void ExistingCode::ReadFields(std::size_t first, std::size_t end, CodeSection section) {
     int level = 1;
-    const bool onlyOuter = inOrder_ || section == CodeSection::Methods;
     for (std::size_t index = first; index < end; ++index) {
         level += LevelStep(tokens_.Text(index));
-        if (!tokens_.IsWord(index) || (onlyOuter && level != 1) || !MayBegin(tokens_, index))
+        if (!tokens_.IsWord(index) || !MayBegin(tokens_, index))
+            continue;
+        if (level != 1 && (section == CodeSection::Methods || (inOrder_ && Indent(index) != Indent(constructor_))))
             continue;
         // A half-written line above may end in a word that reads like a modifier.
         if (IsModifier(tokens_.Text(index)) && index + 1 < end && tokens_[index + 1].startsLine != 0)
@@ -650,7 +670,7 @@ void ExistingCode::ReadMethods(std::size_t first, std::size_t end) {
     int level = 1;
     for (std::size_t index = first; index < end; ++index) {
         level += LevelStep(tokens_.Text(index));
-        if (!tokens_.Is(index + 1, "(") || index < 2 || (inOrder_ && level != 1))
+        if (!tokens_.Is(index + 1, "(") || index < 2)
             continue;
         const std::string_view name = tokens_.Text(index);
         const std::size_t query = FindQuery(name);
@@ -659,6 +679,9 @@ void ExistingCode::ReadMethods(std::size_t first, std::size_t end) {
             continue;
         const std::size_t parameters = ClosingBracket(tokens_, index + 1) - index;
         if (parameters != (isQuery ? ClosingBracket(Queries(), query + 1) - query : 2))
+            continue;
+        // Deeper ones belong to inner classes, but two half-written lines may only make them look deeper.
+        if (inOrder_ && level != 1 && Indent(index) != Indent(constructor_))
             continue;
         Method method{index, index, level, isQuery, false};
         method.generated =

@@ -127,6 +127,7 @@ class ExistingCode {
     void FindMentions();
     void DropOverlaps();
     bool IsKnownHead(std::size_t index) const;
+    void RememberHandler(std::size_t index);
     bool LooksLikeStatement(std::size_t index) const;
     bool LooksLikeCall(std::size_t index) const;
     std::size_t Indent(std::size_t index) const;
@@ -154,6 +155,7 @@ class ExistingCode {
     bool bracesMatch_ = false;                         ///< as many open as close in the whole source
     bool inOrder_ = false;                             ///< braces tell what stands on which level
     std::unordered_set<std::string_view> wantedCodes_; ///< all of them, when first asked for
+    std::unordered_set<std::string_view> namedHandlers_; ///< in any registration
     std::unordered_set<std::string_view> registeredByMenu_;
     std::unordered_map<std::string_view, Method> methods_;
     std::unordered_set<std::string_view> mentioned_;

@@ -61,8 +61,8 @@ std::size_t EndOfLiteral(std::string_view source, std::size_t begin, bool& close
 }
 
 /// Whether the lines of a comment may have been commented out as a whole: braces match, and a constructor's call of its
-/// super class is in the comment only with the constructor. Otherwise two half-written lines happen to look like the
-/// ends of a comment.
+/// super class is in the comment only with the constructor, and the end is in no text. Otherwise two half-written lines
+/// happen to look like the ends of a comment.
 bool IsWholeCode(std::string_view lines) {
     const JavaTokens tokens(lines, JavaTokens::Comments::WithinLines);
     int level = 0;
@@ -71,7 +71,10 @@ bool IsWholeCode(std::string_view lines) {
         if (level < 0 || (level == 0 && tokens.Are(index, "super", "(")))
             return false;
     }
-    return level == 0;
+    const std::size_t last = tokens.Count() - 1;
+    const bool endsInText = tokens.Count() > 0 && tokens[last].closed == 0 && tokens[last].end == lines.size() &&
+                            lines[tokens[last].begin] == '"';
+    return level == 0 && !endsInText;
 }
 
 } // namespace

@@ -172,10 +172,17 @@ constexpr std::string_view wholeLines[] = {
     "        ende(); // @",
 };
 constexpr std::string_view brokenLines[] = {
-    "        if (x > @) {",   "        } // @",        "        String s@ = \"offen;",
-    "        /* offen @",     "        foo@(",         "        int halb@ =",
-    "    public void neu@()", "        char c@ = 'x;", "    private // @",
-    "        */ x@",          "        $ = // @",      "        $.",
+    "        if (x > @) {",
+    "        } // @",
+    "        String s@ = \"offen;",
+    "        /* offen @",
+    "        foo@(",
+    "        int halb@ =",
+    "    public void neu@()",
+    "        char c@ = 'x;",
+    "    private // @",
+    "        $ = // @",
+    "        $.",
 };
 
 using Lines = std::vector<std::string>;
@@ -195,9 +202,14 @@ std::string WithPupilsLines(Dice& dice, const std::string& source, const Project
     for (int count = 1 + dice.Below(8); count > 0; --count)
         places.insert(static_cast<std::size_t>(dice.Below(static_cast<int>(lines.size()))));
     const std::vector<ComponentRef> visible = Visible(model);
+    bool inConstructor = false;
     for (std::size_t place = 0; place < lines.size(); ++place) {
+        inConstructor = inConstructor ? lines[place] != "    }" : lines[place] == "    public SuMAnwendung()";
         for (int count = places.contains(place) ? 1 + dice.Below(3) : 0; count > 0; --count) {
             std::string text(broken && dice.Chance(50) ? dice.OneOf(brokenLines) : dice.OneOf(wholeLines));
+            // Where braces do not match, nobody could tell a method within the constructor from one behind it.
+            if (broken && inConstructor && text.find("public") != std::string::npos)
+                text = "        weiter(@);";
             text = ReplaceAll(text, "$", visible.empty() ? "hatNichts" : model.Element(dice.OneOf(visible)).ObjectName);
             for (std::string& line : LinesOf(text)) {
                 line = line.find('@') == std::string::npos ? line + Concatenate(" //", dice.Number())
