@@ -61,6 +61,18 @@ std::size_t FindQuery(std::string_view name) {
     return place == names.end() ? Queries().Count() : place->second;
 }
 
+/// All methods that the generator calls.
+const std::unordered_set<std::string_view>& GeneratedCalls() {
+    static const std::unordered_set<std::string_view> calls = [] {
+        std::unordered_set<std::string_view> all = {"sendeSQL"};
+        for (const auto& [javaClass, form] : ClassForms())
+            for (const auto& [method, kinds] : form.calls)
+                all.insert(method);
+        return all;
+    }();
+    return calls;
+}
+
 bool IsDeclared(const JavaTokens& tokens, std::string_view javaClass, std::string_view name) {
     for (std::size_t index = 0; index < tokens.Count(); ++index)
         if (tokens.Is(index, javaClass) && tokens.Are(index + 1, name, ";"))
@@ -178,6 +190,7 @@ void ExistingCode::FindConstructorEnd() {
     std::size_t index = constructorOpen_ + 1;
     bool trusted = true;
     bool isKnown = false;
+    bool isInMethod = false;
     for (; index < tokens_.Count() && trusted && level >= 0 && !isKnown; ++index) {
         const int step = LevelStep(tokens_.Text(index));
         level += step;
@@ -185,7 +198,9 @@ void ExistingCode::FindConstructorEnd() {
         if (closing == 0 && step < 0 && level == 0)
             closing = index;
         isKnown = IsKnownHead(index);
-        trusted = closing != 0 ? level != 0 || !(LooksLikeStatement(index) || LooksLikeCall(index)) : !isKnown;
+        isInMethod = isInMethod || (closing != 0 && IsMethodHead(tokens_, index, className_));
+        const bool isOutside = level == 0 || !isInMethod;
+        trusted = closing == 0 ? !isKnown : !isOutside || !(LooksLikeStatement(index) || LooksLikeCall(index));
     }
     for (const bool classEnded = level < 0; classEnded && trusted && index < tokens_.Count(); ++index)
         trusted = !IsKnownHead(index);
@@ -290,10 +305,7 @@ bool ExistingCode::LooksLikeStatement(std::size_t index) const {
 bool ExistingCode::LooksLikeCall(std::size_t index) const {
     if (!tokens_.Is(index + 1, ".") || !tokens_.Is(index + 3, "(") || !MayBegin(tokens_, index))
         return tokens_.Are(index, "if", "(", connectMethod) || tokens_.Are(index, superCall, "(");
-    const std::string_view method = tokens_.Text(index + 2);
-    return method == "sendeSQL" || std::any_of(ClassForms().begin(), ClassForms().end(), [method](const auto& form) {
-               return form.second.calls.contains(method);
-           });
+    return GeneratedCalls().contains(tokens_.Text(index + 2));
 }
 
 /// How many blanks and tabs stand before the first word of a head, or before a brace.
@@ -754,6 +766,9 @@ bool ExistingCode::IsGeneratedQuery(std::size_t name, std::size_t& end) const {
             break;
     }
     end = index + 1;
+    // A brace of another depth was put in by the pupil.
+    if (tokens_[index].startsLine != 0 && Indent(index) != Indent(name))
+        return false;
     const auto lines = [](const JavaTokens& tokens, std::size_t from, std::size_t to) {
         return LineBreaks(tokens.Source().substr(tokens[from].begin, tokens[to].end - tokens[from].begin));
     };
