@@ -188,6 +188,7 @@ void ExistingCode::FindConstructorEnd() {
     int level = 1;
     std::size_t closing = 0;
     std::size_t index = constructorOpen_ + 1;
+    std::size_t outerBrace = 0; // another one that stands where the closing one should
     bool trusted = true;
     bool isKnown = false;
     bool isInMethod = false;
@@ -195,17 +196,25 @@ void ExistingCode::FindConstructorEnd() {
         const int step = LevelStep(tokens_.Text(index));
         level += step;
         RememberHandler(index);
-        if (closing == 0 && step < 0 && level == 0)
-            closing = index;
+        const bool isStatement = LooksLikeStatement(index) || LooksLikeCall(index);
         isKnown = IsKnownHead(index);
-        isInMethod = isInMethod || (closing != 0 && IsMethodHead(tokens_, index, className_));
-        const bool isOutside = level == 0 || !isInMethod;
-        trusted = closing == 0 ? !isKnown : !isOutside || !(LooksLikeStatement(index) || LooksLikeCall(index));
+        if (closing != 0) {
+            isInMethod = isInMethod || IsMethodHead(tokens_, index, className_);
+            trusted = !isStatement || (level != 0 && isInMethod);
+            continue;
+        }
+        trusted = !isKnown;
+        if (step < 0 && level == 0)
+            closing = index;
+        else if (step < 0 && tokens_[index].startsLine != 0 && Indent(index) == Indent(constructor_))
+            outerBrace = index;
+        else if (isStatement)
+            outerBrace = 0;
     }
     for (const bool classEnded = level < 0; classEnded && trusted && index < tokens_.Count(); ++index)
         trusted = !IsKnownHead(index);
-    trusted =
-        trusted && closing != 0 && (level < 0 || isKnown) && (bracesMatch_ || Indent(closing) == Indent(constructor_));
+    trusted = trusted && closing != 0 && (level < 0 || isKnown) &&
+              ((bracesMatch_ && inOrder_ && outerBrace == 0) || Indent(closing) == Indent(constructor_));
     inOrder_ = inOrder_ && trusted;
     constructorEnd_ = closing;
     if (!trusted)
@@ -280,8 +289,13 @@ void ExistingCode::FindClassEnd() {
 }
 
 bool ExistingCode::IsKnownHead(std::size_t index) const {
-    return tokens_.Are(index + 1, "(", ")") && tokens_.Is(index - 1, "void") && !tokens_.Is(index + 3, ";") &&
-           (wanted_.methods.contains(tokens_.Text(index)) || namedHandlers_.contains(tokens_.Text(index)));
+    if (!tokens_.Is(index + 1, "(") || index < 2)
+        return false;
+    const std::string_view name = tokens_.Text(index);
+    if (tokens_.Is(index - 2, "public") && FindQuery(name) < Queries().Count())
+        return true;
+    return tokens_.Is(index - 1, "void") && tokens_.Is(index + 2, ")") && !tokens_.Is(index + 3, ";") &&
+           (wanted_.methods.contains(name) || namedHandlers_.contains(name));
 }
 
 /// Remembers a handler that a statement registers: its head ends the constructor.
@@ -522,9 +536,11 @@ void ExistingCode::ReadDatabaseBlock(std::size_t first) {
     std::size_t result = 0;
     std::size_t close = 0;
     int level = open == 0 ? 0 : 1;
-    // Among braces that do not match, ours are those as far left as the "if".
+    // Among braces that do not match, ours are those as far left as the "if" and alone in their lines.
     const auto isOurs = [&](std::size_t index) {
-        return tokens_[index].startsLine != 0 && Indent(index) == Indent(first);
+        const std::size_t end = tokens_[index].end;
+        return tokens_[index].startsLine != 0 && Indent(index) == Indent(first) &&
+               IsBlank(source_.substr(end, EndOfLine(source_, end) - end));
     };
     for (std::size_t index = first + 7; index < constructorEnd_ && close == 0; ++index) {
         const int step = LevelStep(tokens_.Text(index));
