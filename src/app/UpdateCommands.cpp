@@ -77,6 +77,10 @@ JavaEncoding EncodingOf(std::string_view bytes) {
     const bool hasMark = bytes.starts_with(mark);
     bool isAscii = !hasMark;
     for (std::string_view rest = bytes; !rest.empty();) {
+        const auto ascii = std::find_if(rest.begin(), rest.end(), [](char byte) { return byte < 0 || byte > '\x7E'; });
+        rest.remove_prefix(static_cast<std::size_t>(ascii - rest.begin()));
+        if (rest.empty())
+            break;
         const std::size_t length = CharacterLength(rest);
         if (length == 0)
             return JavaEncoding::Windows1252;

@@ -73,24 +73,28 @@ const std::unordered_set<std::string_view>& GeneratedCalls() {
     return calls;
 }
 
-bool IsDeclared(const JavaTokens& tokens, std::string_view javaClass, std::string_view name) {
-    for (std::size_t index = 0; index < tokens.Count(); ++index)
-        if (tokens.Is(index, javaClass) && tokens.Are(index + 1, name, ";"))
-            return true;
-    return false;
-}
-
 } // namespace
 
 UpdateRefusal::UpdateRefusal(std::size_t line, std::string_view message)
     : std::runtime_error(Concatenate("Zeile ", line, ": ", message)), line_(line) {}
 
 CodeOptions HeldBlocks(const JavaTokens& tokens) {
-    return {IsDeclared(tokens, menuClass, subMenu), IsDeclared(tokens, databaseClass, database)};
+    CodeOptions held;
+    for (std::size_t index = 2; index < tokens.Count(); ++index) {
+        if (!tokens.Is(index, ";"))
+            continue;
+        held.menu |= tokens.Are(index - 2, menuClass, subMenu);
+        held.database |= tokens.Are(index - 2, databaseClass, database);
+    }
+    return held;
 }
 
 ExistingCode::ExistingCode(const JavaTokens& tokens, const GeneratedCode& wanted, CodeOptions blocks)
     : tokens_(tokens), source_(tokens.Source()), wanted_(wanted), blocks_(blocks) {
+    pieces.reserve(wanted.pieces.size() + wanted.pieces.size() / 8);
+    fields.reserve(wanted.fields.size());
+    registered.reserve(wanted.methods.size());
+    methodOf_.reserve(wanted.methods.size());
     FindClass();
     FindConstructor();
     FindConstructorEnd();
@@ -100,11 +104,16 @@ ExistingCode::ExistingCode(const JavaTokens& tokens, const GeneratedCode& wanted
     ReadFields(classOpen_ + 1, constructor_, CodeSection::Fields);
     ReadFields(constructorEnd_ + (constructorCloses_ ? 1 : 0), classEnd_, CodeSection::Methods);
     ReadConstructor();
+    runs_.push_back(pieces.size());
     ReadComments();
+    runs_.push_back(pieces.size());
     DecideFields();
+    MergeRuns();
     KeepOwnedPieces();
     CollectRegistered();
+    runs_.push_back(pieces.size());
     ReadMethods();
+    MergeRuns();
     DropOverlaps();
 }
 
@@ -196,11 +205,11 @@ void ExistingCode::FindConstructorEnd() {
         const int step = LevelStep(tokens_.Text(index));
         level += step;
         RememberHandler(index);
-        const bool isStatement = LooksLikeStatement(index) || LooksLikeCall(index);
+        const auto isStatement = [&] { return LooksLikeStatement(index) || LooksLikeCall(index); };
         isKnown = IsKnownHead(index);
         if (closing != 0) {
             isInMethod = isInMethod || IsMethodHead(tokens_, index, className_);
-            trusted = !isStatement || (level != 0 && isInMethod);
+            trusted = (level != 0 && isInMethod) || !isStatement();
             continue;
         }
         trusted = !isKnown;
@@ -208,7 +217,7 @@ void ExistingCode::FindConstructorEnd() {
             closing = index;
         else if (step < 0 && tokens_[index].startsLine != 0 && Indent(index) == Indent(constructor_))
             outerBrace = index;
-        else if (isStatement)
+        else if (outerBrace != 0 && isStatement())
             outerBrace = 0;
     }
     for (const bool classEnded = level < 0; classEnded && trusted && index < tokens_.Count(); ++index)
@@ -288,28 +297,36 @@ void ExistingCode::FindClassEnd() {
     classEnd_ = lastBrace;
 }
 
-bool ExistingCode::IsKnownHead(std::size_t index) const {
-    if (!tokens_.Is(index + 1, "(") || index < 2)
+bool ExistingCode::IsKnownHead(std::size_t index) {
+    if (!tokens_.Is(index + 1, "(") || index < 2 || tokens_.Is(index - 1, "."))
         return false;
     const std::string_view name = tokens_.Text(index);
-    if (tokens_.Is(index - 2, "public") && FindQuery(name) < Queries().Count())
-        return true;
-    return tokens_.Is(index - 1, "void") && tokens_.Is(index + 2, ")") && !tokens_.Is(index + 3, ";") &&
-           (wanted_.methods.contains(name) || namedHandlers_.contains(name));
+    if (!tokens_.Is(index - 1, "void"))
+        return tokens_.Is(index - 2, "public") && FindQuery(name) < Queries().Count();
+    return tokens_.Is(index + 2, ")") && !tokens_.Is(index + 3, ";") &&
+           (wanted_.methods.contains(name) || IsNamedHandler(name));
 }
 
-/// Remembers a handler that a statement registers: its head ends the constructor.
+/// Remembers a statement that registers a handler: that one's head ends the constructor.
 void ExistingCode::RememberHandler(std::size_t index) {
-    if (!tokens_.Is(index + 1, "("))
+    if (!tokens_.Is(index, "(") || index < 2 || !tokens_.Is(index - 2, "."))
         return;
-    if (tokens_.Text(index).starts_with(registration))
-        namedHandlers_.insert(Literal(index + 2));
-    else if (tokens_.Is(index, "haengeZeileAn") && tokens_.Is(index + 3, ","))
-        namedHandlers_.insert(Literal(index + 4));
+    if (tokens_.Text(index - 1).starts_with(registration))
+        handlerTokens_.push_back(index + 1);
+    else if (tokens_.Is(index - 1, "haengeZeileAn") && tokens_.Is(index + 2, ","))
+        handlerTokens_.push_back(index + 3);
+}
+
+bool ExistingCode::IsNamedHandler(std::string_view name) {
+    for (; !handlerTokens_.empty(); handlerTokens_.pop_back())
+        namedHandlers_.insert(Literal(handlerTokens_.back()));
+    return namedHandlers_.contains(name);
 }
 
 bool ExistingCode::LooksLikeStatement(std::size_t index) const {
-    if (tokens_.Are(index + 1, "=", "new") && MayBegin(tokens_, index))
+    if (!MayBegin(tokens_, index))
+        return false;
+    if (tokens_.Are(index + 1, "=", "new"))
         return ClassForms().contains(tokens_.Text(index + 3));
     return (LooksLikeCall(index) && !Contains(commonMethods, tokens_.Text(index + 2))) ||
            tokens_.Are(index, resultList, "=", database) || tokens_.Are(index, subMenu, "=");
@@ -317,9 +334,11 @@ bool ExistingCode::LooksLikeStatement(std::size_t index) const {
 
 /// Whether a statement begins that the generator may have written, or a pupil anywhere.
 bool ExistingCode::LooksLikeCall(std::size_t index) const {
-    if (!tokens_.Is(index + 1, ".") || !tokens_.Is(index + 3, "(") || !MayBegin(tokens_, index))
-        return tokens_.Are(index, "if", "(", connectMethod) || tokens_.Are(index, superCall, "(");
-    return GeneratedCalls().contains(tokens_.Text(index + 2));
+    if (!MayBegin(tokens_, index))
+        return false;
+    if (tokens_.Is(index + 1, ".") && tokens_.Is(index + 3, "("))
+        return GeneratedCalls().contains(tokens_.Text(index + 2));
+    return tokens_.Are(index, "if", "(", connectMethod) || tokens_.Are(index, superCall, "(");
 }
 
 /// How many blanks and tabs stand before the first word of a head, or before a brace.
@@ -434,7 +453,9 @@ void ExistingCode::ReadFields(std::size_t first, std::size_t end, CodeSection se
             ExistingField field;
             field.javaClass = declaration.javaClass;
             field.depth = level;
-            field.alone = declaration.alone && ClassForms().contains(declaration.javaClass);
+            const auto form = ClassForms().find(declaration.javaClass);
+            field.form = form == ClassForms().end() ? nullptr : &form->second;
+            field.alone = declaration.alone && field.form != nullptr;
             field.hasValue = declaration.hasValue;
             field.firstToken = index;
             field.endToken = behind;
@@ -448,8 +469,10 @@ void ExistingCode::AddField(const JavaDeclaration& declaration, const ExistingFi
     if (!field.alone && !wanted_.fields.contains(declaration.name))
         return;
     const auto [place, isNew] = fields.emplace(declaration.name, field);
-    if (isNew)
+    if (isNew) {
+        fieldOrder_.push_back(&*place);
         return;
+    }
     if (place->second.depth == field.depth && field.depth == 1)
         Refuse(declaration.token,
                Concatenate("Das Feld ", declaration.name, " ist zweimal deklariert, zuerst in Zeile ",
@@ -481,52 +504,59 @@ std::size_t ExistingCode::ReadConstructorStatement(std::size_t index) {
         return index + 4;
     }
     callsThis |= tokens_.Are(index, "this", "(");
-    if (tokens_.Is(index, superCall) || fields.contains(tokens_.Text(index)))
+    const bool isSuper = tokens_.Is(index, superCall);
+    ExistingField* const field = isSuper ? nullptr : FindField(tokens_.Text(index));
+    if (isSuper || field != nullptr)
         if (const std::optional<JavaStatement> statement = ReadStatement(tokens_, index))
-            return AddStatement(index, *statement);
+            return AddStatement(index, *statement, field);
     return index + 1;
 }
 
-std::size_t ExistingCode::AddStatement(std::size_t first, const JavaStatement& statement) {
-    CodeKey key{statement.assigned, members::assignment, {}};
+/// Mostly the one that the statement before was about.
+ExistingField* ExistingCode::FindField(std::string_view name) {
+    if (lastField_ == nullptr || lastField_->first != name) {
+        const auto found = fields.find(name);
+        if (found == fields.end())
+            return nullptr;
+        lastField_ = &*found;
+    }
+    return &lastField_->second;
+}
+
+std::size_t ExistingCode::AddStatement(std::size_t first, const JavaStatement& statement, ExistingField* field) {
     const std::string& kinds = statement.arguments.kinds;
-    const std::vector<std::size_t>& arguments = statement.arguments.tokens;
+    CodeKey key{statement.assigned, members::assignment, {}};
     bool asForm = true;
-    if (!statement.createdClass.empty()) {
-        ExistingField& field = fields.find(statement.assigned)->second;
-        const auto form = ClassForms().find(field.javaClass);
-        if (form == ClassForms().end() || field.javaClass != statement.createdClass)
+    if (field == nullptr) {
+        key = {statement.method, {}, {}};
+    } else if (!statement.createdClass.empty()) {
+        if (field->form == nullptr || field->javaClass != statement.createdClass)
             return first + 1;
-        asForm = form->second.creation == kinds;
-        field.createdAsForm |= asForm;
+        asForm = field->form->creation == kinds;
+        field->createdAsForm |= asForm;
     } else if (!statement.assigned.empty()) {
         if (statement.assigned != subMenu || statement.method != "neuesUntermenue" || kinds != "s")
             return first + 1;
         const std::size_t value = tokens_[first + 2].begin;
         key.detail = source_.substr(value, tokens_[statement.end - 1].end - value);
-    } else if (statement.object == database) {
-        return first + 1; // only within its block
-    } else if (statement.object.empty()) {
-        key = {statement.method, {}, {}};
     } else {
+        // The database's calls belong to its block.
+        if (statement.object == database || field->form == nullptr)
+            return first + 1;
+        const auto call = field->form->calls.find(statement.method);
+        if (call == field->form->calls.end())
+            return first + 1;
+        asForm = call->second == kinds;
         key = {statement.object, statement.method, {}};
-        const auto form = ClassForms().find(fields.find(statement.object)->second.javaClass);
-        if (form == ClassForms().end())
-            return first + 1;
-        const auto kindsOfCall = form->second.calls.find(statement.method);
-        if (kindsOfCall == form->second.calls.end())
-            return first + 1;
-        asForm = kindsOfCall->second == kinds;
-        if (IsListMethod(statement.method) && arguments.size() > 1)
-            key.detail = tokens_.Text(arguments.rbegin()[1]);
+        if (IsListMethod(statement.method))
+            key.detail = tokens_.Text(statement.arguments.Last());
     }
     ExistingPiece& piece = AddPiece(key, CodeSection::Constructor, first, statement.end);
+    piece.field = field;
     piece.asForm = asForm;
     piece.isOdd = kinds == "?";
-    if (arguments.size() > 1) {
-        piece.firstArgument = static_cast<std::uint32_t>(arguments.front());
-        piece.lastArgument = static_cast<std::uint32_t>(arguments.rbegin()[1]);
-    }
+    piece.firstArgument = static_cast<std::uint32_t>(statement.arguments.First());
+    piece.lastArgument = static_cast<std::uint32_t>(statement.arguments.Last());
     return statement.end;
 }
 
@@ -593,7 +623,8 @@ void ExistingCode::ReadComments() {
 }
 
 void ExistingCode::DecideFields() {
-    for (auto& [name, field] : fields) {
+    for (auto* const place : fieldOrder_) {
+        auto& [name, field] = *place;
         field.owned = IsOwned(name, field);
         const auto wanted = wanted_.fields.find(name);
         if (wanted == wanted_.fields.end() || wanted->second == field.javaClass || field.owned)
@@ -601,8 +632,8 @@ void ExistingCode::DecideFields() {
         Refuse(field.firstToken, Concatenate("Hier ist ", name, " ein eigenes Feld der Klasse ", field.javaClass,
                                              "; im Entwurf heißt so ein Objekt der Klasse ", wanted->second, "."));
     }
-    for (const auto& [name, field] : fields)
-        if (field.owned && field.alone)
+    for (const auto* const place : fieldOrder_)
+        if (const auto& [name, field] = *place; field.owned && field.alone)
             AddPiece({name, members::field, {}}, CodeSection::Fields, field.firstToken, field.endToken);
 }
 
@@ -629,8 +660,11 @@ bool ExistingCode::IsOwned(const ExistingPiece& piece) {
     if (member == members::import || member == members::comment || member == members::field ||
         piece.key.object == superCall)
         return true;
-    const auto field = fields.find(piece.key.object);
-    if (field == fields.end() || !field->second.owned)
+    if (piece.field == nullptr) {
+        const auto field = fields.find(piece.key.object);
+        return field != fields.end() && field->second.owned;
+    }
+    if (!piece.field->owned)
         return false;
     if (member == members::assignment || member == members::proposal)
         return !piece.isOdd || IsAsWanted(piece);
@@ -683,7 +717,11 @@ void ExistingCode::ReadMethods() {
     ReadMethods(classOpen_ + 1, constructor_);
     ReadMethods(constructorEnd_ + (constructorCloses_ ? 1 : 0), classEnd_);
     FindMentions();
-    for (const auto& [name, method] : methods_) {
+    for (std::size_t index = 0; index < methods_.size(); ++index) {
+        const Method& method = methods_[index];
+        const std::string_view name = tokens_.Text(method.name);
+        if (methodOf_.find(name)->second != index)
+            continue;
         const bool wantedOrRegistered = wanted_.methods.contains(name) || registered.contains(name);
         const bool owned =
             method.generated && (method.isQuery ? blocks_.database : wantedOrRegistered && !mentioned_.contains(name));
@@ -696,24 +734,26 @@ void ExistingCode::ReadMethods() {
 
 void ExistingCode::ReadMethods(std::size_t first, std::size_t end) {
     int level = 1;
-    for (std::size_t index = first; index < end; ++index) {
+    for (std::size_t index = std::max<std::size_t>(first, 2); index < end; ++index) {
         level += LevelStep(tokens_.Text(index));
-        if (!tokens_.Is(index + 1, "(") || index < 2)
+        if (!tokens_.Is(index + 1, "(") || tokens_.Is(index - 1, "."))
             continue;
         const std::string_view name = tokens_.Text(index);
-        const std::size_t query = FindQuery(name);
+        const std::size_t query = tokens_.Is(index - 1, "void") ? Queries().Count() : FindQuery(name);
         const bool isQuery = query < Queries().Count();
-        if ((!isQuery && !wanted_.methods.contains(name) && !registered.contains(name)) || !IsHead(index))
-            continue;
-        const std::size_t parameters = ClosingBracket(tokens_, index + 1) - index;
-        if (parameters != (isQuery ? ClosingBracket(Queries(), query + 1) - query : 2))
-            continue;
-        // Deeper ones belong to inner classes, but two half-written lines may only make them look deeper.
-        if (inOrder_ && level != 1 && Indent(index) != Indent(constructor_))
+        if (!isQuery && !wanted_.methods.contains(name) && !registered.contains(name))
             continue;
         Method method{index, index, level, isQuery, false};
         method.generated =
             isQuery ? IsGeneratedQuery(index, method.endToken) : IsGeneratedHandler(index, method.endToken);
+        if (!method.generated) {
+            const std::size_t parameters = ClosingBracket(tokens_, index + 1) - index;
+            if (!IsHead(index) || parameters != (isQuery ? ClosingBracket(Queries(), query + 1) - query : 2))
+                continue;
+        }
+        // Deeper ones belong to inner classes, but two half-written lines may only make them look deeper.
+        if (inOrder_ && level != 1 && Indent(index) != Indent(constructor_))
+            continue;
         AddMethod(name, method);
     }
 }
@@ -727,14 +767,16 @@ bool ExistingCode::IsHead(std::size_t name) const {
 }
 
 void ExistingCode::AddMethod(std::string_view name, const Method& method) {
-    const auto [place, isNew] = methods_.emplace(name, method);
+    methods_.push_back(method);
+    const auto [place, isNew] = methodOf_.emplace(name, methods_.size() - 1);
     if (isNew)
         return;
-    if (place->second.depth == method.depth)
-        Refuse(method.name, Concatenate("Die Methode ", name, "() steht zweimal da, zuerst in Zeile ",
-                                        LineOf(place->second.name), "."));
-    if (method.depth < place->second.depth)
-        place->second = method;
+    const Method& other = methods_[place->second];
+    if (other.depth == method.depth)
+        Refuse(method.name,
+               Concatenate("Die Methode ", name, "() steht zweimal da, zuerst in Zeile ", LineOf(other.name), "."));
+    if (method.depth < other.depth)
+        place->second = methods_.size() - 1;
 }
 
 bool ExistingCode::IsGeneratedHandler(std::size_t name, std::size_t& end) const {
@@ -793,19 +835,22 @@ bool ExistingCode::IsGeneratedQuery(std::size_t name, std::size_t& end) const {
 
 /// Looks in all that is not Pirol's for the names of handlers; the library finds them by text, too.
 void ExistingCode::FindMentions() {
-    std::vector<std::pair<std::size_t, std::size_t>> ours;
+    using Range = std::pair<std::size_t, std::size_t>;
+    std::vector<Range> ours;
+    ours.reserve(pieces.size() + methods_.size() + 1);
     for (const ExistingPiece& piece : pieces)
         ours.emplace_back(piece.firstToken, piece.endToken);
-    for (const auto& [name, method] : methods_)
+    const auto behindPieces = static_cast<std::ptrdiff_t>(ours.size());
+    for (const Method& method : methods_)
         if (method.generated)
             ours.emplace_back(method.name - 2, method.endToken);
-    std::sort(ours.begin(), ours.end());
+    std::inplace_merge(ours.begin(), ours.begin() + behindPieces, ours.end());
     std::size_t index = 0;
     ours.emplace_back(tokens_.Count(), tokens_.Count());
     for (const auto& [first, end] : ours) {
         for (; index < first; ++index) {
             const std::string_view text = tokens_.IsLiteral(index, '"') ? Literal(index) : tokens_.Text(index);
-            if (methods_.contains(text))
+            if (methodOf_.contains(text))
                 mentioned_.insert(text);
             needsDatabaseImport |= text == databaseClass || text == resultClass;
         }
@@ -813,10 +858,19 @@ void ExistingCode::FindMentions() {
     }
 }
 
-/// Puts the pieces in order. Of two that a half-written source makes overlap the first counts.
+/// Puts the pieces in order; what was read one after another is so already.
+void ExistingCode::MergeRuns() {
+    runs_.push_back(pieces.size());
+    const auto at = [this](std::size_t index) { return pieces.begin() + static_cast<std::ptrdiff_t>(index); };
+    for (std::size_t run = 0; run + 1 < runs_.size(); ++run)
+        std::inplace_merge(
+            at(0), at(runs_[run]), at(runs_[run + 1]),
+            [](const ExistingPiece& left, const ExistingPiece& right) { return left.begin < right.begin; });
+    runs_.clear();
+}
+
+/// Of two pieces that a half-written source makes overlap the first counts.
 void ExistingCode::DropOverlaps() {
-    std::sort(pieces.begin(), pieces.end(),
-              [](const ExistingPiece& left, const ExistingPiece& right) { return left.begin < right.begin; });
     std::size_t end = 0;
     std::erase_if(pieces, [&end](const ExistingPiece& piece) {
         if (piece.begin < end)

@@ -13,6 +13,7 @@
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace pirol {
@@ -27,10 +28,13 @@ class UpdateRefusal : public std::runtime_error {
     std::size_t line_;
 };
 
+struct ExistingField;
+
 /// A piece of a source that reads like one the generator writes, and is Pirol's.
 struct ExistingPiece {
     CodeKey key;
     CodeSection section = CodeSection::Imports; ///< where the generator writes such pieces
+    const ExistingField* field = nullptr;       ///< that it is about, of a statement
     bool asForm = true;      ///< a call or creation has arguments of the kinds that the generator writes
     bool isOdd = false;      ///< its arguments cannot be told apart
     std::uint32_t begin = 0; ///< of the code itself, without indent, line end and what else stands in its lines
@@ -44,7 +48,7 @@ struct ExistingPiece {
 /// A field of the class.
 struct ExistingField {
     std::string_view javaClass;
-    std::size_t position = 0;
+    const ClassForm* form = nullptr; ///< of its class, if that is one of Pirol's
     int depth = 0;
     bool alone = false;         ///< declared as the generator does
     bool hasValue = false;      ///< where it is declared
@@ -108,7 +112,7 @@ class ExistingCode {
     void AddField(const JavaDeclaration& declaration, const ExistingField& field);
     void ReadConstructor();
     std::size_t ReadConstructorStatement(std::size_t index);
-    std::size_t AddStatement(std::size_t first, const JavaStatement& statement);
+    std::size_t AddStatement(std::size_t first, const JavaStatement& statement, ExistingField* field);
     void ReadDatabaseBlock(std::size_t first);
     void ReadComments();
     void DecideFields();
@@ -125,8 +129,11 @@ class ExistingCode {
     bool IsGeneratedHandler(std::size_t name, std::size_t& end) const;
     bool IsGeneratedQuery(std::size_t name, std::size_t& end) const;
     void FindMentions();
+    void MergeRuns();
     void DropOverlaps();
-    bool IsKnownHead(std::size_t index) const;
+    bool IsKnownHead(std::size_t index);
+    bool IsNamedHandler(std::string_view name);
+    ExistingField* FindField(std::string_view name);
     void RememberHandler(std::size_t index);
     bool LooksLikeStatement(std::size_t index) const;
     bool LooksLikeCall(std::size_t index) const;
@@ -155,10 +162,16 @@ class ExistingCode {
     bool bracesMatch_ = false;                         ///< as many open as close in the whole source
     bool inOrder_ = false;                             ///< braces tell what stands on which level
     std::unordered_set<std::string_view> wantedCodes_; ///< all of them, when first asked for
-    std::unordered_set<std::string_view> namedHandlers_; ///< in any registration
+    std::vector<std::size_t> handlerTokens_;           ///< in any registration, not in namedHandlers_ yet
+    std::unordered_set<std::string_view> namedHandlers_;
     std::unordered_set<std::string_view> registeredByMenu_;
-    std::unordered_map<std::string_view, Method> methods_;
+    using NamedField = std::pair<const std::string_view, ExistingField>;
+    std::vector<NamedField*> fieldOrder_; ///< in that of the source
+    NamedField* lastField_ = nullptr;
+    std::vector<Method> methods_; ///< in the order of the source, some passed over
+    std::unordered_map<std::string_view, std::size_t> methodOf_;
     std::unordered_set<std::string_view> mentioned_;
+    std::vector<std::size_t> runs_; ///< where pieces in the order of the source begin anew
 };
 
 } // namespace pirol

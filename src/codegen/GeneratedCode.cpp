@@ -179,7 +179,10 @@ void GeneratedCode::TakeApart() {
     auto section = CodeSection::Imports;
     std::size_t position = 0;
     std::size_t methodBegin = std::string_view::npos; // of a method whose end is not reached yet
-    pieces.reserve(source.size() / 64);
+    constexpr std::size_t usualLength = 64;           // of a line
+    pieces.reserve(source.size() / usualLength);
+    fields.reserve(source.size() / (4 * usualLength));
+    methods.reserve(source.size() / (4 * usualLength));
     while (position < source.size()) {
         const std::size_t begin = position;
         const std::size_t end = std::min(source.find(lineEnd, position), source.size());

@@ -58,12 +58,14 @@ std::optional<JavaArguments> ReadArguments(const JavaTokens& tokens, std::size_t
             return std::nullopt;
         const bool ends = depth == 0 && IsOneOf(text, ",)");
         if (ends && (index > begin || !arguments.kinds.empty() || text == ",")) {
+            if (arguments.kinds.size() == mostArguments)
+                return std::nullopt;
+            arguments.begins[arguments.kinds.size()] = begin;
             arguments.kinds += KindOf(tokens, begin, index);
-            arguments.tokens.push_back(begin);
             begin = index + 1;
         }
         if (ends && text == ")") {
-            arguments.tokens.push_back(index);
+            arguments.close = index;
             return arguments;
         }
         depth += IsOneOf(text, "([") ? 1 : 0;
@@ -90,7 +92,8 @@ bool IsModifier(std::string_view word) {
 }
 
 bool MayBegin(const JavaTokens& tokens, std::size_t index) {
-    return index == 0 || tokens[index].startsLine != 0 || IsOneOf(tokens.Text(index - 1), ";{}");
+    return index == 0 || (index < tokens.Count() && tokens[index].startsLine != 0) ||
+           IsOneOf(tokens.Text(index - 1), ";{}");
 }
 
 std::optional<JavaStatement> ReadStatement(const JavaTokens& tokens, std::size_t first) {
@@ -119,9 +122,9 @@ std::optional<JavaStatement> ReadStatement(const JavaTokens& tokens, std::size_t
     if (!tokens.Is(bracket, "("))
         return std::nullopt;
     std::optional<JavaArguments> arguments = ReadArguments(tokens, bracket);
-    if (arguments && tokens.Is(arguments->tokens.back() + 1, ";")) {
-        statement.end = arguments->tokens.back() + 2;
-        statement.arguments = std::move(*arguments);
+    if (arguments && tokens.Is(arguments->close + 1, ";")) {
+        statement.end = arguments->close + 2;
+        statement.arguments = *arguments;
         return statement;
     }
     statement.end = EndOfOddLine(tokens, first);

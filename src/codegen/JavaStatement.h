@@ -11,12 +11,18 @@
 
 namespace pirol {
 
+/// No call of the generator has more.
+constexpr std::size_t mostArguments = 12;
+
 /// The arguments between two brackets.
 struct JavaArguments {
     /// A letter for each: n number, s text, c character, i name, x anything else; "?" when they cannot be told apart.
     std::string kinds;
-    /// The token with which each begins, and the closing bracket.
-    std::vector<std::size_t> tokens;
+    std::array<std::size_t, mostArguments> begins{}; ///< the token with which each begins
+    std::size_t close = 0;                           ///< the bracket behind them
+
+    std::size_t First() const { return begins.front(); }
+    std::size_t Last() const { return kinds.empty() ? 0 : begins[kinds.size() - 1]; }
 };
 
 /// A statement of one of the forms in which the generator writes them: "a = new Class(...);", "a = b.method(...);",

@@ -45,7 +45,13 @@ class JavaTokens {
             return {};
         return source_.substr(tokens_[index].begin, tokens_[index].end - tokens_[index].begin);
     }
-    bool Is(std::size_t index, std::string_view text) const { return Text(index) == text; }
+    bool Is(std::size_t index, std::string_view text) const {
+        if (index >= tokens_.size() || tokens_[index].begin + text.size() != tokens_[index].end)
+            return false;
+        // Mostly the first byte tells them apart.
+        const char* const begin = source_.data() + tokens_[index].begin;
+        return *begin == text.front() && std::string_view(begin, text.size()) == text;
+    }
     /// A name or keyword.
     bool IsWord(std::size_t index) const;
     bool IsNumber(std::size_t index) const;

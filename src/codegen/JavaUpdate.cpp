@@ -60,6 +60,14 @@ std::string_view UsualLineEnd(std::string_view text) {
     return returns - both > both ? "\r" : "\r\n";
 }
 
+/// Whether a text holds characters beyond those that have the same number in Windows-1252.
+bool MayLackCharacters(std::string_view text) {
+    return std::any_of(text.begin(), text.end(), [](char byte) {
+        const auto code = static_cast<unsigned char>(byte);
+        return code >= 0xC4 || code == 0xC2;
+    });
+}
+
 /// An entry whose lines are still positions.
 struct Pending {
     UpdateEntry entry;
@@ -188,7 +196,7 @@ struct Stretch {
     std::size_t end;
     std::size_t anchor;       ///< the wanted piece that it follows, or none at the beginning
     std::size_t piece = none; ///< the existing piece in it, if any
-    std::string text = {};    ///< what is left of a removed piece's lines
+    std::size_t rest = none;  ///< of what is left of a removed piece's lines
 };
 
 /// One reading of a source and what becomes of it.
@@ -222,7 +230,7 @@ class Update {
     std::string Generated(const ProjectModel& model) {
         const CodeOptions marks{Blocks().menu && !options_.withoutMenu, Blocks().database && !options_.withoutDatabase};
         std::string source = GenerateCode(model, marks);
-        if (!options_.windows1252)
+        if (!options_.windows1252 || !MayLackCharacters(source))
             return source;
         std::string inFile = FromWindows1252(ToWindows1252(source));
         if (inFile != source)
@@ -280,6 +288,7 @@ class Update {
     std::vector<bool> skipped_;         ///< wanted pieces that the pupil has in a form of his own
     std::vector<bool> kept_;            ///< existing pieces that stay as they are
     std::unordered_set<std::size_t> lost_;
+    std::vector<std::string> rests_;                                 ///< what is left of the lines of removed pieces
     std::unordered_map<std::string_view, std::string_view> groupOf_; ///< radio button, group
     std::unordered_map<CodeKey, std::size_t, CodeKeyHash> firstWanted_;
     std::vector<std::size_t> nextWanted_; ///< the next piece of the same key
@@ -364,6 +373,8 @@ void Update::SkipWhatIsThere() {
     for (std::size_t index = 0; index < wanted_.pieces.size(); ++index)
         if (pieceOf_[index] == none)
             skipped_[index] = wanted_.pieces[index].optional || IsThere(wanted_.pieces[index]);
+    if (groupOf_.empty())
+        return;
     for (const GeneratedPiece& piece : wanted_.pieces) {
         // A radio button that stays without its registration needs no handler either.
         const auto method = wanted_.methods.find(piece.key.object);
@@ -407,8 +418,10 @@ bool Update::IsThere(const GeneratedPiece& wanted) {
 
 /// Whether a statement says what the project file that was loaded does not hold.
 bool Update::IsUnknown(const CodeKey& key) const {
+    if (!options_.isUnknown)
+        return false;
     const auto field = existing_.fields.find(key.object);
-    if (!options_.isUnknown || field == existing_.fields.end())
+    if (field == existing_.fields.end())
         return false;
     const auto* const row =
         std::find_if(std::begin(unheldStatements), std::end(unheldStatements), [&](const UnheldStatement& statement) {
@@ -490,8 +503,10 @@ std::vector<Stretch> Update::TakeApart(CodeSection section) {
         } else {
             ReportRemoved(piece);
             std::string rest = RestOf(piece, begin, end);
-            if (!rest.empty())
-                stretches.push_back({begin, end, anchor, none, std::move(rest)});
+            if (!rest.empty()) {
+                stretches.push_back({begin, end, anchor, none, rests_.size()});
+                rests_.push_back(std::move(rest));
+            }
         }
         position = end;
     }
@@ -567,8 +582,8 @@ void Update::WriteRegion(CodeSection section) {
 }
 
 void Update::WriteStretch(const Stretch& stretch) {
-    if (!stretch.text.empty())
-        output_.AddText(stretch.text);
+    if (stretch.rest != none)
+        output_.AddText(rests_[stretch.rest]);
     else if (stretch.piece != none)
         WritePiece(stretch.piece, stretch.begin, stretch.end);
     else
@@ -592,6 +607,10 @@ void Update::WritePiece(std::size_t index, std::size_t begin, std::size_t end) {
         output_.Copy(begin, end, indent);
         return;
     }
+    if (CodeOf(piece) == wanted_.pieces[wanted].code) {
+        output_.Copy(begin, end, indent);
+        return;
+    }
     const std::string code = CodeFor(piece, wanted_.pieces[wanted]);
     if (IsSame(piece, code)) {
         output_.Copy(begin, end, indent);
@@ -611,8 +630,8 @@ std::string Update::CodeFor(const ExistingPiece& piece, const GeneratedPiece& wa
     if (wanted.key.object == superCall)
         if (const std::optional<JavaStatement> call = ReadStatement(tokens_, piece.firstToken);
             call && call->arguments.kinds.size() == 4) {
-            const std::size_t begin = tokens_[call->arguments.tokens[0]].begin;
-            const std::size_t end = tokens_[call->arguments.tokens[2]].begin;
+            const std::size_t begin = tokens_[call->arguments.begins[0]].begin;
+            const std::size_t end = tokens_[call->arguments.begins[2]].begin;
             return Concatenate("super(", source_.substr(begin, end - begin), wanted.code.substr(sizeof "super"));
         }
     return std::string(wanted.code);
