@@ -397,6 +397,10 @@ bool Update::IsThere(const GeneratedPiece& wanted) {
     const bool isKnownField = field != existing_.fields.end();
     if (key.member == members::field)
         return isKnownField && !field->second.alone;
+    if (key.member == members::proposal) { // he has switched it on, or does not want it
+        const auto sound = wanted_.fields.find(key.object);
+        return isKnownField && sound != wanted_.fields.end() && sound->second == field->second.javaClass;
+    }
     if (key.member == members::assignment && key.detail.empty())
         return isKnownField && field->second.hasValue;
     if (key.member == members::method)
@@ -625,8 +629,14 @@ void Update::WritePiece(std::size_t index, std::size_t begin, std::size_t end) {
                piece.begin, place);
 }
 
-/// The wanted code; where the pupil gave the window a place, that stays.
+/// The wanted code; where the pupil made a field private or gave the window a place, that stays.
 std::string Update::CodeFor(const ExistingPiece& piece, const GeneratedPiece& wanted) const {
+    if (wanted.key.member == members::field) {
+        std::size_t type = piece.firstToken;
+        while (IsModifier(tokens_.Text(type)))
+            ++type;
+        return Concatenate(source_.substr(piece.begin, tokens_[type].begin - piece.begin), wanted.code);
+    }
     if (wanted.key.object == superCall)
         if (const std::optional<JavaStatement> call = ReadStatement(tokens_, piece.firstToken);
             call && call->arguments.kinds.size() == 4) {
