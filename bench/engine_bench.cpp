@@ -57,7 +57,7 @@ ProjectModel MixedDesign(std::size_t count) {
     }
     cMenu& menu = model.EditMenus().Append("Datei", "hatMenueDatei");
     for (std::size_t entry = 0; entry < count / 100; ++entry)
-        menu.AddEntry("Öffnen ...", cMenu::Entry);
+        menu.AddEntry("Öffnen " + std::to_string(entry), cMenu::Entry);
     return model;
 }
 
