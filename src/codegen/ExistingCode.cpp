@@ -89,6 +89,20 @@ CodeOptions HeldBlocks(const JavaTokens& tokens) {
     return held;
 }
 
+CodeOptions SeeminglyHeldBlocks(std::string_view source) {
+    const auto isDeclared = [source](std::string_view javaClass, std::string_view name) {
+        for (std::size_t hit = source.find(name); hit != std::string_view::npos; hit = source.find(name, hit + 1)) {
+            const std::string_view before =
+                Stripped(source.substr(0, hit).substr(hit - std::min<std::size_t>(hit, 80)));
+            const std::string_view behind = Stripped(source.substr(hit + name.size(), 80));
+            if (before.ends_with(javaClass) && behind.starts_with(';'))
+                return true;
+        }
+        return false;
+    };
+    return {isDeclared(menuClass, subMenu), isDeclared(databaseClass, database)};
+}
+
 ExistingCode::ExistingCode(const JavaTokens& tokens, const GeneratedCode& wanted, CodeOptions blocks)
     : tokens_(tokens), source_(tokens.Source()), wanted_(wanted), blocks_(blocks) {
     pieces.reserve(wanted.pieces.size() + wanted.pieces.size() / 8);
@@ -298,6 +312,8 @@ void ExistingCode::FindClassEnd() {
 }
 
 bool ExistingCode::IsKnownHead(std::size_t index) {
+    if (const GeneratedPiece* const known = KnownPiece(index))
+        return known->section == CodeSection::Methods;
     if (!tokens_.Is(index + 1, "(") || index < 2 || tokens_.Is(index - 1, "."))
         return false;
     const std::string_view name = tokens_.Text(index);
@@ -324,6 +340,8 @@ bool ExistingCode::IsNamedHandler(std::string_view name) {
 }
 
 bool ExistingCode::LooksLikeStatement(std::size_t index) const {
+    if (const GeneratedPiece* const known = KnownPiece(index))
+        return known->section == CodeSection::Constructor;
     if (!MayBegin(tokens_, index))
         return false;
     if (tokens_.Are(index + 1, "=", "new"))
@@ -494,7 +512,29 @@ void ExistingCode::ReadConstructor() {
     ownDatabaseBlock = mentionsConnection && !hasBlock;
 }
 
+/// The wanted piece that a token is word for word, if any.
+const GeneratedPiece* ExistingCode::KnownPiece(std::size_t token) const {
+    const std::uint32_t known = token < tokens_.Count() ? tokens_[token].known : 0;
+    return known == 0 ? nullptr : &wanted_.pieces[wanted_.knownPieces[known - 1]];
+}
+
+void ExistingCode::AddKnown(std::size_t token, const GeneratedPiece& wanted) {
+    ExistingField* const field = FindField(wanted.key.object);
+    if (field == nullptr)
+        return;
+    if (wanted.key.member == members::assignment && wanted.key.detail.empty())
+        field->createdAsForm = true;
+    ExistingPiece& piece = AddPiece(wanted.key, CodeSection::Constructor, token, token + 1);
+    piece.field = field;
+    piece.isKnown = true;
+}
+
 std::size_t ExistingCode::ReadConstructorStatement(std::size_t index) {
+    if (const GeneratedPiece* const known = KnownPiece(index)) {
+        if (known->section == CodeSection::Constructor)
+            AddKnown(index, *known);
+        return index + 1;
+    }
     if (tokens_.Are(index, "if", "(", connectMethod, "(", ")", ")")) {
         ReadDatabaseBlock(index);
         return index + 1;
@@ -664,8 +704,8 @@ bool ExistingCode::IsOwned(const ExistingPiece& piece) {
         const auto field = fields.find(piece.key.object);
         return field != fields.end() && field->second.owned;
     }
-    if (!piece.field->owned)
-        return false;
+    if (!piece.field->owned || piece.isKnown)
+        return piece.field->owned;
     if (member == members::assignment || member == members::proposal)
         return !piece.isOdd || IsAsWanted(piece);
     return IsOwnedCall(piece) || IsAsWanted(piece);
@@ -701,13 +741,19 @@ std::string_view ExistingCode::Literal(std::size_t token) const {
 
 void ExistingCode::CollectRegistered() {
     for (const ExistingPiece& piece : pieces) {
-        if (piece.lastArgument == 0)
+        const bool isMenu = piece.key.member == "haengeZeileAn";
+        if (!isMenu && !piece.key.member.starts_with(registration))
             continue;
-        const std::string_view handler = Literal(piece.lastArgument);
-        if (piece.key.member == "haengeZeileAn")
+        std::string_view handler = Literal(piece.lastArgument);
+        if (piece.isKnown) {
+            const std::string_view code = source_.substr(piece.begin, piece.end - piece.begin);
+            const std::size_t end = std::min(code.rfind('"'), code.size() - 1);
+            const std::size_t begin = code.substr(0, end).rfind('"') + 1;
+            handler = code.substr(begin, end - begin);
+        }
+        if (isMenu)
             registeredByMenu_.insert(handler);
-        if (piece.key.member == "haengeZeileAn" || piece.key.member.starts_with(registration))
-            registered.insert(handler);
+        registered.insert(handler);
     }
 }
 
@@ -719,16 +765,16 @@ void ExistingCode::ReadMethods() {
     FindMentions();
     for (std::size_t index = 0; index < methods_.size(); ++index) {
         const Method& method = methods_[index];
-        const std::string_view name = tokens_.Text(method.name);
+        const std::string_view name = method.name;
         if (methodOf_.find(name)->second != index)
             continue;
         const bool wantedOrRegistered = wanted_.methods.contains(name) || registered.contains(name);
         const bool owned =
             method.generated && (method.isQuery ? blocks_.database : wantedOrRegistered && !mentioned_.contains(name));
         if (owned)
-            AddPiece({name, members::method, {}}, CodeSection::Methods, method.name - 2, method.endToken);
+            AddPiece({name, members::method, {}}, CodeSection::Methods, method.firstToken, method.endToken);
         else
-            ownMethods.emplace(name, tokens_[method.name].begin);
+            ownMethods.emplace(name, tokens_[method.firstToken].begin);
     }
 }
 
@@ -736,14 +782,17 @@ void ExistingCode::ReadMethods(std::size_t first, std::size_t end) {
     int level = 1;
     for (std::size_t index = std::max<std::size_t>(first, 2); index < end; ++index) {
         level += LevelStep(tokens_.Text(index));
-        if (!tokens_.Is(index + 1, "(") || tokens_.Is(index - 1, "."))
+        const GeneratedPiece* const known = KnownPiece(index);
+        if (known != nullptr && known->section == CodeSection::Methods)
+            AddMethod({known->key.object, index, index + 1, level, false, true});
+        if (known != nullptr || !tokens_.Is(index + 1, "(") || tokens_.Is(index - 1, "."))
             continue;
         const std::string_view name = tokens_.Text(index);
         const std::size_t query = tokens_.Is(index - 1, "void") ? Queries().Count() : FindQuery(name);
         const bool isQuery = query < Queries().Count();
         if (!isQuery && !wanted_.methods.contains(name) && !registered.contains(name))
             continue;
-        Method method{index, index, level, isQuery, false};
+        Method method{name, index - 2, index, level, isQuery, false};
         method.generated =
             isQuery ? IsGeneratedQuery(index, method.endToken) : IsGeneratedHandler(index, method.endToken);
         if (!method.generated) {
@@ -754,7 +803,7 @@ void ExistingCode::ReadMethods(std::size_t first, std::size_t end) {
         // Deeper ones belong to inner classes, but two half-written lines may only make them look deeper.
         if (inOrder_ && level != 1 && Indent(index) != Indent(constructor_))
             continue;
-        AddMethod(name, method);
+        AddMethod(method);
     }
 }
 
@@ -766,15 +815,15 @@ bool ExistingCode::IsHead(std::size_t name) const {
             !tokens_.Is(close + 1, ";"));
 }
 
-void ExistingCode::AddMethod(std::string_view name, const Method& method) {
+void ExistingCode::AddMethod(const Method& method) {
     methods_.push_back(method);
-    const auto [place, isNew] = methodOf_.emplace(name, methods_.size() - 1);
+    const auto [place, isNew] = methodOf_.emplace(method.name, methods_.size() - 1);
     if (isNew)
         return;
     const Method& other = methods_[place->second];
     if (other.depth == method.depth)
-        Refuse(method.name,
-               Concatenate("Die Methode ", name, "() steht zweimal da, zuerst in Zeile ", LineOf(other.name), "."));
+        Refuse(method.firstToken, Concatenate("Die Methode ", method.name, "() steht zweimal da, zuerst in Zeile ",
+                                              LineOf(other.firstToken), "."));
     if (method.depth < other.depth)
         place->second = methods_.size() - 1;
 }
@@ -843,7 +892,7 @@ void ExistingCode::FindMentions() {
     const auto behindPieces = static_cast<std::ptrdiff_t>(ours.size());
     for (const Method& method : methods_)
         if (method.generated)
-            ours.emplace_back(method.name - 2, method.endToken);
+            ours.emplace_back(method.firstToken, method.endToken);
     std::inplace_merge(ours.begin(), ours.begin() + behindPieces, ours.end());
     std::size_t index = 0;
     ours.emplace_back(tokens_.Count(), tokens_.Count());

@@ -36,6 +36,7 @@ struct ExistingPiece {
     CodeSection section = CodeSection::Imports; ///< where the generator writes such pieces
     const ExistingField* field = nullptr;       ///< that it is about, of a statement
     bool asForm = true;      ///< a call or creation has arguments of the kinds that the generator writes
+    bool isKnown = false;    ///< word for word as wanted
     bool isOdd = false;      ///< its arguments cannot be told apart
     std::uint32_t begin = 0; ///< of the code itself, without indent, line end and what else stands in its lines
     std::uint32_t end = 0;
@@ -61,6 +62,8 @@ struct ExistingField {
 
 /// Which of the optional blocks a source holds: the menu bar, the database access.
 CodeOptions HeldBlocks(const JavaTokens& tokens);
+/// The same by a look at the text alone, which takes a commented block for one that is held.
+CodeOptions SeeminglyHeldBlocks(std::string_view source);
 
 /// What a source that pupils write in holds of Pirol. The class and its constructor are found by their heads; the
 /// constructor's and the class's end by their braces as long as these are in order, and by the last brace before the
@@ -74,7 +77,7 @@ class ExistingCode {
     };
 
     /// Takes the menu bar and the database access for Pirol's when `blocks` says so, and for the pupil's otherwise.
-    /// Raises UpdateRefusal. `tokens` and `wanted` must outlive it.
+    /// The known texts of `tokens` are those of `wanted`. Raises UpdateRefusal. Both must outlive it.
     ExistingCode(const JavaTokens& tokens, const GeneratedCode& wanted, CodeOptions blocks);
 
     std::array<Region, sectionCount> regions;
@@ -93,7 +96,8 @@ class ExistingCode {
 
   private:
     struct Method {
-        std::size_t name; ///< token
+        std::string_view name;
+        std::size_t firstToken; ///< of its head, modifiers left out unless they are the generator's
         std::size_t endToken;
         int depth;
         bool isQuery;
@@ -121,10 +125,12 @@ class ExistingCode {
     bool IsOwned(const ExistingPiece& piece);
     bool IsOwnedCall(const ExistingPiece& piece) const;
     bool IsAsWanted(const ExistingPiece& piece);
+    const GeneratedPiece* KnownPiece(std::size_t token) const;
+    void AddKnown(std::size_t token, const GeneratedPiece& wanted);
     void CollectRegistered();
     void ReadMethods();
     void ReadMethods(std::size_t first, std::size_t end);
-    void AddMethod(std::string_view name, const Method& method);
+    void AddMethod(const Method& method);
     bool IsHead(std::size_t name) const;
     bool IsGeneratedHandler(std::size_t name, std::size_t& end) const;
     bool IsGeneratedQuery(std::size_t name, std::size_t& end) const;

@@ -209,6 +209,26 @@ void GeneratedCode::TakeApart() {
     sections.back() = pieces.size();
 }
 
+void GeneratedCode::ListKnown(std::string_view lineEndOfSource) {
+    knownTexts.reserve(pieces.size());
+    knownPieces.reserve(pieces.size());
+    for (std::size_t index = sections[static_cast<std::size_t>(CodeSection::Constructor)]; index < pieces.size();
+         ++index) {
+        const GeneratedPiece& piece = pieces[index];
+        const CodeKey& key = piece.key;
+        const bool isHandler = piece.section == CodeSection::Methods && piece.code.starts_with("public void ");
+        const bool isStatement = piece.section == CodeSection::Constructor && !piece.code.starts_with("//") &&
+                                 key.member != members::block && key.member != members::other &&
+                                 key.object != superCall && key.object != database && key.object != resultList;
+        if (piece.code.size() < 2 || (!isHandler && !isStatement))
+            continue;
+        const bool asItIs = isStatement || lineEndOfSource == lineEnd;
+        knownTexts.push_back(asItIs ? piece.code
+                                    : texts_.emplace_back(ReplaceAll(piece.code, lineEnd, lineEndOfSource)));
+        knownPieces.push_back(index);
+    }
+}
+
 void GeneratedCode::AddLine(CodeSection section, std::string_view line) {
     const bool behindPiece = pieces.size() > sections[static_cast<std::size_t>(section)];
     if (line.empty()) {

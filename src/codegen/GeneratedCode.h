@@ -82,6 +82,12 @@ class GeneratedCode {
     std::unordered_map<std::string_view, std::string_view> fields;
     std::unordered_map<std::string_view, std::size_t> methods;
 
+    /// The codes of plain statements and handlers, in their order, as a source with the given line ends has them, and
+    /// the piece of each.
+    std::vector<std::string_view> knownTexts;
+    std::vector<std::size_t> knownPieces;
+    void ListKnown(std::string_view lineEnd);
+
     /// Gives a piece another code, which is kept as long as the pieces.
     void Replace(GeneratedPiece& piece, std::string code) { piece.code = texts_.emplace_back(std::move(code)); }
 

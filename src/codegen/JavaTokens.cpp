@@ -11,6 +11,8 @@ namespace {
 /// Far more than any program has; what a file made for it could ask for ends here.
 constexpr std::size_t mostTokens = std::size_t{1} << 25U;
 constexpr std::size_t longestSource = std::size_t{1} << 30U;
+/// How many known texts may be missing between two that are found.
+constexpr std::size_t farthestKnown = 64;
 /// What a token with the blanks around it usually takes.
 constexpr std::size_t usualLength = 5;
 
@@ -79,14 +81,35 @@ bool IsWholeCode(std::string_view lines) {
 
 } // namespace
 
-JavaTokens::JavaTokens(std::string_view source, Comments comments) : source_(source) {
+JavaTokens::JavaTokens(std::string_view source, Comments comments, std::span<const std::string_view> known)
+    : source_(source) {
     if (source.size() > longestSource)
         throw RuntimeError(RuntimeError::OutOfMemory);
     tokens_.reserve(std::min(source.size() / usualLength, mostTokens));
-    Read(comments);
+    Read(comments, known);
 }
 
-void JavaTokens::Read(Comments comments) {
+/// The end of a known text at the position, which becomes a token; the position when there is none.
+std::size_t JavaTokens::TakeKnown(std::size_t begin, std::span<const std::string_view> known, std::size_t& next) {
+    const char first = source_[begin];
+    const std::size_t last = std::min(next + farthestKnown, known.size());
+    for (std::size_t index = next; index < last; ++index) {
+        const std::string_view text = known[index];
+        if (text.front() != first || source_.compare(begin, text.size(), text) != 0)
+            continue;
+        const std::size_t end = begin + text.size();
+        if (end < source_.size() && !IsLineEnd(source_[end]))
+            continue;
+        Add(begin, end, true);
+        tokens_.back().known = static_cast<std::uint32_t>(index + 1);
+        next = index + 1;
+        return end;
+    }
+    return begin;
+}
+
+void JavaTokens::Read(Comments comments, std::span<const std::string_view> known) {
+    std::size_t nextKnown = 0;
     bool startsLine = true;
     std::size_t position = 0;
     while (position < source_.size()) {
@@ -111,6 +134,10 @@ void JavaTokens::Read(Comments comments) {
             break;
         }
         case ByteClass::Word:
+            if (startsLine && nextKnown < known.size())
+                position = std::max(TakeKnown(begin, known, nextKnown), begin + 1);
+            if (position > begin + 1)
+                break; // behind a known text, which is longer than one byte
             while (position < source_.size() && ClassOf(source_[position]) == ByteClass::Word)
                 ++position;
             Add(begin, position, startsLine);
@@ -160,7 +187,7 @@ void JavaTokens::Add(std::size_t begin, std::size_t end, bool startsLine, bool c
 }
 
 bool JavaTokens::IsWord(std::size_t index) const {
-    if (index >= tokens_.size())
+    if (index >= tokens_.size() || tokens_[index].known != 0)
         return false;
     const char first = source_[tokens_[index].begin];
     return ClassOf(first) == ByteClass::Word && !IsDigit(first);

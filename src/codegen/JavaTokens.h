@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -13,6 +14,7 @@ struct JavaToken {
     std::uint32_t startsLine : 1; ///< nothing but blanks and comments stand before it in its line
     std::uint32_t end : 31;
     std::uint32_t closed : 1; ///< false for a literal whose closing quote its line lacks
+    std::uint32_t known;      ///< of a text that was looked for: its number from 1; otherwise 0
 };
 
 /// Where a "//" comment stands that begins its line, up to the line's end.
@@ -32,8 +34,10 @@ class JavaTokens {
                      ///< braces open and close in it that do not match
     };
 
+    /// A text of `known` that stands alone in its lines is one token. The texts should be in the order of the source;
+    /// each is looked for near the last one found, so that some are missed. Large sources are read faster so.
     /// Raises RuntimeError::OutOfMemory for a source of more tokens than any program has.
-    JavaTokens(std::string_view source, Comments comments);
+    JavaTokens(std::string_view source, Comments comments, std::span<const std::string_view> known = {});
 
     std::string_view Source() const { return source_; }
     std::size_t Count() const { return tokens_.size(); }
@@ -72,7 +76,8 @@ class JavaTokens {
     bool HasLongComments() const { return hasLongComments_; }
 
   private:
-    void Read(Comments comments);
+    void Read(Comments comments, std::span<const std::string_view> known);
+    std::size_t TakeKnown(std::size_t begin, std::span<const std::string_view> known, std::size_t& next);
     std::size_t SkipComment(std::size_t begin, bool startsLine, Comments comments);
     void Add(std::size_t begin, std::size_t end, bool startsLine, bool closed = true);
 

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <map>
+#include <memory>
 #include <optional>
 #include <unordered_map>
 #include <unordered_set>
@@ -199,14 +200,61 @@ struct Stretch {
     std::size_t rest = none;  ///< of what is left of a removed piece's lines
 };
 
+/// The optional blocks that are Pirol's in a source that holds some.
+CodeOptions BlocksOf(CodeOptions held, const UpdateOptions& options) {
+    return {held.menu || (options.marks.menu && !options.withoutMenu),
+            held.database || (options.marks.database && !options.withoutDatabase)};
+}
+
+/// The generated code and the tokens of the source; what both have is read at once.
+struct Basis {
+    Basis(std::string_view source, JavaTokens::Comments comments, CodeOptions heldBlocks, const ProjectModel& model,
+          const UpdateOptions& options)
+        : held(heldBlocks), wanted(Generate(model, options)), tokens(source, comments, Known(source)) {}
+
+    CodeOptions held;     ///< the blocks that the source holds
+    std::string original; ///< the generated code before it lost characters; empty when it lost none
+    GeneratedCode wanted;
+    JavaTokens tokens;
+
+  private:
+    std::string Generate(const ProjectModel& model, const UpdateOptions& options) {
+        const CodeOptions blocks = BlocksOf(held, options);
+        std::string source =
+            GenerateCode(model, {blocks.menu && !options.withoutMenu, blocks.database && !options.withoutDatabase});
+        if (!options.windows1252 || !MayLackCharacters(source))
+            return source;
+        std::string inFile = FromWindows1252(ToWindows1252(source));
+        if (inFile != source)
+            original = std::move(source);
+        return inFile;
+    }
+
+    const std::vector<std::string_view>& Known(std::string_view source) {
+        wanted.ListKnown(UsualLineEnd(source));
+        return wanted.knownTexts;
+    }
+};
+
+std::unique_ptr<Basis> BasisOf(std::string_view source, JavaTokens::Comments comments, const ProjectModel& model,
+                               const UpdateOptions& options) {
+    const CodeOptions seeming = SeeminglyHeldBlocks(source);
+    auto basis = std::make_unique<Basis>(source, comments, seeming, model, options);
+    const CodeOptions held = HeldBlocks(basis->tokens);
+    if (held.menu != seeming.menu || held.database != seeming.database)
+        basis = std::make_unique<Basis>(source, comments, held, model, options);
+    return basis;
+}
+
 /// One reading of a source and what becomes of it.
 class Update {
   public:
-    Update(const JavaTokens& tokens, const ProjectModel& model, const UpdateOptions& options)
-        : tokens_(tokens), source_(tokens.Source()), model_(model), options_(options), held_(HeldBlocks(tokens)),
-          wanted_(Generated(model)), existing_(tokens, wanted_, Blocks()), output_(source_, UsualLineEnd(source_)),
-          wantedOf_(existing_.pieces.size(), none), pieceOf_(wanted_.pieces.size(), none),
-          skipped_(wanted_.pieces.size(), false), kept_(existing_.pieces.size(), false) {}
+    Update(Basis& basis, const ProjectModel& model, const UpdateOptions& options)
+        : basis_(basis), wanted_(basis.wanted), tokens_(basis.tokens), source_(basis.tokens.Source()), model_(model),
+          options_(options), existing_(tokens_, wanted_, BlocksOf(basis.held, options)),
+          output_(source_, UsualLineEnd(source_)), wantedOf_(existing_.pieces.size(), none),
+          pieceOf_(wanted_.pieces.size(), none), skipped_(wanted_.pieces.size(), false),
+          kept_(existing_.pieces.size(), false) {}
 
     JavaUpdate Run() {
         FindLost();
@@ -222,22 +270,6 @@ class Update {
     }
 
   private:
-    CodeOptions Blocks() const {
-        return {held_.menu || (options_.marks.menu && !options_.withoutMenu),
-                held_.database || (options_.marks.database && !options_.withoutDatabase)};
-    }
-
-    std::string Generated(const ProjectModel& model) {
-        const CodeOptions marks{Blocks().menu && !options_.withoutMenu, Blocks().database && !options_.withoutDatabase};
-        std::string source = GenerateCode(model, marks);
-        if (!options_.windows1252 || !MayLackCharacters(source))
-            return source;
-        std::string inFile = FromWindows1252(ToWindows1252(source));
-        if (inFile != source)
-            original_ = std::move(source);
-        return inFile;
-    }
-
     void FindLost();
     void ReadRadioGroups();
     void KeepTextAreas();
@@ -274,13 +306,12 @@ class Update {
     void Report(UpdateAction action, std::string text, std::size_t oldPosition, std::size_t newPosition);
     JavaUpdate Result();
 
+    const Basis& basis_;
+    GeneratedCode& wanted_;
     const JavaTokens& tokens_;
     std::string_view source_;
     const ProjectModel& model_;
     const UpdateOptions& options_;
-    CodeOptions held_;
-    std::string original_; ///< the generated code before it lost characters; empty when it lost none
-    GeneratedCode wanted_;
     ExistingCode existing_;
     Output output_;
     std::vector<std::size_t> wantedOf_; ///< of each existing piece
@@ -300,9 +331,9 @@ class Update {
 
 /// Pieces that hold characters which the file's encoding lacks. Conversion leaves the pieces' number and order alone.
 void Update::FindLost() {
-    if (original_.empty())
+    if (basis_.original.empty())
         return;
-    const GeneratedCode original(original_);
+    const GeneratedCode original(basis_.original);
     for (std::size_t index = 0; index < wanted_.pieces.size() && index < original.pieces.size(); ++index)
         if (wanted_.pieces[index].code != original.pieces[index].code)
             lost_.insert(index);
@@ -866,23 +897,24 @@ std::string WithNewNames(const JavaTokens& tokens, const NewNames& names) {
 /// Commented-out code is no code. But where a comment was begun and ended around lines of ours and the source is as it
 /// should be without it, it stays as it is; and so where nothing can be found with it.
 JavaUpdate UpdateReading(std::string_view source, const ProjectModel& model, const UpdateOptions& options) {
-    const JavaTokens tokens(source, JavaTokens::Comments::AcrossLines);
-    if (!tokens.HasLongComments())
-        return Update(tokens, model, options).Run();
-    std::optional<JavaUpdate> withinLines;
+    using enum JavaTokens::Comments;
+    const std::unique_ptr<Basis> acrossLines = BasisOf(source, AcrossLines, model, options);
+    if (!acrossLines->tokens.HasLongComments())
+        return Update(*acrossLines, model, options).Run();
+    std::optional<JavaUpdate> result;
     try {
-        withinLines = Update(JavaTokens(source, JavaTokens::Comments::WithinLines), model, options).Run();
-        if (withinLines->source == source)
-            return std::move(*withinLines);
+        result = Update(*BasisOf(source, WithinLines, model, options), model, options).Run();
+        if (result->source == source)
+            return std::move(*result);
     } catch (const UpdateRefusal&) {
-        withinLines.reset(); // the other reading tells why
+        result.reset(); // the other reading tells why
     }
     try {
-        return Update(tokens, model, options).Run();
+        return Update(*acrossLines, model, options).Run();
     } catch (const UpdateRefusal&) {
-        if (!withinLines)
+        if (!result)
             throw;
-        return std::move(*withinLines);
+        return std::move(*result);
     }
 }
 
