@@ -90,12 +90,12 @@ CodeOptions HeldBlocks(const JavaTokens& tokens) {
 }
 
 CodeOptions SeeminglyHeldBlocks(std::string_view source) {
+    constexpr std::size_t mostBlanks = 80;
     const auto isDeclared = [source](std::string_view javaClass, std::string_view name) {
-        for (std::size_t hit = source.find(name); hit != std::string_view::npos; hit = source.find(name, hit + 1)) {
-            const std::string_view before =
-                Stripped(source.substr(0, hit).substr(hit - std::min<std::size_t>(hit, 80)));
-            const std::string_view behind = Stripped(source.substr(hit + name.size(), 80));
-            if (before.ends_with(javaClass) && behind.starts_with(';'))
+        for (std::size_t hit = source.find(javaClass); hit != std::string_view::npos;
+             hit = source.find(javaClass, hit + 1)) {
+            const std::string_view behind = Stripped(source.substr(hit + javaClass.size(), mostBlanks));
+            if (behind.starts_with(name) && Stripped(behind.substr(name.size())).starts_with(';'))
                 return true;
         }
         return false;

@@ -48,13 +48,15 @@ bool IsTextArea(std::string_view javaClass) {
 
 /// The line end that most lines of the text have; CR LF for a text without any.
 std::string_view UsualLineEnd(std::string_view text) {
-    const auto returns = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\r'));
-    const auto feeds = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
-    std::size_t both = returns;
-    if (returns != feeds) {
-        both = 0;
-        for (std::size_t at = text.find("\r\n"); at != std::string_view::npos; at = text.find("\r\n", at + 2))
-            ++both;
+    std::size_t returns = 0;
+    std::size_t feeds = 0;
+    std::size_t both = 0;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        if (text[at] > '\r')
+            continue;
+        returns += text[at] == '\r' ? 1 : 0;
+        feeds += text[at] == '\n' ? 1 : 0;
+        both += text[at] == '\n' && at > 0 && text[at - 1] == '\r' ? 1 : 0;
     }
     if (feeds - both > both && feeds >= returns)
         return "\n";
@@ -210,9 +212,11 @@ CodeOptions BlocksOf(CodeOptions held, const UpdateOptions& options) {
 struct Basis {
     Basis(std::string_view source, JavaTokens::Comments comments, CodeOptions heldBlocks, const ProjectModel& model,
           const UpdateOptions& options)
-        : held(heldBlocks), wanted(Generate(model, options)), tokens(source, comments, Known(source)) {}
+        : held(heldBlocks), lineEnd(UsualLineEnd(source)), wanted(Generate(model, options)),
+          tokens(source, comments, Known()) {}
 
-    CodeOptions held;     ///< the blocks that the source holds
+    CodeOptions held; ///< the blocks that the source holds
+    std::string_view lineEnd;
     std::string original; ///< the generated code before it lost characters; empty when it lost none
     GeneratedCode wanted;
     JavaTokens tokens;
@@ -230,8 +234,8 @@ struct Basis {
         return inFile;
     }
 
-    const std::vector<std::string_view>& Known(std::string_view source) {
-        wanted.ListKnown(UsualLineEnd(source));
+    const std::vector<std::string_view>& Known() {
+        wanted.ListKnown(lineEnd);
         return wanted.knownTexts;
     }
 };
@@ -252,7 +256,7 @@ class Update {
     Update(Basis& basis, const ProjectModel& model, const UpdateOptions& options)
         : basis_(basis), wanted_(basis.wanted), tokens_(basis.tokens), source_(basis.tokens.Source()), model_(model),
           options_(options), existing_(tokens_, wanted_, BlocksOf(basis.held, options)),
-          output_(source_, UsualLineEnd(source_)), wantedOf_(existing_.pieces.size(), none),
+          output_(source_, basis.lineEnd), wantedOf_(existing_.pieces.size(), none),
           pieceOf_(wanted_.pieces.size(), none), skipped_(wanted_.pieces.size(), false),
           kept_(existing_.pieces.size(), false) {}
 
@@ -682,6 +686,8 @@ std::string Update::CodeFor(const ExistingPiece& piece, const GeneratedPiece& wa
 bool Update::IsSame(const ExistingPiece& piece, std::string_view code) const {
     if (CodeOf(piece) == code || piece.firstToken == piece.endToken)
         return true;
+    if (piece.key.member == members::method && tokens_[piece.firstToken].known != 0)
+        return true; // but for its line ends
     const JavaTokens tokens(code, JavaTokens::Comments::WithinLines);
     if (tokens.Count() != piece.endToken - piece.firstToken)
         return false;

@@ -307,6 +307,9 @@ void CheckPure(const Pair& pair, const std::string& source) {
     ASSERT_TRUE(Same(UpdateJava(source, pair.b, pair.options).source, pair.expected, source));
     const std::string feeds = ReplaceAll(source, "\r\n", "\n");
     ASSERT_EQ(UpdateJava(feeds, pair.b, pair.options).source, ReplaceAll(pair.expected, "\r\n", "\n"));
+    for (const std::string& unchanged : {source, feeds})
+        for (const UpdateEntry& entry : UpdateJava(unchanged, pair.a, {}).entries)
+            ADD_FAILURE() << "nothing to do: " << WordOf(entry.action) << ": " << entry.text;
 }
 
 void CheckPupils(Dice& dice, const Pair& pair, const std::string& source, bool broken) {
