@@ -38,13 +38,13 @@ std::size_t LineBreaks(std::string_view text) {
 }
 
 /// The database's methods as generated, with "?" for every setting.
-const JavaTokens& Queries() {
+const SourceTokens& Queries() {
     static const std::string code = [] {
         SQLSettings settings{"?", "?", "?", "?", "?", {}};
         settings.Flags.fill(1);
         return GenerateSQLMethods(settings);
     }();
-    static const JavaTokens tokens(code, JavaTokens::Comments::WithinLines);
+    static const SourceTokens tokens(code, SourceTokens::Comments::WithinLines);
     return tokens;
 }
 
@@ -78,7 +78,7 @@ const std::unordered_set<std::string_view>& GeneratedCalls() {
 UpdateRefusal::UpdateRefusal(std::size_t line, std::string_view message)
     : std::runtime_error(Concatenate("Zeile ", line, ": ", message)), line_(line) {}
 
-CodeOptions HeldBlocks(const JavaTokens& tokens) {
+CodeOptions HeldBlocks(const SourceTokens& tokens) {
     CodeOptions held;
     for (std::size_t index = 2; index < tokens.Count(); ++index) {
         if (!tokens.Is(index, ";"))
@@ -103,7 +103,7 @@ CodeOptions SeeminglyHeldBlocks(std::string_view source) {
     return {isDeclared(menuClass, subMenu), isDeclared(databaseClass, database)};
 }
 
-ExistingCode::ExistingCode(const JavaTokens& tokens, const GeneratedCode& wanted, CodeOptions blocks)
+ExistingCode::ExistingCode(const SourceTokens& tokens, const GeneratedCode& wanted, CodeOptions blocks)
     : tokens_(tokens), source_(tokens.Source()), wanted_(wanted), blocks_(blocks) {
     pieces.reserve(wanted.pieces.size() + wanted.pieces.size() / 8);
     fields.reserve(wanted.fields.size());
@@ -467,7 +467,7 @@ void ExistingCode::ReadFields(std::size_t first, std::size_t end, CodeSection se
         if (IsModifier(tokens_.Text(index)) && index + 1 < end && tokens_[index + 1].startsLine != 0)
             continue;
         std::size_t behind = index;
-        for (const JavaDeclaration& declaration : ReadDeclarations(tokens_, index, behind)) {
+        for (const SourceDeclaration& declaration : ReadDeclarations(tokens_, index, behind)) {
             ExistingField field;
             field.javaClass = declaration.javaClass;
             field.depth = level;
@@ -483,7 +483,7 @@ void ExistingCode::ReadFields(std::size_t first, std::size_t end, CodeSection se
     }
 }
 
-void ExistingCode::AddField(const JavaDeclaration& declaration, const ExistingField& field) {
+void ExistingCode::AddField(const SourceDeclaration& declaration, const ExistingField& field) {
     if (!field.alone && !wanted_.fields.contains(declaration.name))
         return;
     const auto [place, isNew] = fields.emplace(declaration.name, field);
@@ -547,7 +547,7 @@ std::size_t ExistingCode::ReadConstructorStatement(std::size_t index) {
     const bool isSuper = tokens_.Is(index, superCall);
     ExistingField* const field = isSuper ? nullptr : FindField(tokens_.Text(index));
     if (isSuper || field != nullptr)
-        if (const std::optional<JavaStatement> statement = ReadStatement(tokens_, index))
+        if (const std::optional<SourceStatement> statement = ReadStatement(tokens_, index))
             return AddStatement(index, *statement, field);
     return index + 1;
 }
@@ -563,7 +563,7 @@ ExistingField* ExistingCode::FindField(std::string_view name) {
     return &lastField_->second;
 }
 
-std::size_t ExistingCode::AddStatement(std::size_t first, const JavaStatement& statement, ExistingField* field) {
+std::size_t ExistingCode::AddStatement(std::size_t first, const SourceStatement& statement, ExistingField* field) {
     const std::string& kinds = statement.arguments.kinds;
     CodeKey key{statement.assigned, members::assignment, {}};
     bool asForm = true;
@@ -637,7 +637,7 @@ void ExistingCode::ReadDatabaseBlock(std::size_t first) {
 }
 
 void ExistingCode::ReadComments() {
-    for (const JavaComment& comment : tokens_.LineComments()) {
+    for (const SourceComment& comment : tokens_.LineComments()) {
         const std::string_view text = Stripped(source_.substr(comment.begin, comment.end - comment.begin));
         ExistingPiece piece;
         piece.key = {text, members::comment, {}};
@@ -855,7 +855,7 @@ bool ExistingCode::IsGeneratedHandler(std::size_t name, std::size_t& end) const 
 }
 
 bool ExistingCode::IsGeneratedQuery(std::size_t name, std::size_t& end) const {
-    const JavaTokens& queries = Queries();
+    const SourceTokens& queries = Queries();
     const std::size_t first = FindQuery(tokens_.Text(name)) - 2;
     std::size_t index = name - 2;
     std::size_t at = first;
@@ -876,7 +876,7 @@ bool ExistingCode::IsGeneratedQuery(std::size_t name, std::size_t& end) const {
     // A brace of another depth was put in by the pupil.
     if (tokens_[index].startsLine != 0 && Indent(index) != Indent(name))
         return false;
-    const auto lines = [](const JavaTokens& tokens, std::size_t from, std::size_t to) {
+    const auto lines = [](const SourceTokens& tokens, std::size_t from, std::size_t to) {
         return LineBreaks(tokens.Source().substr(tokens[from].begin, tokens[to].end - tokens[from].begin));
     };
     return lines(tokens_, name - 2, index) <= lines(queries, first, at);

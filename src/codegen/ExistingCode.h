@@ -2,8 +2,8 @@
 
 #include "codegen/GeneratedCode.h"
 #include "codegen/JavaGenerator.h"
-#include "codegen/JavaStatement.h"
-#include "codegen/JavaTokens.h"
+#include "codegen/SourceStatement.h"
+#include "codegen/SourceTokens.h"
 
 #include <array>
 #include <cstddef>
@@ -61,7 +61,7 @@ struct ExistingField {
 };
 
 /// Which of the optional blocks a source holds: the menu bar, the database access.
-CodeOptions HeldBlocks(const JavaTokens& tokens);
+CodeOptions HeldBlocks(const SourceTokens& tokens);
 /// The same by a look at the text alone, which takes a commented block for one that is held.
 CodeOptions SeeminglyHeldBlocks(std::string_view source);
 
@@ -78,7 +78,7 @@ class ExistingCode {
 
     /// Takes the menu bar and the database access for Pirol's when `blocks` says so, and for the pupil's otherwise.
     /// The known texts of `tokens` are those of `wanted`. Raises UpdateRefusal. Both must outlive it.
-    ExistingCode(const JavaTokens& tokens, const GeneratedCode& wanted, CodeOptions blocks);
+    ExistingCode(const SourceTokens& tokens, const GeneratedCode& wanted, CodeOptions blocks);
 
     std::array<Region, sectionCount> regions;
     /// Pirol's pieces in the order of the source.
@@ -113,10 +113,10 @@ class ExistingCode {
     void SetRegions();
     void ReadImports();
     void ReadFields(std::size_t first, std::size_t end, CodeSection section);
-    void AddField(const JavaDeclaration& declaration, const ExistingField& field);
+    void AddField(const SourceDeclaration& declaration, const ExistingField& field);
     void ReadConstructor();
     std::size_t ReadConstructorStatement(std::size_t index);
-    std::size_t AddStatement(std::size_t first, const JavaStatement& statement, ExistingField* field);
+    std::size_t AddStatement(std::size_t first, const SourceStatement& statement, ExistingField* field);
     void ReadDatabaseBlock(std::size_t first);
     void ReadComments();
     void DecideFields();
@@ -153,7 +153,7 @@ class ExistingCode {
     std::size_t LineStart(std::size_t position, std::size_t lowest) const;
     std::size_t FirstOfHead(std::size_t index) const;
 
-    const JavaTokens& tokens_;
+    const SourceTokens& tokens_;
     std::string_view source_;
     const GeneratedCode& wanted_;
     CodeOptions blocks_;

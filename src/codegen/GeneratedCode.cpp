@@ -1,8 +1,8 @@
 #include "codegen/GeneratedCode.h"
 
 #include "base/Conversions.h"
-#include "codegen/JavaStatement.h"
-#include "codegen/JavaTokens.h"
+#include "codegen/SourceStatement.h"
+#include "codegen/SourceTokens.h"
 #include "model/ProjectModel.h"
 
 #include <algorithm>
@@ -124,7 +124,7 @@ void AddForms(std::map<std::string, ClassForm, std::less<>>& forms) {
         row.set(control, row.key->key == keys::optionbuttons.key ? JoinRadioButtons({cRadioButton()})
                                                                  : SampleOf(row.key->editor));
     const std::string statements = control.CreateInitText(0, 0);
-    const JavaTokens tokens(statements, JavaTokens::Comments::WithinLines);
+    const SourceTokens tokens(statements, SourceTokens::Comments::WithinLines);
     std::map<std::string_view, std::string_view> classes;
     for (std::size_t index = 0; index < tokens.Count(); ++index) {
         const auto statement = ReadStatement(tokens, index);

@@ -210,7 +210,7 @@ CodeOptions BlocksOf(CodeOptions held, const UpdateOptions& options) {
 
 /// The generated code and the tokens of the source; what both have is read at once.
 struct Basis {
-    Basis(std::string_view source, JavaTokens::Comments comments, CodeOptions heldBlocks, const ProjectModel& model,
+    Basis(std::string_view source, SourceTokens::Comments comments, CodeOptions heldBlocks, const ProjectModel& model,
           const UpdateOptions& options)
         : held(heldBlocks), lineEnd(UsualLineEnd(source)), wanted(Generate(model, options)),
           tokens(source, comments, Known()) {}
@@ -219,7 +219,7 @@ struct Basis {
     std::string_view lineEnd;
     std::string original; ///< the generated code before it lost characters; empty when it lost none
     GeneratedCode wanted;
-    JavaTokens tokens;
+    SourceTokens tokens;
 
   private:
     std::string Generate(const ProjectModel& model, const UpdateOptions& options) {
@@ -240,7 +240,7 @@ struct Basis {
     }
 };
 
-std::unique_ptr<Basis> BasisOf(std::string_view source, JavaTokens::Comments comments, const ProjectModel& model,
+std::unique_ptr<Basis> BasisOf(std::string_view source, SourceTokens::Comments comments, const ProjectModel& model,
                                const UpdateOptions& options) {
     const CodeOptions seeming = SeeminglyHeldBlocks(source);
     auto basis = std::make_unique<Basis>(source, comments, seeming, model, options);
@@ -312,7 +312,7 @@ class Update {
 
     const Basis& basis_;
     GeneratedCode& wanted_;
-    const JavaTokens& tokens_;
+    const SourceTokens& tokens_;
     std::string_view source_;
     const ProjectModel& model_;
     const UpdateOptions& options_;
@@ -673,7 +673,7 @@ std::string Update::CodeFor(const ExistingPiece& piece, const GeneratedPiece& wa
         return Concatenate(source_.substr(piece.begin, tokens_[type].begin - piece.begin), wanted.code);
     }
     if (wanted.key.object == superCall)
-        if (const std::optional<JavaStatement> call = ReadStatement(tokens_, piece.firstToken);
+        if (const std::optional<SourceStatement> call = ReadStatement(tokens_, piece.firstToken);
             call && call->arguments.kinds.size() == 4) {
             const std::size_t begin = tokens_[call->arguments.begins[0]].begin;
             const std::size_t end = tokens_[call->arguments.begins[2]].begin;
@@ -688,7 +688,7 @@ bool Update::IsSame(const ExistingPiece& piece, std::string_view code) const {
         return true;
     if (piece.key.member == members::method && tokens_[piece.firstToken].known != 0)
         return true; // but for its line ends
-    const JavaTokens tokens(code, JavaTokens::Comments::WithinLines);
+    const SourceTokens tokens(code, SourceTokens::Comments::WithinLines);
     if (tokens.Count() != piece.endToken - piece.firstToken)
         return false;
     for (std::size_t index = 0; index < tokens.Count(); ++index)
@@ -821,12 +821,12 @@ JavaUpdate Update::Result() {
 /// The names that take another one: components with their handlers.
 using NewNames = std::map<std::string, std::string, std::less<>>;
 
-bool IsField(const JavaTokens& tokens, std::size_t name) {
+bool IsField(const SourceTokens& tokens, std::size_t name) {
     return name > 0 && tokens.Is(name + 1, ";") && ClassForms().contains(tokens.Text(name - 1));
 }
 
 /// Only what the source has under the old name is renamed, and only to a name that is free there by then.
-NewNames NamesToChange(const JavaTokens& tokens, const std::vector<NameChange>& renames,
+NewNames NamesToChange(const SourceTokens& tokens, const std::vector<NameChange>& renames,
                        std::vector<Pending>& entries) {
     std::map<std::string_view, std::size_t> fields;
     for (const NameChange& rename : renames) {
@@ -865,7 +865,7 @@ NewNames NamesToChange(const JavaTokens& tokens, const std::vector<NameChange>& 
 
 /// The source in which every mention outside strings and comments has the new name, and Pirol's own strings and
 /// comments, too. Lines stay where they are.
-std::string WithNewNames(const JavaTokens& tokens, const NewNames& names) {
+std::string WithNewNames(const SourceTokens& tokens, const NewNames& names) {
     const std::string_view source = tokens.Source();
     std::string text;
     std::size_t position = 0;
@@ -903,7 +903,7 @@ std::string WithNewNames(const JavaTokens& tokens, const NewNames& names) {
 /// Commented-out code is no code. But where a comment was begun and ended around lines of ours and the source is as it
 /// should be without it, it stays as it is; and so where nothing can be found with it.
 JavaUpdate UpdateReading(std::string_view source, const ProjectModel& model, const UpdateOptions& options) {
-    using enum JavaTokens::Comments;
+    using enum SourceTokens::Comments;
     const std::unique_ptr<Basis> acrossLines = BasisOf(source, AcrossLines, model, options);
     if (!acrossLines->tokens.HasLongComments())
         return Update(*acrossLines, model, options).Run();
@@ -933,7 +933,7 @@ std::string_view WordOf(UpdateAction action) {
 JavaUpdate UpdateJava(std::string_view source, const ProjectModel& model, const UpdateOptions& options) {
     if (options.renames.empty())
         return UpdateReading(source, model, options);
-    const JavaTokens tokens(source, JavaTokens::Comments::AcrossLines);
+    const SourceTokens tokens(source, SourceTokens::Comments::AcrossLines);
     std::vector<Pending> renamed;
     const NewNames names = NamesToChange(tokens, options.renames, renamed);
     NumberLines(source, renamed, &Pending::oldPosition, &UpdateEntry::oldLine);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "codegen/JavaTokens.h"
+#include "codegen/SourceTokens.h"
 
 #include <array>
 #include <cstddef>
@@ -15,7 +15,7 @@ namespace pirol {
 constexpr std::size_t mostArguments = 12;
 
 /// The arguments between two brackets.
-struct JavaArguments {
+struct SourceArguments {
     /// A letter for each: n number, s text, c character, i name, x anything else; "?" when they cannot be told apart.
     std::string kinds;
     std::array<std::size_t, mostArguments> begins{}; ///< the token with which each begins
@@ -27,25 +27,25 @@ struct JavaArguments {
 
 /// A statement of one of the forms in which the generator writes them: "a = new Class(...);", "a = b.method(...);",
 /// "a.method(...);" and "super(...);".
-struct JavaStatement {
+struct SourceStatement {
     std::string_view assigned;     ///< the variable that gets a value
     std::string_view createdClass; ///< behind "new"
     std::string_view object;       ///< the variable whose method is called
     std::string_view method;       ///< "super" for that call
-    JavaArguments arguments;
+    SourceArguments arguments;
     std::size_t end; ///< the token behind the semicolon
 };
 
 /// The statement that begins with a token; nothing when there is none of these forms, or a very long one. When a text
 /// holds a quote, so that the literals go on behind it, the statement ends with a line that ends in ");".
-std::optional<JavaStatement> ReadStatement(const JavaTokens& tokens, std::size_t first);
+std::optional<SourceStatement> ReadStatement(const SourceTokens& tokens, std::size_t first);
 
 /// True when a statement or declaration may begin with this token: it begins its line, or the one before ends with
 /// ";", "{" or "}".
-bool MayBegin(const JavaTokens& tokens, std::size_t index);
+bool MayBegin(const SourceTokens& tokens, std::size_t index);
 
 /// A declared variable.
-struct JavaDeclaration {
+struct SourceDeclaration {
     std::string_view javaClass;
     std::string_view name;
     std::size_t token;     ///< its name
@@ -54,13 +54,13 @@ struct JavaDeclaration {
 };
 
 /// The variables declared from a token on and the token behind; none when no declaration begins there.
-std::vector<JavaDeclaration> ReadDeclarations(const JavaTokens& tokens, std::size_t first, std::size_t& end);
+std::vector<SourceDeclaration> ReadDeclarations(const SourceTokens& tokens, std::size_t first, std::size_t& end);
 
 /// Whether the token is the name in the head of a method or of a constructor of the given class.
-bool IsMethodHead(const JavaTokens& tokens, std::size_t index, std::string_view className);
+bool IsMethodHead(const SourceTokens& tokens, std::size_t index, std::string_view className);
 
 /// The bracket that closes the one at the token, or `Count()` when it is far away.
-std::size_t ClosingBracket(const JavaTokens& tokens, std::size_t open);
+std::size_t ClosingBracket(const SourceTokens& tokens, std::size_t open);
 
 bool IsModifier(std::string_view word);
 

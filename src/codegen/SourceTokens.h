@@ -9,7 +9,7 @@
 namespace pirol {
 
 /// Where a word, number, literal or sign of a Java source stands.
-struct JavaToken {
+struct SourceToken {
     std::uint32_t begin : 31;
     std::uint32_t startsLine : 1; ///< nothing but blanks and comments stand before it in its line
     std::uint32_t end : 31;
@@ -18,14 +18,14 @@ struct JavaToken {
 };
 
 /// Where a "//" comment stands that begins its line, up to the line's end.
-struct JavaComment {
+struct SourceComment {
     std::size_t begin;
     std::size_t end;
 };
 
 /// The tokens of a Java source, UTF-8. Made for sources that are half written: no literal reaches beyond its line, and
 /// nothing is an error. Linear in the length of the source, which must outlive the tokens.
-class JavaTokens {
+class SourceTokens {
   public:
     /// How far a "/*" comment reaches that its own line does not close.
     enum class Comments {
@@ -37,11 +37,11 @@ class JavaTokens {
     /// A text of `known` that stands alone in its lines is one token. The texts should be in the order of the source;
     /// each is looked for near the last one found, so that some are missed. Large sources are read faster so.
     /// Raises RuntimeError::OutOfMemory for a source of more tokens than any program has.
-    JavaTokens(std::string_view source, Comments comments, std::span<const std::string_view> known = {});
+    SourceTokens(std::string_view source, Comments comments, std::span<const std::string_view> known = {});
 
     std::string_view Source() const { return source_; }
     std::size_t Count() const { return tokens_.size(); }
-    const JavaToken& operator[](std::size_t index) const { return tokens_[index]; }
+    const SourceToken& operator[](std::size_t index) const { return tokens_[index]; }
 
     /// The text of a token; empty behind the last one, so that readers may look ahead freely.
     std::string_view Text(std::size_t index) const {
@@ -71,7 +71,7 @@ class JavaTokens {
     /// The first token that does not begin before the position.
     std::size_t From(std::size_t position) const;
 
-    const std::vector<JavaComment>& LineComments() const { return comments_; }
+    const std::vector<SourceComment>& LineComments() const { return comments_; }
     /// True when a comment that was taken whole goes over several lines.
     bool HasLongComments() const { return hasLongComments_; }
 
@@ -82,8 +82,8 @@ class JavaTokens {
     void Add(std::size_t begin, std::size_t end, bool startsLine, bool closed = true);
 
     std::string_view source_;
-    std::vector<JavaToken> tokens_;
-    std::vector<JavaComment> comments_;
+    std::vector<SourceToken> tokens_;
+    std::vector<SourceComment> comments_;
     bool hasLongComments_ = false;
 };
 

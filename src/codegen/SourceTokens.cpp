@@ -1,4 +1,4 @@
-#include "codegen/JavaTokens.h"
+#include "codegen/SourceTokens.h"
 
 #include "base/RuntimeError.h"
 
@@ -66,7 +66,7 @@ std::size_t EndOfLiteral(std::string_view source, std::size_t begin, bool& close
 /// super class is in the comment only with the constructor, and the end is in no text. Otherwise two half-written lines
 /// happen to look like the ends of a comment.
 bool IsWholeCode(std::string_view lines) {
-    const JavaTokens tokens(lines, JavaTokens::Comments::WithinLines);
+    const SourceTokens tokens(lines, SourceTokens::Comments::WithinLines);
     int level = 0;
     for (std::size_t index = 0; index < tokens.Count(); ++index) {
         level += LevelStep(tokens.Text(index));
@@ -81,7 +81,7 @@ bool IsWholeCode(std::string_view lines) {
 
 } // namespace
 
-JavaTokens::JavaTokens(std::string_view source, Comments comments, std::span<const std::string_view> known)
+SourceTokens::SourceTokens(std::string_view source, Comments comments, std::span<const std::string_view> known)
     : source_(source) {
     if (source.size() > longestSource)
         throw RuntimeError(RuntimeError::OutOfMemory);
@@ -90,7 +90,7 @@ JavaTokens::JavaTokens(std::string_view source, Comments comments, std::span<con
 }
 
 /// The end of a known text at the position, which becomes a token; the position when there is none.
-std::size_t JavaTokens::TakeKnown(std::size_t begin, std::span<const std::string_view> known, std::size_t& next) {
+std::size_t SourceTokens::TakeKnown(std::size_t begin, std::span<const std::string_view> known, std::size_t& next) {
     const char first = source_[begin];
     const std::size_t last = std::min(next + farthestKnown, known.size());
     for (std::size_t index = next; index < last; ++index) {
@@ -108,7 +108,7 @@ std::size_t JavaTokens::TakeKnown(std::size_t begin, std::span<const std::string
     return begin;
 }
 
-void JavaTokens::Read(Comments comments, std::span<const std::string_view> known) {
+void SourceTokens::Read(Comments comments, std::span<const std::string_view> known) {
     std::size_t nextKnown = 0;
     bool startsLine = true;
     std::size_t position = 0;
@@ -150,7 +150,7 @@ void JavaTokens::Read(Comments comments, std::span<const std::string_view> known
     }
 }
 
-std::size_t JavaTokens::SkipComment(std::size_t begin, bool startsLine, Comments comments) {
+std::size_t SourceTokens::SkipComment(std::size_t begin, bool startsLine, Comments comments) {
     const std::size_t endOfLine = EndOfLine(source_, begin);
     if (source_[begin + 1] == '/') {
         if (startsLine)
@@ -175,10 +175,10 @@ std::size_t JavaTokens::SkipComment(std::size_t begin, bool startsLine, Comments
     return endOfLine;
 }
 
-void JavaTokens::Add(std::size_t begin, std::size_t end, bool startsLine, bool closed) {
+void SourceTokens::Add(std::size_t begin, std::size_t end, bool startsLine, bool closed) {
     if (tokens_.size() == mostTokens)
         throw RuntimeError(RuntimeError::OutOfMemory);
-    JavaToken token{};
+    SourceToken token{};
     token.begin = static_cast<std::uint32_t>(begin) & 0x7FFFFFFFU;
     token.end = static_cast<std::uint32_t>(end) & 0x7FFFFFFFU;
     token.startsLine = startsLine ? 1U : 0U;
@@ -186,24 +186,24 @@ void JavaTokens::Add(std::size_t begin, std::size_t end, bool startsLine, bool c
     tokens_.push_back(token);
 }
 
-bool JavaTokens::IsWord(std::size_t index) const {
+bool SourceTokens::IsWord(std::size_t index) const {
     if (index >= tokens_.size() || tokens_[index].known != 0)
         return false;
     const char first = source_[tokens_[index].begin];
     return ClassOf(first) == ByteClass::Word && !IsDigit(first);
 }
 
-bool JavaTokens::IsNumber(std::size_t index) const {
+bool SourceTokens::IsNumber(std::size_t index) const {
     return index < tokens_.size() && IsDigit(source_[tokens_[index].begin]);
 }
 
-bool JavaTokens::IsLiteral(std::size_t index, char quote) const {
+bool SourceTokens::IsLiteral(std::size_t index, char quote) const {
     return index < tokens_.size() && source_[tokens_[index].begin] == quote && tokens_[index].closed != 0;
 }
 
-std::size_t JavaTokens::From(std::size_t position) const {
+std::size_t SourceTokens::From(std::size_t position) const {
     const auto found = std::partition_point(tokens_.begin(), tokens_.end(),
-                                            [position](const JavaToken& token) { return token.begin < position; });
+                                            [position](const SourceToken& token) { return token.begin < position; });
     return static_cast<std::size_t>(found - tokens_.begin());
 }
 

@@ -1,4 +1,4 @@
-#include "codegen/JavaStatement.h"
+#include "codegen/SourceStatement.h"
 
 #include "codegen/JavaSyntax.h"
 
@@ -25,15 +25,15 @@ bool IsOneOf(std::string_view sign, std::string_view signs) {
 }
 
 /// Names are told from keywords by the few that can stand before a bracket or a name.
-bool IsName(const JavaTokens& tokens, std::size_t index) {
+bool IsName(const SourceTokens& tokens, std::size_t index) {
     return tokens.IsWord(index) && !IsJavaKeyword(tokens.Text(index));
 }
 
-bool IsType(const JavaTokens& tokens, std::size_t index) {
+bool IsType(const SourceTokens& tokens, std::size_t index) {
     return IsName(tokens, index) || Contains(primitiveTypes, tokens.Text(index));
 }
 
-char KindOf(const JavaTokens& tokens, std::size_t first, std::size_t end) {
+char KindOf(const SourceTokens& tokens, std::size_t first, std::size_t end) {
     if (end - first == 2 && tokens.Is(first, "-") && tokens.IsNumber(first + 1))
         return 'n';
     if (end - first != 1)
@@ -48,8 +48,8 @@ char KindOf(const JavaTokens& tokens, std::size_t first, std::size_t end) {
 }
 
 /// The arguments behind an opening bracket.
-std::optional<JavaArguments> ReadArguments(const JavaTokens& tokens, std::size_t open) {
-    JavaArguments arguments;
+std::optional<SourceArguments> ReadArguments(const SourceTokens& tokens, std::size_t open) {
+    SourceArguments arguments;
     int depth = 0;
     std::size_t begin = open + 1;
     for (std::size_t index = begin; index < tokens.Count() && index < open + mostTokensAhead; ++index) {
@@ -75,7 +75,7 @@ std::optional<JavaArguments> ReadArguments(const JavaTokens& tokens, std::size_t
 }
 
 /// The end of a line that ends in ");" though its literals are not what they should be.
-std::size_t EndOfOddLine(const JavaTokens& tokens, std::size_t first) {
+std::size_t EndOfOddLine(const SourceTokens& tokens, std::size_t first) {
     const std::string_view source = tokens.Source();
     if (tokens[first].startsLine == 0)
         return first;
@@ -91,15 +91,15 @@ bool IsModifier(std::string_view word) {
     return Contains(modifiers, word);
 }
 
-bool MayBegin(const JavaTokens& tokens, std::size_t index) {
+bool MayBegin(const SourceTokens& tokens, std::size_t index) {
     return index == 0 || (index < tokens.Count() && tokens[index].startsLine != 0) ||
            IsOneOf(tokens.Text(index - 1), ";{}");
 }
 
-std::optional<JavaStatement> ReadStatement(const JavaTokens& tokens, std::size_t first) {
+std::optional<SourceStatement> ReadStatement(const SourceTokens& tokens, std::size_t first) {
     if (!tokens.IsWord(first))
         return std::nullopt;
-    JavaStatement statement{};
+    SourceStatement statement{};
     std::size_t bracket = first;
     if (tokens.Are(first, "super", "(")) {
         statement.method = tokens.Text(bracket++);
@@ -121,7 +121,7 @@ std::optional<JavaStatement> ReadStatement(const JavaTokens& tokens, std::size_t
     }
     if (!tokens.Is(bracket, "("))
         return std::nullopt;
-    std::optional<JavaArguments> arguments = ReadArguments(tokens, bracket);
+    std::optional<SourceArguments> arguments = ReadArguments(tokens, bracket);
     if (arguments && tokens.Is(arguments->close + 1, ";")) {
         statement.end = arguments->close + 2;
         statement.arguments = *arguments;
@@ -132,8 +132,8 @@ std::optional<JavaStatement> ReadStatement(const JavaTokens& tokens, std::size_t
     return statement.end > bracket ? std::optional(statement) : std::nullopt;
 }
 
-std::vector<JavaDeclaration> ReadDeclarations(const JavaTokens& tokens, std::size_t first, std::size_t& end) {
-    std::vector<JavaDeclaration> declarations;
+std::vector<SourceDeclaration> ReadDeclarations(const SourceTokens& tokens, std::size_t first, std::size_t& end) {
+    std::vector<SourceDeclaration> declarations;
     std::size_t index = first;
     while (IsModifier(tokens.Text(index)) && index < first + mostTokensAhead)
         ++index;
@@ -172,7 +172,7 @@ std::vector<JavaDeclaration> ReadDeclarations(const JavaTokens& tokens, std::siz
     return declarations;
 }
 
-std::size_t ClosingBracket(const JavaTokens& tokens, std::size_t open) {
+std::size_t ClosingBracket(const SourceTokens& tokens, std::size_t open) {
     int depth = 0;
     for (std::size_t index = open; index < tokens.Count() && index < open + mostTokensAhead; ++index) {
         const std::string_view text = tokens.Text(index);
@@ -186,7 +186,7 @@ std::size_t ClosingBracket(const JavaTokens& tokens, std::size_t open) {
     return tokens.Count();
 }
 
-bool IsMethodHead(const JavaTokens& tokens, std::size_t index, std::string_view className) {
+bool IsMethodHead(const SourceTokens& tokens, std::size_t index, std::string_view className) {
     if (!tokens.Is(index + 1, "(") || !IsName(tokens, index) || index == 0)
         return false;
     const std::string_view before = tokens.Text(index - 1);
