@@ -1,10 +1,12 @@
-// How fast the engine reads, checks, writes, generates and imports, and how that grows with the size of a design.
+// How fast the engine reads, checks, writes, generates, imports and updates, and how that grows with the size of a
+// design.
 
 #include "base/Conversions.h"
 #include "base/HashFunction.h"
 #include "base/Windows1252.h"
 #include "codegen/JavaGenerator.h"
 #include "codegen/JavaImport.h"
+#include "codegen/JavaUpdate.h"
 #include "designer/DesignCanvas.h"
 #include "project/ProjectFile.h"
 #include "project/Snapshot.h"
@@ -56,7 +58,7 @@ ProjectModel MixedDesign(std::size_t count) {
     }
     cMenu& menu = model.EditMenus().Append("Datei", "hatMenueDatei");
     for (std::size_t entry = 0; entry < count / 100; ++entry)
-        menu.AddEntry("Öffnen ...", cMenu::Entry);
+        menu.AddEntry("Öffnen " + std::to_string(entry), cMenu::Entry);
     return model;
 }
 
@@ -189,6 +191,63 @@ void ImportBytes(benchmark::State& state) {
     CountBytes(state, source);
 }
 
+/// A source in which every tenth component stands elsewhere, and lines of a pupil's in between.
+std::string PupilsSource(const ProjectModel& model) {
+    ProjectModel other = model;
+    for (const KindRow& row : KindRows())
+        for (std::size_t index = 1; index < other.ElementCount(row.kind); index += 10)
+            other.EditElement({row.kind, index}).Left += 1;
+    std::string source;
+    std::size_t lines = 0;
+    WriteCode(other, everything, [&](std::string_view piece) {
+        for (const std::string_view line : Split(piece, '\n')) {
+            source += line;
+            if (line.data() + line.size() != piece.data() + piece.size())
+                source += ++lines % 50 == 0 ? "\n        tue(7); // mein Text\r\n" : "\n";
+        }
+    });
+    return source;
+}
+
+/// To be held against GenerateJava.
+void UpdateSource(benchmark::State& state) {
+    const ProjectModel model = MixedDesign(Components(state));
+    const std::string source = PupilsSource(model);
+    while (state.KeepRunning())
+        benchmark::DoNotOptimize(UpdateJava(source, model, {}));
+    CountComponents(state);
+    CountBytes(state, source);
+}
+
+/// What "pirol-cli update" does, without process and files; to be held against ReadAndGenerate.
+void ReadAndUpdate(benchmark::State& state) {
+    const ProjectModel design = MixedDesign(Components(state));
+    const std::string bytes = GeneratePRLCode(design);
+    const std::string java = ToWindows1252(PupilsSource(design));
+    UpdateOptions options;
+    options.windows1252 = true;
+    while (state.KeepRunning()) {
+        ProjectModel model;
+        ReadPRLBytes(bytes, model);
+        benchmark::DoNotOptimize(ToWindows1252(UpdateJava(FromWindows1252(java), model, options).source));
+    }
+    CountComponents(state);
+}
+
+/// A source of so many bytes of which Pirol wrote little.
+void UpdateBytes(benchmark::State& state) {
+    const ProjectModel model = MixedDesign(100);
+    std::string source = GenerateCode(model, everything);
+    source.pop_back();
+    for (std::size_t number = 0; source.size() < static_cast<std::size_t>(state.range(0)); ++number)
+        source += "    public void eigene" + std::to_string(number) +
+                  "()\r\n    {\r\n        hatKnopf1.setzeInhalt(\"Hallo\"); // { mein Text\r\n    }\r\n\r\n";
+    source += "}";
+    while (state.KeepRunning())
+        benchmark::DoNotOptimize(UpdateJava(source, model, {}));
+    CountBytes(state, source);
+}
+
 void DesignSizes(benchmark::internal::Benchmark* benchmark) {
     benchmark->Arg(1'000)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond)->Complexity(benchmark::oN);
 }
@@ -203,6 +262,9 @@ BENCHMARK_CAPTURE(UndoAndRedo, all, true)->Apply(DesignSizes);
 BENCHMARK(GenerateJava)->Apply(DesignSizes);
 BENCHMARK(ReadAndGenerate)->Apply(DesignSizes);
 BENCHMARK(ImportJava)->Apply(DesignSizes);
+BENCHMARK(UpdateSource)->Apply(DesignSizes);
+BENCHMARK(ReadAndUpdate)->Apply(DesignSizes);
+BENCHMARK(UpdateBytes)->Arg(1'000'000)->Arg(10'000'000)->Arg(100'000'000)->Unit(benchmark::kMillisecond);
 BENCHMARK(ImportBytes)->Arg(1'000'000)->Arg(10'000'000)->Unit(benchmark::kMillisecond);
 
 } // namespace

@@ -1,6 +1,7 @@
 // pirol-cli: what the designer does with files, without a window.
 
 #include "app/Console.h"
+#include "app/UpdateCommands.h"
 #include "base/FileAccess.h"
 #include "base/HashFunction.h"
 #include "base/RuntimeError.h"
@@ -32,6 +33,8 @@ constexpr std::string_view usage =
     "Aufruf:\n"
     "  pirol-cli generate P.prl [--menu] [--sql] [-o DATEI]   Java-Quelltext erzeugen\n"
     "  pirol-cli import [--all] SuMAnwendung.java -o P.prl    Java-Quelltext in ein Projekt einlesen\n"
+    "  pirol-cli update P.prl SuMAnwendung.java [--menu] [--sql] [--no-menu] [--no-sql] [--dry-run]\n"
+    "                                                         vorhandenen Java-Quelltext auf den Stand bringen\n"
     "  pirol-cli export P.prl ORDNER [--menu] [--sql]         BlueJ-Projektordner anlegen\n"
     "  pirol-cli copy P.prl ZIEL.prl                          Projekt laden und speichern\n"
     "  pirol-cli check P.prl ...                              zeigen, was das Projekt enthält\n"
@@ -43,6 +46,9 @@ constexpr std::string_view usage =
     "Ohne -o geht der Quelltext an die Standardausgabe.\n"
     "import liest die Anweisungen, die Pirol selbst schreibt; mit --all alles, was vom Fenster dasteht, und nennt auf\n"
     "der Standardfehlerausgabe je Zeile, was davon nicht oder anders im Projekt ist.\n"
+    "update behält, was im Quelltext davon schon da ist; --no-menu und --no-sql nehmen es heraus. Es sagt je Zeile, "
+    "was es\n"
+    "getan hat, und schreibt mit --dry-run nichts. Die zehn Fassungen davor bleiben als .bak, .bak1 bis .bak9.\n"
     "lint endet mit 0, wenn es nichts zu sagen hat, und mit 1 nach Hinweisen, einem je Zeile.\n";
 
 /// The call does not look as it should.
@@ -60,7 +66,29 @@ struct Arguments {
     std::vector<std::string> names;
     CodeOptions code;
     bool all = false;
+    bool withoutMenu = false;
+    bool withoutDatabase = false;
+    bool dryRun = false;
     std::optional<std::string> output;
+};
+
+/// Which options a command knows, each a bit.
+enum KnownOptions : unsigned { noOptions = 0, codeOptions = 1, outputOption = 2, updateOptions = 4, allOption = 8 };
+
+/// An option that is on when it is there.
+struct Switch {
+    std::string_view word;
+    KnownOptions known;
+    void (*turnOn)(Arguments&);
+};
+
+constexpr Switch switches[] = {
+    {"--menu", codeOptions, [](Arguments& arguments) { arguments.code.menu = true; }},
+    {"--sql", codeOptions, [](Arguments& arguments) { arguments.code.database = true; }},
+    {"--no-menu", updateOptions, [](Arguments& arguments) { arguments.withoutMenu = true; }},
+    {"--no-sql", updateOptions, [](Arguments& arguments) { arguments.withoutDatabase = true; }},
+    {"--all", allOption, [](Arguments& arguments) { arguments.all = true; }},
+    {"--dry-run", updateOptions, [](Arguments& arguments) { arguments.dryRun = true; }},
 };
 
 /// Which options a command knows and how many names it wants.
@@ -68,9 +96,7 @@ struct Command {
     std::string_view name;
     std::size_t fewestNames;
     std::size_t mostNames;
-    bool codeOptions;
-    bool outputOption;
-    bool allOption;
+    unsigned options; ///< KnownOptions
     ExitStatus (*run)(const Arguments&);
 };
 
@@ -140,6 +166,35 @@ ExitStatus Import(const Arguments& arguments) {
     return done;
 }
 
+/// Where an entry's thing stands: in the new source, or in the old one when it is gone.
+std::string LineText(const UpdateEntry& entry) {
+    const std::size_t line = entry.newLine != 0 ? entry.newLine : entry.oldLine;
+    return line == 0 ? std::string() : Concatenate(" (Zeile ", line, entry.newLine == 0 ? " bisher)" : ")");
+}
+
+ExitStatus Update(const Arguments& arguments) {
+    if ((arguments.code.menu && arguments.withoutMenu) || (arguments.code.database && arguments.withoutDatabase))
+        throw UsageError{"Ein Teil kann nicht zugleich hinein und heraus."};
+    UpdateOptions options;
+    options.marks = arguments.code;
+    options.withoutMenu = arguments.withoutMenu;
+    options.withoutDatabase = arguments.withoutDatabase;
+    // What a project file does not hold is not known here.
+    options.isUnknown = [](std::string_view, std::string_view) { return true; };
+    const FileUpdate update = PrepareUpdate(PathOf(arguments.names[1]), Load(arguments.names[0]), options);
+    std::string lines;
+    for (const UpdateEntry& entry : update.update.entries)
+        Append(lines, WordOf(entry.action), ": ", entry.text, LineText(entry), "\n");
+    if (!update.Changes())
+        Append(lines, "unverändert: ", arguments.names[1], "\n");
+    if (!arguments.dryRun && !WriteUpdate(update)) {
+        std::fprintf(stderr, "Die Datei wurde inzwischen geändert: %s\n", arguments.names[1].c_str());
+        return refused;
+    }
+    Print(stdout, lines);
+    return done;
+}
+
 ExitStatus Export(const Arguments& arguments) {
     ExportBlueJProject(PathOf(arguments.names[1]), GenerateCode(Load(arguments.names[0]), arguments.code));
     return done;
@@ -199,10 +254,14 @@ ExitStatus Hash(const Arguments& arguments) {
 constexpr std::size_t any = static_cast<std::size_t>(-1);
 
 constexpr Command commands[] = {
-    {"generate", 1, 1, true, true, false, Generate}, {"import", 1, 1, false, true, true, Import},
-    {"export", 2, 2, true, false, false, Export},    {"copy", 2, 2, false, false, false, Copy},
-    {"check", 1, any, false, false, false, Check},   {"lint", 1, 1, true, false, false, Lint},
-    {"hash", 1, 1, false, false, false, Hash},
+    {"generate", 1, 1, codeOptions | outputOption, Generate},
+    {"import", 1, 1, outputOption | allOption, Import},
+    {"update", 2, 2, codeOptions | updateOptions, Update},
+    {"export", 2, 2, codeOptions, Export},
+    {"copy", 2, 2, noOptions, Copy},
+    {"check", 1, any, noOptions, Check},
+    {"lint", 1, 1, codeOptions, Lint},
+    {"hash", 1, 1, noOptions, Hash},
 };
 
 Arguments ParseArguments(const Command& command, std::span<const std::string> words) {
@@ -210,13 +269,12 @@ Arguments ParseArguments(const Command& command, std::span<const std::string> wo
     while (!words.empty()) {
         const std::string& word = words.front();
         words = words.subspan(1);
-        if (command.codeOptions && word == "--menu") {
-            arguments.code.menu = true;
-        } else if (command.codeOptions && word == "--sql") {
-            arguments.code.database = true;
-        } else if (command.allOption && word == "--all") {
-            arguments.all = true;
-        } else if (command.outputOption && word == "-o") {
+        const auto* const found = std::find_if(std::begin(switches), std::end(switches), [&](const Switch& candidate) {
+            return candidate.word == word && (command.options & candidate.known) != 0;
+        });
+        if (found != std::end(switches)) {
+            found->turnOn(arguments);
+        } else if ((command.options & outputOption) != 0 && word == "-o") {
             if (words.empty() || arguments.output)
                 throw UsageError{"-o braucht genau einen Dateinamen."};
             arguments.output = words.front();
@@ -262,6 +320,8 @@ int main(int argc, char** argv) {
     } catch (const Refusal& refusal) {
         return Fail(refused, refusal.message);
     } catch (const RuntimeError& error) {
+        return Fail(refused, error.what());
+    } catch (const UpdateRefusal& error) {
         return Fail(refused, error.what());
     } catch (const std::bad_alloc&) {
         return Fail(refused, RuntimeError::outOfMemoryText);

@@ -76,6 +76,43 @@ class CliTest(unittest.TestCase):
             self.assert_call(["import", *options, java / "x", "-o", target], 1)
         self.assertEqual(target.read_bytes(), b"old")
 
+    def test_update_keeps_pupils_lines_encoding_and_versions(self):
+        java = self.folder / "SuMAnwendung.java"
+        generated = PROJECT.with_suffix(".java").read_bytes()
+        own = "        hatStatus.setzeInhalt(\"Grüße\"); // mein Text\n".encode()
+        source = generated.decode("cp1252").replace("\r\n", "\n").encode()
+        source = source.replace(b"360, 150", b"361, 150", 1)
+        source = source.replace(b"    public void hatKnopf", own + b"    public void hatKnopf", 1)
+        java.write_bytes(b"\xef\xbb\xbf" + source)
+        self.assertIn("geändert: hatKnopfSpeichern: 361, 150, 120, 30,",
+                      self.assert_call(["update", PROJECT, java, "--dry-run"], 0).decode())
+        self.assertEqual(java.read_bytes(), b"\xef\xbb\xbf" + source)
+        self.assert_call(["update", PROJECT, java, "--sql", "--menu"], 0, "")
+        updated = java.read_bytes()
+        self.assertEqual(updated, b"\xef\xbb\xbf" + source.replace(b"361, 150", b"360, 150"))
+        self.assertEqual((self.folder / "SuMAnwendung.java.bak").read_bytes(), b"\xef\xbb\xbf" + source)
+        self.assertEqual(self.assert_call(["update", PROJECT, java], 0).decode(), f"unverändert: {java}\n")
+        for height in range(12):
+            java.write_bytes(updated.replace(b"640, 480", b"640, %d" % height))
+            self.assert_call(["update", PROJECT, java], 0)
+        kept = sorted(path.name for path in self.folder.iterdir())
+        self.assertEqual(kept, ["SuMAnwendung.java", "SuMAnwendung.java.bak",
+                                *(f"SuMAnwendung.java.bak{age}" for age in range(1, 10))])
+        self.assertIn(b"640, 2)", (self.folder / "SuMAnwendung.java.bak9").read_bytes())
+        self.assertNotIn(b"Menue", self.assert_call(["update", PROJECT, java, "--no-menu"], 0) and java.read_bytes())
+
+    def test_update_refuses_what_is_no_window(self):
+        java = self.folder / "A.java"
+        for text, message in ((b"int x;", "Zeile 1: Es gibt keine Klasse, die EBAnwendung erweitert.\n"),
+                              (b"\nclass A extends EBAnwendung {}",
+                               "Zeile 2: Die Klasse A hat keinen Konstruktor ohne Parameter.\n")):
+            java.write_bytes(text)
+            self.assert_call(["update", PROJECT, java], 1, message)
+            self.assertEqual(java.read_bytes(), text)
+        self.assert_call(["update", PROJECT, self.folder / "B.java"], 1,
+                         "Fehler 53: Datei nicht gefunden (Main.File.Java.Update)\n")
+        self.assert_call(["update", PROJECT, java, "--menu", "--no-menu"], 2)
+
     def test_check_says_what_every_example_holds(self):
         description = self.assert_call(["check", *sorted(EXAMPLES.glob("*.prl"))], 0).decode()
         for line in ("Projekt: " + str(PROJECT), "Autor: Klasse 10b, Gruppe Müller/Weiß", "Menüs: 2",
@@ -129,6 +166,7 @@ class CliTest(unittest.TestCase):
     def test_wrong_calls_are_explained(self):
         for words in ([], ["paint"], ["generate"], ["generate", PROJECT, PROJECT], ["generate", PROJECT, "-o"],
                       ["generate", PROJECT, "--fast"], ["import", PROJECT], ["copy", PROJECT],
+                      ["update", PROJECT], ["generate", PROJECT, "--dry-run"],
                       ["copy", PROJECT, "x", "--menu"], ["hash"], ["check"], ["export", PROJECT], ["lint"],
                       ["--help", "x"], ["copy", PROJECT, "x", "--all"]):
             result = call(*words)

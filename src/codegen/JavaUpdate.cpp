@@ -1,0 +1,947 @@
+#include "codegen/JavaUpdate.h"
+
+#include "base/Conversions.h"
+#include "base/Text.h"
+#include "base/Windows1252.h"
+
+#include <algorithm>
+#include <map>
+#include <memory>
+#include <optional>
+#include <unordered_map>
+#include <unordered_set>
+#include <utility>
+
+namespace pirol {
+namespace {
+
+constexpr std::size_t none = static_cast<std::size_t>(-1);
+/// Bytes; nobody reads more in a list.
+constexpr std::size_t longestEntry = 300;
+
+constexpr std::string_view actionWords[] = {"neu",      "geändert",  "verschoben", "entfernt",
+                                            "behalten", "umbenannt", "gemeldet"};
+static_assert(std::size(actionWords) == updateActionCount);
+
+/// What a section's pieces are called together.
+constexpr std::string_view sectionWords[] = {"Die import-Zeilen", "Die Deklarationen",
+                                             "Die Anweisungen des Konstruktors", "Die Methoden"};
+
+/// A statement whose value a project file does not hold.
+struct UnheldStatement {
+    std::string_view javaClass;
+    std::string_view method;
+    std::string_view property;
+};
+
+constexpr UnheldStatement unheldStatements[] = {
+    {"Schalter", "schalteAn", keys::checked.key},
+    {"Kennwortfeld", "setzeInhalt", keys::value.key},
+    {"Fortschrittsbalken", "setzeWert", keys::currentvalue.key},
+    {"Radioknopf", "setzeBearbeiterGeklickt", keys::click.key}, // the group decides
+};
+
+bool IsTextArea(std::string_view javaClass) {
+    return javaClass == RowOf(ComponentKind::CharField).javaClass ||
+           javaClass == RowOf(ComponentKind::RowField).javaClass;
+}
+
+/// The line end that most lines of the text have; CR LF for a text without any.
+std::string_view UsualLineEnd(std::string_view text) {
+    std::size_t returns = 0;
+    std::size_t feeds = 0;
+    std::size_t both = 0;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        if (text[at] > '\r')
+            continue;
+        returns += text[at] == '\r' ? 1 : 0;
+        feeds += text[at] == '\n' ? 1 : 0;
+        both += text[at] == '\n' && at > 0 && text[at - 1] == '\r' ? 1 : 0;
+    }
+    if (feeds - both > both && feeds >= returns)
+        return "\n";
+    return returns - both > both ? "\r" : "\r\n";
+}
+
+/// Whether a text holds characters beyond those that have the same number in Windows-1252.
+bool MayLackCharacters(std::string_view text) {
+    return std::any_of(text.begin(), text.end(), [](char byte) {
+        const auto code = static_cast<unsigned char>(byte);
+        return code >= 0xC4 || code == 0xC2;
+    });
+}
+
+/// An entry whose lines are still positions.
+struct Pending {
+    UpdateEntry entry;
+    std::size_t oldPosition;
+    std::size_t newPosition;
+};
+
+/// Turns positions into lines, in one pass over the text.
+void NumberLines(std::string_view text, std::vector<Pending>& entries, std::size_t Pending::*position,
+                 std::size_t UpdateEntry::*line) {
+    std::vector<Pending*> inOrder;
+    for (Pending& pending : entries)
+        if (pending.*position != none)
+            inOrder.push_back(&pending);
+    std::sort(inOrder.begin(), inOrder.end(),
+              [position](const Pending* left, const Pending* right) { return left->*position < right->*position; });
+    std::size_t number = 1;
+    std::size_t next = BehindLine(text, 0);
+    for (Pending* pending : inOrder) {
+        for (; next <= pending->*position && next < text.size(); next = BehindLine(text, next))
+            ++number;
+        pending->entry.*line = number;
+    }
+}
+
+/// Puts the new source together from pieces of the old one and new lines.
+class Output {
+  public:
+    Output(std::string_view source, std::string_view lineEnd) : source_(source), lineEnd_(lineEnd) {
+        text_.reserve(source.size() + source.size() / 16);
+    }
+
+    /// Appends a range of the source, at the beginning of a line unless it goes on directly. Gives its place.
+    std::size_t Copy(std::size_t begin, std::size_t end, std::string_view indent = {}) {
+        if (begin != lastEnd_) {
+            BeginLine();
+            if (begin > 0 && !IsLineEnd(source_[begin - 1])) {
+                while (begin < end && IsBlank(source_.substr(begin, 1)))
+                    ++begin;
+                text_ += indent;
+            }
+        }
+        const std::size_t place = text_.size();
+        text_ += source_.substr(begin, end - begin);
+        lastEnd_ = end;
+        return place;
+    }
+
+    /// Appends what stays untouched and can be found again by NewPosition.
+    void CopyOwn(std::size_t begin, std::size_t end) {
+        if (begin < end)
+            own_.push_back({begin, end, Copy(begin, end)});
+    }
+
+    /// Appends new text in the place of a range of the source.
+    std::size_t Replace(std::string_view code, std::size_t end) {
+        const std::size_t place = text_.size();
+        AppendCode(code);
+        lastEnd_ = end;
+        return place;
+    }
+
+    std::size_t AddLine(const GeneratedPiece& piece) {
+        BeginLine();
+        text_ += piece.indent;
+        const std::size_t place = text_.size();
+        AppendCode(piece.code);
+        text_ += lineEnd_;
+        if (piece.blankBehind)
+            text_ += lineEnd_;
+        lastEnd_ = none;
+        return place;
+    }
+
+    std::size_t AddText(std::string_view line) {
+        BeginLine();
+        text_ += line;
+        lastEnd_ = none;
+        return text_.size() - line.size();
+    }
+
+    /// A range of the source that stays untouched, and where it stands now.
+    struct Own {
+        std::size_t begin;
+        std::size_t end;
+        std::size_t place;
+    };
+    /// All of them in the order of the source.
+    const std::vector<Own>& OwnRanges() const { return own_; }
+
+    /// Where what stood at a position stands now; none when it is in no untouched range.
+    std::size_t NewPosition(std::size_t position) const {
+        const auto own = std::partition_point(own_.begin(), own_.end(),
+                                              [position](const Own& range) { return range.end <= position; });
+        return own == own_.end() || own->begin > position ? none : own->place + (position - own->begin);
+    }
+
+    const std::string& Text() const { return text_; }
+    std::string Take() { return std::move(text_); }
+
+  private:
+    void BeginLine() {
+        if (!text_.empty() && !IsLineEnd(text_.back()))
+            text_ += lineEnd_;
+    }
+
+    void AppendCode(std::string_view code) {
+        for (std::size_t end = code.find("\r\n"); end != std::string_view::npos; end = code.find("\r\n")) {
+            text_ += code.substr(0, end);
+            text_ += lineEnd_;
+            code.remove_prefix(end + 2);
+        }
+        text_ += code;
+    }
+
+    std::string_view source_;
+    std::string_view lineEnd_;
+    std::string text_;
+    std::size_t lastEnd_ = 0;
+    std::vector<Own> own_;
+};
+
+/// A piece of the source with what stands in its lines, or text between pieces.
+struct Stretch {
+    std::size_t begin;
+    std::size_t end;
+    std::size_t anchor;       ///< the wanted piece that it follows, or none at the beginning
+    std::size_t piece = none; ///< the existing piece in it, if any
+    std::size_t rest = none;  ///< of what is left of a removed piece's lines
+};
+
+/// The optional blocks that are Pirol's in a source that holds some.
+CodeOptions BlocksOf(CodeOptions held, const UpdateOptions& options) {
+    return {held.menu || (options.marks.menu && !options.withoutMenu),
+            held.database || (options.marks.database && !options.withoutDatabase)};
+}
+
+/// The generated code and the tokens of the source; what both have is read at once.
+struct Basis {
+    Basis(std::string_view source, SourceTokens::Comments comments, CodeOptions heldBlocks, const ProjectModel& model,
+          const UpdateOptions& options)
+        : held(heldBlocks), lineEnd(UsualLineEnd(source)), wanted(Generate(model, options)),
+          tokens(source, comments, Known()) {}
+
+    CodeOptions held; ///< the blocks that the source holds
+    std::string_view lineEnd;
+    std::string original; ///< the generated code before it lost characters; empty when it lost none
+    GeneratedCode wanted;
+    SourceTokens tokens;
+
+  private:
+    std::string Generate(const ProjectModel& model, const UpdateOptions& options) {
+        const CodeOptions blocks = BlocksOf(held, options);
+        std::string source =
+            GenerateCode(model, {blocks.menu && !options.withoutMenu, blocks.database && !options.withoutDatabase});
+        if (!options.windows1252 || !MayLackCharacters(source))
+            return source;
+        std::string inFile = FromWindows1252(ToWindows1252(source));
+        if (inFile != source)
+            original = std::move(source);
+        return inFile;
+    }
+
+    const std::vector<std::string_view>& Known() {
+        wanted.ListKnown(lineEnd);
+        return wanted.knownTexts;
+    }
+};
+
+std::unique_ptr<Basis> BasisOf(std::string_view source, SourceTokens::Comments comments, const ProjectModel& model,
+                               const UpdateOptions& options) {
+    const CodeOptions seeming = SeeminglyHeldBlocks(source);
+    auto basis = std::make_unique<Basis>(source, comments, seeming, model, options);
+    const CodeOptions held = HeldBlocks(basis->tokens);
+    if (held.menu != seeming.menu || held.database != seeming.database)
+        basis = std::make_unique<Basis>(source, comments, held, model, options);
+    return basis;
+}
+
+/// One reading of a source and what becomes of it.
+class Update {
+  public:
+    Update(Basis& basis, const ProjectModel& model, const UpdateOptions& options)
+        : basis_(basis), wanted_(basis.wanted), tokens_(basis.tokens), source_(basis.tokens.Source()), model_(model),
+          options_(options), existing_(tokens_, wanted_, BlocksOf(basis.held, options)),
+          output_(source_, basis.lineEnd), wantedOf_(existing_.pieces.size(), none),
+          pieceOf_(wanted_.pieces.size(), none), skipped_(wanted_.pieces.size(), false),
+          kept_(existing_.pieces.size(), false) {}
+
+    JavaUpdate Run() {
+        FindLost();
+        ReadRadioGroups();
+        KeepTextAreas();
+        Match();
+        SkipWhatIsThere();
+        KeepWhatIsHis();
+        Write();
+        ReportHandlers();
+        ReportMentions();
+        return Result();
+    }
+
+  private:
+    void FindLost();
+    void ReadRadioGroups();
+    void KeepTextAreas();
+    void Match();
+    std::size_t FindWanted(const CodeKey& key);
+    void SkipWhatIsThere();
+    bool IsThere(const GeneratedPiece& wanted);
+    void KeepWhatIsHis();
+    bool IsUnknown(const CodeKey& key) const;
+    void Write();
+    void WriteRegion(CodeSection section);
+    std::vector<Stretch> TakeApart(CodeSection section);
+    std::string RestOf(const ExistingPiece& piece, std::size_t begin, std::size_t end) const;
+    void WriteStretch(const Stretch& stretch);
+    void WriteWanted(std::size_t wanted, const std::vector<Stretch>& stretches);
+    void WriteNew(std::size_t wanted);
+    void WritePiece(std::size_t piece, std::size_t begin, std::size_t end);
+    std::string CodeFor(const ExistingPiece& piece, const GeneratedPiece& wanted) const;
+    bool IsSame(const ExistingPiece& piece, std::string_view code) const;
+    std::string_view CodeOf(const ExistingPiece& piece) const {
+        return source_.substr(piece.begin, piece.end - piece.begin);
+    }
+    bool WasThere(std::string_view field) const { return existing_.fields.contains(field); }
+    bool IsGone(std::string_view field) const {
+        const auto found = existing_.fields.find(field);
+        return found != existing_.fields.end() && found->second.owned && found->second.alone &&
+               !wanted_.fields.contains(field);
+    }
+    void ReportNew(const GeneratedPiece& wanted, std::size_t place);
+    void ReportChanged(const ExistingPiece& piece, std::string_view code, std::size_t place);
+    void ReportRemoved(const ExistingPiece& piece);
+    void ReportHandlers();
+    void ReportMentions();
+    void Report(UpdateAction action, std::string text, std::size_t oldPosition, std::size_t newPosition);
+    JavaUpdate Result();
+
+    const Basis& basis_;
+    GeneratedCode& wanted_;
+    const SourceTokens& tokens_;
+    std::string_view source_;
+    const ProjectModel& model_;
+    const UpdateOptions& options_;
+    ExistingCode existing_;
+    Output output_;
+    std::vector<std::size_t> wantedOf_; ///< of each existing piece
+    std::vector<std::size_t> pieceOf_;  ///< of each wanted piece
+    std::vector<bool> skipped_;         ///< wanted pieces that the pupil has in a form of his own
+    std::vector<bool> kept_;            ///< existing pieces that stay as they are
+    std::unordered_set<std::size_t> lost_;
+    std::vector<std::string> rests_;                                 ///< what is left of the lines of removed pieces
+    std::unordered_map<std::string_view, std::string_view> groupOf_; ///< radio button, group
+    std::unordered_map<CodeKey, std::size_t, CodeKeyHash> firstWanted_;
+    std::vector<std::size_t> nextWanted_; ///< the next piece of the same key
+    std::size_t expected_ = 0;
+    std::unordered_set<std::string_view> gone_;
+    std::unordered_set<std::string> lines_; ///< of the source, when first asked for
+    std::vector<Pending> entries_;
+};
+
+/// Pieces that hold characters which the file's encoding lacks. Conversion leaves the pieces' number and order alone.
+void Update::FindLost() {
+    if (basis_.original.empty())
+        return;
+    const GeneratedCode original(basis_.original);
+    for (std::size_t index = 0; index < wanted_.pieces.size() && index < original.pieces.size(); ++index)
+        if (wanted_.pieces[index].code != original.pieces[index].code)
+            lost_.insert(index);
+}
+
+void Update::ReadRadioGroups() {
+    if (!options_.isUnknown)
+        return;
+    model_.ForEachVisible([this](const Control& control) {
+        if (control.Kind() == ComponentKind::OptionGroup)
+            for (const cRadioButton& row : static_cast<const dOptionsgruppe&>(control).OptionButtons)
+                groupOf_.emplace(row.Name, control.ObjectName);
+    });
+}
+
+void Update::KeepTextAreas() {
+    if (!options_.isUnknown)
+        return;
+    for (GeneratedPiece& piece : wanted_.pieces) {
+        const bool isCreation = piece.key.member == members::assignment && piece.key.detail.empty();
+        if (piece.key.member != members::field && !isCreation)
+            continue;
+        const auto wanted = wanted_.fields.find(piece.key.object);
+        const auto existing = existing_.fields.find(piece.key.object);
+        if (wanted == wanted_.fields.end() || existing == existing_.fields.end() ||
+            wanted->second == existing->second.javaClass || !IsTextArea(wanted->second) ||
+            !IsTextArea(existing->second.javaClass) || !options_.isUnknown(piece.key.object, textAreaKind))
+            continue;
+        const std::size_t place = isCreation ? piece.code.find(wanted->second, piece.key.object.size()) : 0;
+        std::string code(piece.code);
+        wanted_.Replace(piece, code.replace(place, wanted->second.size(), existing->second.javaClass));
+    }
+}
+
+void Update::Match() {
+    for (std::size_t index = 0; index < existing_.pieces.size(); ++index) {
+        const std::size_t wanted = FindWanted(existing_.pieces[index].key);
+        if (wanted == none)
+            continue;
+        wantedOf_[index] = wanted;
+        pieceOf_[wanted] = index;
+        expected_ = wanted + 1;
+    }
+}
+
+/// The first piece of the key that is not found yet: mostly the one behind the last found.
+std::size_t Update::FindWanted(const CodeKey& key) {
+    if (expected_ < pieceOf_.size() && pieceOf_[expected_] == none && wanted_.pieces[expected_].key == key)
+        return expected_;
+    if (nextWanted_.empty()) {
+        nextWanted_.resize(wanted_.pieces.size(), none);
+        firstWanted_.reserve(wanted_.pieces.size());
+        for (std::size_t index = wanted_.pieces.size(); index-- > 0;) {
+            const auto [place, isNew] = firstWanted_.emplace(wanted_.pieces[index].key, index);
+            if (!isNew)
+                nextWanted_[index] = std::exchange(place->second, index);
+        }
+    }
+    const auto first = firstWanted_.find(key);
+    if (first == firstWanted_.end())
+        return none;
+    while (first->second != none && pieceOf_[first->second] != none)
+        first->second = nextWanted_[first->second];
+    return first->second;
+}
+
+void Update::SkipWhatIsThere() {
+    for (std::size_t index = 0; index < wanted_.pieces.size(); ++index)
+        if (pieceOf_[index] == none)
+            skipped_[index] = wanted_.pieces[index].optional || IsThere(wanted_.pieces[index]);
+    if (groupOf_.empty())
+        return;
+    for (const GeneratedPiece& piece : wanted_.pieces) {
+        // A radio button that stays without its registration needs no handler either.
+        const auto method = wanted_.methods.find(piece.key.object);
+        if (piece.section != CodeSection::Methods || method == wanted_.methods.end())
+            continue;
+        const std::string_view name = piece.key.object;
+        if (!name.ends_with(suffixes::clicked) || pieceOf_[method->second] != none)
+            continue;
+        const std::string_view button = name.substr(0, name.size() - suffixes::clicked.size());
+        if (groupOf_.contains(button) && IsUnknown({button, "setzeBearbeiterGeklickt", {}}) &&
+            !existing_.registered.contains(name))
+            skipped_[method->second] = true;
+    }
+}
+
+/// Whether the pupil has it in a form that is not ours, or it is his choice to be without.
+bool Update::IsThere(const GeneratedPiece& wanted) {
+    const CodeKey& key = wanted.key;
+    const auto field = existing_.fields.find(key.object);
+    const bool isKnownField = field != existing_.fields.end();
+    if (key.member == members::field)
+        return isKnownField && !field->second.alone;
+    if (key.member == members::proposal) { // he has switched it on, or does not want it
+        const auto sound = wanted_.fields.find(key.object);
+        return isKnownField && sound != wanted_.fields.end() && sound->second == field->second.javaClass;
+    }
+    if (key.member == members::assignment && key.detail.empty())
+        return isKnownField && field->second.hasValue;
+    if (key.member == members::method)
+        return existing_.ownMethods.contains(key.object);
+    if (key.object == superCall)
+        return existing_.callsThis;
+    if (key.member == members::other) {
+        if (lines_.empty())
+            for (std::size_t at = 0; at < source_.size(); at = BehindLine(source_, at))
+                lines_.emplace(Trim(source_.substr(at, EndOfLine(source_, at) - at)));
+        return lines_.contains(std::string(Trim(wanted.code)));
+    }
+    const bool isOfBlock =
+        key.member == members::block || key.object == database || (key.object == resultList && key.detail != "null;");
+    if (isOfBlock && existing_.ownDatabaseBlock)
+        return key.member != members::assignment || key.object != database;
+    return isKnownField && IsUnknown(key);
+}
+
+/// Whether a statement says what the project file that was loaded does not hold.
+bool Update::IsUnknown(const CodeKey& key) const {
+    if (!options_.isUnknown)
+        return false;
+    const auto field = existing_.fields.find(key.object);
+    if (field == existing_.fields.end())
+        return false;
+    const auto* const row =
+        std::find_if(std::begin(unheldStatements), std::end(unheldStatements), [&](const UnheldStatement& statement) {
+            return statement.javaClass == field->second.javaClass && statement.method == key.member;
+        });
+    if (row == std::end(unheldStatements) || !wanted_.fields.contains(key.object))
+        return false;
+    const auto group = groupOf_.find(key.object);
+    return options_.isUnknown(group == groupOf_.end() ? key.object : group->second, row->property);
+}
+
+void Update::KeepWhatIsHis() {
+    std::unordered_set<std::string> handlers;
+    for (std::size_t index = 0; index < existing_.pieces.size(); ++index) {
+        const ExistingPiece& piece = existing_.pieces[index];
+        const bool isHandler = piece.key.member == members::method && wantedOf_[index] == none;
+        if (IsUnknown(piece.key)) {
+            kept_[index] = true;
+            handlers.insert(Concatenate(piece.key.object, suffixes::clicked));
+        } else if (piece.key.member == members::import) {
+            kept_[index] = wantedOf_[index] != none || piece.key.detail != databasePackage;
+            if (wantedOf_[index] == none && piece.key.detail == databasePackage && existing_.needsDatabaseImport) {
+                kept_[index] = true;
+                Report(UpdateAction::Kept, Concatenate(CodeOf(piece), " wird noch gebraucht"), piece.begin, none);
+            }
+        } else if (piece.key.member == members::comment || piece.key.object == superCall) {
+            kept_[index] = wantedOf_[index] == none;
+        } else if (isHandler && !handlers.empty()) {
+            kept_[index] = handlers.contains(std::string(piece.key.object));
+        }
+    }
+}
+
+void Update::Write() {
+    std::size_t position = 0;
+    for (std::size_t section = 0; section < sectionCount; ++section) {
+        const ExistingCode::Region& region = existing_.regions[section];
+        output_.CopyOwn(position, region.begin);
+        WriteRegion(static_cast<CodeSection>(section));
+        position = region.end;
+    }
+    output_.CopyOwn(position, source_.size());
+}
+
+/// Divides a region into pieces, each with its lines, and the text between them.
+std::vector<Stretch> Update::TakeApart(CodeSection section) {
+    const ExistingCode::Region& region = existing_.regions[static_cast<std::size_t>(section)];
+    std::vector<Stretch> stretches;
+    std::size_t position = region.begin;
+    std::size_t anchor = none;
+    const auto first = std::partition_point(existing_.pieces.begin(), existing_.pieces.end(),
+                                            [&](const ExistingPiece& piece) { return piece.begin < region.begin; });
+    for (auto index = static_cast<std::size_t>(first - existing_.pieces.begin());
+         index < existing_.pieces.size() && existing_.pieces[index].end <= region.end; ++index) {
+        const ExistingPiece& piece = existing_.pieces[index];
+        std::size_t begin = piece.begin;
+        while (begin > position && !IsLineEnd(source_[begin - 1]))
+            --begin;
+        if (begin > position)
+            stretches.push_back({position, begin, anchor});
+        const bool isLast = index + 1 == existing_.pieces.size() || existing_.pieces[index + 1].end > region.end;
+        const std::size_t limit = isLast ? region.end : existing_.pieces[index + 1].begin;
+        const std::string_view upToLimit = source_.substr(0, limit);
+        std::size_t end = BehindLine(upToLimit, piece.end);
+        const bool takesBlank =
+            piece.key.member == members::method || piece.key.member == members::proposal || piece.key.detail == "null;";
+        if (takesBlank && end < limit) {
+            const std::size_t behind = BehindLine(upToLimit, end);
+            if (IsLineEnd(source_[behind - 1]) && IsLineEnd(source_[end - 1]) &&
+                IsBlank(source_.substr(end, behind - end)))
+                end = behind;
+        }
+        const std::size_t wanted = wantedOf_[index];
+        const bool hasPlace = wanted != none && piece.section == section;
+        if (hasPlace && (anchor == none || wanted > anchor))
+            anchor = wanted;
+        if (hasPlace || kept_[index] || wanted != none) {
+            stretches.push_back({begin, end, hasPlace ? wanted : anchor, index});
+        } else {
+            ReportRemoved(piece);
+            std::string rest = RestOf(piece, begin, end);
+            if (!rest.empty()) {
+                stretches.push_back({begin, end, anchor, none, rests_.size()});
+                rests_.push_back(std::move(rest));
+            }
+        }
+        position = end;
+    }
+    if (position < region.end)
+        stretches.push_back({position, region.end, anchor});
+    return stretches;
+}
+
+/// What else stands in the lines of a piece that goes: a comment behind a statement is the pupil's.
+std::string Update::RestOf(const ExistingPiece& piece, std::size_t begin, std::size_t end) const {
+    const std::string_view before = source_.substr(begin, piece.begin - begin);
+    const std::string_view behind =
+        source_.substr(piece.end, BehindLine(source_.substr(0, end), piece.end) - piece.end);
+    if (IsBlank(before) && IsBlank(behind))
+        return {};
+    return Concatenate(before, TrimLeft(behind));
+}
+
+void Update::WriteRegion(CodeSection section) {
+    const std::vector<Stretch> stretches = TakeApart(section);
+    const std::size_t first = wanted_.sections[static_cast<std::size_t>(section)];
+    const std::size_t end = wanted_.sections[static_cast<std::size_t>(section) + 1];
+    std::vector<std::size_t> placeOf(end - first, none); // the stretch of each wanted piece
+    std::vector<std::size_t> others;                     // all other stretches; their anchors ascend
+    std::size_t last = first;
+    bool inOrder = true;
+    for (std::size_t index = 0; index < stretches.size(); ++index) {
+        const Stretch& stretch = stretches[index];
+        const bool hasPlace = stretch.piece != none && wantedOf_[stretch.piece] != none &&
+                              existing_.pieces[stretch.piece].section == section;
+        if (!hasPlace) {
+            others.push_back(index);
+            continue;
+        }
+        placeOf[stretch.anchor - first] = index;
+        inOrder = inOrder && stretch.anchor >= last;
+        last = stretch.anchor;
+    }
+    if (!inOrder)
+        Report(UpdateAction::Moved,
+               Concatenate(sectionWords[static_cast<std::size_t>(section)],
+                           " stehen jetzt in der Reihenfolge des Entwurfs"),
+               none, none);
+
+    auto other = others.begin();
+    const auto writeOthers = [&](std::size_t anchor) {
+        for (; other != others.end() && stretches[*other].anchor == anchor; ++other)
+            WriteStretch(stretches[*other]);
+    };
+    // A call of the super class must be the first statement, so it does not wait for what pupils wrote there.
+    const auto isNewSuper = [&](std::size_t wanted) {
+        return wanted < end && wanted_.pieces[wanted].key.object == superCall && pieceOf_[wanted] == none &&
+               !skipped_[wanted];
+    };
+    std::size_t wanted = first;
+    if (wanted < end && skipped_[wanted] && isNewSuper(wanted + 1))
+        ++wanted;
+    if (isNewSuper(wanted))
+        WriteNew(wanted++);
+    writeOthers(none);
+    for (; wanted < end; ++wanted) {
+        const std::size_t anchor = wanted;
+        if (placeOf[wanted - first] != none) {
+            const Stretch& stretch = stretches[placeOf[wanted - first]];
+            WritePiece(stretch.piece, stretch.begin, stretch.end);
+        } else if (!skipped_[wanted] && pieceOf_[wanted] == none) {
+            WriteNew(wanted);
+        }
+        if (isNewSuper(wanted + 1))
+            WriteNew(++wanted);
+        writeOthers(anchor);
+    }
+}
+
+void Update::WriteStretch(const Stretch& stretch) {
+    if (stretch.rest != none)
+        output_.AddText(rests_[stretch.rest]);
+    else if (stretch.piece != none)
+        WritePiece(stretch.piece, stretch.begin, stretch.end);
+    else
+        output_.CopyOwn(stretch.begin, stretch.end);
+}
+
+void Update::WriteNew(std::size_t wanted) {
+    const std::size_t place = output_.AddLine(wanted_.pieces[wanted]);
+    ReportNew(wanted_.pieces[wanted], place);
+    if (lost_.contains(wanted))
+        Report(UpdateAction::Reported,
+               Concatenate("Zeichen, die der Datei fehlen, stehen als Fragezeichen da: ", wanted_.pieces[wanted].code),
+               none, place);
+}
+
+void Update::WritePiece(std::size_t index, std::size_t begin, std::size_t end) {
+    const ExistingPiece& piece = existing_.pieces[index];
+    const std::size_t wanted = wantedOf_[index];
+    const std::string_view indent = wanted == none ? std::string_view() : wanted_.pieces[wanted].indent;
+    if (wanted == none || kept_[index]) {
+        output_.Copy(begin, end, indent);
+        return;
+    }
+    if (CodeOf(piece) == wanted_.pieces[wanted].code) {
+        output_.Copy(begin, end, indent);
+        return;
+    }
+    const std::string code = CodeFor(piece, wanted_.pieces[wanted]);
+    if (IsSame(piece, code)) {
+        output_.Copy(begin, end, indent);
+        return;
+    }
+    output_.Copy(begin, piece.begin, indent);
+    const std::size_t place = output_.Replace(code, piece.end);
+    output_.Copy(piece.end, end);
+    ReportChanged(piece, code, place);
+    if (lost_.contains(wanted))
+        Report(UpdateAction::Reported, Concatenate("Zeichen, die der Datei fehlen, stehen als Fragezeichen da: ", code),
+               piece.begin, place);
+}
+
+/// The wanted code; where the pupil made a field private or gave the window a place, that stays.
+std::string Update::CodeFor(const ExistingPiece& piece, const GeneratedPiece& wanted) const {
+    if (wanted.key.member == members::field) {
+        std::size_t type = piece.firstToken;
+        while (IsModifier(tokens_.Text(type)))
+            ++type;
+        return Concatenate(source_.substr(piece.begin, tokens_[type].begin - piece.begin), wanted.code);
+    }
+    if (wanted.key.object == superCall)
+        if (const std::optional<SourceStatement> call = ReadStatement(tokens_, piece.firstToken);
+            call && call->arguments.kinds.size() == 4) {
+            const std::size_t begin = tokens_[call->arguments.begins[0]].begin;
+            const std::size_t end = tokens_[call->arguments.begins[2]].begin;
+            return Concatenate("super(", source_.substr(begin, end - begin), wanted.code.substr(sizeof "super"));
+        }
+    return std::string(wanted.code);
+}
+
+/// Whether two codes differ in nothing but blanks.
+bool Update::IsSame(const ExistingPiece& piece, std::string_view code) const {
+    if (CodeOf(piece) == code || piece.firstToken == piece.endToken)
+        return true;
+    if (piece.key.member == members::method && tokens_[piece.firstToken].known != 0)
+        return true; // but for its line ends
+    const SourceTokens tokens(code, SourceTokens::Comments::WithinLines);
+    if (tokens.Count() != piece.endToken - piece.firstToken)
+        return false;
+    for (std::size_t index = 0; index < tokens.Count(); ++index)
+        if (!tokens_.Is(piece.firstToken + index, tokens.Text(index)))
+            return false;
+    // The handlers of components and of menus differ in a comment.
+    return piece.key.member != members::method ||
+           (CodeOf(piece).find("//") == std::string_view::npos) == (code.find("//") == std::string_view::npos);
+}
+
+// --- the report ---
+
+void Update::Report(UpdateAction action, std::string text, std::size_t oldPosition, std::size_t newPosition) {
+    if (entries_.size() >= mostUpdateEntries)
+        return;
+    if (text.size() > longestEntry) {
+        std::size_t end = longestEntry;
+        while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U)
+            --end; // whole characters only
+        text.resize(end);
+        text += " ...";
+    }
+    entries_.push_back({{action, SingleLine(text)}, oldPosition, newPosition});
+}
+
+void Update::ReportNew(const GeneratedPiece& wanted, std::size_t place) {
+    const CodeKey& key = wanted.key;
+    const auto field = wanted_.fields.find(key.object);
+    const bool isCreation = key.member == members::assignment && key.detail.empty();
+    std::string text(wanted.code);
+    if (key.member == members::method)
+        text = Concatenate("Methode ", key.object, "()");
+    else if (field != wanted_.fields.end() && !WasThere(key.object)) {
+        const bool hasCreation = key.object != subMenu && key.object != resultList;
+        if (hasCreation != isCreation || (!hasCreation && key.member != members::field))
+            return;
+        text = Concatenate(field->second, " ", key.object);
+    }
+    Report(UpdateAction::New, std::move(text), none, place);
+}
+
+void Update::ReportChanged(const ExistingPiece& piece, std::string_view code, std::size_t place) {
+    const std::string_view old = CodeOf(piece);
+    if (piece.key.member == members::method) {
+        Report(UpdateAction::Changed, Concatenate("Methode ", piece.key.object, "()"), piece.begin, place);
+        return;
+    }
+    // The values are what stands behind the bracket up to which both are the same.
+    const std::size_t bracket = std::min(code.find('('), code.size() - 1);
+    std::size_t common = 0;
+    if (old.substr(0, bracket + 1) == code.substr(0, bracket + 1) && old.ends_with(");") && code.ends_with(");"))
+        common = bracket + 1;
+    const auto values = [common](std::string_view text) {
+        return common == 0 ? text : text.substr(common, text.size() - common - 2);
+    };
+    const std::string_view name =
+        piece.key.member.starts_with(members::assignment) || piece.key.member.empty() || common == 0
+            ? piece.key.object
+            : code.substr(0, bracket);
+    Report(UpdateAction::Changed, Concatenate(name, ": ", values(old), " wird ", values(code)), piece.begin, place);
+}
+
+void Update::ReportRemoved(const ExistingPiece& piece) {
+    const CodeKey& key = piece.key;
+    std::string text(CodeOf(piece));
+    if (key.member == members::method) {
+        text = Concatenate("Methode ", key.object, "()");
+        gone_.insert(key.object);
+    } else if (IsGone(key.object)) {
+        if (key.member != members::field)
+            return;
+        text = Concatenate(existing_.fields.find(key.object)->second.javaClass, " ", key.object);
+        gone_.insert(key.object);
+    }
+    Report(UpdateAction::Removed, std::move(text), piece.begin, none);
+}
+
+void Update::ReportHandlers() {
+    for (const auto& [name, position] : existing_.ownMethods)
+        if (existing_.registered.contains(name) && !wanted_.methods.contains(name))
+            Report(UpdateAction::Kept, Concatenate("Methode ", name, "() gehört zu keinem Ereignis mehr"), position,
+                   none);
+    for (const auto& [name, field] : existing_.fields)
+        if (field.hasValue && wanted_.fields.contains(name))
+            Report(UpdateAction::Reported,
+                   Concatenate(name, " wird schon bei der Deklaration erzeugt, mit Werten, die bleiben"),
+                   tokens_[field.firstToken].begin, none);
+    if (existing_.ownDatabaseBlock)
+        Report(UpdateAction::Kept, "Die Anweisungen für die Datenbank sind verändert", none, none);
+}
+
+/// Names each own line that speaks of what is gone, and tells where the kept things stand now.
+void Update::ReportMentions() {
+    for (Pending& pending : entries_)
+        if (pending.newPosition == none && pending.oldPosition != none && pending.entry.action != UpdateAction::Removed)
+            pending.newPosition = output_.NewPosition(pending.oldPosition);
+    if (gone_.empty())
+        return;
+    for (const Output::Own& own : output_.OwnRanges()) {
+        std::size_t reported = own.begin; // each line once
+        for (std::size_t index = tokens_.From(own.begin); index < tokens_.Count() && tokens_[index].begin < own.end;
+             ++index) {
+            const std::size_t position = tokens_[index].begin;
+            if (position < reported || !gone_.contains(tokens_.Text(index)))
+                continue;
+            std::size_t line = position;
+            while (line > reported && !IsLineEnd(source_[line - 1]))
+                --line;
+            reported = EndOfLine(source_, position);
+            Report(UpdateAction::Reported,
+                   Concatenate(tokens_.Text(index),
+                               " gibt es nicht mehr: ", Stripped(source_.substr(line, reported - line))),
+                   position, own.place + (position - own.begin));
+        }
+    }
+}
+
+JavaUpdate Update::Result() {
+    NumberLines(source_, entries_, &Pending::oldPosition, &UpdateEntry::oldLine);
+    NumberLines(output_.Text(), entries_, &Pending::newPosition, &UpdateEntry::newLine);
+    JavaUpdate update;
+    update.source = output_.Take();
+    for (Pending& pending : entries_)
+        update.entries.push_back(std::move(pending.entry));
+    return update;
+}
+
+// --- renaming ---
+
+/// The names that take another one: components with their handlers.
+using NewNames = std::map<std::string, std::string, std::less<>>;
+
+bool IsField(const SourceTokens& tokens, std::size_t name) {
+    return name > 0 && tokens.Is(name + 1, ";") && ClassForms().contains(tokens.Text(name - 1));
+}
+
+/// Only what the source has under the old name is renamed, and only to a name that is free there by then.
+NewNames NamesToChange(const SourceTokens& tokens, const std::vector<NameChange>& renames,
+                       std::vector<Pending>& entries) {
+    std::map<std::string_view, std::size_t> fields;
+    for (const NameChange& rename : renames) {
+        fields.emplace(rename.before, none);
+        fields.emplace(rename.now, none);
+    }
+    for (std::size_t index = 0; index < tokens.Count(); ++index)
+        if (IsField(tokens, index))
+            if (const auto field = fields.find(tokens.Text(index)); field != fields.end())
+                field->second = index;
+    std::map<std::string_view, std::string_view> changes;
+    for (const NameChange& rename : renames)
+        if (rename.before != rename.now && fields[rename.before] != none)
+            changes.emplace(rename.before, rename.now);
+    for (bool again = true; again;) {
+        const auto before = changes.size();
+        std::erase_if(changes, [&](const auto& change) {
+            return fields[change.second] != none && !changes.contains(change.second);
+        });
+        again = changes.size() != before;
+    }
+    NewNames names;
+    for (const auto& [before, now] : changes) {
+        const std::size_t field = fields[before];
+        names.emplace(before, now);
+        for (const auto& [method, kinds] : ClassForms().find(tokens.Text(field - 1))->second.calls)
+            if (method.starts_with(registration))
+                names.emplace(Concatenate(before, method.substr(registration.size())),
+                              Concatenate(now, method.substr(registration.size())));
+        entries.push_back({{UpdateAction::Renamed, Concatenate(before, " heißt jetzt ", now)},
+                           tokens[field].begin,
+                           tokens[field].begin});
+    }
+    return names;
+}
+
+/// The source in which every mention outside strings and comments has the new name, and Pirol's own strings and
+/// comments, too. Lines stay where they are.
+std::string WithNewNames(const SourceTokens& tokens, const NewNames& names) {
+    const std::string_view source = tokens.Source();
+    std::string text;
+    std::size_t position = 0;
+    const auto replace = [&](std::size_t begin, std::size_t end) {
+        const auto name = names.find(source.substr(begin, end - begin));
+        if (name == names.end() || begin < position)
+            return;
+        text += source.substr(position, begin - position);
+        text += name->second;
+        position = end;
+    };
+    auto comment = tokens.LineComments().begin();
+    const auto renameProposals = [&](std::size_t limit) {
+        for (; comment != tokens.LineComments().end() && comment->begin < limit; ++comment) {
+            const std::string_view line = source.substr(comment->begin, comment->end - comment->begin);
+            const std::size_t dot = line.find(proposalEnd);
+            if (dot != std::string_view::npos)
+                replace(comment->begin + 2, comment->begin + dot);
+        }
+    };
+    for (std::size_t index = 0; index < tokens.Count(); ++index) {
+        renameProposals(tokens[index].begin);
+        const bool isRegistration = index >= 4 && tokens.IsLiteral(index, '"') && tokens.Is(index - 1, "(") &&
+                                    tokens.Text(index - 2).starts_with(registration) && tokens.Is(index - 3, ".") &&
+                                    names.contains(tokens.Text(index - 4));
+        if (isRegistration)
+            replace(tokens[index].begin + 1, tokens[index].end - 1);
+        else if (tokens.IsWord(index))
+            replace(tokens[index].begin, tokens[index].end);
+    }
+    renameProposals(source.size());
+    return text.append(source.substr(position));
+}
+
+/// Commented-out code is no code. But where a comment was begun and ended around lines of ours and the source is as it
+/// should be without it, it stays as it is; and so where nothing can be found with it.
+JavaUpdate UpdateReading(std::string_view source, const ProjectModel& model, const UpdateOptions& options) {
+    using enum SourceTokens::Comments;
+    const std::unique_ptr<Basis> acrossLines = BasisOf(source, AcrossLines, model, options);
+    if (!acrossLines->tokens.HasLongComments())
+        return Update(*acrossLines, model, options).Run();
+    std::optional<JavaUpdate> result;
+    try {
+        result = Update(*BasisOf(source, WithinLines, model, options), model, options).Run();
+        if (result->source == source)
+            return std::move(*result);
+    } catch (const UpdateRefusal&) {
+        result.reset(); // the other reading tells why
+    }
+    try {
+        return Update(*acrossLines, model, options).Run();
+    } catch (const UpdateRefusal&) {
+        if (!result)
+            throw;
+        return std::move(*result);
+    }
+}
+
+} // namespace
+
+std::string_view WordOf(UpdateAction action) {
+    return actionWords[static_cast<std::size_t>(action)];
+}
+
+JavaUpdate UpdateJava(std::string_view source, const ProjectModel& model, const UpdateOptions& options) {
+    if (options.renames.empty())
+        return UpdateReading(source, model, options);
+    const SourceTokens tokens(source, SourceTokens::Comments::AcrossLines);
+    std::vector<Pending> renamed;
+    const NewNames names = NamesToChange(tokens, options.renames, renamed);
+    NumberLines(source, renamed, &Pending::oldPosition, &UpdateEntry::oldLine);
+    const std::string text = WithNewNames(tokens, names);
+    JavaUpdate update = UpdateReading(text, model, options);
+    for (Pending& pending : renamed)
+        update.entries.insert(update.entries.begin(), std::move(pending.entry));
+    return update;
+}
+
+} // namespace pirol
