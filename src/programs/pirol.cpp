@@ -55,9 +55,10 @@ int main(int argumentCount, char* arguments[]) {
     pirol::DesignKeeper keeper(mainWindow, dialogs, pirol::RecoveryFolder());
     const pirol::EndWatch endWatch([&keeper] { keeper.KeepForNextStart(); });
     mainWindow.show();
-    WaitUntilShown(mainWindow);
-    if (const std::string path = pirol::ProjectOnCommandLine(Words(argumentCount, arguments)); !path.empty())
+    if (const std::string path = pirol::ProjectOnCommandLine(Words(argumentCount, arguments)); !path.empty()) {
+        WaitUntilShown(mainWindow); // only where a report may come; an empty start waits for nothing
         mainWindow.ReadPRLFile(path);
+    }
     keeper.OfferLeftDesigns();
     return QApplication::exec();
 }
