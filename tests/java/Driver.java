@@ -1,10 +1,10 @@
-import static sum.intern.Application.print;
-
 import java.awt.*;
 import java.awt.event.*;
 import java.awt.image.BufferedImage;
-import java.io.File;
+import java.io.*;
 import java.lang.reflect.*;
+import java.nio.charset.StandardCharsets;
+import java.sql.*;
 import java.util.*;
 import java.util.List;
 import java.util.concurrent.*;
@@ -31,7 +31,7 @@ import sum.komponenten.*;
  * Menue       depth, type (0 menu, 1 submenu, 2 entry, 3 separator), caption, the methods that choosing it called
  * Methode     name of a method of the program
  * Fehlt       a handler method that the program lacks
- * Datenbank, Ton, Film   a call the library received, with its arguments
+ * Datenbank, Ton, Film   a call the library received, with its arguments; the database answers, and with nothing
  * </pre>
  */
 public final class Driver {
@@ -45,6 +45,10 @@ public final class Driver {
         Textbereich.class, new int[][] {{KeyEvent.VK_A}, {KeyEvent.VK_SHIFT, KeyEvent.VK_HOME}},
         Auswahl.class, new int[][] {{KeyEvent.VK_DOWN}, {KeyEvent.VK_ENTER}},
         Regler.class, new int[][] {{KeyEvent.VK_HOME}, {KeyEvent.VK_END}});
+
+    private static final PrintStream OUT = new PrintStream(System.out, true, StandardCharsets.UTF_8);
+    /** The program's methods that were called. */
+    private static final List<String> CALLED = new CopyOnWriteArrayList<>();
 
     private final Robot robot = new Robot();
     private final AtomicInteger released = new AtomicInteger();
@@ -65,6 +69,8 @@ public final class Driver {
     public static void main(String[] arguments) {
         Thread.setDefaultUncaughtExceptionHandler((thread, error) -> fail(error));
         try {
+            Application.observe(new Listener());
+            DriverManager.registerDriver(nothing(java.sql.Driver.class));
             Driver driver = new Driver();
             if (arguments.length == 0) {
                 driver.walk();
@@ -75,6 +81,43 @@ public final class Driver {
             fail(e);
         }
         Runtime.getRuntime().halt(0);
+    }
+
+    private static final class Listener implements Application.Observer {
+        @Override
+        public void called(String handler) {
+            CALLED.add(handler);
+        }
+
+        @Override
+        public void missing(String handler) {
+            print("Fehlt", handler);
+        }
+
+        @Override
+        public void used(String... call) {
+            print((Object[]) call);
+        }
+    }
+
+    /** Something that takes every call and answers it with nothing: true, 0, or another such thing. */
+    private static <T> T nothing(Class<T> type) {
+        return type.cast(Proxy.newProxyInstance(Driver.class.getClassLoader(), new Class<?>[] {type},
+                                                (self, method, arguments) -> {
+            Class<?> answer = method.getReturnType();
+            if (answer == boolean.class) {
+                return !method.getName().equals("next");
+            }
+            return answer == int.class ? (Object) 0 : answer.isInterface() ? nothing(answer) : null;
+        }));
+    }
+
+    /** Prints a line of columns in UTF-8, separated by tabs; tabs, line ends and backslashes in them are escaped. */
+    private static void print(Object... columns) {
+        OUT.println(Stream.of(columns)
+                        .map(column -> column.toString().replace("\\", "\\\\").replace("\t", "\\t")
+                                             .replace("\r", "\\r").replace("\n", "\\n").replace("\1", "\\1"))
+                        .collect(Collectors.joining("\t")));
     }
 
     private static void fail(Throwable error) {
@@ -128,7 +171,7 @@ public final class Driver {
 
     /** Raises every event of a component and gives back the handlers that this called. */
     private String use(FokusKomponente<?> component) throws Exception {
-        window.called.clear();
+        CALLED.clear();
         Point target = onEventThread(() -> reachablePoint(component));
         if (target == null) {
             return "verdeckt";
@@ -148,9 +191,9 @@ public final class Driver {
         SwingUtilities.invokeAndWait(KeyboardFocusManager.getCurrentKeyboardFocusManager()::clearGlobalFocusOwner);
         until("focus off", () -> !component.input.isFocusOwner());
         // A window that becomes active may give the focus to another component first.
-        window.called.removeIf(handler -> handler.matches(".*Fokus(Erhalten|Verloren)")
+        CALLED.removeIf(handler -> handler.matches(".*Fokus(Erhalten|Verloren)")
                                           && !component.handlers.containsValue(handler));
-        return String.join(",", new TreeSet<>(window.called));
+        return String.join(",", new TreeSet<>(CALLED));
     }
 
     /** A point on the screen where a click meets the component, or null. Tables are met in their first cell. */
@@ -170,14 +213,14 @@ public final class Driver {
 
     /** Clicks through the menus to an entry and gives back the handlers that this called. */
     private String choose(List<JMenuItem> menus, JMenuItem entry) throws Exception {
-        window.called.clear();
+        CALLED.clear();
         activate();
         for (JMenuItem menu : menus) {
             click(onEventThread(() -> centre(menu)));
             until("menu " + menu.getText(), ((JMenu) menu).getPopupMenu()::isShowing);
         }
         press(entry, onEventThread(() -> centre(entry)));
-        return String.join(",", window.called);
+        return String.join(",", CALLED);
     }
 
     private static Point centre(Component component) {

@@ -1,7 +1,0 @@
-package sum.sql;
-
-public class SQLErgebnisliste {
-    public int zeilenAnzahl() {
-        return 0;
-    }
-}
