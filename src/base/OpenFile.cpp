@@ -41,7 +41,8 @@ auto Uninterrupted(Call call) {
 #ifdef _WIN32
 
 constexpr int openFlags[] = {_O_BINARY | _O_NOINHERIT | _O_RDONLY, _O_BINARY | _O_NOINHERIT | _O_RDWR,
-                             _O_BINARY | _O_NOINHERIT | _O_RDWR | _O_CREAT | _O_EXCL};
+                             _O_BINARY | _O_NOINHERIT | _O_RDWR | _O_CREAT | _O_EXCL,
+                             _O_BINARY | _O_NOINHERIT | _O_WRONLY | _O_CREAT | _O_APPEND};
 
 /// The longest path that Windows takes from a program unless its administrator lifted that limit.
 constexpr std::size_t longestPath = 259;
@@ -101,7 +102,8 @@ int SyncDescriptor(int descriptor) {
 
 // Without waiting for the other end of a pipe.
 constexpr int openFlags[] = {O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, O_RDWR | O_CLOEXEC | O_NOCTTY | O_NONBLOCK,
-                             O_RDWR | O_CLOEXEC | O_CREAT | O_EXCL};
+                             O_RDWR | O_CLOEXEC | O_CREAT | O_EXCL,
+                             O_WRONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK | O_NOFOLLOW | O_CREAT | O_APPEND};
 
 constexpr mode_t forTheUser = S_IRUSR | S_IWUSR;
 constexpr mode_t forEverybody = forTheUser | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH; // less what the system takes off

@@ -22,6 +22,7 @@ class OpenFile {
         Read,
         Change, ///< reading and writing what is there
         Create, ///< writing what must not be there yet
+        Append, ///< writing behind what may be there
     };
 
     /// Opens a file, or gives the reason in `error`. Folders, pipes and devices are refused at once.

@@ -15,13 +15,7 @@ namespace {
 namespace fs = std::filesystem;
 
 fs::path FolderFrom(const char* variable) {
-#ifdef _WIN32
-    const std::wstring name(variable, variable + std::char_traits<char>::length(variable));
-    const wchar_t* value = _wgetenv(name.c_str());
-#else
-    const char* value = std::getenv(variable);
-#endif
-    const fs::path folder = value == nullptr ? fs::path() : fs::path(value);
+    const fs::path folder = PathOfVariable(variable);
     return folder.is_absolute() ? folder : fs::path();
 }
 
@@ -37,6 +31,16 @@ bool IsOursAndOpenToOthers([[maybe_unused]] const fs::path& folder) {
 }
 
 } // namespace
+
+fs::path PathOfVariable(const char* variable) {
+#ifdef _WIN32
+    const std::wstring name(variable, variable + std::char_traits<char>::length(variable));
+    const wchar_t* value = _wgetenv(name.c_str());
+#else
+    const char* value = std::getenv(variable);
+#endif
+    return value == nullptr ? fs::path() : fs::path(value);
+}
 
 fs::path UserFolder(const char* variable, std::string_view belowHome) {
     if (fs::path folder = FolderFrom(variable); !folder.empty())
@@ -67,6 +71,17 @@ void MakePrivateFolder(const fs::path& folder) {
         fs::permissions(folder, fs::perms::owner_all, error);
     if (error)
         throw RuntimeError::OfFile(error);
+}
+
+bool IsPrivateFolder(const fs::path& folder) {
+#ifdef _WIN32
+    std::error_code error;
+    return fs::is_directory(fs::symlink_status(folder, error));
+#else
+    struct stat status = {};
+    return lstat(folder.c_str(), &status) == 0 && S_ISDIR(status.st_mode) && status.st_uid == geteuid() &&
+           (status.st_mode & (S_IRWXG | S_IRWXO)) == 0;
+#endif
 }
 
 } // namespace pirol

@@ -174,11 +174,18 @@ TEST(FileAccess, EveryFailureHasItsNumber) {
         return test::Answer("no error");
     };
     EXPECT_EQ(test::Deviations("file-errors", rule), "");
-    constexpr std::pair<int, int> codes[] = {{ENOSPC, 61}, {EDQUOT, 61}, {ESTALE, 75},
-                                             {EINTR, 75},  {ELOOP, 75},  {EIO, 57}};
-    for (const auto& [code, number] : codes)
-        for (const std::error_category* category : {&std::generic_category(), &std::system_category()})
-            EXPECT_EQ(RuntimeError::OfFile({code, *category}).ErrorNumber(), number) << code;
+    constexpr std::pair<int, int> codes[] = {
+        {ENOSPC, 61}, {EINTR, 75},  {ELOOP, 75}, {EIO, 57},
+#ifndef _WIN32
+        {EDQUOT, 61}, {ESTALE, 75},
+#endif
+    };
+    for (const auto& [code, number] : codes) {
+        EXPECT_EQ(RuntimeError::OfFile({code, std::generic_category()}).ErrorNumber(), number) << code;
+#ifndef _WIN32
+        EXPECT_EQ(RuntimeError::OfFile({code, std::system_category()}).ErrorNumber(), number) << code;
+#endif
+    }
     EXPECT_EQ(ReadFileBytes(scratch / "file"), "x");
 }
 
