@@ -8,6 +8,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <memory_resource>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -69,6 +70,9 @@ CodeOptions SeeminglyHeldBlocks(std::string_view source);
 /// constructor's and the class's end by their braces as long as these are in order, and by the last brace before the
 /// next head otherwise. Linear in the length of the source.
 class ExistingCode {
+    /// Of all that is looked up by name: given back as a whole.
+    std::pmr::monotonic_buffer_resource memory_;
+
   public:
     /// Everything between two positions in which pieces of one section are kept in order.
     struct Region {
@@ -83,11 +87,11 @@ class ExistingCode {
     std::array<Region, sectionCount> regions;
     /// Pirol's pieces in the order of the source.
     std::vector<ExistingPiece> pieces;
-    std::unordered_map<std::string_view, ExistingField> fields;
+    std::pmr::unordered_map<std::string_view, ExistingField> fields{&memory_};
     /// Handlers that Pirol's statements register.
-    std::unordered_set<std::string_view> registered;
+    std::pmr::unordered_set<std::string_view> registered{&memory_};
     /// Methods of wanted or registered names that are the pupil's, and where.
-    std::unordered_map<std::string_view, std::size_t> ownMethods;
+    std::pmr::unordered_map<std::string_view, std::size_t> ownMethods{&memory_};
     /// Whether own lines need the database's import.
     bool needsDatabaseImport = false;
     /// The database's "if" is there, but not as generated.
@@ -164,19 +168,19 @@ class ExistingCode {
     std::size_t constructorOpen_ = 0;
     std::size_t constructorEnd_ = 0; ///< "}", or the token before which one is missing
     bool constructorCloses_ = true;
-    std::size_t classEnd_ = 0;                         ///< "}" or the count of tokens
-    bool bracesMatch_ = false;                         ///< as many open as close in the whole source
-    bool inOrder_ = false;                             ///< braces tell what stands on which level
-    std::unordered_set<std::string_view> wantedCodes_; ///< all of them, when first asked for
-    std::vector<std::size_t> handlerTokens_;           ///< in any registration, not in namedHandlers_ yet
-    std::unordered_set<std::string_view> namedHandlers_;
-    std::unordered_set<std::string_view> registeredByMenu_;
+    std::size_t classEnd_ = 0;                                        ///< "}" or the count of tokens
+    bool bracesMatch_ = false;                                        ///< as many open as close in the whole source
+    bool inOrder_ = false;                                            ///< braces tell what stands on which level
+    std::pmr::unordered_set<std::string_view> wantedCodes_{&memory_}; ///< all of them, when first asked for
+    std::vector<std::size_t> handlerTokens_; ///< in any registration, not in namedHandlers_ yet
+    std::pmr::unordered_set<std::string_view> namedHandlers_{&memory_};
+    std::pmr::unordered_set<std::string_view> registeredByMenu_{&memory_};
     using NamedField = std::pair<const std::string_view, ExistingField>;
     std::vector<NamedField*> fieldOrder_; ///< in that of the source
     NamedField* lastField_ = nullptr;
     std::vector<Method> methods_; ///< in the order of the source, some passed over
-    std::unordered_map<std::string_view, std::size_t> methodOf_;
-    std::unordered_set<std::string_view> mentioned_;
+    std::pmr::unordered_map<std::string_view, std::size_t> methodOf_{&memory_};
+    std::pmr::unordered_set<std::string_view> mentioned_{&memory_};
     std::vector<std::size_t> runs_; ///< where pieces in the order of the source begin anew
 };
 

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <deque>
 #include <map>
+#include <memory_resource>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -69,6 +70,9 @@ struct GeneratedPiece {
 
 /// The generated source of a design, taken apart. Views point into it, so it neither copies nor moves.
 class GeneratedCode {
+    /// Of what is looked up by name: given back as a whole.
+    std::pmr::monotonic_buffer_resource memory_;
+
   public:
     explicit GeneratedCode(std::string source);
     GeneratedCode(const GeneratedCode&) = delete;
@@ -79,8 +83,8 @@ class GeneratedCode {
     /// Where the pieces of each section begin, and where all end.
     std::array<std::size_t, sectionCount + 1> sections{};
     /// The classes of the fields by their names, and the methods' names with their pieces.
-    std::unordered_map<std::string_view, std::string_view> fields;
-    std::unordered_map<std::string_view, std::size_t> methods;
+    std::pmr::unordered_map<std::string_view, std::string_view> fields{&memory_};
+    std::pmr::unordered_map<std::string_view, std::size_t> methods{&memory_};
 
     /// The codes of plain statements and handlers, in their order, as a source with the given line ends has them, and
     /// the piece of each.

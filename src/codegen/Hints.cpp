@@ -238,14 +238,15 @@ std::string_view MenuWord(const cMenu& line) {
 
 class HintFinder {
   public:
-    HintFinder(const ProjectModel& model, const std::string& projectFile, CodeOptions options)
-        : model_(model), folder_(PathOf(projectFile).parent_path()), options_(options) {}
+    HintFinder(const ProjectModel& model, const std::string& projectFile, CodeOptions options,
+               const std::stop_token& stop)
+        : model_(model), folder_(PathOf(projectFile).parent_path()), options_(options), stop_(stop) {}
 
     std::vector<Hint> Find() {
         ReserveOwnNames();
         CheckWindow();
         for (const KindRow& row : KindRows())
-            for (std::size_t index = 1; index < model_.ElementCount(row.kind); ++index)
+            for (std::size_t index = 1; index < model_.ElementCount(row.kind) && !stop_.stop_requested(); ++index)
                 CheckComponent({row.kind, index});
         if (options_.menu)
             CheckMenus();
@@ -541,6 +542,7 @@ class HintFinder {
     const ProjectModel& model_;
     fs::path folder_; ///< of the project
     CodeOptions options_;
+    const std::stop_token& stop_;
     std::unordered_set<std::string_view> fields_;
     std::unordered_set<std::string> methods_;
     std::size_t constructorBytes_ = ownConstructorBytes;
@@ -569,8 +571,9 @@ std::string_view WhereToMend(HintSubject subject) {
     return {};
 }
 
-std::vector<Hint> FindHints(const ProjectModel& model, const std::string& projectFile, CodeOptions options) {
-    return HintFinder(model, projectFile, options).Find();
+std::vector<Hint> FindHints(const ProjectModel& model, const std::string& projectFile, CodeOptions options,
+                            const std::stop_token& stop) {
+    return HintFinder(model, projectFile, options, stop).Find();
 }
 
 } // namespace pirol

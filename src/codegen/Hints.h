@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <span>
+#include <stop_token>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -52,7 +53,8 @@ std::string_view WhereToMend(HintSubject subject);
 /// The hints for the program that GenerateCode would write with these options, at most mostHints: window, components in
 /// the order of the generated code, menu bar, database, the program as a whole. Looks up whether the files of pictures,
 /// sounds and films exist; relative names count from the folder of the project file (UTF-8, empty for none). Linear in
-/// the size of the design.
-std::vector<Hint> FindHints(const ProjectModel& model, const std::string& projectFile, CodeOptions options);
+/// the size of the design. Told to stop it ends soon with what it has found until then.
+std::vector<Hint> FindHints(const ProjectModel& model, const std::string& projectFile, CodeOptions options,
+                            const std::stop_token& stop = {});
 
 } // namespace pirol

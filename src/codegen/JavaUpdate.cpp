@@ -3,9 +3,10 @@
 #include "base/Conversions.h"
 #include "base/Text.h"
 #include "base/Windows1252.h"
+#include "codegen/UpdateOutput.h"
 
 #include <algorithm>
-#include <map>
+#include <iterator>
 #include <memory>
 #include <optional>
 #include <unordered_map>
@@ -15,13 +16,11 @@
 namespace pirol {
 namespace {
 
-constexpr std::size_t none = static_cast<std::size_t>(-1);
+constexpr std::size_t none = noPosition;
 /// Bytes; nobody reads more in a list.
 constexpr std::size_t longestEntry = 300;
-
-constexpr std::string_view actionWords[] = {"neu",      "geändert",  "verschoben", "entfernt",
-                                            "behalten", "umbenannt", "gemeldet"};
-static_assert(std::size(actionWords) == updateActionCount);
+/// Wanted pieces that are looked at before all of them are put in order by their keys.
+constexpr std::size_t nearPieces = 16;
 
 /// What a section's pieces are called together.
 constexpr std::string_view sectionWords[] = {"Die import-Zeilen", "Die Deklarationen",
@@ -48,16 +47,12 @@ bool IsTextArea(std::string_view javaClass) {
 
 /// The line end that most lines of the text have; CR LF for a text without any.
 std::string_view UsualLineEnd(std::string_view text) {
-    std::size_t returns = 0;
-    std::size_t feeds = 0;
+    const auto returns = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\r'));
+    const auto feeds = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
     std::size_t both = 0;
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        if (text[at] > '\r')
-            continue;
-        returns += text[at] == '\r' ? 1 : 0;
-        feeds += text[at] == '\n' ? 1 : 0;
-        both += text[at] == '\n' && at > 0 && text[at - 1] == '\r' ? 1 : 0;
-    }
+    for (std::size_t at = 1; at < text.size(); ++at) // without a branch, so that many bytes are compared at once
+        both += static_cast<std::size_t>(static_cast<unsigned>(text[at - 1] == '\r') &
+                                         static_cast<unsigned>(text[at] == '\n'));
     if (feeds - both > both && feeds >= returns)
         return "\n";
     return returns - both > both ? "\r" : "\r\n";
@@ -70,128 +65,6 @@ bool MayLackCharacters(std::string_view text) {
         return code >= 0xC4 || code == 0xC2;
     });
 }
-
-/// An entry whose lines are still positions.
-struct Pending {
-    UpdateEntry entry;
-    std::size_t oldPosition;
-    std::size_t newPosition;
-};
-
-/// Turns positions into lines, in one pass over the text.
-void NumberLines(std::string_view text, std::vector<Pending>& entries, std::size_t Pending::*position,
-                 std::size_t UpdateEntry::*line) {
-    std::vector<Pending*> inOrder;
-    for (Pending& pending : entries)
-        if (pending.*position != none)
-            inOrder.push_back(&pending);
-    std::sort(inOrder.begin(), inOrder.end(),
-              [position](const Pending* left, const Pending* right) { return left->*position < right->*position; });
-    std::size_t number = 1;
-    std::size_t next = BehindLine(text, 0);
-    for (Pending* pending : inOrder) {
-        for (; next <= pending->*position && next < text.size(); next = BehindLine(text, next))
-            ++number;
-        pending->entry.*line = number;
-    }
-}
-
-/// Puts the new source together from pieces of the old one and new lines.
-class Output {
-  public:
-    Output(std::string_view source, std::string_view lineEnd) : source_(source), lineEnd_(lineEnd) {
-        text_.reserve(source.size() + source.size() / 16);
-    }
-
-    /// Appends a range of the source, at the beginning of a line unless it goes on directly. Gives its place.
-    std::size_t Copy(std::size_t begin, std::size_t end, std::string_view indent = {}) {
-        if (begin != lastEnd_) {
-            BeginLine();
-            if (begin > 0 && !IsLineEnd(source_[begin - 1])) {
-                while (begin < end && IsBlank(source_.substr(begin, 1)))
-                    ++begin;
-                text_ += indent;
-            }
-        }
-        const std::size_t place = text_.size();
-        text_ += source_.substr(begin, end - begin);
-        lastEnd_ = end;
-        return place;
-    }
-
-    /// Appends what stays untouched and can be found again by NewPosition.
-    void CopyOwn(std::size_t begin, std::size_t end) {
-        if (begin < end)
-            own_.push_back({begin, end, Copy(begin, end)});
-    }
-
-    /// Appends new text in the place of a range of the source.
-    std::size_t Replace(std::string_view code, std::size_t end) {
-        const std::size_t place = text_.size();
-        AppendCode(code);
-        lastEnd_ = end;
-        return place;
-    }
-
-    std::size_t AddLine(const GeneratedPiece& piece) {
-        BeginLine();
-        text_ += piece.indent;
-        const std::size_t place = text_.size();
-        AppendCode(piece.code);
-        text_ += lineEnd_;
-        if (piece.blankBehind)
-            text_ += lineEnd_;
-        lastEnd_ = none;
-        return place;
-    }
-
-    std::size_t AddText(std::string_view line) {
-        BeginLine();
-        text_ += line;
-        lastEnd_ = none;
-        return text_.size() - line.size();
-    }
-
-    /// A range of the source that stays untouched, and where it stands now.
-    struct Own {
-        std::size_t begin;
-        std::size_t end;
-        std::size_t place;
-    };
-    /// All of them in the order of the source.
-    const std::vector<Own>& OwnRanges() const { return own_; }
-
-    /// Where what stood at a position stands now; none when it is in no untouched range.
-    std::size_t NewPosition(std::size_t position) const {
-        const auto own = std::partition_point(own_.begin(), own_.end(),
-                                              [position](const Own& range) { return range.end <= position; });
-        return own == own_.end() || own->begin > position ? none : own->place + (position - own->begin);
-    }
-
-    const std::string& Text() const { return text_; }
-    std::string Take() { return std::move(text_); }
-
-  private:
-    void BeginLine() {
-        if (!text_.empty() && !IsLineEnd(text_.back()))
-            text_ += lineEnd_;
-    }
-
-    void AppendCode(std::string_view code) {
-        for (std::size_t end = code.find("\r\n"); end != std::string_view::npos; end = code.find("\r\n")) {
-            text_ += code.substr(0, end);
-            text_ += lineEnd_;
-            code.remove_prefix(end + 2);
-        }
-        text_ += code;
-    }
-
-    std::string_view source_;
-    std::string_view lineEnd_;
-    std::string text_;
-    std::size_t lastEnd_ = 0;
-    std::vector<Own> own_;
-};
 
 /// A piece of the source with what stands in its lines, or text between pieces.
 struct Stretch {
@@ -317,7 +190,7 @@ class Update {
     const ProjectModel& model_;
     const UpdateOptions& options_;
     ExistingCode existing_;
-    Output output_;
+    UpdateOutput output_;
     std::vector<std::size_t> wantedOf_; ///< of each existing piece
     std::vector<std::size_t> pieceOf_;  ///< of each wanted piece
     std::vector<bool> skipped_;         ///< wanted pieces that the pupil has in a form of his own
@@ -330,7 +203,7 @@ class Update {
     std::size_t expected_ = 0;
     std::unordered_set<std::string_view> gone_;
     std::unordered_set<std::string> lines_; ///< of the source, when first asked for
-    std::vector<Pending> entries_;
+    std::vector<PlacedEntry> entries_;
 };
 
 /// Pieces that hold characters which the file's encoding lacks. Conversion leaves the pieces' number and order alone.
@@ -385,8 +258,11 @@ void Update::Match() {
 
 /// The first piece of the key that is not found yet: mostly the one behind the last found.
 std::size_t Update::FindWanted(const CodeKey& key) {
-    if (expected_ < pieceOf_.size() && pieceOf_[expected_] == none && wanted_.pieces[expected_].key == key)
-        return expected_;
+    // A few that the source lacks may come before.
+    const std::size_t near = std::min(expected_ + nearPieces, pieceOf_.size());
+    for (std::size_t index = expected_; index < near; ++index)
+        if (pieceOf_[index] == none && wanted_.pieces[index].key == key)
+            return index;
     if (nextWanted_.empty()) {
         nextWanted_.resize(wanted_.pieces.size(), none);
         firstWanted_.reserve(wanted_.pieces.size());
@@ -782,12 +658,12 @@ void Update::ReportHandlers() {
 
 /// Names each own line that speaks of what is gone, and tells where the kept things stand now.
 void Update::ReportMentions() {
-    for (Pending& pending : entries_)
-        if (pending.newPosition == none && pending.oldPosition != none && pending.entry.action != UpdateAction::Removed)
-            pending.newPosition = output_.NewPosition(pending.oldPosition);
+    for (PlacedEntry& placed : entries_)
+        if (placed.newPosition == none && placed.oldPosition != none && placed.entry.action != UpdateAction::Removed)
+            placed.newPosition = output_.NewPosition(placed.oldPosition);
     if (gone_.empty())
         return;
-    for (const Output::Own& own : output_.OwnRanges()) {
+    for (const UpdateOutput::Own& own : output_.OwnRanges()) {
         std::size_t reported = own.begin; // each line once
         for (std::size_t index = tokens_.From(own.begin); index < tokens_.Count() && tokens_[index].begin < own.end;
              ++index) {
@@ -807,97 +683,14 @@ void Update::ReportMentions() {
 }
 
 JavaUpdate Update::Result() {
-    NumberLines(source_, entries_, &Pending::oldPosition, &UpdateEntry::oldLine);
-    NumberLines(output_.Text(), entries_, &Pending::newPosition, &UpdateEntry::newLine);
+    NumberLines(source_, entries_, &PlacedEntry::oldPosition, &UpdateEntry::oldLine);
+    NumberLines(output_.Text(), entries_, &PlacedEntry::newPosition, &UpdateEntry::newLine);
     JavaUpdate update;
     update.source = output_.Take();
-    for (Pending& pending : entries_)
-        update.entries.push_back(std::move(pending.entry));
+    update.held = basis_.held;
+    for (PlacedEntry& placed : entries_)
+        update.entries.push_back(std::move(placed.entry));
     return update;
-}
-
-// --- renaming ---
-
-/// The names that take another one: components with their handlers.
-using NewNames = std::map<std::string, std::string, std::less<>>;
-
-bool IsField(const SourceTokens& tokens, std::size_t name) {
-    return name > 0 && tokens.Is(name + 1, ";") && ClassForms().contains(tokens.Text(name - 1));
-}
-
-/// Only what the source has under the old name is renamed, and only to a name that is free there by then.
-NewNames NamesToChange(const SourceTokens& tokens, const std::vector<NameChange>& renames,
-                       std::vector<Pending>& entries) {
-    std::map<std::string_view, std::size_t> fields;
-    for (const NameChange& rename : renames) {
-        fields.emplace(rename.before, none);
-        fields.emplace(rename.now, none);
-    }
-    for (std::size_t index = 0; index < tokens.Count(); ++index)
-        if (IsField(tokens, index))
-            if (const auto field = fields.find(tokens.Text(index)); field != fields.end())
-                field->second = index;
-    std::map<std::string_view, std::string_view> changes;
-    for (const NameChange& rename : renames)
-        if (rename.before != rename.now && fields[rename.before] != none)
-            changes.emplace(rename.before, rename.now);
-    for (bool again = true; again;) {
-        const auto before = changes.size();
-        std::erase_if(changes, [&](const auto& change) {
-            return fields[change.second] != none && !changes.contains(change.second);
-        });
-        again = changes.size() != before;
-    }
-    NewNames names;
-    for (const auto& [before, now] : changes) {
-        const std::size_t field = fields[before];
-        names.emplace(before, now);
-        for (const auto& [method, kinds] : ClassForms().find(tokens.Text(field - 1))->second.calls)
-            if (method.starts_with(registration))
-                names.emplace(Concatenate(before, method.substr(registration.size())),
-                              Concatenate(now, method.substr(registration.size())));
-        entries.push_back({{UpdateAction::Renamed, Concatenate(before, " heißt jetzt ", now)},
-                           tokens[field].begin,
-                           tokens[field].begin});
-    }
-    return names;
-}
-
-/// The source in which every mention outside strings and comments has the new name, and Pirol's own strings and
-/// comments, too. Lines stay where they are.
-std::string WithNewNames(const SourceTokens& tokens, const NewNames& names) {
-    const std::string_view source = tokens.Source();
-    std::string text;
-    std::size_t position = 0;
-    const auto replace = [&](std::size_t begin, std::size_t end) {
-        const auto name = names.find(source.substr(begin, end - begin));
-        if (name == names.end() || begin < position)
-            return;
-        text += source.substr(position, begin - position);
-        text += name->second;
-        position = end;
-    };
-    auto comment = tokens.LineComments().begin();
-    const auto renameProposals = [&](std::size_t limit) {
-        for (; comment != tokens.LineComments().end() && comment->begin < limit; ++comment) {
-            const std::string_view line = source.substr(comment->begin, comment->end - comment->begin);
-            const std::size_t dot = line.find(proposalEnd);
-            if (dot != std::string_view::npos)
-                replace(comment->begin + 2, comment->begin + dot);
-        }
-    };
-    for (std::size_t index = 0; index < tokens.Count(); ++index) {
-        renameProposals(tokens[index].begin);
-        const bool isRegistration = index >= 4 && tokens.IsLiteral(index, '"') && tokens.Is(index - 1, "(") &&
-                                    tokens.Text(index - 2).starts_with(registration) && tokens.Is(index - 3, ".") &&
-                                    names.contains(tokens.Text(index - 4));
-        if (isRegistration)
-            replace(tokens[index].begin + 1, tokens[index].end - 1);
-        else if (tokens.IsWord(index))
-            replace(tokens[index].begin, tokens[index].end);
-    }
-    renameProposals(source.size());
-    return text.append(source.substr(position));
 }
 
 /// Commented-out code is no code. But where a comment was begun and ended around lines of ours and the source is as it
@@ -926,21 +719,14 @@ JavaUpdate UpdateReading(std::string_view source, const ProjectModel& model, con
 
 } // namespace
 
-std::string_view WordOf(UpdateAction action) {
-    return actionWords[static_cast<std::size_t>(action)];
-}
-
 JavaUpdate UpdateJava(std::string_view source, const ProjectModel& model, const UpdateOptions& options) {
     if (options.renames.empty())
         return UpdateReading(source, model, options);
-    const SourceTokens tokens(source, SourceTokens::Comments::AcrossLines);
-    std::vector<Pending> renamed;
-    const NewNames names = NamesToChange(tokens, options.renames, renamed);
-    NumberLines(source, renamed, &Pending::oldPosition, &UpdateEntry::oldLine);
-    const std::string text = WithNewNames(tokens, names);
-    JavaUpdate update = UpdateReading(text, model, options);
-    for (Pending& pending : renamed)
-        update.entries.insert(update.entries.begin(), std::move(pending.entry));
+    RenamedSource renamed = WithNewNames(source, options.renames);
+    JavaUpdate update = UpdateReading(renamed.source, model, options);
+    renamed.entries.insert(renamed.entries.end(), std::make_move_iterator(update.entries.begin()),
+                           std::make_move_iterator(update.entries.end()));
+    update.entries = std::move(renamed.entries);
     return update;
 }
 

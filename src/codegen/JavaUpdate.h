@@ -2,6 +2,8 @@
 
 #include "codegen/ExistingCode.h"
 #include "codegen/JavaGenerator.h"
+#include "codegen/NameChanges.h"
+#include "codegen/UpdateReport.h"
 #include "model/ProjectModel.h"
 
 #include <cstddef>
@@ -11,12 +13,6 @@
 #include <vector>
 
 namespace pirol {
-
-/// A component or radio button that got another name since the source was last written.
-struct NameChange {
-    std::string before;
-    std::string now;
-};
 
 /// What a project file does not hold of a component, beside the properties that are not stored: which of the two text
 /// areas it was.
@@ -36,26 +32,10 @@ struct UpdateOptions {
     bool windows1252 = false;
 };
 
-enum class UpdateAction { New, Changed, Moved, Removed, Kept, Renamed, Reported };
-constexpr std::size_t updateActionCount = 7;
-
-/// The German word for it: "neu", "geändert" ...
-std::string_view WordOf(UpdateAction action);
-
-/// One thing that an update did, or left to the pupil.
-struct UpdateEntry {
-    UpdateAction action;
-    std::string text;        ///< German, names the thing; UTF-8
-    std::size_t oldLine = 0; ///< in the source before, from 1; 0 when it is not in there
-    std::size_t newLine = 0; ///< in the new source
-};
-
-/// More things are not listed one by one.
-constexpr std::size_t mostUpdateEntries = 100'000;
-
 struct JavaUpdate {
     std::string source; ///< UTF-8, with the line ends of the source before
     std::vector<UpdateEntry> entries;
+    CodeOptions held; ///< the optional blocks that the source before holds
 };
 
 /// Brings a source that pupils write in up to date with a design. What Pirol writes is brought into the design's state

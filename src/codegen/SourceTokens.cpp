@@ -208,9 +208,19 @@ std::size_t SourceTokens::From(std::size_t position) const {
 }
 
 std::size_t EndOfLine(std::string_view text, std::size_t position) {
-    while (position < text.size() && !IsLineEnd(text[position]))
-        ++position;
-    return position;
+    // Two searches in a window are much faster than a look at each byte; without one, a text that has only one of the
+    // two line ends would be searched to its end for the other, line by line.
+    constexpr std::size_t window = 256;
+    if (position >= text.size())
+        return position;
+    for (; position < text.size(); position += window) {
+        const std::string_view part = text.substr(position, window);
+        const std::size_t feed = part.find('\n');
+        const std::size_t carriage = part.substr(0, feed).find('\r');
+        if (const std::size_t end = std::min(feed, carriage); end != std::string_view::npos)
+            return position + end;
+    }
+    return text.size();
 }
 
 std::size_t BehindLine(std::string_view text, std::size_t position) {

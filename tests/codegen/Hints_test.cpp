@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <set>
+#include <tuple>
 
 namespace pirol {
 namespace {
@@ -95,6 +96,22 @@ TEST(Hints, StayShortForAnyDesign) {
     for (const Hint& hint : hints) {
         EXPECT_LT(hint.text.size(), 400U);
         EXPECT_EQ(hint.text.find_first_of("\x01\r\n"), std::string::npos);
+    }
+}
+
+/// The compiler takes strings and names of 65,535 bytes; up to 100 of them are the generator's own.
+TEST(Hints, TextsMayBeAsLongAsTheCompilerTakesThem) {
+    const auto isTooLong = [](ComponentKind kind, const PropertyKey& property, std::size_t length) {
+        ProjectModel model;
+        Control& element = model.EditElement(model.PlaceComponent(kind, {0, 0, 50, 50}));
+        FindRow(element, property.key)->set(element, std::string(length, 'x'));
+        return Lines(FindHints(model, {}, {})).find("[text-too-long]") != std::string::npos;
+    };
+    for (const auto& [kind, property, longest] : {std::tuple(ComponentKind::Button, keys::value, 65435U),
+                                                  {ComponentKind::Button, keys::name, 65435U},
+                                                  {ComponentKind::Picture, keys::pictureFile, 65535U}}) {
+        EXPECT_FALSE(isTooLong(kind, property, longest)) << property.key;
+        EXPECT_TRUE(isTooLong(kind, property, longest + 1)) << property.key;
     }
 }
 

@@ -1,9 +1,12 @@
 // What holds for every update, tried on random designs, edits and pupils' lines. ctest takes a sample; all of it:
 //   PIROL_UPDATE_PAIRS=10000 build/release/tests/core-tests --gtest_filter='JavaUpdateLaws.*'
-// PIROL_UPDATE_SEED begins with another pair; a failure names its own.
+// PIROL_UPDATE_SEED begins with another pair; a failure names its own. That an update leaves what compiles compiling is
+// tried by tests/java/update_compiles.py with the sources written here.
 
 #include "base/Conversions.h"
+#include "base/FileAccess.h"
 #include "base/Text.h"
+#include "base/Windows1252.h"
 #include "codegen/JavaUpdate.h"
 
 #include <gtest/gtest.h>
@@ -11,6 +14,7 @@
 #include <algorithm>
 #include <cctype>
 #include <cstdlib>
+#include <filesystem>
 #include <random>
 #include <set>
 
@@ -356,6 +360,85 @@ TEST(JavaUpdateLaws, HoldForRandomPairs) {
         CheckPupils(dice, pair, source, pairNumber % 2 == 0);
         if (testing::Test::HasFailure())
             return;
+    }
+}
+
+// --- sources for the compiler ---
+
+/// What pupils write that compiles where it stands, as above.
+constexpr std::string_view importLines[] = {"import java.util.List; // @", "// Import @"};
+constexpr std::string_view memberLines[] = {
+    "    private int zaehler@ = 0;",
+    "    public int zahl@(int a) { return a + @; }",
+    "    public void eigene@()\n    { // @\n        System.out.println($); /* x */\n    } // @",
+    "    class Innen@ { int wert@ = @; }",
+    "    /** Doku @ zu $ */",
+};
+constexpr std::string_view statementLines[] = {
+    "        int lokal@ = 1 + @;",
+    "        // Kommentar @ zu $",
+    "        System.out.println(\"$ } @\");",
+    "        for (int i@ = 0; i@ < 3; i@++) { System.out.println(i@); }",
+    "        if ($ != null) { System.out.println($); } // @",
+};
+
+/// The source with lines that leave it compiling; names are those that they may speak of.
+std::string WithCompilingLines(Dice& dice, const std::string& source, const std::vector<std::string>& names) {
+    std::string text;
+    const auto add = [&](const auto& stock) {
+        const std::string line =
+            ReplaceAll(dice.OneOf(stock), "$", names.empty() ? std::string("this") : dice.OneOf(names));
+        const std::string numbered = ReplaceAll(line, "@", std::to_string(dice.Number()));
+        Append(text, ReplaceAll(numbered, "\n", "\r\n"), "\r\n");
+    };
+    bool inClass = false;
+    bool inConstructor = false;
+    bool behind = false;
+    for (const std::string& line : LinesOf(source)) {
+        Append(text, line, line == "}" ? "" : "\r\n");
+        inClass |= line.starts_with("public class");
+        inConstructor |= line == "    public SuMAnwendung()";
+        if (inConstructor && line == "    }") {
+            inConstructor = false;
+            behind = true;
+        }
+        if (!dice.Chance(12))
+            continue;
+        if (!inClass)
+            add(importLines);
+        else if (inConstructor && line.starts_with("        ") && line.ends_with(");"))
+            add(statementLines);
+        else if (behind && line == "    {")
+            add(statementLines);
+        else if (inClass && !inConstructor && (behind ? line.empty() : line.ends_with(";")))
+            add(memberLines);
+    }
+    return text;
+}
+
+/// Writes random pairs for tests/java/update_compiles.py, which has a compiler: below PIROL_UPDATE_FOLDER a folder for
+/// each, with a pupil's source, what the update makes of it, and the second design's own source.
+TEST(JavaUpdateLaws, WritesSourcesForTheCompiler) {
+    const char* const folder = std::getenv("PIROL_UPDATE_FOLDER");
+    if (folder == nullptr)
+        GTEST_SKIP() << "only where there is a compiler";
+    const unsigned seed = FromEnvironment("PIROL_UPDATE_SEED", 1);
+    for (unsigned number = seed; number < seed + FromEnvironment("PIROL_UPDATE_PAIRS", 200); ++number) {
+        Dice dice(number);
+        const Pair pair = RandomPair(dice);
+        std::vector<std::string> both;
+        const std::set<std::string> names = NamesOf(pair.b);
+        for (const std::string& name : NamesOf(pair.a))
+            if (names.contains(name))
+                both.push_back(name);
+        const std::string mixed = WithCompilingLines(dice, GenerateCode(pair.a, pair.marks), both);
+        const std::pair<const char*, std::string> sources[] = {
+            {"before", mixed}, {"after", UpdateJava(mixed, pair.b, pair.options).source}, {"own", pair.expected}};
+        for (const auto& [name, source] : sources) {
+            const auto place = std::filesystem::path(folder) / std::to_string(number) / name;
+            std::filesystem::create_directories(place);
+            ReplaceFileBytes(place / "SuMAnwendung.java", ToWindows1252(source));
+        }
     }
 }
 
