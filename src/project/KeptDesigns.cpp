@@ -1,6 +1,7 @@
 #include "project/KeptDesigns.h"
 
 #include "base/FileAccess.h"
+#include "base/HashFunction.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "base/UserFolder.h"
@@ -9,6 +10,7 @@
 #include <algorithm>
 #include <charconv>
 #include <random>
+#include <unordered_set>
 #include <utility>
 
 namespace pirol {
@@ -85,6 +87,21 @@ void DropEqual(const std::vector<KeptDesign>& files, const fs::path& newest, std
     }
 }
 
+/// The hashes of the designs, whyever they are kept.
+std::unordered_set<std::string> DesignsIn(const fs::path& folder) {
+    std::unordered_set<std::string> designs;
+    for (const KeptDesign& kept : KeptFiles(folder))
+        try {
+            const std::string content = ContentOf(kept.file);
+            std::string_view design = content;
+            TakeLine(design);
+            designs.insert(HashFunction(design));
+        } catch (const RuntimeError&) {
+            continue; // a damaged one holds none
+        }
+    return designs;
+}
+
 } // namespace
 
 fs::path KeptFolder(const fs::path& recoveryFolder) {
@@ -105,6 +122,28 @@ void KeepDesign(const fs::path& folder, const OpenDesign& design, std::string_vi
     } catch (const RuntimeError&) {
         return; // the limits can wait
     }
+}
+
+void KeepLeftDesigns(const fs::path& folder, const fs::path& recoveryFolder, std::string_view reason, std::time_t now) {
+    std::vector<LeftDesign> left = LeftDesigns(recoveryFolder);
+    std::erase_if(left, [now](const LeftDesign& design) { return now - design.written > longestKept; });
+    if (left.empty())
+        return;
+    left.resize(std::min(left.size(), mostKept));
+    std::unordered_set<std::string> kept = DesignsIn(folder);
+    for (const LeftDesign& one : left)
+        try {
+            const std::optional<HeldDesign> held = Hold(one);
+            if (!held)
+                continue;
+            const OpenDesign design = ReadDesign(one);
+            if (kept.insert(HashFunction(LineOf(design.filePath) + SnapshotOf(design))).second)
+                KeepDesign(folder, design, reason, one.written);
+        } catch (const RuntimeError& error) {
+            // A damaged one is told of where it is offered.
+            if (error.ErrorNumber() >= RuntimeError::BadFileName)
+                throw;
+        }
 }
 
 std::vector<KeptDesign> KeptDesigns(const fs::path& folder) {

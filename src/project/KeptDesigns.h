@@ -33,6 +33,11 @@ struct KeptDesign {
 void KeepDesign(const std::filesystem::path& folder, const OpenDesign& design, std::string_view reason,
                 std::time_t now);
 
+/// Keeps what ended programs have left in the recovery folder, where it stays: the newest of them, as many as can be
+/// kept, but for those that are kept already or are too old. Raises RuntimeError with the file error.
+void KeepLeftDesigns(const std::filesystem::path& folder, const std::filesystem::path& recoveryFolder,
+                     std::string_view reason, std::time_t now);
+
 /// What is kept, the newest first. A file that cannot be read is left out. Raises RuntimeError with the file error when
 /// the folder cannot be listed.
 std::vector<KeptDesign> KeptDesigns(const std::filesystem::path& folder);

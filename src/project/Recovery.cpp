@@ -50,6 +50,18 @@ std::time_t WrittenAt(const fs::path& file) {
     return std::chrono::system_clock::to_time_t(std::chrono::time_point_cast<std::chrono::seconds>(time));
 }
 
+/// Leads out of a writing that is told to stop.
+struct BrokenOff {};
+
+void WriteInPieces(std::string_view bytes, const ByteSink& write, const std::stop_token& stop) {
+    constexpr std::size_t pieceSize = std::size_t{1} << 20U;
+    for (std::size_t begin = 0; begin < bytes.size(); begin += pieceSize) {
+        if (stop.stop_requested())
+            throw BrokenOff();
+        write(bytes.substr(begin, pieceSize));
+    }
+}
+
 /// Getting a lock for a moment clears away the one that a killed program has left.
 void ClearLock(const fs::path& lock) {
     try {
@@ -103,19 +115,28 @@ void RecoveryFile::ReserveName() {
     }
 }
 
-void RecoveryFile::Write(std::string_view snapshot) {
+void RecoveryFile::Write(std::string_view snapshot, const std::stop_token& stop) {
     const fs::path former = file_;
     if (!lock_ || !lock_->IsInPlace())
         ReserveName();
     const std::string bytes = KeptBytesOf(snapshot);
-    ReplaceFile(
-        file_, [&bytes](const ByteSink& write) { write(bytes); }, Privacy::UserAlone);
+    try {
+        ReplaceFile(
+            file_, [&](const ByteSink& write) { WriteInPieces(bytes, write, stop); }, Privacy::UserAlone);
+    } catch (const BrokenOff&) {
+        return;
+    }
     std::error_code ignored;
     OpenFile present = OpenFile::Open(file_, OpenFile::Purpose::Change, ignored);
     if (present.IsOpen() && present.TryHold())
         held_ = std::move(present);
     if (former != file_ && !former.empty())
         fs::remove(former, ignored);
+}
+
+bool RecoveryFile::IsInPlace() const {
+    std::error_code ignored;
+    return lock_ && lock_->IsInPlace() && fs::exists(file_, ignored);
 }
 
 void RecoveryFile::Remove() {

@@ -7,6 +7,7 @@
 #include <ctime>
 #include <filesystem>
 #include <optional>
+#include <stop_token>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,8 +30,10 @@ class RecoveryFile {
     ~RecoveryFile();
 
     /// Puts a snapshot into the place of the last one; whatever happens meanwhile, one of them is on disk, whole.
-    /// Raises RuntimeError with the file error.
-    void Write(std::string_view snapshot);
+    /// When it is told to stop on the way the last one stays. Raises RuntimeError with the file error.
+    void Write(std::string_view snapshot, const std::stop_token& stop = {});
+    /// Whether the last snapshot written is still there, with the lock that keeps other programs off.
+    bool IsInPlace() const;
     /// For a design that need not be recovered.
     void Remove();
     /// Whether the file stays behind the end of the program, so that the next one offers it.
