@@ -43,48 +43,69 @@ bool IsEmpty(const Rectangle& box) {
 
 } // namespace
 
-ComponentIndex::Entry& ComponentIndex::EntryOf(ComponentRef component) {
-    std::vector<Entry>& entries = entries_[Position(component.kind)];
-    if (component.index >= entries.size())
-        entries.resize(component.index + 1);
-    return entries[component.index];
+Rectangle& ComponentIndex::BoxOf(ComponentRef component) {
+    std::vector<Rectangle>& boxes = boxes_[Position(component.kind)];
+    if (component.index >= boxes.size())
+        boxes.resize(component.index + 1);
+    return boxes[component.index];
 }
 
-const ComponentIndex::Entry& ComponentIndex::EntryOf(ComponentRef component) const {
-    return entries_[Position(component.kind)][component.index];
+const Rectangle& ComponentIndex::BoxOf(ComponentRef component) const {
+    return boxes_[Position(component.kind)][component.index];
 }
 
-void ComponentIndex::Rebuild(const ProjectModel& model) {
-    *this = ComponentIndex();
+void ComponentIndex::Begin() {
+    taken_ = 0;
+    boxes_ = {};
+    cells_.clear();
+    large_.clear();
     for (const KindRow& row : KindRows())
-        entries_[Position(row.kind)].reserve(model.ElementCount(row.kind));
-    for (const ComponentRef component : model.CreationOrder())
-        Update(model, component);
+        boxes_[Position(row.kind)].reserve(model_.ElementCount(row.kind));
 }
 
-void ComponentIndex::Update(const ProjectModel& model, ComponentRef component) {
-    Entry& entry = EntryOf(component);
-    if (component.index < model.ElementCount(component.kind))
-        entry.order = model.Element(component).Serial.value;
-    const Rectangle box = model.VisibleBox(component);
-    if (box == entry.box)
+void ComponentIndex::TakeIn() {
+    constexpr std::size_t part = 10'000;
+    const std::size_t end = std::min(model_.CreationOrder().size(), taken_ + part);
+    for (; taken_ < end; ++taken_)
+        Update(model_.CreationOrder()[taken_]);
+}
+
+void ComponentIndex::Update(ComponentRef component) {
+    // One that is gone may have moved the others in the order of their creation.
+    if (component.index >= model_.ElementCount(component.kind))
+        taken_ = 0;
+    Rectangle& known = BoxOf(component);
+    const Rectangle box = model_.VisibleBox(component);
+    if (box == known)
         return;
-    Remove(component, entry.box);
+    Remove(component, known);
     Add(component, box);
-    entry.box = box;
+    known = box;
+}
+
+/// Calls `function(component, box)` for those that no cell holds yet.
+template <class Function>
+void ComponentIndex::ForEachLeft(Function&& function) const {
+    const PagedArray<ComponentRef>& order = model_.CreationOrder();
+    for (std::size_t place = taken_; place < order.size(); ++place)
+        if (const Rectangle box = model_.VisibleBox(order[place]); !IsEmpty(box))
+            function(order[place], box);
 }
 
 std::optional<ComponentRef> ComponentIndex::TopmostAt(int x, int y) const {
     std::optional<ComponentRef> topmost;
-    const auto look = [&](const std::vector<ComponentRef>& candidates) {
-        for (const ComponentRef candidate : candidates)
-            if (EntryOf(candidate).box.Contains(x, y) &&
-                (!topmost || EntryOf(candidate).order > EntryOf(*topmost).order))
-                topmost = candidate;
+    const auto look = [&](ComponentRef candidate, const Rectangle& box) {
+        if (box.Contains(x, y) && (!topmost || OrderOf(candidate) > OrderOf(*topmost)))
+            topmost = candidate;
     };
-    look(large_);
+    const auto lookAll = [&](const std::vector<ComponentRef>& candidates) {
+        for (const ComponentRef candidate : candidates)
+            look(candidate, BoxOf(candidate));
+    };
+    lookAll(large_);
     if (const auto cell = cells_.find(CellKey(CellOf(x), CellOf(y))); cell != cells_.end())
-        look(cell->second);
+        lookAll(cell->second);
+    ForEachLeft(look);
     return topmost;
 }
 
@@ -92,9 +113,19 @@ std::vector<ComponentRef> ComponentIndex::Intersecting(std::span<const Rectangle
     std::vector<ComponentRef> found;
     for (const Rectangle& area : areas)
         CollectIntersecting(area, found);
-    std::sort(found.begin(), found.end(),
-              [this](ComponentRef a, ComponentRef b) { return EntryOf(a).order < EntryOf(b).order; });
-    found.erase(std::unique(found.begin(), found.end()), found.end());
+    ForEachLeft([&](ComponentRef component, const Rectangle& box) {
+        if (std::any_of(areas.begin(), areas.end(), [&](const Rectangle& area) { return box.Intersects(area); }))
+            found.push_back(component);
+    });
+    std::vector<std::pair<std::uint64_t, ComponentRef>> ordered;
+    ordered.reserve(found.size());
+    for (const ComponentRef component : found)
+        ordered.emplace_back(OrderOf(component), component);
+    std::sort(ordered.begin(), ordered.end());
+    ordered.erase(std::unique(ordered.begin(), ordered.end()), ordered.end());
+    found.clear();
+    for (const auto& [order, component] : ordered)
+        found.push_back(component);
     return found;
 }
 
@@ -102,7 +133,7 @@ void ComponentIndex::CollectIntersecting(const Rectangle& area, std::vector<Comp
     if (IsEmpty(area))
         return;
     for (const ComponentRef component : large_)
-        if (EntryOf(component).box.Intersects(area))
+        if (BoxOf(component).Intersects(area))
             found.push_back(component);
     const CellRange wanted(area);
     ForEachCell(wanted, [&](int x, int y) {
@@ -110,7 +141,7 @@ void ComponentIndex::CollectIntersecting(const Rectangle& area, std::vector<Comp
         if (cell == cells_.end())
             return;
         for (const ComponentRef component : cell->second) {
-            const Rectangle& box = EntryOf(component).box;
+            const Rectangle& box = BoxOf(component);
             const CellRange covered(box);
             // Taken from the first cell that it shares with the area, so that few are found twice.
             if (x == std::max(covered.left, wanted.left) && y == std::max(covered.top, wanted.top) &&

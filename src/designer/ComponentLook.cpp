@@ -1,7 +1,10 @@
 #include "designer/ComponentLook.h"
 
+#include "controls/dEtikett.h"
+
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace pirol {
 namespace {
@@ -10,6 +13,11 @@ constexpr int knobLength = 15; // along the track
 constexpr int knobDepth = 16;
 constexpr int trackDepth = 6;
 constexpr int trackOffset = 5; // of the track from the knob's flat side
+
+/// Of the fonts that Java calls "Dialog", for a size of 1 pixel.
+constexpr double ascentShare = 0.928;
+constexpr double descentShare = 0.236;
+constexpr int usualTextSize = 12;
 
 constexpr int smallestThumb = 15;
 constexpr int smallestColumn = 15;
@@ -96,6 +104,18 @@ std::optional<Thumb> ScrollThumb(int barLength, int visible, int total) {
 
 int LongestUsefulTotal(int barLength, int visible) {
     return std::max(ThumbWay(barLength), 0) * std::max(visible, 0) / smallestThumb + 1;
+}
+
+std::optional<int> BaselineOf(const Control& control) {
+    using enum ComponentKind;
+    constexpr ComponentKind oneLine[] = {Label, Button, TextField, Password, CheckBox, ComboBox};
+    if (std::find(std::begin(oneLine), std::end(oneLine), control.Kind()) == std::end(oneLine))
+        return std::nullopt;
+    const int fontSize = control.Kind() == Label ? static_cast<const dEtikett&>(control).FontSize : usualTextSize;
+    const int size = fontSize == dEtikett::defaultFontSize ? usualTextSize : std::max(fontSize, 1);
+    const int ascent = static_cast<int>(size * ascentShare + 0.95); // rounded as Java does
+    const int descent = static_cast<int>(size * descentShare + 0.95);
+    return control.Top + (control.Height - ascent - descent) / 2 + ascent;
 }
 
 std::u16string FittedText(std::u16string_view text, int width, const Advance& advance) {

@@ -32,6 +32,10 @@ int FilledWidth(const dFortschritt& bar);
 /// How a table's columns share the width. A column has at least 15 pixels, so many columns need more than there is.
 std::vector<int> ColumnWidths(std::size_t columns, int width);
 
+/// The row of the window on which the letters of a component's text stand, when the text is one line in the middle of
+/// its height.
+std::optional<int> BaselineOf(const Control& control);
+
 /// The length of the button at either end of a scroll bar that has room for both.
 constexpr int scrollButtonLength = 16;
 

@@ -21,16 +21,14 @@ DesignChange DifferencesOrEverything(const ProjectModel& before, const ProjectMo
 
 } // namespace
 
-std::optional<ComponentRef> Document::Selected() const {
-    const bool present = selected_ && selected_->index < Model().ElementCount(selected_->kind);
-    return present && Model().Element(*selected_).Visible ? selected_ : std::nullopt;
-}
-
-void Document::Select(std::optional<ComponentRef> component) {
-    if (component == selected_)
+void Document::Select(const Selection& components) {
+    if (components == selected_)
         return;
-    selected_ = component;
     merging_ = merging_ && inGesture_;
+    const Selection visible = components.VisibleIn(Model());
+    if (visible == selected_)
+        return;
+    selected_ = visible;
     Tell({.design = {}, .selection = true});
 }
 
@@ -52,7 +50,7 @@ void Document::Run(std::string_view label, std::string_view mergeKey, const Chan
     // All that the history needs comes first: without memory for it nothing is changed.
     Steps step = MergesWith(mergeKey) ? Steps() : NewStep(label, mergeKey);
     const ProjectModel before = state_.model;
-    std::optional<ComponentRef> selected = selected_;
+    Selection selected = selected_;
     try {
         selected = change(state_.model);
     } catch (...) {
@@ -72,16 +70,17 @@ Document::Steps Document::NewStep(std::string_view label, std::string_view merge
                     .mergeKey = std::string(mergeKey),
                     .other = state_,
                     .otherFile = {},
-                    .selectedBefore = Selected(),
+                    .selectedBefore = selected_,
                     .selectedAfter = {}});
     return step;
 }
 
 /// Keeps the step if the change was one. An empty list stands for a change that joins the last step.
-void Document::Commit(Steps step, const ProjectModel& before, std::optional<ComponentRef> selected) {
+void Document::Commit(Steps step, const ProjectModel& before, const Selection& selected) {
     DocumentChange change{.design = DifferencesOrEverything(before, state_.model)};
     const bool wasChanged = IsChanged();
-    change.selection = std::exchange(selected_, selected) != selected;
+    const Selection visible = selected.VisibleIn(state_.model);
+    change.selection = std::exchange(selected_, visible) != visible;
     if (change.design.Any()) {
         state_.revision = ++lastRevision_;
         change.history = !step.empty();
@@ -92,8 +91,8 @@ void Document::Commit(Steps step, const ProjectModel& before, std::optional<Comp
         merging_ = true;
         Step& last = undo_.back();
         last.selectedAfter = selected_;
-        last.bytes = last.other.model.UnsharedBytes(state_.model);
-        if (last.other.model == state_.model) {
+        last.Weigh(state_.model);
+        if (!last.otherFile && last.other.model == state_.model) {
             // What came back to where it began is no step.
             state_.revision = last.other.revision;
             undo_.pop_back();
@@ -107,8 +106,9 @@ void Document::Commit(Steps step, const ProjectModel& before, std::optional<Comp
         Tell(change);
 }
 
-void Document::Replace(std::string_view label, const std::function<Origin(ProjectModel&)>& fill) {
-    Steps step = NewStep(label, {});
+void Document::Replace(std::string_view label, const std::function<Origin(ProjectModel&)>& fill,
+                       std::string_view mergeKey) {
+    Steps step = NewStep(label, mergeKey);
     step.front().otherFile = file_;
     ProjectModel empty = state_.model;
     empty.Reset();
@@ -126,7 +126,7 @@ void Document::Replace(std::string_view label, const std::function<Origin(Projec
 void Document::CommitReplaced(Steps step, ProjectModel model, Origin origin) {
     const bool gestureEnded = std::exchange(inGesture_, false);
     merging_ = false;
-    selected_.reset();
+    selected_ = {};
     if (model == state_.model && origin.path == file_.path && origin.isSaved == !IsChanged()) {
         Tell({.design = {}, .selection = true, .gestureEnded = gestureEnded});
         return;
@@ -134,8 +134,9 @@ void Document::CommitReplaced(Steps step, ProjectModel model, Origin origin) {
     state_ = {.model = std::move(model), .revision = ++lastRevision_};
     file_ = {.path = std::move(origin.path), .savedRevision = origin.isSaved ? lastRevision_ : 0};
     undo_.splice(undo_.end(), step);
-    undo_.back().bytes = undo_.back().other.model.UnsharedBytes(state_.model);
+    undo_.back().Weigh(state_.model);
     redo_.clear();
+    merging_ = !undo_.back().mergeKey.empty();
     Trim();
     Tell({.design = everything,
           .replaced = true,
@@ -194,7 +195,7 @@ void Document::Redo() {
 }
 
 /// Goes to the other side of the last step of `from`, which becomes the last one of `to`.
-void Document::GoOver(Steps& from, Steps& to, std::optional<ComponentRef> Step::*selected) {
+void Document::GoOver(Steps& from, Steps& to, Selection Step::*selected) {
     const bool wasChanged = IsChanged();
     to.splice(to.end(), from, std::prev(from.end()));
     Step& step = to.back();
@@ -209,9 +210,15 @@ void Document::GoOver(Steps& from, Steps& to, std::optional<ComponentRef> Step::
     change.selection = std::exchange(selected_, step.*selected) != step.*selected;
     change.file = replaced || IsChanged() != wasChanged;
     change.history = true;
-    step.bytes = step.other.model.UnsharedBytes(state_.model);
+    step.Weigh(state_.model);
     Trim();
     Tell(change);
+}
+
+void Document::Step::Weigh(const ProjectModel& present) {
+    bytes = other.model.UnsharedBytes(present);
+    if (selectedAfter.IsSeveral())
+        bytes += selectedAfter.Count() * sizeof(ComponentRef);
 }
 
 /// Forgets the oldest steps, and behind them the ones that are farthest ahead, but never the only one left.

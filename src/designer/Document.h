@@ -1,5 +1,6 @@
 #pragma once
 
+#include "designer/Selection.h"
 #include "model/Differences.h"
 #include "model/ProjectModel.h"
 
@@ -17,7 +18,7 @@ namespace pirol {
 struct DocumentChange {
     DesignChange design;       ///< what is another than before
     bool replaced = false;     ///< another design took the place of the one there was
-    bool selection = false;    ///< another component is selected
+    bool selection = false;    ///< other components are selected, or another one leads
     bool file = false;         ///< the path, or whether there are unsaved changes
     bool history = false;      ///< what can be undone or redone
     bool gestureEnded = false; ///< the user let go
@@ -52,19 +53,21 @@ class Document {
     bool IsChanged() const { return state_.revision != file_.savedRevision; }
     /// The number of the design's state. Every change gives a new one; undo and redo bring the former one back.
     std::uint64_t StateNumber() const { return state_.revision; }
-    /// The component whose properties the property list shows; it is always one that can be seen.
-    std::optional<ComponentRef> Selected() const;
+    /// The components whose properties the property list shows; they can always be seen.
+    const Selection& AllSelected() const { return selected_; }
+    /// The one that leads them; the only one, mostly.
+    std::optional<ComponentRef> Selected() const { return selected_.Leader(); }
 
-    /// Selects a component, or none. No step of the history.
-    void Select(std::optional<ComponentRef> component);
+    /// Selects those of the components that can be seen. No step of the history.
+    void Select(const Selection& components);
 
     /// Changes the design. `label` is what the user calls the step, German; a merge key that is not empty joins it with
     /// the last step when that has the same key, until something else happens. When nothing differs afterwards there is
     /// no step. What a change that throws has done until then stays as a step, and the exception goes on.
     /// Raises std::bad_alloc with the design unchanged when the step cannot be kept.
     void Edit(std::string_view label, const std::function<void(ProjectModel&)>& change, std::string_view mergeKey = {});
-    /// The same for a change that selects: the component that it gives, or none.
-    void EditAndSelect(std::string_view label, const std::function<std::optional<ComponentRef>(ProjectModel&)>& change);
+    /// The same for a change that selects: the components that it gives.
+    void EditAndSelect(std::string_view label, const std::function<Selection(ProjectModel&)>& change);
 
     /// Where a design that takes the place of another comes from.
     struct Origin {
@@ -73,8 +76,10 @@ class Document {
     };
     /// Puts another design in the place of this one, with nothing selected; the former one, with its path, is a step
     /// back. `fill` gets a copy of the design, makes it the new one and says where it comes from. When it throws, what
-    /// it has made until then takes the place, without a path, and the exception goes on.
-    void Replace(std::string_view label, const std::function<Origin(ProjectModel&)>& fill);
+    /// it has made until then takes the place, without a path, and the exception goes on. A merge key that is not empty
+    /// lets the edits with the same key that follow at once join the step.
+    void Replace(std::string_view label, const std::function<Origin(ProjectModel&)>& fill,
+                 std::string_view mergeKey = {});
 
     /// The design has been saved in this file.
     void MarkSaved(std::string path);
@@ -115,26 +120,28 @@ class Document {
         std::string mergeKey;
         State other; ///< on the other side of the step: before it while it can be undone, behind it afterwards
         std::optional<File> otherFile; ///< of a step that replaced the design
-        std::optional<ComponentRef> selectedBefore;
-        std::optional<ComponentRef> selectedAfter;
-        std::size_t bytes = 0; ///< that `other` does not share with the present state
+        Selection selectedBefore;
+        Selection selectedAfter;
+        std::size_t bytes = 0; ///< that the step does not share with the present state
+
+        void Weigh(const ProjectModel& present);
     };
     using Steps = std::list<Step>;
 
-    using Change = std::function<std::optional<ComponentRef>(ProjectModel&)>;
+    using Change = std::function<Selection(ProjectModel&)>;
 
     void Run(std::string_view label, std::string_view mergeKey, const Change& change);
     bool MergesWith(std::string_view mergeKey) const;
     Steps NewStep(std::string_view label, std::string_view mergeKey) const;
-    void Commit(Steps step, const ProjectModel& before, std::optional<ComponentRef> selected);
+    void Commit(Steps step, const ProjectModel& before, const Selection& selected);
     void CommitReplaced(Steps step, ProjectModel model, Origin origin);
-    void GoOver(Steps& from, Steps& to, std::optional<ComponentRef> Step::*selected);
+    void GoOver(Steps& from, Steps& to, Selection Step::*selected);
     void Trim();
     void Tell(DocumentChange change);
 
     State state_;
     File file_;
-    std::optional<ComponentRef> selected_;
+    Selection selected_;
     Revision lastRevision_ = 1;
     Steps undo_; ///< the last one is undone next
     Steps redo_; ///< the last one is redone next

@@ -3,6 +3,7 @@
 #include "base/Conversions.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "designer/Arranging.h"
 #include "designer/ListEditorModel.h"
 
 #include <algorithm>
@@ -76,13 +77,78 @@ std::string Refusal(const ProjectModel& model, const Control& control, std::stri
     return {};
 }
 
-std::string OnOneLine(EditorKind editor, std::string_view text) {
-    if (editor != EditorKind::List)
-        return SingleLine(text);
-    std::vector<std::string> items = ListItems(text);
-    std::transform(items.begin(), items.end(), items.begin(), [](const std::string& item) { return SingleLine(item); });
-    return JoinList(items);
+/// The text that the component gets: its own number changed by what follows "+=" or "-=".
+std::string NewValue(const PropertyRow& row, const Control& control, const std::string& text) {
+    const bool isStep = row.key->editor == EditorKind::Number && (text.starts_with("+=") || text.starts_with("-="));
+    if (!isStep)
+        return text;
+    const int step = ToInt16(std::string_view(text).substr(2));
+    return std::to_string(ToInt16(ToInt16(row.get(control)) + (text.front() == '+' ? step : -step)));
 }
+
+bool IsShared(const PropertyKey& key, const Selection& selected) {
+    const bool isSize = key.key == keys::width.key || key.key == keys::height.key;
+    return key.key != keys::name.key &&
+           (!isSize || std::all_of(selected.begin(), selected.end(),
+                                   [](ComponentRef component) { return CanBeSized(component.kind); }));
+}
+
+/// The rows that all the components have. Of each kind the rows are looked up once: the selection goes kind by kind.
+class SharedRows {
+  public:
+    SharedRows(const ProjectModel& model, const Selection& selected) {
+        for (const PropertyPanelRow& row : RowsFor(model.Element(*selected.Leader())))
+            if (row.isCategory || IsShared({row.key, row.caption, {}, row.editor, row.detail}, selected))
+                rows_.push_back({row, nullptr});
+        std::optional<ComponentKind> kind;
+        for (const ComponentRef component : selected) {
+            const Control& control = model.Element(component);
+            if (kind != component.kind)
+                TurnTo(control);
+            kind = component.kind;
+            Compare(control);
+        }
+    }
+
+    std::vector<PropertyPanelRow> Rows() && {
+        std::vector<PropertyPanelRow> rows;
+        for (Row& row : rows_) {
+            if (row.shown.isCategory && !rows.empty() && rows.back().isCategory)
+                rows.pop_back();
+            rows.push_back(std::move(row.shown));
+        }
+        if (!rows.empty() && rows.back().isCategory)
+            rows.pop_back();
+        return rows;
+    }
+
+  private:
+    struct Row {
+        PropertyPanelRow shown;
+        const PropertyRow* own; ///< of the kind at hand
+    };
+
+    void TurnTo(const Control& control) {
+        std::erase_if(rows_, [&control](Row& row) {
+            if (row.shown.isCategory)
+                return false;
+            row.own = FindRow(control, row.shown.key);
+            return row.own == nullptr || row.own->key->label != row.shown.caption ||
+                   row.own->key->editor != row.shown.editor || row.own->key->detail != row.shown.detail;
+        });
+    }
+
+    void Compare(const Control& control) {
+        for (auto& [shown, own] : rows_) {
+            if (shown.isCategory || shown.differs || RowFor(control, *own).value == shown.value)
+                continue;
+            shown.differs = true;
+            shown.value.clear();
+        }
+    }
+
+    std::vector<Row> rows_;
+};
 
 /// The captions of a list's rows, or what its first field holds when the rows have none.
 std::string ListSummary(const PropertyPanelRow& row, std::size_t mostBytes) {
@@ -102,33 +168,54 @@ std::string ListSummary(const PropertyPanelRow& row, std::size_t mostBytes) {
 
 } // namespace
 
-std::vector<PropertyPanelRow> LoadProperties(const ProjectModel& model, std::optional<ComponentRef> selected) {
+std::string OnOneLine(EditorKind editor, std::string_view text) {
+    if (editor != EditorKind::List)
+        return SingleLine(text);
+    std::vector<std::string> items = ListItems(text);
+    std::transform(items.begin(), items.end(), items.begin(), [](const std::string& item) { return SingleLine(item); });
+    return JoinList(items);
+}
+
+std::vector<PropertyPanelRow> LoadProperties(const ProjectModel& model, const Selection& selected) {
     return UnderLabel(loadLabel, [&] {
-        if (!selected)
+        if (selected.IsEmpty())
             return std::vector{Category("noobject", "Kein Objekt gewählt")};
-        return RowsFor(model.Element(*selected));
+        if (selected.IsSeveral())
+            return SharedRows(model, selected).Rows();
+        return RowsFor(model.Element(*selected.Leader()));
     });
 }
 
 std::string PropertyChanged(Document& document, std::string_view key, std::string_view value) {
     return UnderLabel(propertyChangedLabel, [&]() -> std::string {
-        const std::optional<ComponentRef> selected = document.Selected();
-        if (!selected)
+        const Selection selected = document.AllSelected();
+        const PropertyRow* first = nullptr;
+        for (const ComponentRef component : selected) {
+            const PropertyRow* row = FindRow(document.Model().Element(component), key);
+            if (row == nullptr || (selected.IsSeveral() && !IsShared(*row->key, selected)))
+                return {};
+            first = row;
+        }
+        if (first == nullptr)
             return {};
-        const PropertyRow* row = FindRow(document.Model().Element(*selected), key);
-        if (row == nullptr)
-            return {};
-        const std::string text = OnOneLine(row->key->editor, value);
-        const auto change = [&](ProjectModel& model) { row->set(model.EditElement(*selected), text); };
-        // Tried on a copy: a value that the component holds already is not refused, and a bad one is no step.
+        const std::string text = OnOneLine(first->key->editor, value);
+        const auto change = [&](ProjectModel& model) {
+            for (const ComponentRef component : selected) {
+                Control& control = model.EditElement(component);
+                const PropertyRow& row = *FindRow(control, key);
+                row.set(control, NewValue(row, control, text));
+            }
+        };
+        // Tried on a copy: a value that the components hold already is not refused, and a bad one is no step.
         ProjectModel trial = document.Model();
         change(trial);
         if (trial == document.Model())
             return {};
-        std::string refusal = Refusal(document.Model(), document.Model().Element(*selected), key, text);
+        std::string refusal = Refusal(document.Model(), document.Model().Element(*selected.Leader()), key, text);
         if (refusal.empty())
-            document.Edit(Concatenate(row->key->label, " ändern"), change,
-                          Concatenate("property ", key, " ", static_cast<int>(selected->kind), " ", selected->index));
+            document.Edit(Concatenate(first->key->label, " ändern"), change,
+                          Concatenate("property ", key, " ", static_cast<int>(selected.Leader()->kind), " ",
+                                      selected.Leader()->index));
         return refusal;
     });
 }
@@ -142,6 +229,8 @@ std::vector<std::pair<std::string_view, std::string_view>> Choices(std::string_v
 }
 
 std::string ShownText(const PropertyPanelRow& row, std::size_t mostBytes) {
+    if (row.differs)
+        return "(verschieden)";
     if (row.editor == EditorKind::Choice)
         for (const auto& [value, label] : Choices(row.detail))
             if (value == row.value)

@@ -22,22 +22,27 @@ struct PropertyPanelRow {
     std::string value; ///< UTF-8; flags "wahr" or "falsch", choices by their number, list items separated by code 0
     EditorKind editor = EditorKind::Text;
     std::string_view detail; ///< choices, file filter or row descriptor, as the editor kind needs it
+    bool differs = false;    ///< several components have different values; `value` is empty then
 
     bool operator==(const PropertyPanelRow&) const = default;
 };
 
-/// The rows for the selected component in the order of the list: each category is followed by its rows. Without a
-/// component the one category row "noobject".
-/// Raises RuntimeError::IndexOutOfRange under "Main.File.Properties.LoadProperties" when there is no such component.
-std::vector<PropertyPanelRow> LoadProperties(const ProjectModel& model, std::optional<ComponentRef> selected);
+/// The rows for the selected components in the order of the list: each category is followed by its rows. Several have
+/// the rows that all of them have, without the name, and without the sizes where one is never sized. Without a
+/// component the one category row "noobject". Raises RuntimeError::IndexOutOfRange under
+/// "Main.File.Properties.LoadProperties" when there is no such component.
+std::vector<PropertyPanelRow> LoadProperties(const ProjectModel& model, const Selection& selected);
 
-/// Writes an edited value back into the selected component, as a step that goes on while the same property is edited. A
-/// key that the component does not have changes nothing. Line breaks and the codes 0 and 1 divide project files, so
-/// each becomes a blank; within a list code 0 stays. Gives the German message to show when the design refuses the value
-/// (an empty name, one that is taken, a password character that is not one character, a text that is too long);
-/// otherwise an empty text. Raises what ToInt16 and RadioButtonsOf raise, under propertyChangedLabel. Refused and bad
-/// values are no step.
+/// Writes an edited value into the selected components, all or none, as a step that goes on while the same property is
+/// edited. For a number "+=30" and "-=10" change each from its own value. A key that one does not have changes nothing.
+/// Line breaks and the codes 0 and 1 divide project files, so each becomes a blank; within a list code 0 stays. Gives
+/// the German message to show when the design refuses the value (an empty name, one that is taken, a password character
+/// that is not one character, a text that is too long); otherwise an empty text. Raises what ToInt16 and RadioButtonsOf
+/// raise, under propertyChangedLabel. Refused and bad values are no step.
 std::string PropertyChanged(Document& document, std::string_view key, std::string_view value);
+
+/// A property's text as one field of a project file can hold it; a list's items each.
+std::string OnOneLine(EditorKind editor, std::string_view text);
 
 /// The choices of a detail like "0|Links|1|Mitte|2|Rechts": value and label of each.
 std::vector<std::pair<std::string_view, std::string_view>> Choices(std::string_view detail);

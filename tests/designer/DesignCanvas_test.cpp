@@ -1,6 +1,7 @@
 #include "app/FileCommands.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "Cases.h"
 #include "designer/DesignCanvas.h"
 #include "Tables.h"
 
@@ -54,6 +55,8 @@ class DesignCanvasTest : public ::testing::Test, private DocumentListener {
     void Do(std::string_view step) {
         const std::map<std::string, std::function<void(int, int)>> commands = {
             {"press", [this](int x, int y) { canvas.Press(x, y, MouseButton::Left); }},
+            {"control", [this](int x, int y) { canvas.Press(x, y, MouseButton::Left, {.control = true}); }},
+            {"shift", [this](int x, int y) { canvas.Press(x, y, MouseButton::Left, {.shift = true}); }},
             {"other", [this](int x, int y) { canvas.Press(x, y, MouseButton::Other); }},
             {"move", [this](int x, int y) { canvas.Move(x, y); }},
             {"release", [this](int, int) { canvas.Release(); }},
@@ -64,6 +67,9 @@ class DesignCanvasTest : public ::testing::Test, private DocumentListener {
             {"next", [this](int, int) { isAtEnd = !canvas.SelectNext(true); }},
             {"previous", [this](int, int) { isAtEnd = !canvas.SelectNext(false); }},
             {"step", [this](int x, int y) { canvas.MoveSelected(x, y); }},
+            {"pixel", [this](int x, int y) { canvas.MoveSelected(x, y, false, true); }},
+            {"all", [this](int, int) { canvas.SelectAll(); }},
+            {"toggle", [this](int, int) { canvas.ToggleReached(); }},
             {"grow", [this](int x, int y) { canvas.ResizeSelected(x, y); }},
             {"place", [this](int, int) { canvas.PlaceByKeyboard(); }},
         };
@@ -79,12 +85,15 @@ class DesignCanvasTest : public ::testing::Test, private DocumentListener {
         return Concatenate(box.left, " ", box.top, " ", box.width, " ", box.height);
     }
 
-    /// The boxes of the visible components, the selected one behind a star.
+    /// The boxes of the visible components, the leader of the selection behind a star and its others behind a plus.
     std::string Boxes() {
         std::string boxes;
         for (const ComponentRef component : model.CreationOrder())
             if (model.Element(component).Visible)
-                boxes += (boxes.empty() ? "" : ", ") + std::string(canvas.Selected() == component ? "*" : "") +
+                boxes += std::string(boxes.empty() ? "" : ", ") +
+                         (canvas.Selected() == component             ? "*"
+                          : canvas.AllSelected().Contains(component) ? "+"
+                                                                     : "") +
                          Text(BoxOf(component));
         return boxes;
     }
@@ -122,6 +131,33 @@ TEST_F(DesignCanvasTest, Gestures) {
         EXPECT_EQ(canvas.StatusText(), row[3]);
         EXPECT_EQ(Gesture(), row[4]);
         EXPECT_EQ(loads > loadsBefore ? "yes" : "no", row[5]);
+    }
+}
+
+/// And undoing and redoing the last step lead to the same selection.
+TEST_F(DesignCanvasTest, SeveralComponents) {
+    for (const test::TableRow& row : test::Table("canvas-several")) {
+        SCOPED_TRACE(row.line);
+        NewProject(document);
+        canvas.SetSnapsToGrid(true);
+        canvas.ChooseKind(1);
+        AddAll(row[0]);
+        const std::string before = document.UndoLabel();
+        std::string outcome;
+        for (const std::string_view step : Split(row[1], ';')) {
+            const int error = test::ErrorNumberOf([&] { Do(step); });
+            outcome = error == 0 ? "" : Concatenate("error ", error, ", ");
+        }
+        const std::string boxes = Boxes();
+        EXPECT_EQ(outcome + boxes, row[2]);
+        EXPECT_EQ(document.UndoLabel() == before ? "" : document.UndoLabel(), row[3]);
+        EXPECT_FALSE(outcome.empty() && (canvas.IsPressed() || document.IsInGesture()));
+        if (row[3].empty())
+            continue;
+        document.Undo();
+        EXPECT_NE(Boxes(), boxes);
+        document.Redo();
+        EXPECT_EQ(Boxes(), boxes);
     }
 }
 
