@@ -1,5 +1,8 @@
 ; Installs Pirol for the user who runs it, who needs no administrator's rights. Called by packaging/windows/build with
 ; VERSION, FILES (the folder to install), LIST (the commands that delete its files) and OUTPUT.
+;
+; Pirol itself starts a newer setup with the one argument "/UPDATE=PROJECT". Then nobody is asked anything: the setup waits
+; for Pirol's end, installs over it, and starts it again with the project, if there is one.
 Unicode true
 Target amd64-unicode
 SetCompressor /SOLID lzma
@@ -27,8 +30,10 @@ VIAddVersionKey /LANG=1031 "LegalCopyright" "GNU General Public License, Version
 !define MUI_ICON "..\..\src\resources\icons\pirol.ico"
 !define MUI_UNICON "..\..\src\resources\icons\pirol.ico"
 !define MUI_FINISHPAGE_RUN "$INSTDIR\Pirol.exe"
+!define MUI_PAGE_CUSTOMFUNCTION_PRE NotWhenUpdating
 !insertmacro MUI_PAGE_DIRECTORY
 !insertmacro MUI_PAGE_INSTFILES
+!define MUI_PAGE_CUSTOMFUNCTION_PRE NotWhenUpdating
 !insertmacro MUI_PAGE_FINISH
 !insertmacro MUI_UNPAGE_CONFIRM
 !insertmacro MUI_UNPAGE_INSTFILES
@@ -39,7 +44,73 @@ VIAddVersionKey /LANG=1031 "LegalCopyright" "GNU General Public License, Version
     System::Call 'shell32::SHChangeNotify(i 0x08000000, i 0, p 0, p 0)'
 !macroend
 
+Var Updating
+Var Project
+
+; An argument in quotes is one of Pirol's; it never ends in a backslash, because it is a file.
+Function .onInit
+    StrCpy $Updating 0
+    ${GetParameters} $0
+    StrCpy $1 $0 9
+    ${If} $1 == '"/UPDATE='
+        StrCpy $Updating 1
+        StrCpy $Project $0 "" 9
+        StrCpy $Project $Project -1
+        SetAutoClose true
+    ${EndIf}
+FunctionEnd
+
+Function NotWhenUpdating
+    ${If} $Updating == 1
+        Abort
+    ${EndIf}
+FunctionEnd
+
+; Whatever came of it, the user gets Pirol back, the new one or the old one.
+Function StartAgain
+    ${If} $Updating == 1
+    ${AndIf} ${FileExists} "$INSTDIR\Pirol.exe"
+        SetOutPath "$PROFILE"
+        ${If} $Project == ""
+            Exec '"$INSTDIR\Pirol.exe"'
+        ${Else}
+            Exec '"$INSTDIR\Pirol.exe" "$Project"'
+        ${EndIf}
+    ${EndIf}
+FunctionEnd
+
+Function .onInstSuccess
+    Call StartAgain
+FunctionEnd
+
+Function .onInstFailed
+    Call StartAgain
+FunctionEnd
+
+; A running program cannot be written to. Half a minute is long enough for one that is ending.
+Function WaitForPirol
+    StrCpy $0 0
+    ${DoWhile} ${FileExists} "$INSTDIR\Pirol.exe"
+        ClearErrors
+        FileOpen $1 "$INSTDIR\Pirol.exe" a
+        ${IfNot} ${Errors}
+            FileClose $1
+            ${ExitDo}
+        ${EndIf}
+        IntOp $0 $0 + 1
+        ${If} $0 > 120
+            MessageBox MB_OK|MB_ICONEXCLAMATION "Pirol läuft noch und lässt sich nicht ersetzen. Beenden Sie alle Fenster von \
+Pirol, und suchen Sie noch einmal nach der neuen Version." /SD IDOK
+            Abort
+        ${EndIf}
+        Sleep 250
+    ${Loop}
+FunctionEnd
+
 Section
+    ${If} $Updating == 1
+        Call WaitForPirol
+    ${EndIf}
     SetOutPath "$INSTDIR"
     File /r "${FILES}\*"
     WriteUninstaller "$INSTDIR\Deinstallieren.exe"
@@ -76,6 +147,7 @@ Section Uninstall
     RMDir "$INSTDIR"
     RMDir "$LOCALAPPDATA\Programs"
     RMDir /r "$LOCALAPPDATA\Pirol\Recovery" ; what Pirol keeps in case it is killed
+    RMDir /r "$LOCALAPPDATA\Pirol\update" ; what was loaded of newer versions
     RMDir "$LOCALAPPDATA\Pirol"
     Delete "$SMPROGRAMS\Pirol.lnk"
 

@@ -28,10 +28,11 @@ MEGABYTE = 1 << 20
 
 # What every Windows has from version 10 on.
 SYSTEM_LIBRARIES = set("""
-    advapi32.dll api-ms-win-core-synch-l1-2-0.dll api-ms-win-core-winrt-l1-1-0.dll api-ms-win-core-winrt-string-l1-1-0.dll
-    authz.dll comdlg32.dll d3d11.dll d3d9.dll dwmapi.dll dwrite.dll dxgi.dll gdi32.dll imm32.dll kernel32.dll msvcrt.dll
-    netapi32.dll ole32.dll oleaut32.dll shcore.dll shell32.dll shlwapi.dll user32.dll userenv.dll uxtheme.dll version.dll
-    winmm.dll winspool.drv ws2_32.dll wtsapi32.dll""".split())
+    advapi32.dll api-ms-win-core-synch-l1-2-0.dll api-ms-win-core-winrt-l1-1-0.dll
+    api-ms-win-core-winrt-string-l1-1-0.dll authz.dll bcrypt.dll comdlg32.dll crypt32.dll d3d11.dll d3d9.dll
+    dnsapi.dll dwmapi.dll dwrite.dll dxgi.dll gdi32.dll imm32.dll iphlpapi.dll kernel32.dll msvcrt.dll ncrypt.dll
+    netapi32.dll ole32.dll oleaut32.dll secur32.dll shcore.dll shell32.dll shlwapi.dll user32.dll userenv.dll
+    uxtheme.dll version.dll winhttp.dll winmm.dll winspool.drv ws2_32.dll wtsapi32.dll""".split())
 
 
 def setUpModule():
@@ -263,6 +264,44 @@ class InstallerTest(WindowsTest):
         left = wine.registry("HKEY_CURRENT_USER") | wine.registry(r"HKEY_LOCAL_MACHINE\Software")
         self.assertEqual({place: value for place, value in left.items() if "pirol" in str((place, value)).lower()}, {})
         self.assertEqual(left[classes + r"\.prl", "(Standard)"], ("REG_SZ", "Other.Program"))
+
+
+class UpdateTest(WindowsTest):
+    def newer_setup(self):
+        """The same program with another license text, as version 99."""
+        files = self.folder / "files"
+        shutil.copytree(BUILD / "Pirol", files)
+        (files / "Lizenz.txt").write_text("newer")
+        setup = self.folder / "Pirol-Setup-99.0.0.exe"
+        subprocess.run(["makensis", "-V1", "-INPUTCHARSET", "UTF8", "-DVERSION=99.0.0", f"-DFILES={files}",
+                        f"-DLIST={BUILD / 'files.nsh'}", f"-DOUTPUT={setup}", ROOT / "packaging" / "windows" / "installer.nsi"],
+                       check=True)
+        return setup
+
+    def test_setup_replaces_a_running_pirol_and_starts_it_again(self):
+        work = self.folder / "Mein Quiz.prl"
+        shutil.copy(QUIZ, work)
+        self.assertEqual(wine.run(BUILD / "Pirol-Setup.exe", "/S").returncode, 0)
+        home = wine.user_folder / "AppData" / "Local" / "Programs" / "Pirol"
+        wine.run("reg", "add", KEY, "/v", "GridStyle", "/t", "REG_DWORD", "/d", "2", "/f")
+        with Designer(home / "Pirol.exe", display, self.folder, work, wine=wine) as designer:
+            designer.use(r"^Mein Quiz\.prl - Pirol$")
+            setup = subprocess.Popen(["wine", self.newer_setup(), "/UPDATE=" + wine.path(work)], env=wine.environment)
+            time.sleep(3)
+            self.assertNotEqual((home / "Lizenz.txt").read_text(), "newer", "it waits for the end of Pirol")
+            designer.key("ctrl+q")
+            designer.wait_for_end()
+            self.assertEqual(setup.wait(60), 0)
+            end = time.monotonic() + 30
+            while "Mein Quiz.prl - Pirol" not in designer.windows().values():
+                self.assertLess(time.monotonic(), end, "Pirol does not come back")
+                time.sleep(0.2)
+            self.assertEqual((home / "Lizenz.txt").read_text(), "newer")
+            self.assertEqual(wine.registry(KEY)[KEY, "GridStyle"], ("REG_DWORD", "0x2"))
+            designer.window = next(number for number, name in designer.windows().items() if name.startswith("Mein Quiz"))
+            designer.xdotool("windowfocus", designer.window)
+            designer.key("ctrl+q")
+        wine.run(home / "Deinstallieren.exe", "/S")
 
 
 if __name__ == "__main__":
