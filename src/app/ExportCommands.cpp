@@ -2,7 +2,6 @@
 
 #include "base/FileAccess.h"
 #include "base/RuntimeError.h"
-#include "codegen/JavaImport.h"
 #include "codegen/ProjectExport.h"
 
 namespace pirol {
@@ -32,19 +31,11 @@ FileDialogSetup TextDialog() {
             .Name = "exportDialog"};
 }
 
-FileDialogSetup ImportDialog() {
-    return {.Title = "Java-Datei importieren",
-            .Filter = "SuMAnwendung.java|SuMAnwendung.java",
-            .Flags = FileDialogSetup::FileMustExist,
-            .FileName = {},
-            .Name = "importDialog"};
-}
-
 std::string ExportFile(const ProjectModel& model, CodeOptions options, const FileDialogSetup& setup,
                        cCommonDialog& dialogs) {
     std::string path = dialogs.ShowSave(setup);
     if (!path.empty())
-        ExportSource(PathOf(path), GenerateCode(model, options));
+        dialogs.Wait([&, copy = model] { ExportSource(PathOf(path), GenerateCode(copy, options)); });
     return path;
 }
 
@@ -60,7 +51,7 @@ void Start(const std::string& blueJPath, const std::string& folder, ProgramStart
 std::string ExportBlueJ(const ProjectModel& model, CodeOptions options, cCommonDialog& dialogs) {
     std::string folder = dialogs.ShowSave(BlueJDialog());
     if (!folder.empty())
-        ExportBlueJProject(PathOf(folder), GenerateCode(model, options));
+        dialogs.Wait([&, copy = model] { ExportBlueJProject(PathOf(folder), GenerateCode(copy, options)); });
     return folder;
 }
 
@@ -78,21 +69,6 @@ void StartBlueJ(const std::string& blueJPath, ProgramStarter& starter) {
 
 void StartBlueJOn(const std::string& folder, const std::string& blueJPath, ProgramStarter& starter) {
     Start(blueJPath, folder, ProgramStarter::Window::Minimised, starter);
-}
-
-bool ImportJava(Document& document, cCommonDialog& dialogs) {
-    const std::string path = dialogs.ShowOpen(ImportDialog());
-    if (path.empty())
-        return false;
-    AnalyseCode(ReadSource(PathOf(path)), document);
-    return true;
-}
-
-void AnalyseCode(const std::string& source, Document& document) {
-    document.Replace("Java importieren", [&](ProjectModel& model) {
-        AnalyseCode(source, model);
-        return Document::Origin{};
-    });
 }
 
 } // namespace pirol

@@ -3,15 +3,15 @@
 #include "app/cCommonDialog.h"
 #include "app/ProgramStarter.h"
 #include "codegen/JavaGenerator.h"
-#include "designer/Document.h"
+#include "model/ProjectModel.h"
 
 #include <string>
 
 namespace pirol {
 
-/// The commands that take the generated source out of the designer, and the one that brings a source in. A cancelled
-/// dialog ends each of them silently, and none asks before it writes. They raise RuntimeError under the label
-/// "Main.Project.Export", "Main.File.Java.GenerateCode" or one of "Main.File.Import".
+/// The commands that take the generated source out of the designer. A cancelled dialog ends each of them silently, and
+/// none asks before it writes. They raise RuntimeError under the label "Main.Project.Export" or
+/// "Main.File.Java.GenerateCode".
 
 /// Lets the user name a new folder and writes a BlueJ project into it. Gives the folder, empty when cancelled.
 std::string ExportBlueJ(const ProjectModel& model, CodeOptions options, cCommonDialog& dialogs);
@@ -25,12 +25,5 @@ std::string ExportText(const ProjectModel& model, CodeOptions options, cCommonDi
 /// a file; else nothing happens. Raise RuntimeError under the label "Main.File.StartBlueJ".
 void StartBlueJ(const std::string& blueJPath, ProgramStarter& starter);
 void StartBlueJOn(const std::string& folder, const std::string& blueJPath, ProgramStarter& starter);
-
-/// Lets the user choose a Java source and fills the design from it. True when one was chosen. A file that cannot be
-/// read leaves the design as it is.
-bool ImportJava(Document& document, cCommonDialog& dialogs);
-
-/// Fills the design from a source, UTF-8. What was imported before an error stays.
-void AnalyseCode(const std::string& source, Document& document);
 
 } // namespace pirol

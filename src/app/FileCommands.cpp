@@ -93,8 +93,10 @@ bool SaveProject(Document& document, cCommonDialog& dialogs) {
     const std::string path = dialogs.ShowSave(ProjectDialog("Projekt speichern", document));
     if (path.empty() || !MayReplaceFile(path, dialogs))
         return false;
-    const std::string bytes = GeneratePRLCode(document.Model());
-    UnderLabel("Main.File.PRL.GeneratePRLCode", [&] { ReplaceFileBytes(PathOf(path), bytes); });
+    dialogs.Wait([&path, model = document.Model()] {
+        const std::string bytes = GeneratePRLCode(model);
+        UnderLabel("Main.File.PRL.GeneratePRLCode", [&] { ReplaceFileBytes(PathOf(path), bytes); });
+    });
     document.MarkSaved(path);
     return true;
 }

@@ -7,14 +7,18 @@
 #include <algorithm>
 #include <filesystem>
 #include <system_error>
+#include <utility>
 
 namespace pirol {
 namespace {
 
 constexpr std::string_view key = "Software\\Pirol";
 constexpr std::string_view blueJPathName = "BlueJPath";
+constexpr std::string_view jdkPathName = "JdkPath";
+constexpr std::string_view sumPathName = "SumPath";
 constexpr std::string_view gridStyleName = "GridStyle";
 constexpr std::string_view gridColorName = "GridColor";
+constexpr std::string_view looksForUpdatesName = "UpdateWeekly";
 
 constexpr std::string_view programName = "bluej.exe";
 #ifdef _WIN32
@@ -41,9 +45,12 @@ const std::string_view blueJFilter = onWindows ? "BlueJ.exe|BlueJ.exe" : "BlueJ.
 Preferences Preferences::Load() {
     Preferences stored;
     stored.BlueJPath = registry::ReadText(key, blueJPathName);
+    stored.JdkPath = registry::ReadText(key, jdkPathName);
+    stored.SumPath = registry::ReadText(key, sumPathName);
     // Only the lower half of the stored number counts. A style that the dialog does not offer stays: it draws no marks.
     stored.GridStyle = static_cast<std::int16_t>(registry::ReadNumber(key, gridStyleName));
     stored.GridColor = static_cast<std::uint32_t>(registry::ReadNumber(key, gridColorName));
+    stored.LooksForUpdates = registry::ReadNumber(key, looksForUpdatesName) == 1;
     return stored;
 }
 
@@ -51,6 +58,12 @@ void Preferences::Save() const {
     registry::WriteNumber(key, gridColorName, static_cast<std::int32_t>(GridColor));
     registry::WriteNumber(key, gridStyleName, GridStyle);
     registry::WriteText(key, blueJPathName, BlueJPath);
+    // Nobody who has not chosen them finds them in his store.
+    for (const auto& [name, path] : {std::pair{jdkPathName, &JdkPath}, {sumPathName, &SumPath}})
+        if (*path != registry::ReadText(key, name))
+            registry::WriteText(key, name, *path);
+    if (LooksForUpdates || registry::ReadNumber(key, looksForUpdatesName) != 0)
+        registry::WriteNumber(key, looksForUpdatesName, LooksForUpdates ? 1 : 0);
 }
 
 std::string BlueJPathAfterBrowsing(std::string_view current, std::string_view chosen) {

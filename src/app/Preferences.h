@@ -9,9 +9,12 @@ namespace pirol {
 
 /// What a user prefers for all projects. It is kept in the per-user store and read once, when the program starts.
 struct Preferences {
-    std::string BlueJPath;       ///< the BlueJ program's file, UTF-8; empty when not known
-    std::int16_t GridStyle = 0;  ///< 0, 1 or 2: the option chosen in the dialog; any other draws no marks
-    std::uint32_t GridColor = 0; ///< red in the low byte, then green and blue; 0 is black
+    std::string BlueJPath;        ///< the BlueJ program's file, UTF-8; empty when not known
+    std::int16_t GridStyle = 0;   ///< 0, 1 or 2: the option chosen in the dialog; any other draws no marks
+    std::uint32_t GridColor = 0;  ///< red in the low byte, then green and blue; 0 is black
+    std::string JdkPath = {};     ///< the Java that tests programs, UTF-8; empty for the one that Pirol finds
+    std::string SumPath = {};     ///< the library's archive or folder, UTF-8; empty for the one that Pirol finds
+    bool LooksForUpdates = false; ///< once a week, after the start
 
     bool operator==(const Preferences&) const = default;
 

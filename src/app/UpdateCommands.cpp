@@ -16,40 +16,19 @@ constexpr std::string_view updateLabel = "Main.File.Java.Update";
 constexpr std::string_view mark = "\xEF\xBB\xBF";
 constexpr int oldestVersion = 9;
 
-/// The length of the well-formed character at the text's beginning, or 0.
-std::size_t CharacterLength(std::string_view text) {
-    const auto byte = [&text](std::size_t index) { return static_cast<unsigned char>(text[index]); };
-    struct Row {
-        unsigned first, last;     // of the first byte
-        unsigned lowest, highest; // of the second byte
-        std::size_t length;
-    };
-    constexpr Row rows[] = {{0x00, 0x7F, 0, 0, 1},       {0xC2, 0xDF, 0x80, 0xBF, 2}, {0xE0, 0xE0, 0xA0, 0xBF, 3},
-                            {0xE1, 0xEC, 0x80, 0xBF, 3}, {0xED, 0xED, 0x80, 0x9F, 3}, {0xEE, 0xEF, 0x80, 0xBF, 3},
-                            {0xF0, 0xF0, 0x90, 0xBF, 4}, {0xF1, 0xF3, 0x80, 0xBF, 4}, {0xF4, 0xF4, 0x80, 0x8F, 4}};
-    const auto* const row = std::find_if(std::begin(rows), std::end(rows), [&](const Row& candidate) {
-        return byte(0) >= candidate.first && byte(0) <= candidate.last;
-    });
-    if (row == std::end(rows) || text.size() < row->length)
-        return 0;
-    if (row->length > 1 && (byte(1) < row->lowest || byte(1) > row->highest))
-        return 0;
-    for (std::size_t index = 2; index < row->length; ++index)
-        if ((byte(index) & 0xC0U) != 0x80U)
-            return 0;
-    return row->length;
-}
-
 fs::path Version(const fs::path& path, int age) {
     fs::path version = path;
     version += age == 0 ? std::string(".bak") : ".bak" + std::to_string(age);
     return version;
 }
 
+/// There may be no such version yet.
 void Rename(const fs::path& from, const fs::path& to) {
     std::error_code error;
+    if (fs::symlink_status(from, error).type() == fs::file_type::not_found)
+        return;
     fs::rename(from, to, error);
-    if (error && error != std::errc::no_such_file_or_directory)
+    if (error)
         throw RuntimeError::OfFile(error);
 }
 
@@ -59,8 +38,9 @@ void KeepVersion(const fs::path& path, std::string_view bytes) {
     newest += ".neu";
     ReplaceFileBytes(newest, bytes);
     try {
-        std::error_code ignored;
-        fs::permissions(newest, fs::status(path).permissions(), ignored);
+        std::error_code error;
+        if (const fs::file_status status = fs::status(path, error); !error)
+            fs::permissions(newest, status.permissions(), error);
         for (int age = oldestVersion; age > 0; --age)
             Rename(Version(path, age - 1), Version(path, age));
         Rename(newest, Version(path, 0));
@@ -71,25 +51,42 @@ void KeepVersion(const fs::path& path, std::string_view bytes) {
     }
 }
 
+/// What BlueJ calls the file that makes a folder its project, now and formerly.
+constexpr std::string_view projectFiles[] = {"package.bluej", "bluej.pkg"};
+
+constexpr std::string_view projectIsUnclear =
+    "In diesem BlueJ-Projekt steht keine Java-Datei mit einer Klasse, die EBAnwendung erweitert, oder mehr als eine. "
+    "Bitte wählen Sie die Datei selbst.";
+
+/// Whether a file mentions the class that windows extend; a longer one is none.
+bool MayBeWindow(const fs::path& path) {
+    constexpr std::uintmax_t longest = 10'000'000;
+    std::error_code error;
+    return path.extension() == ".java" && fs::file_size(path, error) <= longest && !error &&
+           ReadFileBytes(path).find("EBAnwendung") != std::string::npos;
+}
+
+/// Empty for none and for several.
+fs::path OnlyWindowIn(const fs::path& folder) {
+    std::vector<fs::path> files = FilesIn(folder);
+    std::erase_if(files, [](const fs::path& file) { return !MayBeWindow(file); });
+    return files.size() == 1 ? files.front() : fs::path();
+}
+
 } // namespace
 
+bool IsBlueJProject(const fs::path& folder) {
+    return std::any_of(std::begin(projectFiles), std::end(projectFiles),
+                       [&folder](std::string_view name) { return IsExistingFile(folder / name); });
+}
+
 JavaEncoding EncodingOf(std::string_view bytes) {
-    const bool hasMark = bytes.starts_with(mark);
-    bool isAscii = !hasMark;
-    for (std::string_view rest = bytes; !rest.empty();) {
-        const auto ascii = std::find_if(rest.begin(), rest.end(), [](char byte) { return byte < 0 || byte > '\x7E'; });
-        rest.remove_prefix(static_cast<std::size_t>(ascii - rest.begin()));
-        if (rest.empty())
-            break;
-        const std::size_t length = CharacterLength(rest);
-        if (length == 0)
-            return JavaEncoding::Windows1252;
-        isAscii = isAscii && length == 1;
-        rest.remove_prefix(length);
-    }
-    if (isAscii)
+    if (!IsUtf8(bytes))
         return JavaEncoding::Windows1252;
-    return hasMark ? JavaEncoding::Utf8WithMark : JavaEncoding::Utf8;
+    if (bytes.starts_with(mark))
+        return JavaEncoding::Utf8WithMark;
+    const bool isAscii = std::all_of(bytes.begin(), bytes.end(), [](char byte) { return (byte & 0x80) == 0; });
+    return isAscii ? JavaEncoding::Windows1252 : JavaEncoding::Utf8;
 }
 
 std::string DecodeJava(std::string_view bytes, JavaEncoding encoding) {
@@ -130,6 +127,37 @@ bool WriteUpdate(const FileUpdate& update) {
         ReplaceFileBytes(update.path, update.after);
         return true;
     });
+}
+
+fs::path JavaFileOf(const fs::path& chosen) {
+    std::error_code ignored;
+    const bool isFolder = fs::is_directory(chosen, ignored);
+    const bool isProject = std::any_of(std::begin(projectFiles), std::end(projectFiles),
+                                       [&chosen](std::string_view name) { return chosen.filename() == name; });
+    if (!isFolder && !isProject)
+        return chosen;
+    const fs::path folder = isFolder ? chosen : chosen.parent_path();
+    const fs::path usual = folder / "SuMAnwendung.java";
+    return IsExistingFile(usual) ? usual : UnderLabel(updateLabel, [&] { return OnlyWindowIn(folder); });
+}
+
+std::string ChooseJavaFile(const std::string& preset, cCommonDialog& dialogs) {
+    FileDialogSetup setup{.Title = "Java-Datei wählen",
+                          .Filter = "Java-Dateien und BlueJ-Projekte|*.java;package.bluej;bluej.pkg|"
+                                    "Alle Dateien (*.*)|*.*",
+                          .Flags = FileDialogSetup::FileMustExist | FileDialogSetup::BlueJFolder,
+                          .FileName = preset,
+                          .Name = "updateDialog"};
+    for (;;) {
+        const std::string chosen = dialogs.ShowOpen(setup);
+        if (chosen.empty())
+            return {};
+        const fs::path file = JavaFileOf(PathOf(chosen));
+        if (!file.empty())
+            return TextOf(file);
+        dialogs.Information(projectIsUnclear);
+        setup.FileName = chosen;
+    }
 }
 
 } // namespace pirol

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/cCommonDialog.h"
 #include "codegen/JavaUpdate.h"
 #include "model/ProjectModel.h"
 
@@ -36,5 +37,17 @@ FileUpdate PrepareUpdate(const std::filesystem::path& path, const ProjectModel& 
 /// changed since it was read. Raises RuntimeError under the label "Main.File.Java.Update"; the file stays as it was
 /// then.
 [[nodiscard]] bool WriteUpdate(const FileUpdate& update);
+
+/// Whether BlueJ opens the folder as a project.
+bool IsBlueJProject(const std::filesystem::path& folder);
+
+/// The Java file of a BlueJ project, given by its folder or its project file: SuMAnwendung.java, or the only source
+/// with a class that extends EBAnwendung. Another path is given back as it is; empty when a project has no such file,
+/// or several. Raises RuntimeError under the label "Main.File.Java.Update" for a folder that cannot be read.
+std::filesystem::path JavaFileOf(const std::filesystem::path& chosen);
+
+/// Lets the user choose the file to bring up to date, or the BlueJ project that it belongs to. Asks again, and says
+/// why, where a project does not tell the file. The path, UTF-8; empty when cancelled. Raises what JavaFileOf raises.
+std::string ChooseJavaFile(const std::string& preset, cCommonDialog& dialogs);
 
 } // namespace pirol

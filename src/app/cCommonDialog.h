@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -12,8 +13,9 @@ namespace pirol {
 struct FileDialogSetup {
     /// What the common dialogs of the desktop call their flags; others are ignored.
     enum Flag : std::uint32_t {
-        PathMustExist = 2048, ///< the folder of the file must exist
-        FileMustExist = 4096, ///< the file itself must exist; a save dialog asks only for its folder
+        PathMustExist = 2048,    ///< the folder of the file must exist
+        FileMustExist = 4096,    ///< the file itself must exist; a save dialog asks only for its folder
+        BlueJFolder = 1U << 30U, ///< of ours: a BlueJ project's folder may be opened in place of a file
     };
 
     std::string Title;
@@ -83,6 +85,10 @@ class cCommonDialog {
     virtual void Critical(std::string_view title, std::string_view text) = 0;
     /// A question with the buttons Yes and No and the exclamation icon; true for Yes. Closing the box means No.
     virtual bool Question(std::string_view text) = 0;
+
+    /// Runs work that can take long and returns when it is done; the windows may be painted meanwhile. What it raises
+    /// passes through.
+    virtual void Wait(const std::function<void()>& work) { work(); }
 };
 
 /// Whether a file may be written: asks the user when the path, UTF-8, names one that is there already.

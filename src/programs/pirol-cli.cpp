@@ -1,7 +1,10 @@
 // pirol-cli: what the designer does with files, without a window.
 
 #include "app/Console.h"
+#include "app/TestRun.h"
 #include "app/UpdateCommands.h"
+#include "app/UpdateRecord.h"
+#include "app/VersionLookup.h"
 #include "base/FileAccess.h"
 #include "base/HashFunction.h"
 #include "base/RuntimeError.h"
@@ -12,9 +15,11 @@
 #include "codegen/JavaImport.h"
 #include "codegen/JavaReader.h"
 #include "codegen/ProjectExport.h"
+#include "programs/ListTransport.h"
 #include "project/ProjectFile.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cstdio>
 #include <filesystem>
 #include <optional>
@@ -39,6 +44,8 @@ constexpr std::string_view usage =
     "  pirol-cli copy P.prl ZIEL.prl                          Projekt laden und speichern\n"
     "  pirol-cli check P.prl ...                              zeigen, was das Projekt enthält\n"
     "  pirol-cli lint P.prl [--menu] [--sql]                  Hinweise zum erzeugten Programm geben\n"
+    "  pirol-cli run P.prl [--menu] [--sql]                   Programm übersetzen und laufen lassen\n"
+    "  pirol-cli update-check                                 sagen, ob es eine neuere Version gibt\n"
     "  pirol-cli hash DATEI                                   Inhalts-Hash der Datei ausgeben\n"
     "  pirol-cli --help | --version\n"
     "\n"
@@ -49,7 +56,10 @@ constexpr std::string_view usage =
     "update behält, was im Quelltext davon schon da ist; --no-menu und --no-sql nehmen es heraus. Es sagt je Zeile, "
     "was es\n"
     "getan hat, und schreibt mit --dry-run nichts. Die zehn Fassungen davor bleiben als .bak, .bak1 bis .bak9.\n"
-    "lint endet mit 0, wenn es nichts zu sagen hat, und mit 1 nach Hinweisen, einem je Zeile.\n";
+    "run braucht ein JDK und endet mit dem Programm; was es druckt, geht an die Standardausgabe, alles andere an die\n"
+    "Standardfehlerausgabe. Nach einem Fehler ist der Status 1.\n"
+    "lint endet mit 0, wenn es nichts zu sagen hat, und mit 1 nach Hinweisen, einem je Zeile.\n"
+    "update-check lädt und ändert nichts; mit 1 endet es, wenn sich die Frage nicht beantworten lässt.\n";
 
 /// The call does not look as it should.
 struct UsageError {
@@ -166,12 +176,6 @@ ExitStatus Import(const Arguments& arguments) {
     return done;
 }
 
-/// Where an entry's thing stands: in the new source, or in the old one when it is gone.
-std::string LineText(const UpdateEntry& entry) {
-    const std::size_t line = entry.newLine != 0 ? entry.newLine : entry.oldLine;
-    return line == 0 ? std::string() : Concatenate(" (Zeile ", line, entry.newLine == 0 ? " bisher)" : ")");
-}
-
 ExitStatus Update(const Arguments& arguments) {
     if ((arguments.code.menu && arguments.withoutMenu) || (arguments.code.database && arguments.withoutDatabase))
         throw UsageError{"Ein Teil kann nicht zugleich hinein und heraus."};
@@ -184,7 +188,7 @@ ExitStatus Update(const Arguments& arguments) {
     const FileUpdate update = PrepareUpdate(PathOf(arguments.names[1]), Load(arguments.names[0]), options);
     std::string lines;
     for (const UpdateEntry& entry : update.update.entries)
-        Append(lines, WordOf(entry.action), ": ", entry.text, LineText(entry), "\n");
+        Append(lines, LineOf(entry), "\n");
     if (!update.Changes())
         Append(lines, "unverändert: ", arguments.names[1], "\n");
     if (!arguments.dryRun && !WriteUpdate(update)) {
@@ -246,8 +250,78 @@ ExitStatus Lint(const Arguments& arguments) {
     return hints.empty() ? done : hintsGiven;
 }
 
+/// What a running program tells, as text. Handlers that are called and errors say so themselves.
+void PrintEvent(const RunEvent& event) {
+    const std::string_view lineEnd = event.isOpen ? "" : "\n";
+    switch (event.kind) {
+    case RunEvent::Kind::State:
+        break;
+    case RunEvent::Kind::Output:
+        Print(stdout, Concatenate(event.text, lineEnd));
+        break;
+    case RunEvent::Kind::Call:
+        Print(stderr, Concatenate("Aufruf: ", event.text, lineEnd));
+        break;
+    case RunEvent::Kind::Error:
+        Print(stderr, event.line == 0 ? Concatenate("Fehler: ", event.text, lineEnd)
+                                      : Concatenate("Fehler in Zeile ", event.line, ": ", event.text, lineEnd));
+        break;
+    case RunEvent::Kind::Complaint:
+    case RunEvent::Kind::Note:
+        Print(stderr, Concatenate(event.text, lineEnd));
+        break;
+    }
+}
+
+ExitStatus RunProgram(const Arguments& arguments) {
+    const std::filesystem::path project = PathOf(arguments.names[0]);
+    std::atomic<ExitStatus> status = done;
+    const auto listen = [&status](const RunEvent& event) {
+        if (event.kind == RunEvent::Kind::Error)
+            status = refused;
+        try {
+            PrintEvent(event);
+        } catch (const RuntimeError&) {
+            status = refused; // nobody reads any more; the program runs on
+        }
+    };
+    SystemProcessStarter starter;
+    TestRun run(starter, JavaSurroundings::OfSystem(), listen, false);
+    run.Start({GenerateCode(Load(arguments.names[0]), arguments.code), std::filesystem::absolute(project).parent_path(),
+               Preferences::Load()});
+    run.Wait();
+    return status;
+}
+
 ExitStatus Hash(const Arguments& arguments) {
     Print(stdout, HashFunction(ReadFileBytes(PathOf(arguments.names[0]))) + "\n");
+    return done;
+}
+
+ExitStatus UpdateCheck(const Arguments&) {
+    const UpdateSource source = ReadUpdateSource(PIROL_UPDATE_ADDRESS, PIROL_UPDATE_KEYS, PIROL_UPDATE_AUTHORITY);
+    if (!source.IsThere())
+        throw UpdateError(UpdateFault::NoSource);
+    ListTransport transport(source.authority);
+    VersionLookup lookup(transport, source,
+                         {PIROL_VERSION, std::string(updateSystem), updaterecord::HighestSerial(), std::time(nullptr)},
+                         std::chrono::steady_clock::now, [] {});
+    lookup.Start();
+    if (lookup.CurrentState() == VersionLookup::State::Failed)
+        throw UpdateError(lookup.Fault());
+    updaterecord::AddSerial(lookup.Serial());
+    std::string lines = "Installiert: " PIROL_VERSION "\n";
+    if (lookup.CurrentState() == VersionLookup::State::UpToDate) {
+        Append(lines, "Das ist die neueste Version.\n");
+    } else {
+        const Offer& offer = lookup.Found();
+        Append(lines, "Neu: ", offer.version, "\n");
+        for (const std::string& note : offer.notes)
+            Append(lines, "  ", note, "\n");
+        Append(lines, "Datei: ", source.UrlOf(offer.file.name), "\nGröße: ", offer.file.size,
+               " Bytes\nSHA-256: ", offer.file.hash, "\n");
+    }
+    Print(stdout, lines);
     return done;
 }
 
@@ -261,6 +335,8 @@ constexpr Command commands[] = {
     {"copy", 2, 2, noOptions, Copy},
     {"check", 1, any, noOptions, Check},
     {"lint", 1, 1, codeOptions, Lint},
+    {"run", 1, 1, codeOptions, RunProgram},
+    {"update-check", 0, 0, noOptions, UpdateCheck},
     {"hash", 1, 1, noOptions, Hash},
 };
 
@@ -320,6 +396,8 @@ int main(int argc, char** argv) {
     } catch (const Refusal& refusal) {
         return Fail(refused, refusal.message);
     } catch (const RuntimeError& error) {
+        return Fail(refused, error.what());
+    } catch (const UpdateError& error) {
         return Fail(refused, error.what());
     } catch (const UpdateRefusal& error) {
         return Fail(refused, error.what());

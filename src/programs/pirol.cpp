@@ -1,3 +1,4 @@
+#include "app/DownloadFolder.h"
 #include "app/FileCommands.h"
 #include "ui/dialogs/frmCommonDialog.h"
 #include "ui/dialogs/frmHelp.h"
@@ -5,7 +6,9 @@
 #include "ui/main/DesignKeeper.h"
 #include "ui/main/EndWatch.h"
 #include "ui/main/frmMain.h"
+#include "ui/main/OnlineUpdate.h"
 #include "ui/parts/Bitmaps.h"
+#include "ui/parts/NetworkModule.h"
 
 #include <QApplication>
 #include <QDeadlineTimer>
@@ -53,12 +56,20 @@ int main(int argumentCount, char* arguments[]) {
     pirol::frmProgramStarter starter;
     pirol::frmMain mainWindow(dialogs, starter, pirol::Preferences::Load());
     pirol::DesignKeeper keeper(mainWindow, dialogs, pirol::RecoveryFolder());
-    const pirol::EndWatch endWatch([&keeper] { keeper.KeepForNextStart(); });
+    const pirol::EndWatch endWatch([&keeper](const std::string& reason) { keeper.KeepForNextStart(reason); });
+    const pirol::UpdateSource source =
+        pirol::ReadUpdateSource(PIROL_UPDATE_ADDRESS, PIROL_UPDATE_KEYS, PIROL_UPDATE_AUTHORITY);
+    pirol::OnlineUpdate update(mainWindow, dialogs, starter,
+                               {.source = source,
+                                .folder = pirol::UpdateFolder(),
+                                .newTransport = [&] { return pirol::NewNetworkTransport(source.authority); },
+                                .keepDesign = [&] { keeper.KeepForNextStart("Neue Version installiert"); }});
     mainWindow.show();
     if (const std::string path = pirol::ProjectOnCommandLine(Words(argumentCount, arguments)); !path.empty()) {
         WaitUntilShown(mainWindow); // only where a report may come; an empty start waits for nothing
         mainWindow.ReadPRLFile(path);
     }
     keeper.OfferLeftDesigns();
+    update.LookWeekly();
     return QApplication::exec();
 }

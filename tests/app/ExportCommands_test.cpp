@@ -18,7 +18,6 @@ constexpr const char* blueJDialog = "save <> 2048 <>\n";
 constexpr const char* javaDialog =
     "save <SuMAnwendung.java|SuMAnwendung.java|Alle Dateien (*.*)|*.*> 2048 <SuMAnwendung.java>\n";
 constexpr const char* textDialog = "save <Textdateien (*.txt)|*.txt|Alle Dateien (*.*)|*.*> 2048 <>\n";
-constexpr const char* importDialog = "open <SuMAnwendung.java|SuMAnwendung.java> 4096 <>\n";
 
 class ExportCommandsTest : public testing::Test {
   protected:
@@ -103,41 +102,6 @@ TEST_F(ExportCommandsTest, FilesAreOverwrittenFromTheBeginning) {
     dialogs_.paths = {Path("directory")};
     EXPECT_EQ(ErrorOf([&] { ExportJava(model_, options_, dialogs_); }),
               "Fehler 75: Fehler beim Zugriff auf Pfad/Datei (Main.Project.Export)");
-}
-
-TEST_F(ExportCommandsTest, ImportReadsBackWhatWasExported) {
-    dialogs_.paths = {Path("SuMAnwendung.java")};
-    ExportJava(model_, options_, dialogs_);
-    dialogs_.TakeSeen();
-
-    Document imported;
-    EXPECT_FALSE(ImportJava(imported, dialogs_));
-    EXPECT_EQ(imported.Model(), ProjectModel()) << "cancelled";
-    dialogs_.paths = {Path("SuMAnwendung.java")};
-    EXPECT_TRUE(ImportJava(imported, dialogs_));
-    EXPECT_EQ(dialogs_.TakeSeen(), std::string(importDialog) + importDialog);
-    EXPECT_EQ(imported.Model().VisibleBox({ComponentKind::Button, 1}), (Rectangle{10, 20, 100, 30}));
-}
-
-TEST_F(ExportCommandsTest, ImportOfWhatIsNoJava) {
-    CreateFileBytes(folder_ / "letter.java", std::string("Liebe Oma,\0\xFF danke!", 19));
-    CreateFileBytes(folder_ / "broken.java", "hatKnopf1 = new Knopf(eins, 2, 3, 4, \"\");");
-    // A file that could be read takes the place of the design.
-    const std::tuple<const char*, const char*, std::size_t> cases[] = {
-        {"missing.java", "Fehler 53: Datei nicht gefunden (Main.File.Import.Analyse)", 1},
-        {"directory", "Fehler 75: Fehler beim Zugriff auf Pfad/Datei (Main.File.Import.Analyse)", 1},
-        {"letter.java", "", 0},
-        {"broken.java", "Fehler 13: Typen unverträglich (Main.File.Import.Analyse)", 0},
-    };
-    for (const auto& [name, error, menusLeft] : cases) {
-        Document document;
-        document.Edit("", [this](ProjectModel& model) { model = model_; });
-        document.MarkSaved("a.prl");
-        dialogs_.paths = {Path(name)};
-        EXPECT_EQ(ErrorOf([&] { ImportJava(document, dialogs_); }), error) << name;
-        EXPECT_EQ(document.Model().Menus().Menus().size(), menusLeft) << name;
-        EXPECT_EQ(document.FilePath(), menusLeft == 1 ? "a.prl" : "") << name;
-    }
 }
 
 } // namespace
