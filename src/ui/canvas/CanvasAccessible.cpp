@@ -55,6 +55,18 @@ QString PlaceOf(const Control& control) {
         .arg(control.Height);
 }
 
+/// That and how a component is one of several that are selected.
+QString PartOf(const DesignCanvas& canvas, ComponentRef component) {
+    const Selection& selected = canvas.AllSelected();
+    if (!selected.IsSeveral())
+        return {};
+    const QString count = QString::number(selected.Count());
+    if (selected.Leader() == component)
+        return ", führt " + count + " gewählte Komponenten";
+    return (selected.Contains(component) ? ", eine von " : ", nicht unter den ") + count +
+           (selected.Contains(component) ? " gewählten Komponenten" : " gewählten");
+}
+
 /// One component.
 class ComponentAccessible final : public QAccessibleInterface {
   public:
@@ -78,14 +90,14 @@ class ComponentAccessible final : public QAccessibleInterface {
             return {};
         const Control& control = canvas_->Model().Element(component_);
         return part == QAccessible::Name          ? NameOf(control)
-               : part == QAccessible::Description ? PlaceOf(control)
+               : part == QAccessible::Description ? PlaceOf(control) + PartOf(canvas_->Canvas(), component_)
                                                   : QString();
     }
 
     QRect rect() const override {
         if (!isValid())
             return {};
-        const Rectangle box = canvas_->Model().VisibleBox(component_);
+        const Rectangle box = canvas_->View().ToScreen(canvas_->Model().VisibleBox(component_));
         return {canvas_->mapToGlobal(QPoint(box.left, box.top)), QSize(box.width, box.height)};
     }
 
@@ -95,8 +107,9 @@ class ComponentAccessible final : public QAccessibleInterface {
         state.selectable = true;
         state.focusable = true;
         state.movable = true;
-        state.selected = isValid() && canvas_->Canvas().Selected() == component_;
-        state.focused = state.selected && canvas_->hasFocus();
+        state.multiSelectable = true;
+        state.selected = isValid() && canvas_->Canvas().AllSelected().Contains(component_);
+        state.focused = isValid() && canvas_->Canvas().Reached() == component_ && canvas_->hasFocus();
         return state;
     }
 
@@ -136,13 +149,14 @@ class CanvasAccessible final : public QAccessibleWidget {
 
     QAccessibleInterface* childAt(int x, int y) const override {
         const QPoint position = Owner()->mapFromGlobal(QPoint(x, y));
-        const CanvasHit hit = Owner()->Canvas().HitTest(position.x(), position.y());
+        const CanvasView& view = Owner()->View();
+        const CanvasHit hit = Owner()->Canvas().HitTest(view.ToDesign(position.x()), view.ToDesign(position.y()));
         return hit.area == CanvasHit::Area::Canvas ? nullptr : InterfaceOf(hit.component);
     }
 
     QAccessibleInterface* focusChild() const override {
-        const std::optional<ComponentRef> selected = Owner()->Canvas().Selected();
-        return selected && Owner()->hasFocus() ? InterfaceOf(*selected) : nullptr;
+        const std::optional<ComponentRef> reached = Owner()->Canvas().Reached();
+        return reached && Owner()->hasFocus() ? InterfaceOf(*reached) : nullptr;
     }
 
   private:

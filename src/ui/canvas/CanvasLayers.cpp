@@ -19,10 +19,12 @@ QPixmap NewLayer(const QRect& visible, double pixelRatio) {
 
 } // namespace
 
-void CanvasLayers::Fill(const QRect& visible, std::optional<ComponentRef> moving, double pixelRatio) {
+void CanvasLayers::Fill(const QRect& visible, std::optional<ComponentRef> moving, double pixelRatio,
+                        const CanvasView& view) {
     visible_ = visible;
     moving_ = moving;
-    const Rectangle area = {visible.left(), visible.top(), visible.width(), visible.height()};
+    zoom_ = view.Factor();
+    const Rectangle area = view.ToDesign(Rectangle{visible.left(), visible.top(), visible.width(), visible.height()});
     // The moving component may be out of sight, but it is needed to tell what is below it.
     const Rectangle areas[] = {area, moving ? model_.VisibleBox(*moving) : area};
     const std::vector<ComponentRef> components = canvas_.Intersecting(areas);
@@ -32,10 +34,11 @@ void CanvasLayers::Fill(const QRect& visible, std::optional<ComponentRef> moving
         layer = NewLayer(visible, pixelRatio);
         QPainter painter(&layer);
         painter.translate(-visible.topLeft());
+        painter.scale(zoom_, zoom_);
         if (withBackground)
             paintBackground_(painter, std::span(&area, 1));
         for (auto component = begin; component != end; ++component)
-            PaintControl(painter, model_.Element(*component));
+            PaintControl(painter, model_.Element(*component), pictures_);
     };
     paint(below_, true, components.begin(), border);
     above_ = {};
@@ -54,8 +57,12 @@ bool CanvasLayers::AreFilledFor(const QRect& visible, std::optional<ComponentRef
 
 void CanvasLayers::Paint(QPainter& painter, const QRegion& region) const {
     PaintLayer(painter, region, below_);
-    if (moving_)
-        PaintControl(painter, model_.Element(*moving_));
+    if (moving_) {
+        painter.save();
+        painter.scale(zoom_, zoom_);
+        PaintControl(painter, model_.Element(*moving_), pictures_);
+        painter.restore();
+    }
     if (!above_.isNull())
         PaintLayer(painter, region, above_);
 }

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "designer/CanvasView.h"
 #include "designer/DesignCanvas.h"
+#include "ui/canvas/PictureFile.h"
 
 #include <QPixmap>
 #include <QRect>
@@ -19,16 +21,19 @@ class CanvasLayers {
   public:
     using PaintBackground = std::function<void(QPainter&, std::span<const Rectangle>)>;
 
-    CanvasLayers(DesignCanvas& canvas, const ProjectModel& model, PaintBackground paintBackground)
-        : canvas_(canvas), model_(model), paintBackground_(std::move(paintBackground)) {}
+    CanvasLayers(DesignCanvas& canvas, const ProjectModel& model, PaintBackground paintBackground,
+                 PictureSource pictures)
+        : canvas_(canvas), model_(model), paintBackground_(std::move(paintBackground)), pictures_(std::move(pictures)) {
+    }
 
-    /// Paints both layers for the visible part of the canvas, around the given component or with all components below.
-    void Fill(const QRect& visible, std::optional<ComponentRef> moving, double pixelRatio);
+    /// Paints both layers for the visible part of the canvas, in pixels of the screen, around the given component or
+    /// with all components below.
+    void Fill(const QRect& visible, std::optional<ComponentRef> moving, double pixelRatio, const CanvasView& view);
     /// What the layers show is no longer so, or the gesture is over. Gives their memory back.
     void Drop();
     bool AreFilledFor(const QRect& visible, std::optional<ComponentRef> moving) const;
 
-    /// Paints the rectangles of the canvas with the moving component where it is now.
+    /// Paints the parts of the screen with the moving component where it is now.
     void Paint(QPainter& painter, const QRegion& region) const;
 
   private:
@@ -37,8 +42,10 @@ class CanvasLayers {
     DesignCanvas& canvas_;
     const ProjectModel& model_;
     PaintBackground paintBackground_;
+    PictureSource pictures_;
     QRect visible_;
     std::optional<ComponentRef> moving_;
+    double zoom_ = 1;
     QPixmap below_;
     QPixmap above_;
 };

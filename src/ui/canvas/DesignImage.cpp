@@ -12,28 +12,65 @@ namespace {
 /// Up to this size the whole window is painted and then made smaller, which looks better than painting small.
 constexpr int mostPixelsOfASide = 2000;
 
+/// Paints a component unless it is hidden or lies outside the window.
+void PaintComponent(QPainter& painter, const ProjectModel& model, ComponentRef component) {
+    const QSize size = DesignSize(model);
+    if (model.VisibleBox(component).Intersects({0, 0, size.width(), size.height()}))
+        PaintControl(painter, model.Element(component));
+}
+
 } // namespace
 
-QImage DesignImage(const ProjectModel& model, const QSize& largest) {
-    const QSize own(std::max<int>(model.WindowWidth(), 1), std::max<int>(model.WindowHeight(), 1));
-    const QSize painted = own.boundedTo({mostPixelsOfASide, mostPixelsOfASide});
-    const QSize size = painted == own ? own : own.scaled(painted, Qt::KeepAspectRatio).expandedTo({1, 1});
-    QImage image(size, QImage::Format_RGB32);
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    painter.scale(static_cast<double>(size.width()) / own.width(), static_cast<double>(size.height()) / own.height());
-    const QRect window(QPoint(0, 0), own);
-    for (const ComponentRef component : model.CreationOrder()) {
-        const Control& control = model.Element(component);
-        const Rectangle box = model.VisibleBox(component);
-        if (control.Visible && window.intersects({box.left, box.top, box.width, box.height}))
-            PaintControl(painter, control);
+QSize DesignSize(const ProjectModel& model) {
+    return {std::max<int>(model.WindowWidth(), 1), std::max<int>(model.WindowHeight(), 1)};
+}
+
+void PaintDesign(QPainter& painter, const ProjectModel& model) {
+    const QRect window(QPoint(0, 0), DesignSize(model));
+    painter.save();
+    painter.setClipRect(window, Qt::IntersectClip);
+    painter.fillRect(window, Qt::white);
+    for (const ComponentRef component : model.CreationOrder())
+        PaintComponent(painter, model, component);
+    painter.restore();
+}
+
+DesignPicture::DesignPicture(const ProjectModel& model, const QSize& largest)
+    : model_(model), largest_(largest), own_(DesignSize(model)) {
+    const QSize painted = own_.boundedTo({mostPixelsOfASide, mostPixelsOfASide});
+    const QSize size = painted == own_ ? own_ : own_.scaled(painted, Qt::KeepAspectRatio).expandedTo({1, 1});
+    image_ = QImage(size, QImage::Format_RGB32);
+    image_.fill(Qt::white);
+}
+
+bool DesignPicture::PaintMore(std::chrono::milliseconds time) {
+    const auto end = std::chrono::steady_clock::now() + time;
+    const PagedArray<ComponentRef>& order = model_.CreationOrder();
+    QPainter painter(&image_);
+    painter.scale(static_cast<double>(image_.width()) / own_.width(),
+                  static_cast<double>(image_.height()) / own_.height());
+    for (std::size_t paintedNow = 0; painted_ < order.size(); ++painted_, ++paintedNow) {
+        constexpr std::size_t betweenLooks = 64; // at the clock
+        if (paintedNow % betweenLooks == betweenLooks - 1 && std::chrono::steady_clock::now() >= end)
+            return true;
+        PaintComponent(painter, model_, order[painted_]);
     }
-    painter.end();
-    const bool fits = size.boundedTo(largest) == size;
-    return fits ? image
-                : image.scaled(size.scaled(largest, Qt::KeepAspectRatio).expandedTo({1, 1}), Qt::IgnoreAspectRatio,
-                               Qt::SmoothTransformation);
+    return false;
+}
+
+QImage DesignPicture::Image() const {
+    const QSize size = image_.size();
+    const bool fits = size.boundedTo(largest_) == size;
+    return fits ? image_
+                : image_.scaled(size.scaled(largest_, Qt::KeepAspectRatio).expandedTo({1, 1}), Qt::IgnoreAspectRatio,
+                                Qt::SmoothTransformation);
+}
+
+QImage DesignImage(const ProjectModel& model, const QSize& largest) {
+    DesignPicture picture(model, largest);
+    while (picture.PaintMore(std::chrono::hours(1)))
+        continue;
+    return picture.Image();
 }
 
 } // namespace pirol

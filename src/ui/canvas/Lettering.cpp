@@ -4,6 +4,7 @@
 #include <QFontDatabase>
 #include <QGlyphRun>
 #include <QOperatingSystemVersion>
+#include <QPaintEngine>
 #include <QPainter>
 
 #include <algorithm>
@@ -92,6 +93,28 @@ Advance Lettering::AdvanceFunction() const {
     return [this](char16_t point) { return Width(point); };
 }
 
+QList<QPointF> Lettering::Positions(std::u16string_view text) const {
+    QList<QPointF> positions;
+    positions.reserve(static_cast<qsizetype>(text.size()));
+    int offset = 0;
+    for (const char16_t point : text) {
+        positions.append(QPointF(offset, 0));
+        offset += Width(point);
+    }
+    return positions;
+}
+
+/// On paper only words begin where Java places them, and their letters follow the font: readers of such files take
+/// other gaps for blanks.
+QList<QPointF> Lettering::PositionsOnPaper(std::u16string_view text, const QList<quint32>& glyphs) const {
+    const QList<QPointF> advances = glyphs_.advancesForGlyphIndexes(glyphs, QRawFont::UseDesignMetrics);
+    QList<QPointF> positions = Positions(text);
+    for (qsizetype i = 1; i < positions.size(); ++i)
+        if (text[static_cast<std::size_t>(i)] != u' ' && text[static_cast<std::size_t>(i) - 1] != u' ')
+            positions[i] = positions[i - 1] + advances[i - 1];
+    return positions;
+}
+
 void Lettering::Paint(QPainter& painter, int x, int top, std::u16string_view text, const QColor& colour) const {
     painter.setPen(colour);
     const QPointF baseline(x, top + ascent_);
@@ -103,17 +126,11 @@ void Lettering::Paint(QPainter& painter, int x, int top, std::u16string_view tex
         painter.drawText(baseline, line);
         return;
     }
-    QList<QPointF> positions;
-    positions.reserve(line.size());
-    int offset = 0;
-    for (const char16_t point : text) {
-        positions.append(QPointF(offset, 0));
-        offset += Width(point);
-    }
     QGlyphRun run;
     run.setRawFont(glyphs_);
     run.setGlyphIndexes(indexes);
-    run.setPositions(positions);
+    run.setPositions(painter.paintEngine()->type() == QPaintEngine::Pdf ? PositionsOnPaper(text, indexes)
+                                                                        : Positions(text));
     painter.drawGlyphRun(baseline, run);
 }
 

@@ -36,6 +36,9 @@ class Lettering {
   private:
     static constexpr int unmeasured = -1;
 
+    QList<QPointF> Positions(std::u16string_view text) const;
+    QList<QPointF> PositionsOnPaper(std::u16string_view text, const QList<quint32>& glyphs) const;
+
     QFont font_;
     QFontMetrics metrics_;
     QRawFont glyphs_;

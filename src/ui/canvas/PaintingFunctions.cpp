@@ -17,7 +17,6 @@
 #include "controls/TextArea.h"
 #include "designer/ComponentLook.h"
 #include "ui/canvas/Lettering.h"
-#include "ui/canvas/PictureFile.h"
 #include "ui/parts/Bitmaps.h"
 #include "ui/parts/FormParts.h"
 
@@ -25,6 +24,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -65,19 +65,51 @@ constexpr int atRight = 2;
 
 // Lines, areas and bitmaps.
 
+/// How thick a line of one pixel is, in pixels of the screen.
+double LineThickness(double scale) {
+    return std::max(std::floor(scale), 1.0);
+}
+
+/// One direction of an area with its edges moved onto pixels of the screen.
+struct SharpSpan {
+    double begin;
+    double length;
+};
+
+SharpSpan Sharp(int begin, int length, double scale, double offset) {
+    const double first = std::round(begin * scale + offset);
+    const double last = std::round((begin + length) * scale + offset);
+    const double pixels = length == 1 ? LineThickness(scale) : std::max(last - first, 1.0);
+    return {(first - offset) / scale, pixels / scale};
+}
+
+/// The box with its edges on pixels of the screen, still in the painter's units.
+QRectF Sharp(const QPainter& painter, const QRect& box) {
+    const QTransform& device = painter.deviceTransform();
+    if (device.m11() == 1 && device.m22() == 1)
+        return box;
+    const SharpSpan across = Sharp(box.x(), box.width(), device.m11(), device.dx());
+    const SharpSpan down = Sharp(box.y(), box.height(), device.m22(), device.dy());
+    return {across.begin, down.begin, across.length, down.length};
+}
+
 /// Paints nothing for an empty box, such as small components have.
 void Fill(QPainter& painter, const QRect& box, const QColor& colour) {
     if (!box.isEmpty())
-        painter.fillRect(box, colour);
+        painter.fillRect(Sharp(painter, box), colour);
 }
 
 void PaintFrame(QPainter& painter, const QRect& box, const QColor& colour) {
     if (box.isEmpty())
         return;
-    Fill(painter, {box.x(), box.y(), box.width(), 1}, colour);
-    Fill(painter, {box.x(), box.bottom(), box.width(), 1}, colour);
-    Fill(painter, {box.x(), box.y(), 1, box.height()}, colour);
-    Fill(painter, {box.right(), box.y(), 1, box.height()}, colour);
+    const QRectF outer = Sharp(painter, box);
+    const QTransform& device = painter.deviceTransform();
+    const double across = LineThickness(device.m11()) / device.m11();
+    const double down = LineThickness(device.m22()) / device.m22();
+    painter.fillRect(QRectF(outer.left(), outer.top(), outer.width(), down), colour);
+    painter.fillRect(QRectF(outer.left(), outer.bottom() - down, outer.width(), down), colour);
+    painter.fillRect(QRectF(outer.left(), outer.top(), across, outer.height()), colour);
+    painter.fillRect(QRectF(outer.right() - across, outer.top(), across, outer.height()), colour);
 }
 
 /// Paints a part of the bitmap at its own size; on screens with small pixels from its large drawing.
@@ -98,7 +130,7 @@ void PaintBitmap(QPainter& painter, int x, int y, std::string_view name) {
 
 void StretchBitmap(QPainter& painter, const QRect& box, std::string_view name) {
     if (!box.isEmpty())
-        painter.drawImage(box, Bitmap(name));
+        painter.drawImage(Sharp(painter, box), Bitmap(name));
 }
 
 // Text.
@@ -488,13 +520,29 @@ void PaintSymbol(QPainter& painter, const QRect& area, ComponentKind kind) {
     painter.drawImage(box, IconImage(RowOf(kind).imageKey, asDrawn ? *side : sides[0]));
 }
 
-void Paint(QPainter& painter, const QRect& area, const dBild& picture) {
+void PaintDashedFrame(QPainter& painter, const QRect& frame, const QColor& color,
+                      const QList<qreal>& pattern = {4, 2}) {
+    painter.save();
     const double scale = painter.deviceTransform().m11();
-    const QPixmap content = PictureFile(picture.File, (QSizeF(area.size()) * scale).toSize());
+    const double thickness = LineThickness(scale) / scale;
+    QPen dashes(color, thickness, Qt::CustomDashLine, Qt::FlatCap);
+    dashes.setDashPattern(pattern);
+    painter.setPen(dashes);
+    const double middle = thickness / 2;
+    painter.drawRect(Sharp(painter, frame).adjusted(middle, middle, -middle, -middle));
+    painter.restore();
+}
+
+void PaintPicture(QPainter& painter, const QRect& area, const Control& control, const PictureSource& pictures) {
+    const auto& picture = static_cast<const dBild&>(control);
+    const QPixmap content = pictures(picture.File, painter.deviceTransform().m11());
     if (content.isNull())
         return PaintSymbol(painter, area, ComponentKind::Picture);
+    // In its own size, as the running program shows it. Where that is another one, the box is seen as well.
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.drawPixmap(area, content);
+    painter.drawPixmap(area.topLeft(), content);
+    if (content.deviceIndependentSize().toSize() != area.size())
+        PaintDashedFrame(painter, area, outline);
 }
 
 void Paint(QPainter& painter, const QRect& area, const dMusik&) {
@@ -506,14 +554,15 @@ void Paint(QPainter& painter, const QRect& area, const dVideo&) {
 }
 
 template <class Kind>
-void PaintAs(QPainter& painter, const QRect& area, const Control& control) {
+void PaintAs(QPainter& painter, const QRect& area, const Control& control, const PictureSource&) {
     Paint(painter, area, static_cast<const Kind&>(control));
 }
 
 /// What paints the components of a kind.
 struct Painter {
     ComponentKind kind;
-    void (&paint)(QPainter&, const QRect&, const Control&); // a reference, so that no row can leave it out
+    void (&paint)(QPainter&, const QRect&, const Control&,
+                  const PictureSource&); // a reference, so that no row can leave it out
 };
 
 constexpr std::array<Painter, kindCount> painters = {{
@@ -529,7 +578,7 @@ constexpr std::array<Painter, kindCount> painters = {{
     {ComponentKind::Slider, PaintAs<dRegler>},
     {ComponentKind::ProgressBar, PaintAs<dFortschritt>},
     {ComponentKind::Table, PaintAs<dTabelle>},
-    {ComponentKind::Picture, PaintAs<dBild>},
+    {ComponentKind::Picture, PaintPicture},
     {ComponentKind::Sound, PaintAs<dMusik>},
     {ComponentKind::Movie, PaintAs<dVideo>},
 }};
@@ -537,25 +586,50 @@ static_assert(HasEveryKind(painters), "every kind needs its painter, in the orde
 
 } // namespace
 
-void PaintControl(QPainter& painter, const Control& control) {
+void FillSharply(QPainter& painter, const QRect& box, const QColor& colour) {
+    Fill(painter, box, colour);
+}
+
+void FrameSharply(QPainter& painter, const QRect& box, const QColor& colour) {
+    PaintFrame(painter, box, colour);
+}
+
+void PaintControl(QPainter& painter, const Control& control, const PictureSource& pictures) {
     const QRect area(control.Left, control.Top, control.Width, control.Height);
     if (area.isEmpty())
         return;
     painter.save();
     painter.setClipRect(area, Qt::IntersectClip);
-    painters[Position(control.Kind())].paint(painter, area, control);
+    painters[Position(control.Kind())].paint(painter, area, control, pictures);
     painter.restore();
 }
 
-void PaintSelectionBorder(QPainter& painter, const Rectangle& component) {
-    const QRect frame = ToRect(component);
+namespace {
+
+/// A border inside the rectangle that is seen on any ground: dashes on white.
+void PaintDashes(QPainter& painter, const QRect& frame, const QList<qreal>& pattern, const QColor& color) {
     PaintFrame(painter, frame, white);
-    painter.save();
-    QPen dashes(selection, 1, Qt::CustomDashLine, Qt::FlatCap);
-    dashes.setDashPattern({4, 2});
-    painter.setPen(dashes);
-    painter.drawRect(QRectF(frame).adjusted(0.5, 0.5, -0.5, -0.5));
-    painter.restore();
+    PaintDashedFrame(painter, frame, color, pattern);
+}
+
+} // namespace
+
+void PaintSelectionBorder(QPainter& painter, const Rectangle& component) {
+    PaintDashes(painter, ToRect(component), {4, 2}, selection);
+}
+
+void PaintMemberBorder(QPainter& painter, const Rectangle& component) {
+    PaintDashes(painter, ToRect(component), {2, 4}, selection);
+}
+
+void PaintReachedBorder(QPainter& painter, const Rectangle& component) {
+    PaintDashes(painter, ToRect(component).adjusted(-2, -2, 2, 2), {1, 1}, Qt::black);
+}
+
+void PaintOuterHandle(QPainter& painter, const Rectangle& handle) {
+    Fill(painter, ToRect(handle), white);
+    PaintFrame(painter, ToRect(handle), selection);
+    PaintFrame(painter, ToRect(handle).adjusted(1, 1, -1, -1), selection);
 }
 
 void PaintResizeHandle(QPainter& painter, const Rectangle& handle) {

@@ -4,36 +4,44 @@
 #include <QImageReader>
 #include <QPixmapCache>
 
+#include <algorithm>
+
 namespace pirol {
-namespace {
 
-QImage DecodedPicture(const QFileInfo& file, const QSize& size) {
-    QImageReader reader(file.absoluteFilePath());
-    reader.setDecideFormatFromContent(true);
-    if (const QSize own = reader.size(); own.isValid())
-        reader.setScaledSize(size.boundedTo(own).boundedTo({largestPictureSide, largestPictureSide}));
-    return reader.read();
-}
-
-} // namespace
-
-QPixmap PictureFile(const std::string& path, const QSize& size) {
+QImage DecodedPicture(const std::string& path, double scale) {
     const QFileInfo file(QString::fromStdString(path));
     if (path.empty() || !file.isFile())
         return {};
-    const QString key = QStringLiteral("%1|%2|%3|%4x%5")
+    QImageReader reader(file.absoluteFilePath());
+    reader.setDecideFormatFromContent(true);
+    const QSize own = reader.size();
+    if (own.isValid())
+        reader.setScaledSize((QSizeF(own) * std::min(scale, 1.0))
+                                 .toSize()
+                                 .boundedTo({largestPictureSide, largestPictureSide})
+                                 .expandedTo({1, 1}));
+    QImage picture = reader.read();
+    if (own.isValid() && !picture.isNull())
+        picture.setDevicePixelRatio(static_cast<double>(picture.width()) / own.width());
+    return picture;
+}
+
+QPixmap PictureFile(const std::string& path, double scale) {
+    const QFileInfo file(QString::fromStdString(path));
+    if (path.empty() || !file.isFile())
+        return {};
+    const QString key = QStringLiteral("%1|%2|%3|%4")
                             .arg(file.absoluteFilePath())
                             .arg(file.lastModified().toMSecsSinceEpoch())
                             .arg(file.size())
-                            .arg(size.width())
-                            .arg(size.height());
+                            .arg(scale);
     const QString failedKey = key + QStringLiteral("|failed");
     QPixmap picture;
     if (QPixmapCache::find(key, &picture))
         return picture;
     if (QPixmapCache::find(failedKey, &picture))
         return {};
-    picture = QPixmap::fromImage(DecodedPicture(file, size));
+    picture = QPixmap::fromImage(DecodedPicture(path, scale));
     picture.isNull() ? QPixmapCache::insert(failedKey, QPixmap(1, 1)) : QPixmapCache::insert(key, picture);
     return picture;
 }

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QImage>
 #include <QPixmap>
 
+#include <functional>
 #include <string>
 
 namespace pirol {
@@ -9,9 +11,16 @@ namespace pirol {
 /// No side of a picture is decoded larger than this, in the screen's pixels; larger areas show it stretched.
 constexpr int largestPictureSide = 1024;
 
-/// The image file for an area of that size in the screen's pixels, or a null picture when it cannot be shown: there is
-/// no such file, or nothing in it is a picture, whatever its name says. A file is decoded once for a size, and its
-/// failure is remembered too.
-QPixmap PictureFile(const std::string& path, const QSize& size);
+/// Where painting gets an image file's picture from, for a screen of that scale. A null picture cannot be shown (yet).
+using PictureSource = std::function<QPixmap(const std::string& path, double scale)>;
+
+/// The picture in an image file, decoded for a screen of that scale: its device-independent size is the file's own.
+/// A null image when there is no such file or nothing in it is a picture, whatever its name says. Any thread may call
+/// it.
+QImage DecodedPicture(const std::string& path, double scale);
+
+/// The same for painting, from a cache: a file is decoded once for a scale, and its failure is remembered too. Waits
+/// for the disk.
+QPixmap PictureFile(const std::string& path, double scale);
 
 } // namespace pirol
