@@ -1,6 +1,7 @@
 #include "ui/code/CodeBox.h"
 
 #include "ui/parts/FormParts.h"
+#include "ui/parts/RunBeside.h"
 
 #include <QFontDatabase>
 #include <QMimeData>
@@ -34,8 +35,10 @@ CodeBox::CodeBox(QWidget* parent) : QPlainTextEdit(parent) {
 
 void CodeBox::ShowSource(const QString& source) {
     source_ = source;
-    spans_ = HightlightSyntax(
-        {reinterpret_cast<const char16_t*>(source_.utf16()), static_cast<std::size_t>(source_.size())});
+    RunBeside([this] {
+        spans_ = HightlightSyntax(
+            {reinterpret_cast<const char16_t*>(source_.utf16()), static_cast<std::size_t>(source_.size())});
+    });
     clear();
     loaded_ = 0;
     coloured_.assign(1, false);

@@ -2,6 +2,7 @@
 
 #include "ui/code/CodeBox.h"
 #include "ui/parts/FormParts.h"
+#include "ui/parts/RunBeside.h"
 #include "ui/parts/TextLine.h"
 
 #include <QApplication>
@@ -14,7 +15,9 @@
 #include <QLocale>
 #include <QPushButton>
 #include <QShortcut>
+#include <QTextBlock>
 #include <QTextCursor>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace pirol {
@@ -39,7 +42,9 @@ frmCode::frmCode(std::string_view source, QWidget* owner)
     setWindowTitle("Pirol - SuMAnwendung.java");
     setWindowFlag(Qt::WindowMaximizeButtonHint);
 
-    rtfCode_->ShowSource(ToLines(source));
+    QString lines;
+    RunBeside([&] { lines = ToLines(source); });
+    rtfCode_->ShowSource(lines);
     lblLines_ = Named(new QLabel(QLocale(QLocale::German).toString(rtfCode_->Source().count('\n') + 1) + " Zeilen"),
                       "lblLines", {});
     auto* cmdClose = NewButton("cmdClose", "S&chließen");
@@ -128,6 +133,15 @@ void frmCode::OfferPrinting(std::function<void(QTextDocument&)> print) {
     });
     AddKey(QKeySequence::Print, [this] { cmdPrint_->click(); });
     cmdPrint_->show();
+}
+
+void frmCode::ShowLine(std::size_t line) {
+    rtfCode_->FinishLoading();
+    QTextCursor cursor(rtfCode_->document()->findBlockByNumber(static_cast<int>(line) - 1));
+    cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
+    rtfCode_->setTextCursor(cursor);
+    // The box has its height when it is shown.
+    QTimer::singleShot(0, rtfCode_, &CodeBox::centerCursor);
 }
 
 void frmCode::AddKey(const QKeySequence& keys, const std::function<void()>& command) {

@@ -29,6 +29,8 @@ class frmCode : public QDialog {
 
     /// Offers a button that calls this with the coloured text.
     void OfferPrinting(std::function<void(QTextDocument&)> print);
+    /// Marks a line, which begin with 1, and brings it into sight.
+    void ShowLine(std::size_t line);
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;

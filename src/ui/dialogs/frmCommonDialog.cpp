@@ -1,6 +1,9 @@
 #include "ui/dialogs/frmCommonDialog.h"
 
+#include "app/UpdateCommands.h"
+#include "base/FileAccess.h"
 #include "ui/parts/FormParts.h"
+#include "ui/parts/RunBeside.h"
 
 #include <QApplication>
 #include <QColorDialog>
@@ -78,6 +81,23 @@ void SetUp(QFileDialog& dialog, const FileDialogSetup& setup) {
         dialog.selectFile(preset.fileName());
 }
 
+/// Opening a BlueJ project's folder takes it, where the desktop's own dialog would only go into it.
+class OpenDialog : public QFileDialog {
+  public:
+    OpenDialog(const QString& title, bool takesProjects) : QFileDialog(Owner(), title), takesProjects_(takesProjects) {}
+
+    void accept() override {
+        const QString chosen = selectedFiles().value(0);
+        if (takesProjects_ && !chosen.isEmpty() && IsBlueJProject(PathOf(chosen.toStdString())))
+            done(Accepted);
+        else
+            QFileDialog::accept();
+    }
+
+  private:
+    bool takesProjects_;
+};
+
 QString Title(const FileDialogSetup& setup, const QString& otherwise) {
     return setup.Title.empty() ? otherwise : ToText(setup.Title);
 }
@@ -133,7 +153,7 @@ void SpeakGerman(QCoreApplication& application) {
 }
 
 std::string frmCommonDialog::ShowOpen(const FileDialogSetup& setup) {
-    QFileDialog dialog(Owner(), Title(setup, "Öffnen"));
+    OpenDialog dialog(Title(setup, "Öffnen"), (setup.Flags & FileDialogSetup::BlueJFolder) != 0);
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setFileMode((setup.Flags & FileDialogSetup::FileMustExist) != 0 ? QFileDialog::ExistingFile
                                                                            : QFileDialog::AnyFile);
@@ -205,6 +225,10 @@ bool frmCommonDialog::Question(std::string_view text) {
     message.setEscapeButton(no);
     message.exec();
     return message.clickedButton() == yes;
+}
+
+void frmCommonDialog::Wait(const std::function<void()>& work) {
+    RunBeside(work);
 }
 
 } // namespace pirol

@@ -21,6 +21,7 @@ class frmCommonDialog : public cCommonDialog {
     void Information(std::string_view text) override;
     void Critical(std::string_view title, std::string_view text) override;
     bool Question(std::string_view text) override;
+    void Wait(const std::function<void()>& work) override;
 };
 
 } // namespace pirol

@@ -2,9 +2,9 @@
 
 #include "app/cCommonDialog.h"
 #include "app/ErrorReport.h"
-#include "ui/canvas/DesignImage.h"
 #include "ui/parts/FormParts.h"
 #include "ui/parts/frmError.h"
+#include "ui/parts/RunBeside.h"
 
 #include <QDateTime>
 #include <QFileInfo>
@@ -12,7 +12,6 @@
 #include <QListWidget>
 #include <QPainter>
 #include <QPushButton>
-#include <QTimer>
 #include <QVBoxLayout>
 
 namespace pirol {
@@ -36,8 +35,7 @@ QIcon IconOf(const QPixmap& picture) {
 }
 
 /// In the middle of a picture that is as large as all others, with a frame.
-QPixmap PictureOf(const ProjectModel& model) {
-    const QImage image = DesignImage(model, pictureSize - QSize(2, 2));
+QPixmap Framed(const QImage& image) {
     QPixmap picture(pictureSize);
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
@@ -85,6 +83,8 @@ frmKeptDesigns::frmKeptDesigns(std::filesystem::path folder, cCommonDialog& dial
     connect(cmdDeleteAll_, &QPushButton::clicked, this, &frmKeptDesigns::DeleteAll);
     connect(cmdClose, &QPushButton::clicked, this, &QDialog::reject);
     connect(lstKept_, &QListWidget::currentRowChanged, this, &frmKeptDesigns::ShowButtons);
+    painting_.setSingleShot(true);
+    connect(&painting_, &QTimer::timeout, this, &frmKeptDesigns::PaintNext);
     ShowList();
     lstKept_->setFocus();
 }
@@ -93,26 +93,37 @@ void frmKeptDesigns::ShowList() {
     const int row = lstKept_->currentRow();
     lstKept_->clear();
     kept_.clear();
-    ReportErrorsLater(this, [this] { kept_ = KeptDesigns(folder_); });
+    ReportErrorsLater(this, [this] { RunBeside([this] { kept_ = KeptDesigns(folder_); }); });
     for (const KeptDesign& kept : kept_)
         lstKept_->addItem(new QListWidgetItem(EmptyPicture(), TextOfRow(kept)));
     lstKept_->setCurrentRow(std::clamp(row, 0, std::max(lstKept_->count() - 1, 0)));
     ShowButtons();
+    picture_.reset();
     painted_ = 0;
-    QTimer::singleShot(0, this, &frmKeptDesigns::PaintNext);
+    painting_.start();
 }
 
-/// One after another, so that the form is there at once.
+/// One after another and in parts, so that the form is there at once.
 void frmKeptDesigns::PaintNext() {
     if (painted_ >= kept_.size())
         return;
+    bool hasMore = false;
     // A damaged one has no picture; restoring it says why.
-    static_cast<void>(ErrorOf([this] {
-        const QPixmap picture = PictureOf(ReadDesign(kept_[painted_]).model);
-        lstKept_->item(static_cast<int>(painted_))->setIcon(IconOf(picture));
+    static_cast<void>(ErrorOf([this, &hasMore] {
+        if (!picture_) {
+            OpenDesign design;
+            RunBeside([&] { design = ReadDesign(kept_[painted_]); });
+            picture_.emplace(design.model, pictureSize - QSize(2, 2));
+        }
+        hasMore = picture_->PaintMore(std::chrono::milliseconds(10));
+        if (!hasMore)
+            lstKept_->item(static_cast<int>(painted_))->setIcon(IconOf(Framed(picture_->Image())));
     }));
-    ++painted_;
-    QTimer::singleShot(0, this, &frmKeptDesigns::PaintNext);
+    if (!hasMore) {
+        picture_.reset();
+        ++painted_;
+    }
+    painting_.start();
 }
 
 void frmKeptDesigns::ShowButtons() {
@@ -123,7 +134,8 @@ void frmKeptDesigns::ShowButtons() {
 
 void frmKeptDesigns::Restore() {
     const int row = lstKept_->currentRow();
-    if (row >= 0 && ReportErrors(this, [&] { chosen_ = ReadDesign(kept_[static_cast<std::size_t>(row)]); }))
+    if (row >= 0 &&
+        ReportErrors(this, [&] { RunBeside([&] { chosen_ = ReadDesign(kept_[static_cast<std::size_t>(row)]); }); }))
         accept();
 }
 

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "project/KeptDesigns.h"
+#include "ui/canvas/DesignImage.h"
 
 #include <QDialog>
+#include <QTimer>
 
 #include <optional>
 
@@ -35,6 +37,8 @@ class frmKeptDesigns : public QDialog {
     cCommonDialog& dialogs_;
     std::vector<KeptDesign> kept_; ///< as in the list
     std::size_t painted_ = 0;      ///< how many have their picture
+    QTimer painting_;
+    std::optional<DesignPicture> picture_; ///< of the one that is being painted
     std::optional<OpenDesign> chosen_;
     QListWidget* lstKept_;
     QPushButton* cmdRestore_;

@@ -1,12 +1,17 @@
 #include "ui/dialogs/frmPreferences.h"
 
+#include "app/JavaPlaces.h"
+#include "app/UpdateFault.h"
+#include "base/FileAccess.h"
 #include "designer/Grid.h"
 #include "ui/parts/FormParts.h"
 #include "ui/parts/TextLine.h"
 
 #include <QAbstractButton>
 #include <QButtonGroup>
+#include <QCheckBox>
 #include <QFormLayout>
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -16,7 +21,16 @@
 #include <QStyleOptionFocusRect>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QTimer>
 #include <QVBoxLayout>
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <thread>
+#include <utility>
 
 namespace pirol {
 namespace {
@@ -103,11 +117,69 @@ class GridPreview : public QWidget {
     Preferences preferences_;
 };
 
+/// Looks for Java and SuM beside the window's own thread, as the folders may lie on a slow network: nobody waits for
+/// the answer, and one that comes too late is lost.
+class JavaSearch : public QObject {
+  public:
+    struct Answer {
+        QString jdk;
+        QString sum;
+    };
+
+    JavaSearch(QObject* parent, std::function<void(const Answer&)> tell) : QObject(parent), tell_(std::move(tell)) {
+        look_.setInterval(lookTime);
+        connect(&look_, &QTimer::timeout, this, &JavaSearch::Look);
+    }
+
+    void Begin(const Preferences& preferences) {
+        box_ = std::make_shared<Box>();
+        std::thread([box = box_, preferences] {
+            const JavaSurroundings surroundings = JavaSurroundings::OfSystem();
+            Answer answer{ToText(JdkText(ChooseJdk(preferences, surroundings))),
+                          ToText(LibraryText(FindLibraries(preferences, surroundings)))};
+            const std::scoped_lock lock(box->mutex);
+            box->answer = std::move(answer);
+        }).detach();
+        look_.start();
+    }
+
+  private:
+    static constexpr std::chrono::milliseconds lookTime{50};
+    struct Box {
+        std::mutex mutex;
+        std::optional<Answer> answer;
+    };
+
+    void Look() {
+        std::unique_lock lock(box_->mutex);
+        if (!box_->answer)
+            return;
+        const Answer answer = std::move(*box_->answer);
+        lock.unlock();
+        look_.stop();
+        tell_(answer);
+    }
+
+    std::function<void(const Answer&)> tell_;
+    std::shared_ptr<Box> box_;
+    QTimer look_;
+};
+
 frmPreferences::frmPreferences(Preferences& preferences, cCommonDialog& dialogs, QWidget* owner)
     : QDialog(owner), preferences_(preferences), dialogs_(dialogs), optGridStyle_(new QButtonGroup(this)),
       picGridColor_(Named(new ColorBox, "picGridColor", "Rasterfarbe")),
       picPreview_(Named(new GridPreview, "picPreview", "Vorschau des Rasters")),
-      txtBlueJPath_(Named(new TextLine(ToText(preferences.BlueJPath)), "txtBlueJPath", "BlueJ-Pfad")) {
+      txtBlueJPath_(Named(new TextLine(ToText(preferences.BlueJPath)), "txtBlueJPath", "BlueJ-Pfad")),
+      txtJdkPath_(Named(new TextLine(ToText(preferences.JdkPath)), "txtJdkPath", "Ordner des JDK")),
+      txtSumPath_(Named(new TextLine(ToText(preferences.SumPath)), "txtSumPath", "Archiv oder Ordner von SuM")),
+      lblJdk_(Named(new QLabel, "lblJdk", "Gefundenes Java")), lblSum_(Named(new QLabel, "lblSum", "Gefundenes SuM")),
+      javaSearch_(new JavaSearch(this,
+                                 [this](const JavaSearch::Answer& answer) {
+                                     lblJdk_->setText(answer.jdk);
+                                     lblSum_->setText(answer.sum);
+                                 })),
+      chkUpdate_(Named(new QCheckBox("&Einmal in der Woche nach einer neuen Version suchen"), "chkUpdate",
+                       "Einmal in der Woche nach einer neuen Version suchen")) {
     setObjectName("frmPreferences");
     setWindowTitle("Pirol - Optionen");
 
@@ -126,6 +198,7 @@ frmPreferences::frmPreferences(Preferences& preferences, cCommonDialog& dialogs,
     if (QAbstractButton* const option = optGridStyle_->button(preferences.GridStyle))
         option->setChecked(true);
     ShowPreview();
+    ShowJava();
 }
 
 QWidget* frmPreferences::NewGeneralPage() {
@@ -133,6 +206,8 @@ QWidget* frmPreferences::NewGeneralPage() {
     auto* const layout = new QVBoxLayout(page);
     layout->addWidget(NewGridGroup());
     layout->addWidget(NewBlueJGroup());
+    layout->addWidget(NewJavaGroup());
+    layout->addWidget(NewUpdateGroup());
     layout->addStretch();
     return page;
 }
@@ -181,11 +256,90 @@ QWidget* frmPreferences::NewBlueJGroup() {
     return group;
 }
 
+/// What is found stands below the fields: empty ones mean that Pirol looks itself.
+QWidget* frmPreferences::NewJavaGroup() {
+    auto* const group = new QGroupBox("Programme testen");
+    auto* const layout = new QGridLayout(group);
+    const auto addRow = [&](int row, const QString& caption, QLineEdit* field, QPushButton* browse, QLabel* found) {
+        auto* const label = new QLabel(caption);
+        label->setBuddy(field);
+        field->setPlaceholderText("selbst suchen");
+        found->setWordWrap(true);
+        found->setTextFormat(Qt::PlainText);
+        // Two lines, so that nothing moves when the answer comes.
+        found->setMinimumHeight(2 * found->fontMetrics().lineSpacing());
+        found->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+        layout->addWidget(label, row, 0);
+        layout->addWidget(field, row, 1);
+        layout->addWidget(browse, row, 2);
+        layout->addWidget(found, row + 1, 1, 1, 2);
+        connect(field, &QLineEdit::editingFinished, this, &frmPreferences::ShowJava);
+    };
+    auto* const cmdBrowseJdk = NewButton("cmdBrowseJdk", "D&urchsuchen …", "Das Programm java eines JDK suchen");
+    auto* const cmdBrowseSum = NewButton("cmdBrowseSum", "Durchsu&chen …", "Das Archiv der Bibliothek SuM suchen");
+    txtJdkPath_->setToolTip("Der Ordner des JDK, mit dem Programme getestet werden");
+    txtSumPath_->setToolTip("Das Archiv oder der Ordner der Bibliothek SuM");
+    addRow(0, "&JDK:", txtJdkPath_, cmdBrowseJdk, lblJdk_);
+    addRow(2, "&SuM:", txtSumPath_, cmdBrowseSum, lblSum_);
+    connect(cmdBrowseJdk, &QPushButton::clicked, this, &frmPreferences::BrowseJdk);
+    connect(cmdBrowseSum, &QPushButton::clicked, this, &frmPreferences::BrowseSum);
+    return group;
+}
+
+void frmPreferences::ShowJava() {
+    lblJdk_->setText("Java wird gesucht …");
+    lblSum_->setText("SuM wird gesucht …");
+    javaSearch_->Begin(Entered());
+}
+
+void frmPreferences::BrowseJdk() {
+    const std::string chosen = dialogs_.ShowOpen({.Title = "Java suchen",
+                                                  .Filter = std::string(javaFilter),
+                                                  .Flags = FileDialogSetup::FileMustExist,
+                                                  .FileName = {},
+                                                  .Name = "programDialog"});
+    if (chosen.empty())
+        return;
+    const std::optional<Jdk> jdk = JdkAt(PathOf(chosen));
+    txtJdkPath_->setText(ToText(jdk ? TextOf(jdk->home) : chosen));
+    ShowJava();
+}
+
+void frmPreferences::BrowseSum() {
+    const std::string chosen = dialogs_.ShowOpen({.Title = "SuM suchen",
+                                                  .Filter = "Java-Archive (*.jar)|*.jar",
+                                                  .Flags = FileDialogSetup::FileMustExist,
+                                                  .FileName = {},
+                                                  .Name = "programDialog"});
+    if (chosen.empty())
+        return;
+    txtSumPath_->setText(ToText(chosen));
+    ShowJava();
+}
+
+QWidget* frmPreferences::NewUpdateGroup() {
+    auto* const group = new QGroupBox("Neue Versionen");
+    auto* const layout = new QVBoxLayout(group);
+    layout->addWidget(chkUpdate_);
+    chkUpdate_->setChecked(preferences_.LooksForUpdates);
+    OfferUpdates(false);
+    return group;
+}
+
+void frmPreferences::OfferUpdates(bool offer) {
+    chkUpdate_->setEnabled(offer);
+    chkUpdate_->setToolTip(offer ? QString("Kurz nach dem Start; in der Statusleiste steht, was gefunden wurde")
+                                 : ToText(noUpdateSource));
+}
+
 Preferences frmPreferences::Entered() const {
     const int style = optGridStyle_->checkedId();
     return {.BlueJPath = txtBlueJPath_->text().toStdString(),
             .GridStyle = static_cast<std::int16_t>(style < 0 ? 2 : style),
-            .GridColor = picGridColor_->Color()};
+            .GridColor = picGridColor_->Color(),
+            .JdkPath = txtJdkPath_->text().toStdString(),
+            .SumPath = txtSumPath_->text().toStdString(),
+            .LooksForUpdates = chkUpdate_->isChecked()};
 }
 
 void frmPreferences::ShowPreview() {

@@ -6,12 +6,15 @@
 #include <QDialog>
 
 class QButtonGroup;
+class QLabel;
+class QCheckBox;
 class QLineEdit;
 
 namespace pirol {
 
 class ColorBox;
 class GridPreview;
+class JavaSearch;
 
 /// The dialog for what a user prefers in all projects. Accepting stores the preferences.
 class frmPreferences : public QDialog {
@@ -21,17 +24,25 @@ class frmPreferences : public QDialog {
     /// Edits the preferences given; they change only when the user accepts.
     frmPreferences(Preferences& preferences, cCommonDialog& dialogs, QWidget* owner);
 
+    /// Whether the option of looking for new versions can be chosen; it cannot until this says so.
+    void OfferUpdates(bool offer);
+
     void accept() override;
 
   private:
     QWidget* NewGeneralPage();
     QWidget* NewGridGroup();
     QWidget* NewBlueJGroup();
+    QWidget* NewJavaGroup();
+    QWidget* NewUpdateGroup();
     /// The preferences as the controls show them.
     Preferences Entered() const;
     void ShowPreview();
     void BrowseGridColor();
     void BrowseBlueJ();
+    void BrowseJdk();
+    void BrowseSum();
+    void ShowJava();
 
     Preferences& preferences_;
     cCommonDialog& dialogs_;
@@ -39,6 +50,12 @@ class frmPreferences : public QDialog {
     ColorBox* picGridColor_;
     GridPreview* picPreview_;
     QLineEdit* txtBlueJPath_;
+    QLineEdit* txtJdkPath_;
+    QLineEdit* txtSumPath_;
+    QLabel* lblJdk_;
+    QLabel* lblSum_;
+    JavaSearch* javaSearch_;
+    QCheckBox* chkUpdate_;
 };
 
 } // namespace pirol

@@ -8,6 +8,7 @@ namespace pirol {
 class frmProgramStarter : public ProgramStarter {
   public:
     void Start(const std::string& program, const std::string& folder, Window window) override;
+    bool Open(const std::string& file) override;
 };
 
 } // namespace pirol

@@ -39,7 +39,8 @@ frmRecovery::frmRecovery(const std::string& project, std::time_t written, std::s
     lblQuestion->setMinimumHeight(lblQuestion->heightForWidth(lblQuestion->minimumWidth()));
 
     auto* const cmdRestore = NewButton("cmdRestore", "&Wiederherstellen", "Den Entwurf in das Fenster holen");
-    auto* const cmdDiscard = NewButton("cmdDiscard", "&Verwerfen", "Den Entwurf löschen");
+    auto* const cmdDiscard =
+        NewButton("cmdDiscard", "&Verwerfen", "Den Entwurf nicht mehr anbieten; er bleibt unter „Frühere Entwürfe“");
     auto* const cmdLater = NewButton("cmdLater", "&Später", "Beim nächsten Start noch einmal fragen");
     cmdRestore->setDefault(true);
 
