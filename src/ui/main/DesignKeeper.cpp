@@ -23,22 +23,35 @@ constexpr int messageMilliseconds = 10'000;
 DesignKeeper::DesignKeeper(frmMain& window, cCommonDialog& dialogs, const std::filesystem::path& folder,
                            const KeepingDelays& delays)
     : window_(window), document_(window.CurrentDocument()), dialogs_(dialogs), folder_(folder), delays_(delays),
-      file_(folder), lblKeeping_(Named(new QLabel("⚠ Nicht gesichert"), "lblKeeping", "Nicht gesichert")) {
+      lblKeeping_(Named(new QLabel("⚠ Nicht gesichert"), "lblKeeping", "Nicht gesichert")),
+      thread_(folder, [this](const std::string& failure) {
+          QMetaObject::invokeMethod(
+              this, [this, failure] { Kept(failure); }, Qt::QueuedConnection);
+      }) {
     lblKeeping_->hide();
     window.statusBar()->insertPermanentWidget(1, lblKeeping_);
     timer_.setSingleShot(true);
     connect(&timer_, &QTimer::timeout, this, &DesignKeeper::Keep);
+    checking_.setSingleShot(true);
+    connect(&checking_, &QTimer::timeout, this, &DesignKeeper::CheckFiles);
     document_.AddListener(*this);
     connect(&window_, &frmMain::KeptDesignsWanted, this, &DesignKeeper::ShowKeptDesigns);
 }
 
+/// The thread does what it is asked here before the program ends.
 DesignKeeper::~DesignKeeper() {
     document_.RemoveListener(*this);
-    if (writing_.valid())
-        writing_.wait();
-    // What cannot be kept here is offered at the next start.
-    if (!file_.StaysBehind() && !KeepFormer("Pirol beendet"))
-        file_.StayBehind(true);
+    if (!staysBehind_)
+        KeepFormer("Pirol beendet");
+}
+
+OpenDesign DesignKeeper::Shown() const {
+    return {document_.Model(), document_.FilePath()};
+}
+
+void DesignKeeper::Ask(const std::function<void()>& work) {
+    if (const auto error = ErrorOf(work))
+        Kept(error->Description());
 }
 
 void DesignKeeper::DocumentChanged(const DocumentChange& change) {
@@ -46,9 +59,10 @@ void DesignKeeper::DocumentChanged(const DocumentChange& change) {
         return;
     if (change.replaced)
         KeepFormer(document_.CanRedo() ? "Rückgängig" : document_.UndoLabel());
-    shown_ = {document_.Model(), document_.FilePath()};
+    shown_ = Shown();
     shownIsChanged_ = document_.IsChanged();
-    file_.StayBehind(false);
+    staysBehind_ = false;
+    thread_.StayBehind(false);
     if (!sinceChange_.isValid())
         sinceChange_.start();
     if (!document_.IsChanged())
@@ -57,17 +71,15 @@ void DesignKeeper::DocumentChanged(const DocumentChange& change) {
         timer_.start(delays_.afterChange);
 }
 
-/// Before its recovery file goes. True unless that failed.
-bool DesignKeeper::KeepFormer(const std::string& reason) {
-    if (!shownIsChanged_)
-        return true;
-    const auto error = ErrorOf([&] { KeepDesign(KeptFolder(folder_), shown_, reason, std::time(nullptr)); });
-    if (error)
-        TellFailure(error->Description());
-    return !error;
+void DesignKeeper::KeepFormer(const std::string& reason) {
+    if (shownIsChanged_)
+        Ask([&] { thread_.KeepFormer({shown_, reason, std::time(nullptr)}); });
 }
 
 void DesignKeeper::ShowKeptDesigns() {
+    // What a second program that was killed meanwhile has left belongs to the list, too.
+    Ask([this] { thread_.KeepLeft(); });
+    TellFailure(thread_.Wait());
     frmKeptDesigns form(KeptFolder(folder_), dialogs_, &window_);
     if (form.exec() == QDialog::Accepted)
         window_.Run([&] {
@@ -79,51 +91,40 @@ void DesignKeeper::ShowKeptDesigns() {
 }
 
 void DesignKeeper::Keep() {
-    if (isWriting_)
-        return; // its end leads here again
     if (!document_.IsChanged()) {
         timer_.stop();
         sinceChange_.invalidate();
-        file_.Remove();
+        Ask([this] { thread_.ForgetShown(); });
         return;
     }
     if (document_.IsInGesture() && !sinceChange_.hasExpired(delays_.longest.count())) {
         timer_.start(delays_.duringGesture);
         return;
     }
-    const std::optional<RuntimeError> error = ErrorOf([this] {
-        const OpenDesign design{document_.Model(), document_.FilePath()};
-        writing_ = std::async(std::launch::async, [this, design] {
-            const std::optional<RuntimeError> failure = ErrorOf([&] { file_.Write(SnapshotOf(design)); });
-            QMetaObject::invokeMethod(
-                this, [this, text = failure ? failure->Description() : ""] { Kept(text); }, Qt::QueuedConnection);
-        });
-        isWriting_ = true;
-        sinceChange_.invalidate();
-    });
-    if (error)
-        Kept(error->Description());
+    sinceChange_.invalidate();
+    Ask([this] { thread_.KeepShown(Shown()); });
+}
+
+void DesignKeeper::CheckFiles() {
+    Ask([this] { thread_.CheckFiles(); });
 }
 
 void DesignKeeper::Kept(const std::string& failure) {
-    isWriting_ = false;
     TellFailure(failure);
-    if (!document_.IsChanged())
-        Keep();
-    else if (!failure.empty())
+    if (!failure.empty() && document_.IsChanged() && !timer_.isActive())
         timer_.start(delays_.afterFailure);
-    else if (sinceChange_.isValid() && !timer_.isActive())
-        timer_.start(delays_.afterChange);
+    if (document_.IsChanged() || !failure.empty())
+        checking_.start(failure.empty() ? delays_.betweenChecks : delays_.afterFailure);
 }
 
-void DesignKeeper::KeepForNextStart() {
-    if (writing_.valid())
-        writing_.wait();
-    if (!document_.IsChanged())
-        return;
-    file_.StayBehind(true);
-    const auto error = ErrorOf([this] { file_.Write(SnapshotOf({document_.Model(), document_.FilePath()})); });
-    TellFailure(error ? error->Description() : "");
+void DesignKeeper::KeepForNextStart(const std::string& reason) {
+    if (document_.IsChanged()) {
+        staysBehind_ = true;
+        thread_.StayBehind(true);
+        Ask([this] { thread_.KeepShown(Shown()); });
+        KeepFormer(reason);
+    }
+    TellFailure(thread_.Wait());
 }
 
 /// Working goes on without recovery. One message a failure says so, and a word in the status bar as long as it holds.
@@ -141,6 +142,11 @@ void DesignKeeper::OfferLeftDesigns() {
     std::vector<LeftDesign> left;
     if (const auto error = ErrorOf([&] { left = LeftDesigns(folder_); }))
         TellFailure(error->Description());
+    if (left.empty())
+        return;
+    // Whatever the user answers, they can be fetched later on, too.
+    Ask([this] { thread_.KeepLeft(); });
+    TellFailure(thread_.Wait());
     std::size_t others = left.size();
     for (const LeftDesign& design : left) {
         --others;
@@ -167,7 +173,8 @@ bool DesignKeeper::Offer(const LeftDesign& left, std::size_t others) {
                 return Document::Origin{.path = design.filePath};
             });
         });
-        if (!ErrorOf([&] { file_.Write(SnapshotOf(design)); }))
+        Ask([this] { thread_.KeepShown(Shown()); });
+        if (thread_.Wait().empty())
             Discard(left);
         return false;
     }

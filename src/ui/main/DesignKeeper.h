@@ -1,16 +1,13 @@
 #pragma once
 
+#include "app/KeepingThread.h"
 #include "designer/Document.h"
-#include "project/KeptDesigns.h"
-#include "project/Recovery.h"
 
 #include <QElapsedTimer>
 #include <QObject>
 #include <QTimer>
 
 #include <chrono>
-#include <future>
-#include <vector>
 
 class QLabel;
 
@@ -26,6 +23,8 @@ struct KeepingDelays {
     std::chrono::milliseconds duringGesture{200};
     std::chrono::milliseconds longest{5000};
     std::chrono::milliseconds afterFailure{10000};
+    /// How often it is looked whether somebody has removed the recovery file of unsaved changes.
+    std::chrono::milliseconds betweenChecks{1000};
 };
 
 /// Keeps the design in the recovery file while the user works, at most a few seconds old, and offers at the start what
@@ -43,17 +42,20 @@ class DesignKeeper : public QObject, private DocumentListener {
     /// Offers the left designs one after another, the newest first, until one is restored or put off.
     void OfferLeftDesigns();
 
-    /// Keeps the design at once and for the next start: the program is about to end, and not because the user wants it.
-    /// What he does afterwards all the same counts as ever.
-    void KeepForNextStart();
+    /// Keeps the design at once, among the kept designs and for the next start: the program is about to end, and not
+    /// because the user wants it. What he does afterwards all the same counts as ever.
+    void KeepForNextStart(const std::string& reason);
 
     /// Lets the user fetch a kept design back, as a step of the history, or delete some.
     void ShowKeptDesigns();
 
   private:
     void DocumentChanged(const DocumentChange& change) override;
-    bool KeepFormer(const std::string& reason);
+    OpenDesign Shown() const;
+    void Ask(const std::function<void()>& work);
+    void KeepFormer(const std::string& reason);
     void Keep();
+    void CheckFiles();
     void Kept(const std::string& failure);
     void TellFailure(const std::string& failure);
     bool Offer(const LeftDesign& left, std::size_t others);
@@ -64,15 +66,15 @@ class DesignKeeper : public QObject, private DocumentListener {
     cCommonDialog& dialogs_;
     std::filesystem::path folder_;
     KeepingDelays delays_;
-    RecoveryFile file_;
     OpenDesign shown_;            ///< what the document held after its last change
     bool shownIsChanged_ = false; ///< whether it had unsaved changes
+    bool staysBehind_ = false;    ///< it is kept for the next start
     QTimer timer_;
-    QElapsedTimer sinceChange_; ///< valid when there are changes that the recovery file lacks
-    std::future<void> writing_;
-    bool isWriting_ = false;
+    QElapsedTimer sinceChange_; ///< valid when there are changes that nobody has been asked to keep
+    QTimer checking_;
     bool toldFailure_ = false;
     QLabel* lblKeeping_; ///< in the status bar while nothing can be kept
+    KeepingThread thread_;
 };
 
 } // namespace pirol

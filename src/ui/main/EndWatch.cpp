@@ -15,7 +15,7 @@
 
 namespace pirol {
 
-EndWatch::EndWatch(std::function<void()> tell) : tell_(std::move(tell)) {
+EndWatch::EndWatch(std::function<void(const std::string&)> tell) : tell_(std::move(tell)) {
     // Some session managers ask for the one, some for the other; the program may be gone right after the answer.
     connect(qGuiApp, &QGuiApplication::commitDataRequest, this, &EndWatch::EndOfSession, Qt::DirectConnection);
     connect(qGuiApp, &QGuiApplication::saveStateRequest, this, &EndWatch::EndOfSession, Qt::DirectConnection);
@@ -24,7 +24,7 @@ EndWatch::EndWatch(std::function<void()> tell) : tell_(std::move(tell)) {
 
 void EndWatch::EndOfSession(QSessionManager& manager) {
     manager.setRestartHint(QSessionManager::RestartNever);
-    tell_();
+    tell_("Sitzung beendet");
 }
 
 #ifdef _WIN32
@@ -86,7 +86,7 @@ void EndWatch::EndBySignal() {
     char signal = 0;
     if (read(pipe_, &signal, 1) != 1)
         return;
-    tell_();
+    tell_("Pirol vom System beendet");
     // The parent shall see by what the program ended.
     std::signal(signal, SIG_DFL);
     std::raise(signal);

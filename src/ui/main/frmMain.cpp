@@ -3,22 +3,29 @@
 #include "app/FileCommands.h"
 #include "codegen/Hints.h"
 #include "designer/MainLayout.h"
-#include "ui/canvas/picContainer.h"
+#include "ui/canvas/picFrame.h"
 #include "ui/dialogs/frmLoading.h"
+#include "ui/main/cboZoom.h"
+#include "ui/main/HintSearch.h"
+#include "ui/main/lstComponents.h"
 #include "ui/main/lstHints.h"
+#include "ui/main/pnlOutput.h"
+#include "ui/main/tbArrange.h"
 #include "ui/main/tbComponents.h"
 #include "ui/parts/FormParts.h"
 #include "ui/parts/frmError.h"
+#include "ui/parts/RunBeside.h"
 #include "ui/properties/plProperties.h"
 
 #include <QAction>
+#include <QDockWidget>
 #include <QEvent>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMenu>
 #include <QScreen>
-#include <QScrollBar>
 #include <QShortcut>
 #include <QStatusBar>
 #include <QVBoxLayout>
@@ -26,40 +33,16 @@
 namespace pirol {
 namespace {
 
+constexpr int positionWidth = 150;
+
 /// The first window shows designed windows up to 800 x 600 whole.
 constexpr QSize firstSize(1200, 720);
-
-/// A bar of the canvas. While there is nothing to scroll it is an empty strip: the style has many gradients for a bar
-/// that does nothing, and Qt starts threads to fill each of them.
-class CanvasBar final : public QScrollBar {
-  public:
-    using QScrollBar::QScrollBar;
-
-  private:
-    void paintEvent(QPaintEvent* event) override {
-        if (isEnabled())
-            QScrollBar::paintEvent(event);
-    }
-};
-
-QScrollBar* NewBar(const char* name, const QString& accessibleName, Qt::Orientation orientation, QWidget* parent) {
-    return Named(new CanvasBar(orientation, parent), name, accessibleName);
-}
 
 QLabel* NewHeading(const char* name, const QString& text, QWidget* parent) {
     auto* label = Named(new QLabel(text, parent), name, text);
     label->setIndent(8);
     SetOff(label);
     return label;
-}
-
-void SetUp(QScrollBar* scrollBar, const MainLayout::Bar& bar, int room) {
-    const QSignalBlocker quiet(scrollBar);
-    scrollBar->setGeometry(ToRect(bar.box));
-    scrollBar->setEnabled(bar.enabled);
-    scrollBar->setRange(0, bar.maximum);
-    scrollBar->setPageStep(std::max(room / scrollStep, 1));
-    scrollBar->setValue(0);
 }
 
 /// As much of the text as the panel shows; a name can be longer than any window.
@@ -78,11 +61,11 @@ frmMain::frmMain(cCommonDialog& dialogs, ProgramStarter& starter, const Preferen
     BuildSurface();
     BuildStatusBar();
     BuildMenus();
+    BuildArrangeRow();
     hintTimer_.setSingleShot(true);
     hintTimer_.setInterval(hintDelay);
     connect(&hintTimer_, &QTimer::timeout, this, &frmMain::ShowHints);
     connect(new QShortcut(Qt::Key_F6, this), &QShortcut::activated, this, [this] { lstHints_->Open(); });
-    connect(new QShortcut(Qt::Key_Delete, this), &QShortcut::activated, this, &frmMain::DeleteSelected);
     FitToScreen(this, firstSize);
     SetPreferences(preferences);
     picContainer_->setFocus();
@@ -110,12 +93,20 @@ void frmMain::BuildSurface() {
     surface_->installEventFilter(this);
     lstHints_ = new lstHints;
     connect(lstHints_, &lstHints::HintChosen, this, &frmMain::GoTo);
+    hintSearch_ = new HintSearch(this);
+    connect(hintSearch_, &HintSearch::Found, lstHints_, &lstHints::ShowHints);
+    connect(hintSearch_, &HintSearch::Failed, this,
+            [this](const RuntimeError& error) { Run([&error] { throw error; }); });
     auto* middle = new QWidget;
     auto* rows = new QVBoxLayout(middle);
     rows->setContentsMargins(0, 0, 0, 0);
     rows->setSpacing(0);
     rows->addWidget(surface_, 1);
     rows->addWidget(lstHints_);
+    pnlOutput_ = new pnlOutput(std::make_unique<SystemProcessStarter>());
+    connect(pnlOutput_, &pnlOutput::TestWanted, this, [this] { Command("mnuCodeTest")->trigger(); });
+    connect(pnlOutput_, &pnlOutput::LineChosen, this, &frmMain::ShowCode);
+    rows->addWidget(pnlOutput_);
     setCentralWidget(middle);
 
     lblComponents_ = NewHeading("lblComponents", "Komponenten", surface_);
@@ -124,23 +115,26 @@ void frmMain::BuildSurface() {
 
     tbComponents_ = new tbComponents(surface_);
     connect(tbComponents_, &tbComponents::ButtonClicked, this, &frmMain::ChooseKindByToolbar);
+    connect(tbComponents_, &tbComponents::PlaceWanted, this, [this](int kind) { picContainer_->PlaceInMiddle(kind); });
+    connect(tbComponents_, &tbComponents::Dragged, this,
+            [this](int kind, const QPoint& global) { picContainer_->DragOver(kind, global); });
+    connect(tbComponents_, &tbComponents::Dropped, this,
+            [this](int kind, const QPoint& global) { picContainer_->Drop(kind, global); });
 
-    picFrame_ = Named(new QWidget(surface_), "picFrame", "Rahmen der Entwurfsfläche");
-    picFrame_->setAutoFillBackground(true);
-    picFrame_->setBackgroundRole(QPalette::Midlight);
-    viewport_ = new QWidget(picFrame_);
-    picContainer_ = new picContainer(canvas_, document_.Model(), viewport_);
+    picFrame_ = new picFrame(canvas_, document_.Model(), surface_);
+    picContainer_ = picFrame_->Canvas();
+    connect(picFrame_, &picFrame::ZoomChanged, this, &frmMain::ShowZoom);
     connect(picContainer_, &picContainer::Handled, this, &frmMain::ShowStatus);
     connect(picContainer_, &picContainer::SelectionMovedByKey, this, &frmMain::ScrollToSelection);
+    connect(picContainer_, &picContainer::EditWanted, this, &frmMain::EditInPlace);
+    connect(picContainer_, &picContainer::TextEdited, this, &frmMain::ChangeInPlace);
+    connect(picContainer_, &picContainer::ContextMenuWanted, this, &frmMain::ShowContextMenu);
+    connect(picContainer_, &picContainer::TextTyped, this, [this](QKeyEvent* event) { plProperties_->Type(event); });
     connect(picContainer_, &picContainer::EnterPressed, this, [this] { plProperties_->setFocus(Qt::TabFocusReason); });
-
-    vScroll_ = NewBar("vScroll", "Entwurfsfläche senkrecht rollen", Qt::Vertical, picFrame_);
-    hScroll_ = NewBar("hScroll", "Entwurfsfläche waagerecht rollen", Qt::Horizontal, picFrame_);
-    for (QScrollBar* bar : {vScroll_, hScroll_})
-        connect(bar, &QScrollBar::valueChanged, this, [this] { Run([this] { ShowScrolledCanvas(); }); });
 
     plProperties_ = new plProperties(surface_);
     connect(plProperties_, &plProperties::PropertyEdited, this, &frmMain::ChangeProperty);
+    connect(plProperties_, &plProperties::TypedEditEnded, this, &frmMain::GoOnBehindEdit);
     plProperties_->SetFileChooser([this](const std::string& filter, const std::string& path) {
         return dialogs_.ShowOpen({"Datei wählen", filter, FileDialogSetup::FileMustExist, path, "propertyDialog"});
     });
@@ -164,6 +158,16 @@ void frmMain::BuildStatusBar() {
     statusBar()->addWidget(panels_[0], 1);
     statusBar()->addPermanentWidget(panels_[1]);
     statusBar()->addPermanentWidget(panels_[2]);
+    lblPosition_ = Named(new QLabel, "lblPosition", "Position und Größe");
+    lblPosition_->setToolTip("Links / Oben und Breite x Höhe dessen, was gewählt ist oder gezeichnet wird");
+    lblPosition_->setFixedWidth(positionWidth);
+    statusBar()->addPermanentWidget(lblPosition_);
+    cboZoom_ = new cboZoom;
+    statusBar()->addPermanentWidget(cboZoom_);
+    connect(cboZoom_, &cboZoom::ZoomChosen, this, [this](int percent) {
+        picFrame_->SetZoom(percent);
+        picContainer_->setFocus(Qt::OtherFocusReason);
+    });
 }
 
 // --- Laying out and scrolling -----------------------------------------------------------------------------------
@@ -193,48 +197,124 @@ void frmMain::keyPressEvent(QKeyEvent* event) {
 
 void frmMain::LayOut() {
     designedSize_ = QSize(Model().WindowWidth(), Model().WindowHeight());
-    const MainLayout layout = LayOutMainWindow(surface_->width(), surface_->height() + rowHeight, designedSize_.width(),
-                                               designedSize_.height());
+    const QSize shown = picFrame_->ShownSize();
+    const MainLayout layout =
+        LayOutMainWindow(surface_->width(), surface_->height() + rowHeight, shown.width(), shown.height());
     const QRect headings = ToRect(layout.headings);
     lblComponents_->setGeometry(headings.x(), headings.y(), layout.toolbar.width, headings.height());
     lblWindow_->setGeometry(layout.frame.left, headings.y(), layout.frame.width, headings.height());
     lblProperties_->setGeometry(layout.list.left, headings.y(), layout.list.width, headings.height());
+    lblWindow_->setText(QString("Fenster: B = %1 / H = %2").arg(designedSize_.width()).arg(designedSize_.height()));
+    if (tbArrange_ != nullptr)
+        tbArrange_->PlaceIn(lblWindow_->geometry(), lblWindow_->sizeHint().width());
     tbComponents_->setGeometry(ToRect(layout.toolbar));
     plProperties_->setGeometry(ToRect(layout.list));
-    picFrame_->setGeometry(ToRect(layout.frame));
-    viewport_->setGeometry(0, 0, layout.vertical.box.left, layout.horizontal.box.top);
-    SetUp(vScroll_, layout.vertical, viewport_->height());
-    SetUp(hScroll_, layout.horizontal, viewport_->width());
-    picContainer_->setGeometry(ToRect(layout.canvas));
-    lblWindow_->setText(QString("Fenster: B = %1 / H = %2").arg(designedSize_.width()).arg(designedSize_.height()));
+    picFrame_->LayOut(layout);
 }
 
 /// A resized window shows the design's beginning; a list of hints that is opened or closed leaves the user where he is.
 void frmMain::LayOutAgain() {
-    const int left = hScroll_->value();
-    const int top = vScroll_->value();
+    const QPoint scrolled = picFrame_->Scrolled();
     LayOut();
-    if (std::exchange(laidOutSize_, size()) != size())
-        return;
-    hScroll_->setValue(left);
-    vScroll_->setValue(top);
+    if (std::exchange(laidOutSize_, size()) == size())
+        picFrame_->ScrollTo(scrolled);
 }
 
-void frmMain::ShowScrolledCanvas() {
-    const int left = hScroll_->isEnabled() ? ScrolledPosition(hScroll_->value()) : picContainer_->x();
-    const int top = vScroll_->isEnabled() ? ScrolledPosition(vScroll_->value()) : picContainer_->y();
-    picContainer_->move(left, top);
+void frmMain::ShowZoom(int percent) {
+    LayOut();
+    cboZoom_->ShowZoom(percent);
 }
 
 void frmMain::ScrollToSelection() {
-    const std::optional<ComponentRef> selected = canvas_.Selected();
-    if (!selected)
+    if (const std::optional<ComponentRef> reached = canvas_.Reached())
+        picFrame_->ScrollToShow(Model().VisibleBox(*reached));
+}
+
+// --- On the canvas itself ---------------------------------------------------------------------------------------
+
+/// What has no text to edit in place has its properties in the list.
+void frmMain::EditInPlace(const QString& typed) {
+    const std::optional<ComponentRef> leader = canvas_.Selected();
+    if (!leader)
         return;
-    const Rectangle box = Model().VisibleBox(*selected);
-    hScroll_->setValue(
-        BarValueToShow(box.left, box.Right(), viewport_->width(), hScroll_->value(), hScroll_->maximum()));
-    vScroll_->setValue(
-        BarValueToShow(box.top, box.Bottom(), viewport_->height(), vScroll_->value(), vScroll_->maximum()));
+    std::optional<InPlaceText> text;
+    Run([&] { text = InPlaceTextOf(Model().Element(*leader)); });
+    if (!text)
+        return plProperties_->setFocus(Qt::TabFocusReason);
+    ScrollToSelection();
+    picContainer_->EditInPlace(*leader, *text, typed);
+}
+
+void frmMain::ChangeInPlace(const std::string& text) {
+    const std::optional<ComponentRef> leader = canvas_.Selected();
+    if (!leader)
+        return;
+    const Control& control = Model().Element(*leader);
+    std::optional<InPlaceText> before;
+    std::string value;
+    if (Run([&] {
+            before = InPlaceTextOf(control);
+            value = InPlaceValue(control, text);
+        }) &&
+        before && before->text != text)
+        ChangeProperty(std::string(before->key), value);
+}
+
+/// The commands that apply where the menu was asked for.
+void frmMain::ShowContextMenu(const QPoint& global) {
+    auto* menu = Named(new QMenu(this), "mnuContext", "Befehle zur Auswahl");
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const bool isSelected = canvas_.Selected().has_value();
+    if (isSelected) {
+        menu->addAction("&Beschriftung bearbeiten\tF2", this, [this] { EditInPlace({}); });
+        menu->addAction("&Eigenschaften\tEingabe", this, [this] { plProperties_->setFocus(Qt::OtherFocusReason); });
+        menu->addSeparator();
+    }
+    const auto add = [this, menu](const char* name) {
+        if (QAction* const command = Command(name); command != nullptr && command->isEnabled())
+            menu->addAction(command);
+        if (auto* const submenu = findChild<QMenu*>(name); submenu != nullptr && submenu->isEnabled())
+            menu->addMenu(submenu);
+    };
+    for (const char* const name : {"mnuEditCut", "mnuEditCopy", "mnuEditPaste", "mnuEditDuplicate", "mnuEditDelete"})
+        add(name);
+    if (isSelected)
+        add("mnuArrange");
+    menu->addSeparator();
+    for (const char* const name : {"mnuEditSelectAll", "mnuEditUndo", "mnuEditRedo"})
+        add(name);
+    if (!isSelected) {
+        menu->addSeparator();
+        for (const char* const name : {"mnuViewShowGrid", "mnuObjectsGrid", "mnuObjectsGuides", "mnuProjectSettings"})
+            add(name);
+    }
+    menu->popup(global);
+}
+
+// --- The component list -----------------------------------------------------------------------------------------
+
+void frmMain::BuildComponents() {
+    lstComponents_ = new lstComponents(document_);
+    connect(lstComponents_, &lstComponents::SelectionChosen, this, &frmMain::ScrollToSelection);
+    connect(lstComponents_, &lstComponents::Left, this, [this] { picContainer_->setFocus(Qt::OtherFocusReason); });
+    connect(lstComponents_, &lstComponents::PropertiesWanted, this,
+            [this] { plProperties_->setFocus(Qt::TabFocusReason); });
+    connect(lstComponents_, &lstComponents::WindowWanted, this, &frmMain::mnuProjectSettings);
+    connect(lstComponents_, &lstComponents::MenusWanted, this, &frmMain::mnuFunctionsMenuGenerator);
+    dckComponents_ = Named(new QDockWidget("Komponentenliste"), "dckComponents", "Komponentenliste");
+    dckComponents_->setFeatures(QDockWidget::DockWidgetClosable | QDockWidget::DockWidgetMovable);
+    dckComponents_->setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
+    dckComponents_->setWidget(lstComponents_);
+    addDockWidget(Qt::LeftDockWidgetArea, dckComponents_);
+    connect(dckComponents_, &QDockWidget::visibilityChanged, this,
+            [this] { Command("mnuViewComponents")->setChecked(!dckComponents_->isHidden()); });
+}
+
+void frmMain::ShowComponents(bool shown) {
+    if (shown && dckComponents_ == nullptr)
+        BuildComponents();
+    if (dckComponents_ != nullptr)
+        dckComponents_->setVisible(shown);
 }
 
 // --- Bringing the window up to date -----------------------------------------------------------------------------
@@ -246,15 +326,21 @@ bool frmMain::Run(const std::function<void()>& operation) {
 /// Behind a report, too, the window shows the design as the failed operation left it.
 void frmMain::DocumentChanged(const DocumentChange& change) {
     picContainer_->ShowChange(change);
+    if (lstComponents_ != nullptr)
+        lstComponents_->ShowChange(change);
     if (designedSize_ != QSize(Model().WindowWidth(), Model().WindowHeight()))
         LayOut();
     if (change.file || change.history)
         ShowFileAndHistory();
     if (change.design.menus || change.design.sql)
         RefreshCodeMenu();
+    if (change.selection || change.replaced)
+        ShowSelectionCommands();
     shownState_ = document_.StateNumber();
-    if (change.design.Any())
+    if (change.design.Any()) {
+        hintSearch_->Stop();
         hintTimer_.start();
+    }
     if (change.properties) {
         LoadProperties();
         ShowStatus();
@@ -276,16 +362,47 @@ void frmMain::ShowFileAndHistory() {
 }
 
 void frmMain::ShowStatus() {
+    // Escape may have taken the pointer tool.
+    if (tbComponents_->PressedButton() != canvas_.CurrentKind())
+        tbComponents_->PressButton(canvas_.CurrentKind());
+    const Selection& selected = canvas_.AllSelected();
     QString hint = "Rechteck aufziehen oder Einfg: neue Komponente    Tab: Komponente wählen";
-    QString selection = "Kein Objekt gewählt";
-    if (const std::optional<ComponentRef> selected = canvas_.Selected()) {
-        const Control& control = Model().Element(*selected);
+    if (canvas_.CurrentKind() == canvas_.pointerTool)
+        hint = "Rechteck aufziehen: mehrere Komponenten wählen    Tab: Komponente wählen";
+    if (selected.IsSeveral())
+        hint = "Pfeile: verschieben    Tab: weitergehen    Strg+Leertaste: hinzunehmen, weglassen    Entf: löschen";
+    else if (!selected.IsEmpty())
         hint = "Pfeile: verschieben    Umschalt+Pfeile: Größe    Eingabe: Eigenschaften    Entf: löschen";
-        selection = QString("%1 (%2)").arg(ToText(control.ObjectName), ToText(RowOf(control.Kind()).menuLabel));
-    }
     SetText(panels_[0], hint);
-    SetText(panels_[1], selection);
+    SetText(panels_[1], SelectionText());
     SetText(panels_[2], ToText(canvas_.StatusText()));
+    ShowPosition();
+}
+
+/// Follows what is drawn and dragged.
+void frmMain::ShowPosition() {
+    const std::optional<ComponentRef> selected = canvas_.Selected();
+    const bool isDrawing = canvas_.IsDrawing() && canvas_.IsFrameVisible();
+    if (!selected && !isDrawing)
+        return lblPosition_->clear();
+    const Rectangle box = isDrawing ? canvas_.Frame() : canvas_.ShownBox(*selected);
+    const QString text = QString("%1 / %2   %3 x %4").arg(box.left).arg(box.top).arg(box.width).arg(box.height);
+    if (lblPosition_->text() != text)
+        lblPosition_->setText(text);
+}
+
+/// What is selected, and where the keyboard is when that is another one.
+QString frmMain::SelectionText() const {
+    const std::optional<ComponentRef> reached = canvas_.Reached();
+    if (!reached)
+        return "Kein Objekt gewählt";
+    const Control& control = Model().Element(*reached);
+    const QString name = ToText(control.ObjectName);
+    const Selection& selected = canvas_.AllSelected();
+    const bool isLeader = reached == selected.Leader();
+    if (isLeader && !selected.IsSeveral())
+        return QString("%1 (%2)").arg(name, ToText(RowOf(control.Kind()).menuLabel));
+    return QString("%1 gewählt, %2 %3").arg(selected.Count()).arg(isLeader ? "zuletzt" : "bei", name);
 }
 
 void frmMain::ShowHints() {
@@ -293,7 +410,7 @@ void frmMain::ShowHints() {
     if (canvas_.IsInGesture())
         hintTimer_.start();
     else
-        ReportErrors(this, [this] { lstHints_->ShowHints(FindHints(Model(), document_.FilePath(), options_)); });
+        ReportErrors(this, [this] { hintSearch_->Start(Model(), document_.FilePath(), options_); });
 }
 
 void frmMain::GoTo(const Hint& hint) {
@@ -309,12 +426,15 @@ void frmMain::GoTo(const Hint& hint) {
 
 /// The key deletes wherever the keyboard is, so the user is told what went.
 void frmMain::DeleteSelected() {
-    const std::optional<ComponentRef> selected = canvas_.Selected();
-    if (!selected)
+    const Selection selected = canvas_.AllSelected();
+    if (selected.IsEmpty())
         return;
-    const QString name = ToText(Model().Element(*selected).ObjectName).left(60);
+    const QString what = selected.IsSeveral() ? QString("%1 Komponenten").arg(selected.Count())
+                                              : ToText(Model().Element(*selected.Leader()).ObjectName).left(60);
+    const QString back = selected.IsSeveral() ? " gelöscht. Strg+Z bringt sie zurück."
+                                              : " gelöscht. Strg+Z bringt die Komponente zurück.";
     if (Run([this] { canvas_.DeleteSelected(); }))
-        statusBar()->showMessage(name + " gelöscht. Strg+Z bringt die Komponente zurück.", messageTime);
+        statusBar()->showMessage(what + back, messageTime);
 }
 
 /// Exports end without a window of their own.
@@ -327,7 +447,7 @@ void frmMain::SayExported(const std::string& path) {
 
 std::string frmMain::GenerateCode() {
     std::string source;
-    Run([&] { source = pirol::GenerateCode(Model(), options_); });
+    Run([&] { RunBeside([&, model = Model(), options = options_] { source = pirol::GenerateCode(model, options); }); });
     return source;
 }
 
@@ -339,7 +459,7 @@ void frmMain::ReadPRLFile(const std::string& path) {
 }
 
 void frmMain::LoadProperties() {
-    ReportErrors(this, [this] { plProperties_->ShowRows(pirol::LoadProperties(Model(), document_.Selected())); });
+    ReportErrors(this, [this] { plProperties_->ShowRows(pirol::LoadProperties(Model(), document_.AllSelected())); });
 }
 
 void frmMain::ChangeProperty(const std::string& key, const std::string& value) {

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "app/cCommonDialog.h"
+#include "app/JavaFiles.h"
 #include "app/Preferences.h"
 #include "app/ProgramStarter.h"
+#include "app/UnheldValues.h"
 #include "codegen/JavaGenerator.h"
 #include "designer/DesignCanvas.h"
 #include "designer/Document.h"
@@ -19,21 +21,29 @@
 #include <string>
 
 class QAction;
+class QDockWidget;
 class QLabel;
 class QMenu;
-class QScrollBar;
 
 namespace pirol {
 
+class HintSearch;
+class cboZoom;
+class lstComponents;
 class lstHints;
 class picContainer;
+class pnlOutput;
+class picFrame;
 class plProperties;
+class tbArrange;
 class tbComponents;
+enum class Arrangement;
 struct Hint;
 
 /// The main window. It owns the design and everything around it: toolbar, canvas with its scroll bars, property list,
-/// list of hints, status bar and the menu with every command of the program. A command is a function of the same name.
-/// All its parts show the document: it is told of every change and passes on what they need.
+/// list of hints, output of the tested program, status bar and the menu with every command of the program. A command is
+/// a function of the same name. All its parts show the document: it is told of every change and passes on what they
+/// need.
 class frmMain : public QMainWindow, private DocumentListener {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(frmMain)
@@ -49,6 +59,10 @@ class frmMain : public QMainWindow, private DocumentListener {
     Document& CurrentDocument() { return document_; }
     const ProjectModel& Model() const { return document_.Model(); }
     DesignCanvas& Canvas() { return canvas_; }
+    const Preferences& CurrentPreferences() const { return preferences_; }
+
+    /// New versions can be looked for; before this the command says that they cannot.
+    void EnableUpdate();
 
     // The operations of consequence. Each runs under its error label, shows the error report when it fails, and brings
     // the window up to date.
@@ -66,6 +80,8 @@ class frmMain : public QMainWindow, private DocumentListener {
   signals:
     /// The user wants to see the designs that have left the screen unsaved.
     void KeptDesignsWanted();
+    /// The user wants to look for a new version.
+    void UpdateWanted();
 
   protected:
     bool event(QEvent* event) override;
@@ -86,16 +102,25 @@ class frmMain : public QMainWindow, private DocumentListener {
     void DocumentChanged(const DocumentChange& change) override;
     void AddCommand(QMenu* menu, const CommandRow& row);
     void AddKindCommands(QMenu* menu);
+    void AddTestButton();
     QAction* Command(const QString& name) const;
 
     void LayOut();
     void LayOutAgain();
-    void ShowScrolledCanvas();
+    void ShowZoom(int percent);
+    void ShowComponents(bool shown);
+    void BuildComponents();
     void ScrollToSelection();
     void ShowStatus();
+    void ShowPosition();
+    void EditInPlace(const QString& typed);
+    void ChangeInPlace(const std::string& text);
+    void ShowContextMenu(const QPoint& global);
+    QString SelectionText() const;
     void ShowFileAndHistory();
     void ShowHints();
     void GoTo(const Hint& hint);
+    void ShowCode(const std::string& source, std::size_t line);
     void ChangeProperty(const std::string& key, const std::string& value);
 
     void CheckKindEntry(int entry);
@@ -107,6 +132,13 @@ class frmMain : public QMainWindow, private DocumentListener {
     void ChooseCodeMark(const CodeMark& mark);
     void SayExported(const std::string& path);
     void DeleteSelected();
+    std::string ChooseUpdateFile();
+    bool UpdateJavaFile(const std::string& path);
+    bool CopySelected();
+    void ArrangeSelected(Arrangement arrangement);
+    void BuildArrangeRow();
+    void ShowSelectionCommands();
+    void GoOnBehindEdit(int components);
 
     // The commands.
     void mnuFileNew();
@@ -119,28 +151,53 @@ class frmMain : public QMainWindow, private DocumentListener {
     void mnuFileEnd();
     void mnuEditUndo();
     void mnuEditRedo();
+    void mnuEditFind();
+    void mnuEditCut();
+    void mnuEditCopy();
+    void mnuEditPaste();
+    void mnuEditDuplicate();
+    void mnuEditDelete();
+    void mnuEditSelectAll();
+    template <Arrangement arrangement>
+    void mnuArrange() {
+        ArrangeSelected(arrangement);
+    }
     void mnuViewShowGrid();
+    void mnuViewComponents();
+    void mnuViewZoomIn();
+    void mnuViewZoomOut();
+    void mnuViewZoom100();
+    void mnuViewZoom200();
     void mnuObjectsGrid();
+    void mnuObjectsGuides();
     void mnuProjectSettings();
     void mnuProjectExportBlueJ();
     void mnuProjectExportJava();
     void mnuProjectExportText();
+    void mnuProjectUpdateJava();
+    void mnuProjectExportPicture();
     void mnuFunctionsMenuGenerator();
     void mnuFunctionsSQLGenerator();
     void mnuCodeMenu();
     void mnuCodeSQL();
     void mnuCodeGenerate();
+    void mnuCodeTest();
+    void mnuCodeStop();
     void mnuWindowSize0();
     void mnuWindowSize1();
     void mnuWindowSize2();
     void mnuHelpHandbook();
+    void mnuHelpUpdate();
     void mnuHelpDonation();
     void mnuHelpAbout();
 
     cCommonDialog& dialogs_;
     ProgramStarter& starter_;
     Document document_;
-    CodeOptions options_; ///< as the marks of the code menu say
+    UnheldValues unheldValues_{document_};
+    JavaFiles javaFiles_;
+    std::string lastUpdateFile_; ///< chosen last; empty for none
+    CodeOptions options_;        ///< as the marks of the code menu say
     Preferences preferences_;
     DesignCanvas canvas_;
     bool choosingByMenu_ = false; ///< keeps the toolbar's click from running the menu's logic again
@@ -148,15 +205,19 @@ class frmMain : public QMainWindow, private DocumentListener {
     QWidget* surface_ = nullptr;
     QLabel* lblComponents_ = nullptr;
     QLabel* lblWindow_ = nullptr;
+    QLabel* lblPosition_ = nullptr;
     QLabel* lblProperties_ = nullptr;
     tbComponents* tbComponents_ = nullptr;
-    QWidget* picFrame_ = nullptr;
-    QWidget* viewport_ = nullptr;
+    tbArrange* tbArrange_ = nullptr;
+    picFrame* picFrame_ = nullptr;
     picContainer* picContainer_ = nullptr;
-    QScrollBar* vScroll_ = nullptr;
-    QScrollBar* hScroll_ = nullptr;
     plProperties* plProperties_ = nullptr;
     lstHints* lstHints_ = nullptr;
+    pnlOutput* pnlOutput_ = nullptr;
+    HintSearch* hintSearch_ = nullptr;
+    cboZoom* cboZoom_ = nullptr;
+    QDockWidget* dckComponents_ = nullptr; ///< made when it is shown first
+    lstComponents* lstComponents_ = nullptr;
     QTimer hintTimer_; ///< runs out when the design has come to rest
     QLabel* panels_[3] = {};
     /// States of the design in which a mark of the code menu was on that went away with its reason.

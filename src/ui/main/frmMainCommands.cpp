@@ -1,10 +1,15 @@
 #include "app/FileCommands.h"
+#include "app/UpdateFault.h"
+#include "base/FileAccess.h"
+#include "designer/Arranging.h"
 #include "designer/MainLayout.h"
-#include "ui/canvas/picContainer.h"
+#include "ui/canvas/picFrame.h"
 #include "ui/code/frmCode.h"
 #include "ui/code/frmPrint.h"
 #include "ui/dialogs/frmLoading.h"
 #include "ui/main/frmMain.h"
+#include "ui/main/lstComponents.h"
+#include "ui/main/pnlOutput.h"
 #include "ui/main/tbComponents.h"
 #include "ui/parts/Bitmaps.h"
 #include "ui/parts/FormParts.h"
@@ -16,8 +21,19 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QStatusBar>
+#include <QToolButton>
 
 namespace pirol {
+namespace {
+
+/// A button that makes the menu bar no higher.
+class CornerButton final : public QToolButton {
+  public:
+    QSize sizeHint() const override { return {QToolButton::sizeHint().width(), fontMetrics().height()}; }
+    QSize minimumSizeHint() const override { return sizeHint(); }
+};
+
+} // namespace
 
 /// One row of the menus: a menu, a command or a line between commands.
 struct frmMain::CommandRow {
@@ -52,13 +68,50 @@ struct frmMain::CommandTable {
         {"mnuEdit", "&Bearbeiten", "", "", "", nullptr, CommandRow::Menu},
         {"mnuEditUndo",        "&Rückgängig",             "undo",        "Ctrl+Z", "Nimmt den letzten Schritt zurück", &frmMain::mnuEditUndo},
         {"mnuEditRedo",        "&Wiederholen",            "redo",        "Ctrl+Y; Ctrl+Shift+Z", "Führt den zuletzt zurückgenommenen Schritt wieder aus", &frmMain::mnuEditRedo},
+        {},
+        {"mnuEditCut",         "Auss&chneiden",           "cut",         "Ctrl+X", "Legt die gewählten Komponenten in die Zwischenablage und löscht sie", &frmMain::mnuEditCut},
+        {"mnuEditCopy",        "&Kopieren",               "copy",        "Ctrl+C", "Legt die gewählten Komponenten in die Zwischenablage, auch als Java und als Bild", &frmMain::mnuEditCopy},
+        {"mnuEditPaste",       "&Einfügen",               "paste",       "Ctrl+V", "Fügt die Komponenten der Zwischenablage ein", &frmMain::mnuEditPaste},
+        {"mnuEditDuplicate",   "&Duplizieren",            "duplicate",   "Ctrl+D", "Fügt die gewählten Komponenten noch einmal ein", &frmMain::mnuEditDuplicate},
+        {"mnuEditDelete",      "&Löschen",                "delete",      "Del",    "Löscht die gewählten Komponenten", &frmMain::mnuEditDelete},
+        {},
+        {"mnuEditSelectAll",   "&Alles auswählen",        "selectall",   "Ctrl+A", "Wählt alle Komponenten aus", &frmMain::mnuEditSelectAll},
+        {"mnuEditFind",        "&Suchen …",               "find",        "Ctrl+F", "Findet eine Komponente an ihrem Namen oder ihrer Beschriftung", &frmMain::mnuEditFind},
 
         {"mnuView", "&Ansicht", "", "", "", nullptr, CommandRow::Menu},
         {"mnuViewShowGrid",    "&Gitternetz anzeigen",    "grid",        "Ctrl+G", "Zeigt oder verbirgt das Gitternetz auf dem Fenster", &frmMain::mnuViewShowGrid, CommandRow::CheckItem},
+        {"mnuViewComponents",  "Komponenten&liste",       "components",  "Ctrl+L", "Zeigt oder verbirgt die Liste aller Komponenten", &frmMain::mnuViewComponents, CommandRow::CheckItem},
+        {},
+        {"mnuViewZoomIn",      "&Vergrößern",             "zoomin",           "Ctrl++; Ctrl+=", "Zeigt das Fenster größer", &frmMain::mnuViewZoomIn},
+        {"mnuViewZoomOut",     "Ver&kleinern",            "zoomout",           "Ctrl+-", "Zeigt das Fenster kleiner", &frmMain::mnuViewZoomOut},
+        {"mnuViewZoom100",     "&Originalgröße (100 %)",  "zoom100",           "Ctrl+0", "Zeigt das Fenster in seiner Größe", &frmMain::mnuViewZoom100},
+        {"mnuViewZoom200",     "&Doppelte Größe (200 %)", "zoom200",           "Ctrl+2", "Zeigt das Fenster doppelt so groß", &frmMain::mnuViewZoom200},
 
         {"mnuObjects", "&Objekte", "", "", "", nullptr, CommandRow::Menu},
         {},
         {"mnuObjectsGrid",     "An &Raster ausrichten",   "snap",        "Ctrl+R", "Rundet Positionen und Größen auf zehn Pixel", &frmMain::mnuObjectsGrid, CommandRow::CheckItem},
+        {"mnuObjectsGuides",   "An &Hilfslinien ausrichten", "guides",   "Ctrl+H", "Zieht, was Sie bewegen, an die Linien anderer, wenn es nicht am Raster ausgerichtet wird", &frmMain::mnuObjectsGuides, CommandRow::CheckItem},
+
+        {"mnuArrange", "A&nordnen", "", "", "", nullptr, CommandRow::Menu},
+        {"mnuArrangeLeft",     "&Links ausrichten",       "alignleft",   "Ctrl+Left",  "Rückt alle an die linke Kante der zuletzt gewählten Komponente", &frmMain::mnuArrange<Arrangement::Left>},
+        {"mnuArrangeCenter",   "Waagerecht &mittig ausrichten", "aligncenter", "Ctrl+Shift+C", "Rückt alle waagerecht auf die Mitte der zuletzt gewählten Komponente", &frmMain::mnuArrange<Arrangement::Center>},
+        {"mnuArrangeRight",    "&Rechts ausrichten",      "alignright",  "Ctrl+Right", "Rückt alle an die rechte Kante der zuletzt gewählten Komponente", &frmMain::mnuArrange<Arrangement::Right>},
+        {"mnuArrangeTop",      "&Oben ausrichten",        "aligntop",    "Ctrl+Up",    "Rückt alle an die obere Kante der zuletzt gewählten Komponente", &frmMain::mnuArrange<Arrangement::Top>},
+        {"mnuArrangeMiddle",   "&Senkrecht mittig ausrichten", "alignmiddle", "Ctrl+Shift+M", "Rückt alle senkrecht auf die Mitte der zuletzt gewählten Komponente", &frmMain::mnuArrange<Arrangement::Middle>},
+        {"mnuArrangeBottom",   "&Unten ausrichten",       "alignbottom", "Ctrl+Down",  "Rückt alle an die untere Kante der zuletzt gewählten Komponente", &frmMain::mnuArrange<Arrangement::Bottom>},
+        {},
+        {"mnuArrangeSameWidth",  "Gleiche &Breite",       "samewidth",   "Ctrl+Shift+B", "Gibt allen die Breite der zuletzt gewählten Komponente", &frmMain::mnuArrange<Arrangement::SameWidth>},
+        {"mnuArrangeSameHeight", "Gleiche &Höhe",         "sameheight",  "Ctrl+Shift+H", "Gibt allen die Höhe der zuletzt gewählten Komponente", &frmMain::mnuArrange<Arrangement::SameHeight>},
+        {"mnuArrangeSameSize",   "&Gleiche Größe",        "samesize",    "Ctrl+Shift+G", "Gibt allen die Größe der zuletzt gewählten Komponente", &frmMain::mnuArrange<Arrangement::SameSize>},
+        {},
+        {"mnuArrangeDistributeAcross", "&Waagerecht verteilen", "distributex", "Ctrl+Shift+W", "Verteilt die Mitten gleichmäßig von links nach rechts", &frmMain::mnuArrange<Arrangement::DistributeAcross>},
+        {"mnuArrangeDistributeDown",   "Senkrecht &verteilen",  "distributey", "Ctrl+Shift+V", "Verteilt die Mitten gleichmäßig von oben nach unten", &frmMain::mnuArrange<Arrangement::DistributeDown>},
+        {"mnuArrangeGapsAcross", "Gleiche &Abstände waagerecht", "gapsx",  "Ctrl+Shift+Right", "Macht die Abstände von links nach rechts gleich", &frmMain::mnuArrange<Arrangement::GapsAcross>},
+        {"mnuArrangeGapsDown",   "Gleiche Abstände senkre&cht", "gapsy",   "Ctrl+Shift+Down", "Macht die Abstände von oben nach unten gleich", &frmMain::mnuArrange<Arrangement::GapsDown>},
+        {},
+        {"mnuArrangeWindowAcross", "&Im Fenster waagerecht mitten", "centerx", "Ctrl+Shift+I", "Rückt die gewählten Komponenten zusammen in die Mitte des Fensters, waagerecht", &frmMain::mnuArrange<Arrangement::WindowAcross>},
+        {"mnuArrangeWindowDown",   "Im &Fenster senkrecht mitten", "centery", "Ctrl+Shift+F", "Rückt die gewählten Komponenten zusammen in die Mitte des Fensters, senkrecht", &frmMain::mnuArrange<Arrangement::WindowDown>},
+        {"mnuArrangeGrid",       "Aufs Ras&ter setzen",   "togrid",      "Ctrl+Shift+R", "Rundet die Positionen der gewählten Komponenten auf zehn Pixel", &frmMain::mnuArrange<Arrangement::ToGrid>},
 
         {"mnuProject", "&Projekt", "", "", "", nullptr, CommandRow::Menu},
         {"mnuProjectSettings",    "&Einstellungen …",           "settings",   "Ctrl+E", "Ändert die Größe des Fensters und den Autor", &frmMain::mnuProjectSettings},
@@ -66,16 +119,22 @@ struct frmMain::CommandTable {
         {"mnuProjectExportBlueJ", "Als &BlueJ-Projekt exportieren …", "bluej", "Ctrl+B", "Schreibt einen BlueJ-Projektordner", &frmMain::mnuProjectExportBlueJ},
         {"mnuProjectExportJava",  "Als &Java-Datei exportieren …", "export",  "",       "Schreibt den Quelltext in eine Java-Datei", &frmMain::mnuProjectExportJava},
         {"mnuProjectExportText",  "Als &Textdatei exportieren …", "exporttext", "",     "Schreibt den Quelltext in eine Textdatei", &frmMain::mnuProjectExportText},
+        {},
+        {"mnuProjectUpdateJava",  "Java-Datei a&ktualisieren …", "update",   "Ctrl+U", "Bringt eine vorhandene Java-Datei auf den Stand des Entwurfs", &frmMain::mnuProjectUpdateJava},
+        {},
+        {"mnuProjectExportPicture", "Als Bil&d exportieren …",   "picture",    "",       "Speichert oder kopiert ein Bild des Fensters", &frmMain::mnuProjectExportPicture},
 
         {"mnuFunctions", "&Funktionen", "", "", "", nullptr, CommandRow::Menu},
         {"mnuFunctionsMenuGenerator", "&Menü-Generator …", "menu",       "Ctrl+M", "Bearbeitet die Menüleiste des Programms", &frmMain::mnuFunctionsMenuGenerator},
-        {"mnuFunctionsSQLGenerator",  "&SQL-Generator …",  "database",   "Ctrl+D", "Richtet den Zugriff auf eine Datenbank ein", &frmMain::mnuFunctionsSQLGenerator},
+        {"mnuFunctionsSQLGenerator",  "&SQL-Generator …",  "database",   "Ctrl+Shift+D", "Richtet den Zugriff auf eine Datenbank ein", &frmMain::mnuFunctionsSQLGenerator},
 
         {"mnuCode", "&Code", "", "", "", nullptr, CommandRow::Menu},
         {"mnuCodeMenu",        "&Menüleiste erzeugen",    "",            "",       "Nimmt die Menüleiste in den Quelltext auf", &frmMain::mnuCodeMenu, CommandRow::CheckItem},
         {"mnuCodeSQL",         "&Datenbankzugriff erzeugen", "",         "",       "Nimmt den Datenbankzugriff in den Quelltext auf", &frmMain::mnuCodeSQL, CommandRow::CheckItem},
         {},
         {"mnuCodeGenerate",    "&Quelltext erzeugen …",   "generate",    "F5",     "Erzeugt den Java-Quelltext und zeigt ihn an", &frmMain::mnuCodeGenerate},
+        {"mnuCodeTest",        "Programm &testen",        "run",         "F9",     "Übersetzt das Programm und lässt es laufen", &frmMain::mnuCodeTest},
+        {"mnuCodeStop",        "Test &beenden",           "stop",        "Shift+F9", "Beendet das Programm, das getestet wird", &frmMain::mnuCodeStop},
 
         {"mnuWindow", "Fenste&r", "", "", "", nullptr, CommandRow::Menu},
         {"mnuWindowSize0",     "&320 x 240 Pixel",        "",            "",       "Gibt dem Hauptfenster die kleinste Größe", &frmMain::mnuWindowSize0},
@@ -84,6 +143,7 @@ struct frmMain::CommandTable {
 
         {"mnuHelp", "&Hilfe", "", "", "", nullptr, CommandRow::Menu},
         {"mnuHelpHandbook",    "&Handbuch",               "help",        "F1",     "Öffnet das Handbuch", &frmMain::mnuHelpHandbook},
+        {"mnuHelpUpdate",      "&Nach neuer Version suchen …", "update", "",       "", &frmMain::mnuHelpUpdate},
         {"mnuHelpDonation",    "&Spenden …",              "donate",      "",       "Sagt, wie Sie Pirol unterstützen können", &frmMain::mnuHelpDonation},
         {},
         {"mnuHelpAbout",       "Ü&ber Pirol …",           "about",       "",       "Zeigt die Version und die Lizenz", &frmMain::mnuHelpAbout},
@@ -105,8 +165,26 @@ void frmMain::BuildMenus() {
     AddKindCommands(findChild<QMenu*>("mnuObjects"));
     Command("mnuViewShowGrid")->setChecked(canvas_.ShowsGrid());
     Command("mnuObjectsGrid")->setChecked(canvas_.SnapsToGrid());
+    Command("mnuHelpUpdate")->setEnabled(false);
+    Command("mnuHelpUpdate")->setToolTip(ToText(noUpdateSource));
+    Command("mnuHelpUpdate")->setStatusTip(ToText(noUpdateSource));
     RefreshCodeMenu();
     tbComponents_->PressButton(canvas_.CurrentKind());
+    AddTestButton();
+}
+
+/// In the corner of the menu bar, where it takes no room from the canvas.
+void frmMain::AddTestButton() {
+    QAction* const test = Command("mnuCodeTest");
+    test->setIcon(CommandIcon("run"));
+    auto* const button = Named(new CornerButton, "cmdTestProgram", "Programm testen");
+    button->setDefaultAction(test);
+    button->setText("Testen");
+    button->setToolTip("Übersetzt das Programm und lässt es laufen (F9)");
+    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::NoFocus);
+    menuBar()->setCornerWidget(button);
 }
 
 void frmMain::AddCommand(QMenu* menu, const CommandRow& row) {
@@ -119,6 +197,7 @@ void frmMain::AddCommand(QMenu* menu, const CommandRow& row) {
     connect(action, &QAction::triggered, this, [this, run = row.run] {
         // A shortcut leaves the focus where it is; what is being typed there counts all the same.
         plProperties_->FinishEditing();
+        picContainer_->FinishEditing();
         (this->*run)();
         // The marks of the code menu and the project's folder count for the hints, too.
         hintTimer_.start();
@@ -163,6 +242,7 @@ void frmMain::ChooseKindByToolbar(int button) {
         return;
     CheckKindEntry(button - 1);
     canvas_.ChooseKind(button);
+    picContainer_->update(); // the pointer tool has other handles
 }
 
 void frmMain::ChooseKindByMenu(int entry) {
@@ -171,6 +251,7 @@ void frmMain::ChooseKindByMenu(int entry) {
     tbComponents_->PressButton(entry + 1);
     choosingByMenu_ = false;
     canvas_.ChooseKind(entry + 1);
+    picContainer_->update();
 }
 
 // --- The commands -----------------------------------------------------------------------------------------------
@@ -214,8 +295,37 @@ void frmMain::mnuViewShowGrid() {
     picContainer_->Repaint();
 }
 
+void frmMain::mnuEditFind() {
+    ShowComponents(true);
+    lstComponents_->Find();
+}
+
+void frmMain::mnuViewComponents() {
+    ShowComponents(Command("mnuViewComponents")->isChecked());
+}
+
+void frmMain::mnuViewZoomIn() {
+    picFrame_->SetZoom(picContainer_->View().NextZoom(true));
+}
+
+void frmMain::mnuViewZoomOut() {
+    picFrame_->SetZoom(picContainer_->View().NextZoom(false));
+}
+
+void frmMain::mnuViewZoom100() {
+    picFrame_->SetZoom(CanvasView::usualZoom);
+}
+
+void frmMain::mnuViewZoom200() {
+    picFrame_->SetZoom(2 * CanvasView::usualZoom);
+}
+
 void frmMain::mnuObjectsGrid() {
     canvas_.SetSnapsToGrid(Command("mnuObjectsGrid")->isChecked());
+}
+
+void frmMain::mnuObjectsGuides() {
+    canvas_.SetAlignsToGuides(Command("mnuObjectsGuides")->isChecked());
 }
 
 /// A check item of the code menu.
@@ -250,11 +360,26 @@ void frmMain::ChooseCodeMark(const CodeMark& mark) {
 
 void frmMain::mnuCodeGenerate() {
     const std::string source = GenerateCode();
-    if (source.empty())
-        return;
+    if (!source.empty())
+        ShowCode(source, 0);
+}
+
+void frmMain::ShowCode(const std::string& source, std::size_t line) {
     frmCode form(source, this);
     form.OfferPrinting([this, &form](const QTextDocument& text) { frmPrint(text, dialogs_, &form).exec(); });
+    if (line != 0)
+        form.ShowLine(line);
     form.exec();
+}
+
+void frmMain::mnuCodeTest() {
+    const std::string source = GenerateCode();
+    if (!source.empty())
+        pnlOutput_->Test({source, PathOf(document_.FilePath()).parent_path(), preferences_});
+}
+
+void frmMain::mnuCodeStop() {
+    pnlOutput_->Stop();
 }
 
 void frmMain::RefreshCodeMenu() {
@@ -271,8 +396,9 @@ void frmMain::RefreshCodeMark(const CodeMark& mark, bool isPossible) {
         states.insert(shownState_);
         command->setChecked(false);
         statusBar()->showMessage(mark.lost, messageTime);
-    } else if (isPossible && states.contains(document_.StateNumber())) {
+    } else if (!command->isChecked() && isPossible && states.contains(document_.StateNumber())) {
         command->setChecked(true);
+        statusBar()->clearMessage(); // it may still say that the mark went
     }
     ChooseCodeMark(mark);
 }

@@ -1,20 +1,21 @@
 #include "app/ExportCommands.h"
+#include "app/UpdateCommands.h"
+#include "base/FileAccess.h"
 #include "ui/dialogs/frmAbout.h"
 #include "ui/dialogs/frmDonation.h"
 #include "ui/dialogs/frmHelp.h"
 #include "ui/dialogs/frmMenuGenerator.h"
+#include "ui/dialogs/frmPicture.h"
 #include "ui/dialogs/frmPreferences.h"
 #include "ui/dialogs/frmProjectSettings.h"
 #include "ui/dialogs/frmSQLGenerator.h"
 #include "ui/main/frmMain.h"
 
+#include <QAction>
+
 namespace pirol {
 
-// --- Java and BlueJ ---------------------------------------------------------------------------------------------
-
-void frmMain::mnuFileImportJava() {
-    Run([this] { ImportJava(document_, dialogs_); });
-}
+// --- Exporting and BlueJ ----------------------------------------------------------------------------------------
 
 void frmMain::mnuFileStartBlueJ() {
     Run([this] { StartBlueJ(preferences_.BlueJPath, starter_); });
@@ -25,6 +26,8 @@ void frmMain::mnuProjectExportBlueJ() {
     Run([&] {
         folder = ExportBlueJ(Model(), options_, dialogs_);
         SayExported(folder);
+        if (!folder.empty())
+            javaFiles_.Remember(TextOf(JavaFileOf(PathOf(folder))), Model());
     });
     // A start that fails has its own report: the export was good.
     if (!folder.empty())
@@ -32,11 +35,22 @@ void frmMain::mnuProjectExportBlueJ() {
 }
 
 void frmMain::mnuProjectExportJava() {
-    Run([this] { SayExported(ExportJava(Model(), options_, dialogs_)); });
+    Run([this] {
+        const std::string path = ExportJava(Model(), options_, dialogs_);
+        SayExported(path);
+        if (!path.empty())
+            javaFiles_.Remember(path, Model());
+    });
 }
 
 void frmMain::mnuProjectExportText() {
     Run([this] { SayExported(ExportText(Model(), options_, dialogs_)); });
+}
+
+void frmMain::mnuProjectExportPicture() {
+    frmPicture form(Model(), dialogs_, this);
+    if (form.exec() == QDialog::Accepted)
+        SayExported(form.Saved());
 }
 
 // --- Dialogs ----------------------------------------------------------------------------------------------------
@@ -44,7 +58,9 @@ void frmMain::mnuProjectExportText() {
 
 void frmMain::mnuFileOptions() {
     Preferences preferences = preferences_;
-    if (frmPreferences(preferences, dialogs_, this).exec() == QDialog::Accepted)
+    frmPreferences form(preferences, dialogs_, this);
+    form.OfferUpdates(Command("mnuHelpUpdate")->isEnabled());
+    if (form.exec() == QDialog::Accepted)
         SetPreferences(preferences);
 }
 
@@ -78,6 +94,17 @@ void frmMain::mnuFunctionsSQLGenerator() {
 
 void frmMain::mnuHelpHandbook() {
     frmHelp::ShowFor(this);
+}
+
+void frmMain::mnuHelpUpdate() {
+    emit UpdateWanted();
+}
+
+void frmMain::EnableUpdate() {
+    QAction* const command = Command("mnuHelpUpdate");
+    command->setEnabled(true);
+    command->setToolTip({});
+    command->setStatusTip("Fragt den Server nach einer neuen Version von Pirol");
 }
 
 void frmMain::mnuHelpDonation() {

@@ -12,7 +12,7 @@ namespace pirol {
 QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const {
     QLineEdit* line = nullptr;
     if (index.data(isNumberRole).toBool())
-        line = new NumberLine(parent);
+        line = new NumberLine(parent, index.data(takesStepsRole).toBool());
     else
         line = new TextLine({}, parent);
     line->setFrame(false);

@@ -14,6 +14,8 @@ class CellDelegate : public QStyledItemDelegate {
 
     /// The role under which a cell says with true that it holds a whole number.
     static constexpr int isNumberRole = Qt::UserRole;
+    /// The role under which a cell of a number says with true that it takes steps such as "+=30".
+    static constexpr int takesStepsRole = Qt::UserRole + 1;
 
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     void setEditorData(QWidget* editor, const QModelIndex& index) const override;

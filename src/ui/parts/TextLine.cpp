@@ -46,10 +46,19 @@ class TextRule final : public QValidator {
 
 class NumberRule final : public QValidator {
   public:
-    using QValidator::QValidator;
+    NumberRule(QObject* field, bool takesSteps) : QValidator(field), takesSteps_(takesSteps) {}
 
     State validate(QString& text, int&) const override {
         text = text.trimmed();
+        if (takesSteps_ && (text.startsWith("+=") || text.startsWith("-="))) {
+            QString step = text.mid(2);
+            return step.isEmpty() ? Intermediate : ValidateNumber(step);
+        }
+        return ValidateNumber(text);
+    }
+
+  private:
+    static State ValidateNumber(const QString& text) {
         if (text.isEmpty() || text == "-" || text == "+")
             return Intermediate;
         const bool hasSign = text.front() == u'-' || text.front() == u'+';
@@ -59,6 +68,8 @@ class NumberRule final : public QValidator {
         text.toShort(&isWithinRange);
         return areDigits && isWithinRange ? Acceptable : Invalid;
     }
+
+    bool takesSteps_;
 };
 
 } // namespace
@@ -75,11 +86,11 @@ void TextLine::ShowText(const QString& text) {
     setText(isTooLong ? QString() : text);
 }
 
-NumberLine::NumberLine(QWidget* parent) : QLineEdit(parent) {
+NumberLine::NumberLine(QWidget* parent, bool takesSteps) : QLineEdit(parent), takesSteps_(takesSteps) {
     // Longer than any number; a paste of millions of characters is cut before it is looked at.
     constexpr int room = 100;
     setMaxLength(room);
-    setValidator(new NumberRule(this));
+    setValidator(new NumberRule(this, takesSteps));
 }
 
 /// A letter does nothing, not even to what is marked.
@@ -87,7 +98,7 @@ void NumberLine::keyPressEvent(QKeyEvent* event) {
     const QString text = event->text();
     const bool isCommand = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
     const bool isLetter = !isCommand && !text.isEmpty() && text.front().isPrint() && !text.front().isDigit() &&
-                          text != "-" && text != "+";
+                          text != "-" && text != "+" && !(takesSteps_ && text == "=");
     if (!isLetter)
         QLineEdit::keyPressEvent(event);
 }

@@ -17,15 +17,19 @@ class TextLine : public QLineEdit {
     void ShowText(const QString& text);
 };
 
-/// An input field for a whole number: takes a sign and digits as long as they lie within 16 bits.
+/// An input field for a whole number: takes a sign and digits as long as they lie within 16 bits, and where steps are
+/// taken "+=" and "-=" before them, too.
 class NumberLine : public QLineEdit {
     Q_OBJECT
 
   public:
-    explicit NumberLine(QWidget* parent = nullptr);
+    explicit NumberLine(QWidget* parent = nullptr, bool takesSteps = false);
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    bool takesSteps_;
 };
 
 } // namespace pirol

@@ -39,9 +39,9 @@ void PropertyListModel::ShowRows(std::vector<PropertyPanelRow> rows) {
         return;
     }
     for (std::size_t place = 0; place < rows.size(); ++place) {
-        if (rows[place].value == rows_[place].value)
+        if (rows[place] == rows_[place])
             continue;
-        rows_[place].value = std::move(rows[place].value);
+        rows_[place] = std::move(rows[place]);
         const QModelIndex changed = IndexAt(place, ValueColumn);
         emit dataChanged(changed, changed);
     }
@@ -96,13 +96,14 @@ QVariant PropertyListModel::data(const QModelIndex& index, int role) const {
     case Qt::EditRole:
         return isValue ? QVariant(ToText(row.value)) : QVariant();
     case CellDelegate::isNumberRole:
+    case CellDelegate::takesStepsRole:
         return isValue && row.editor == EditorKind::Number;
     case Qt::CheckStateRole:
         if (isValue && row.editor == EditorKind::Flag)
-            return ConvertToBoolean(row.value) ? Qt::Checked : Qt::Unchecked;
+            return row.differs ? Qt::PartiallyChecked : ConvertToBoolean(row.value) ? Qt::Checked : Qt::Unchecked;
         return {};
     case Qt::ToolTipRole:
-        return isValue && !row.value.empty() ? QVariant(ToolTip(Shown(row))) : QVariant();
+        return isValue && (row.differs || !row.value.empty()) ? QVariant(ToolTip(Shown(row))) : QVariant();
     case Qt::AccessibleTextRole:
         // A screen reader on the value says which property it is.
         return isValue ? ToText(row.caption) + ": " + Shown(row) : ToText(row.caption);

@@ -88,6 +88,25 @@ void plProperties::ShowProperty(std::string_view key) {
     setCurrentIndex(index);
 }
 
+void plProperties::Type(QKeyEvent* event) {
+    const QModelIndex value = currentIndex().siblingAtColumn(PropertyListModel::ValueColumn);
+    if (!value.isValid() || !value.flags().testFlag(Qt::ItemIsEditable))
+        return;
+    setFocus(Qt::OtherFocusReason);
+    QCoreApplication::sendEvent(this, event);
+    typed_ = state() == EditingState;
+}
+
+void plProperties::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
+    using Delegate = QAbstractItemDelegate;
+    const bool typed = std::exchange(typed_, false);
+    const bool isTab = hint == Delegate::EditNextItem || hint == Delegate::EditPreviousItem;
+    const bool isKey = isTab || hint == Delegate::SubmitModelCache || hint == Delegate::RevertModelCache;
+    QTreeView::closeEditor(editor, typed && isTab ? Delegate::NoHint : hint);
+    if (typed && isKey)
+        emit TypedEditEnded(hint == Delegate::EditNextItem ? 1 : isTab ? -1 : 0);
+}
+
 void plProperties::FinishEditing() {
     if (state() != EditingState)
         return;
@@ -120,8 +139,11 @@ void plProperties::RestorePlace() {
     QModelIndex current = model_->IndexOf(currentKey_);
     if (!current.isValid())
         current = model_->index(0, PropertyListModel::ValueColumn, model_->index(0, 0));
+    const std::string chosen = currentKey_;
     if (current.isValid())
         selectionModel()->setCurrentIndex(current, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    if (!chosen.empty())
+        currentKey_ = chosen; // the next component may have the row again
     executeDelayedItemsLayout();
     verticalScrollBar()->setValue(scrollPosition_);
     // The editor that had it is gone.

@@ -19,7 +19,8 @@ class PropertyListModel;
 /// and shows the rows anew, or does not.
 ///
 /// Keys: arrows walk the rows, Enter or F2 edits, Space ticks, Alt+Down or F4 opens choices, file chooser and list
-/// editor, letters and digits begin to edit. Escape gives up an edit; without one it is left to the owner.
+/// editor, letters and digits begin to edit. The row that the user chose last stays the current one whatever component
+/// is selected, unless it has no such row. Escape gives up an edit; without one it is left to the owner.
 class plProperties : public QTreeView {
     Q_OBJECT
 
@@ -36,6 +37,8 @@ class plProperties : public QTreeView {
     void ShowRows(std::vector<PropertyPanelRow> rows);
     /// Makes the row of this key the current one and brings it into view; without such a row nothing happens.
     void ShowProperty(std::string_view key);
+    /// Begins to edit the current row with a key that was typed elsewhere, or the first row that takes it.
+    void Type(QKeyEvent* event);
     /// Takes over what is being typed, for commands that do not move the focus.
     void FinishEditing();
 
@@ -46,8 +49,12 @@ class plProperties : public QTreeView {
 
   signals:
     void PropertyEdited(const std::string& key, const std::string& value);
+    /// An edit that Type began is over; the user goes on with the next (1) or previous (-1) component, or with this
+    /// (0).
+    void TypedEditEnded(int components);
 
   protected:
+    void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -69,6 +76,7 @@ class plProperties : public QTreeView {
     FileChooser chooseFile_;
     QSet<QString> folded_;   ///< keys of the categories that the user closed
     std::string currentKey_; ///< of the row that was current last
+    bool typed_ = false;     ///< the edit that is going on was begun by Type
     int scrollPosition_ = 0;
     bool hadFocus_ = false;
     QPersistentModelIndex pressed_;

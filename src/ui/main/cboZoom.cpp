@@ -1,0 +1,57 @@
+#include "ui/main/cboZoom.h"
+
+#include "designer/CanvasView.h"
+#include "designer/MainLayout.h"
+
+#include <QKeyEvent>
+#include <QLineEdit>
+
+namespace pirol {
+namespace {
+
+constexpr int fieldWidth = 84;
+constexpr int fieldHeight = rowHeight - 4; // the status bar keeps some pixels above and below what it holds
+
+QString TextOf(int percent) {
+    return QString("%1 %").arg(percent);
+}
+
+} // namespace
+
+cboZoom::cboZoom(QWidget* parent) : QComboBox(parent) {
+    setObjectName("cboZoom");
+    setAccessibleName("Zoom");
+    setToolTip("Zoom (Strg+Plus, Strg+Minus, Strg+0)");
+    setEditable(true);
+    setInsertPolicy(NoInsert);
+    setCompleter(nullptr);
+    setFrame(false);
+    setFixedSize(fieldWidth, fieldHeight);
+    for (const int percent : zoomSteps)
+        addItem(TextOf(percent));
+    ShowZoom(CanvasView::usualZoom);
+    connect(this, &QComboBox::textActivated, this, &cboZoom::Choose);
+    connect(lineEdit(), &QLineEdit::returnPressed, this, [this] { Choose(currentText()); });
+    connect(lineEdit(), &QLineEdit::editingFinished, this, [this] { setEditText(TextOf(shown_)); });
+}
+
+void cboZoom::ShowZoom(int percent) {
+    shown_ = percent;
+    setCurrentIndex(findText(TextOf(percent)));
+    setEditText(TextOf(percent));
+}
+
+void cboZoom::Choose(const QString& text) {
+    const std::optional<int> percent = ZoomFromText(text.toStdString());
+    if (percent)
+        emit ZoomChosen(*percent);
+    setEditText(TextOf(shown_));
+}
+
+void cboZoom::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape)
+        setEditText(TextOf(shown_));
+    QComboBox::keyPressEvent(event);
+}
+
+} // namespace pirol
