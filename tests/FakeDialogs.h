@@ -76,6 +76,10 @@ class FakeStarter : public ProgramStarter {
             throw RuntimeError(RuntimeError::PermissionDenied);
         started += CommandLine(program, folder) + (window == Window::Minimised ? " minimised\n" : " normal\n");
     }
+    bool Open(const std::string& file) override {
+        started += refuses ? "" : "opened " + file + "\n";
+        return !refuses;
+    }
 };
 
 } // namespace pirol::test

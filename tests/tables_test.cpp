@@ -3,6 +3,7 @@
 #include "app/Handbook.h"
 #include "app/ProjectSettings.h"
 #include "app/RegistryText.h"
+#include "app/UpdateCommands.h"
 #include "base/HashFunction.h"
 #include "base/Windows1252.h"
 #include "Cases.h"
@@ -186,6 +187,7 @@ const Rule rules[] = {
     // The program around it
     {"registry-values", [](auto& row) { return Answer(Shown(FindRegistryValue(row[0], "Software\\Pirol", "N"))); }},
     {"registry-changes", [](auto& row) { return Answer(WithRegistryN(row)); }},
+    {"java-encodings", [](auto& row) { return Answer(static_cast<int>(EncodingOf(row[0]))); }},
     {"file-filters", [](auto& row) { return Answer(Shown(FileFilters(row[0]))); }},
     {"window-sizes", WindowSizes},
     {"error-reports", [](auto& row) { return Answer(ErrorReportText(row.Number(0), row[1], row[2])); }},

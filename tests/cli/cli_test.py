@@ -167,7 +167,7 @@ class CliTest(unittest.TestCase):
         for words in ([], ["paint"], ["generate"], ["generate", PROJECT, PROJECT], ["generate", PROJECT, "-o"],
                       ["generate", PROJECT, "--fast"], ["import", PROJECT], ["copy", PROJECT],
                       ["update", PROJECT], ["generate", PROJECT, "--dry-run"],
-                      ["copy", PROJECT, "x", "--menu"], ["hash"], ["check"], ["export", PROJECT], ["lint"],
+                      ["copy", PROJECT, "x", "--menu"], ["hash"], ["update-check", "x"], ["check"], ["export", PROJECT], ["lint"],
                       ["--help", "x"], ["copy", PROJECT, "x", "--all"]):
             result = call(*words)
             self.assertEqual(result.returncode, 2, words)

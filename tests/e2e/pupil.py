@@ -21,7 +21,7 @@ LABEL, BUTTON, TEXT, RADIO_GROUP, TABLE = 0, 1, 2, 7, 11
 
 def place(designer, button, left, top, right, bottom):
     """Chooses a kind in the toolbar and draws a frame on the canvas; the new component is selected then."""
-    designer.click(60, 55 + 30 * button)
+    designer.click(60, 85 + 30 * button)  # below the pointer
     designer.drag(left, top, right, bottom)
 
 
@@ -68,7 +68,7 @@ def build_menu(designer):
 
 
 def connect_database(designer):
-    designer.key("ctrl+d")
+    designer.key("ctrl+shift+d")
     designer.use("SQL Generator")
     for value in ("localhost", "anna", "geheim", "schule"):
         designer.type(value)

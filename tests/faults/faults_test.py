@@ -66,6 +66,9 @@ def prepare(folder):
     shutil.copy(example / "expected.java", folder / "SuMAnwendung.java")
     shutil.copy(DATA / "generate" / "empty" / "design.prl", folder / "old.prl")
     (folder / "old.java").write_bytes(b"// old\r\n" * 10000)
+    shutil.copy(DATA / "generate" / "empty" / "expected.java", folder / "pupil.java")
+    for version in ("", "1"):
+        (folder / f"pupil.java.bak{version}").write_text(f"// version {version}\n")
     (folder / "link.prl").symlink_to("old.prl")
     (folder / "config" / "Pirol").mkdir(parents=True)
     (folder / PREFERENCES).write_text(REGISTRY)
@@ -130,6 +133,18 @@ def is_mixture(data, old, new):
     return len({len(text) for text in lines}) == 1 and all(line in others for line, *others in zip(*lines))
 
 
+def keeps_versions(files, before, undisturbed):
+    """Whether an update that was broken off left the source old or new, and every version of it somewhere beside it."""
+    def others(some):
+        return {path: data for path, data in some.items() if not path.startswith("pupil.java")}
+    old, new = before["pupil.java"], undisturbed["pupil.java"]
+    kept = [data for path, data in files.items() if path.startswith("pupil.java.bak")]
+    versions = [data for path, data in before.items() if path.startswith("pupil.java.bak")]
+    return (others(files) == others(before) and files.get("pupil.java") in (old, new)
+            and all(version in kept for version in versions) and set(kept) <= {old, *versions}
+            and (files["pupil.java"] == old or old in kept))
+
+
 def faults_of(case, names, allocations):
     """All faults, each with the name of what is disturbed."""
     for number, name in enumerate(names, 1):
@@ -168,6 +183,10 @@ def complaint(case, before, undisturbed, name, fault):
         files = {path: data for path, data in files.items() if not path.endswith(".tmp") and not path.startswith("BlueJ/")}
     if files == undisturbed.files or (result.status != 0 and files == before):
         return None
+    if case.call.startswith("update ") and result.status != 0:
+        files = {path: data for path, data in files.items() if not path.endswith((".tmp", ".neu"))} if killed else files
+        if keeps_versions(files, before, undisturbed.files):
+            return None
     old, new = before[PREFERENCES], undisturbed.files[PREFERENCES]
     if old != new and files | {PREFERENCES: old} == before and is_mixture(files[PREFERENCES], old, new):
         return None

@@ -6,6 +6,7 @@
 #include "app/ErrorReport.h"
 #include "app/ExportCommands.h"
 #include "app/FileCommands.h"
+#include "app/ImportCommands.h"
 #include "app/Preferences.h"
 #include "FakeDialogs.h"
 #include "project/KeptDesigns.h"
@@ -46,7 +47,8 @@ const std::map<std::string_view, void (*)()> operations = {
     {"import",
      [] {
          dialogs.paths = {Path("SuMAnwendung.java")};
-         ImportJava(document, dialogs);
+         dialogs.yes = {true};
+         ImportJava(document, dialogs, [](const RuntimeError& error) { throw RuntimeError(error); });
      }},
     {"export-file",
      [] {

@@ -21,12 +21,14 @@ namespace {
 
 using namespace pirol;
 
-/// Answers a form that is open: accepts the preferences, and closes an error report, whose first two lines it prints.
-/// Says whether it was a report.
+/// Answers a form that is open: accepts the preferences, closes what an import says about the source, and closes an
+/// error report, whose first two lines it prints. Says whether it was an error report.
 bool AnswerForm() {
     QWidget* const form = QApplication::activeModalWidget();
     if (form == nullptr)
         return false;
+    if (form->objectName() == "frmImportReport")
+        form->close();
     if (form->objectName() == "frmPreferences") {
         form->findChild<QAbstractButton*>("optGridStyle2")->click();
         form->findChild<QAbstractButton*>("cmdAccept")->click();

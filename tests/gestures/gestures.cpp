@@ -4,25 +4,30 @@
 // makes the same events, and --trace writes them. Prints seed and number of events; a broken rule ends it with
 // status 1.
 
+#include "designer/Clipboard.h"
 #include "FakeDialogs.h"
 #include "gestures/DesignRules.h"
 #include "ui/canvas/picContainer.h"
 #include "ui/main/frmMain.h"
+#include "ui/parts/FormParts.h"
 #include "ui/properties/plProperties.h"
 #include "ui/properties/PropertyListModel.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QCommandLineParser>
 #include <QDialog>
 #include <QDir>
 #include <QMenu>
+#include <QMimeData>
 #include <QPointer>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QtTest/qtestkeyboard.h>
 #include <QtTest/qtestmouse.h>
+#include <QWheelEvent>
 
 #include <iostream>
 #include <random>
@@ -80,8 +85,9 @@ class AnyAnswer : public test::FakeDialogs {
 /// The keys that the user presses, as Qt writes them; some more often than others.
 constexpr const char* keyStrokes =
     "Tab Shift+Backtab Left Right Up Down Shift+Left Shift+Right Shift+Up Shift+Down Alt+Up Alt+Down Home End PgDown "
-    "Ins Del Del Backspace Return Return Esc Space F2 F3 F4 F6 Ctrl+A Ctrl+C Ctrl+V Ctrl+Z Ctrl+Z Ctrl+Y Ctrl+Shift+Z "
-    "Ctrl+F Ctrl++ Alt+D Alt+O "
+    "Ins Del Del Backspace Return Return Esc Space F2 F3 F4 F6 Ctrl+A Ctrl+C Ctrl+V Ctrl+X Ctrl+D Ctrl+Space Alt+Left "
+    "Alt+Down Ctrl+Left Ctrl+Shift+Right Ctrl+Shift+G Ctrl+Z Ctrl+Z Ctrl+Y Ctrl+Shift+Z "
+    "Ctrl+F Ctrl++ Ctrl+- Ctrl+0 Ctrl+2 Ctrl+L Ctrl+H PgUp Alt+D Alt+O "
     "A B 1 0 9 - , ; ) \" ' \\ Ä € Ж";
 
 /// What a keyboard types with it.
@@ -177,6 +183,12 @@ class User : public QObject {
         QWidget* window = Window();
         const bool onMain = window == &main_;
         const int what = chance_.Below(100);
+        // Whoever duplicates all again and again has more components than anybody checks.
+        constexpr std::size_t mostComponents = 1500;
+        if (onMain && main_.Model().CreationOrder().size() > mostComponents && held_ == Qt::NoButton)
+            return main_.findChild<QAction*>("mnuFileNew")->trigger();
+        if (onMain && what == 0)
+            return SpoilClipboard();
         if (!onMain && what < 6)
             return Key(window, "Esc");
         if (what < 40)
@@ -185,6 +197,8 @@ class User : public QObject {
             return Command();
         if (onMain && what < 48)
             return Resize();
+        if (onMain && what < 50)
+            return Wheel(window, CanvasPosition());
         if (onMain && what < 54 && held_ == Qt::NoButton)
             return ClickProperty();
         const QPoint position = onMain && !chance_.OneIn(4) ? CanvasPosition() : Position(*window);
@@ -214,13 +228,15 @@ class User : public QObject {
     /// On the canvas or around it, often on a component or on its handle.
     QPoint CanvasPosition() {
         const std::vector<ComponentRef>& components = canvas_->VisibleComponents();
-        QPoint position = RandomIn(canvas_->rect().adjusted(-30, -30, 30, 30));
+        const QRect designed(0, 0, main_.Model().WindowWidth(), main_.Model().WindowHeight());
+        QPoint position = RandomIn(designed.adjusted(-30, -30, 30, 30));
         if (!components.empty() && chance_.OneIn(2)) {
             const Rectangle box = main_.Model().VisibleBox(chance_.Of(components));
             const int reach = chance_.OneIn(2) ? chance_.Between(1, 16) : chance_.Below(std::max(box.width, 1));
             position = {box.Right() - reach, box.Bottom() - std::min(reach, box.height)};
         }
-        const QPoint inMain = canvas_->mapTo(&main_, position);
+        const CanvasView& view = canvas_->View();
+        const QPoint inMain = canvas_->mapTo(&main_, QPoint(view.ToScreen(position.x()), view.ToScreen(position.y())));
         return main_.rect().contains(inMain) ? inMain : RandomIn(main_.rect());
     }
 
@@ -237,7 +253,8 @@ class User : public QObject {
         time_ += chance_.OneIn(4) ? 10 : 600; // some clicks are double clicks
         QWindow* target = window->windowHandle();
         if (target != nullptr)
-            qt_handleMouseEvent(target, position, window->mapToGlobal(position), held_, button, type, {}, time_);
+            qt_handleMouseEvent(target, position, window->mapToGlobal(position), held_, button, type, modifiers_,
+                                time_);
     }
 
     static std::string At(const QWidget* window, const QPoint& position) {
@@ -252,18 +269,34 @@ class User : public QObject {
 
     void Press(QWidget* window, const QPoint& position) {
         Log("press " + At(window, position));
-        held_ = chance_.OneIn(12) ? Qt::RightButton : Qt::LeftButton;
+        held_ = chance_.OneIn(12) ? Qt::RightButton : chance_.OneIn(20) ? Qt::MiddleButton : Qt::LeftButton;
+        constexpr Qt::KeyboardModifiers modifiers[] = {Qt::NoModifier,    Qt::NoModifier,      Qt::NoModifier,
+                                                       Qt::ShiftModifier, Qt::ControlModifier, Qt::AltModifier};
+        modifiers_ = chance_.Of(modifiers);
         const bool isFirst = !InGesture();
         Mouse(window, QEvent::MouseButtonPress, position, held_);
         if (isFirst)
             pressed_ = main_.Canvas().Selected();
     }
 
+    void Wheel(QWidget* window, const QPoint& position) {
+        Log("wheel " + At(window, position));
+        constexpr Qt::KeyboardModifiers held[] = {Qt::NoModifier, Qt::ShiftModifier, Qt::ControlModifier};
+        QWidget* const below = window->childAt(position);
+        if (below == nullptr)
+            return;
+        const QPoint global = window->mapToGlobal(position);
+        QWheelEvent wheel(below->mapFromGlobal(global), global, {}, {0, chance_.OneIn(2) ? 120 : -120}, held_,
+                          chance_.Of(held), Qt::NoScrollPhase, false);
+        QApplication::sendEvent(below, &wheel);
+    }
+
     void Release(QWidget* window, const QPoint& position) {
         Log("release " + At(window, position));
         const DesignCanvas& canvas = main_.Canvas();
         const bool moving = canvas.IsMoving();
-        const bool resizing = canvas.IsResizing();
+        // Handles outside a component put their own sides on the grid, and the others stay.
+        const bool resizing = canvas.IsResizing() && canvas.CurrentKind() != DesignCanvas::pointerTool;
         const bool drawing = canvas.IsDrawing();
         const std::size_t components = main_.Model().CreationOrder().size();
         const int before = done_;
@@ -311,6 +344,19 @@ class User : public QObject {
             Release(&main_, position);
     }
 
+    /// Another program has put something there that looks like components.
+    void SpoilClipboard() {
+        Log("spoil the clipboard");
+        const QString type = ToText(componentsType);
+        const QMimeData* const before = QGuiApplication::clipboard()->mimeData(); // null at first
+        QByteArray bytes = before != nullptr ? before->data(type) : QByteArray();
+        for (int i = 0; i < 3 && !bytes.isEmpty(); ++i)
+            bytes[chance_.Below(static_cast<int>(bytes.size()))] = static_cast<char>(chance_.Between(32, 126));
+        auto* const data = new QMimeData;
+        data->setData(type, chance_.OneIn(2) ? bytes : bytes.left(chance_.Below(2000)));
+        QGuiApplication::clipboard()->setMimeData(data);
+    }
+
     void Resize() {
         const QSize size(chance_.Between(200, 1400), chance_.Between(150, 900));
         Log("resize to " + std::to_string(size.width()) + " x " + std::to_string(size.height()));
@@ -349,7 +395,8 @@ class User : public QObject {
     }
 
     bool CanvasShows(const ProjectModel& model) const {
-        return canvas_->size() == QSize(model.WindowWidth(), model.WindowHeight());
+        const CanvasView& view = canvas_->View();
+        return canvas_->size() == QSize(view.ToScreen(model.WindowWidth()), view.ToScreen(model.WindowHeight()));
     }
 
     // --- What must be so ----------------------------------------------------------------------------------------
@@ -361,20 +408,23 @@ class User : public QObject {
         const std::string broken = BrokenRule(model);
         Require(broken.empty(), broken);
         Require(CanvasShows(model), "the canvas has the window's size");
-        const std::optional<ComponentRef> selected = main_.Canvas().Selected();
-        Require(!selected || model.Element(*selected).Visible, "what is selected can be seen");
+        const Selection& selected = main_.Canvas().AllSelected();
+        Require(selected == selected.VisibleIn(model) && (selected.IsEmpty() || selected.Contains(*selected.Leader())),
+                "what is selected can be seen");
         Require(ShownRows() == LoadProperties(model, selected), "the property list shows the selected component");
         Require(!main_.Canvas().IsPressed(), "a gesture lasts while it is pressed");
         CheckHistory();
         for (int point = 0; point < 20; ++point) {
-            const QPoint position = RandomIn(canvas_->rect());
+            const QPoint position = RandomIn({0, 0, model.WindowWidth(), model.WindowHeight()});
             const CanvasHit hit = main_.Canvas().HitTest(position.x(), position.y());
             std::optional<ComponentRef> topmost;
             for (const ComponentRef component : model.CreationOrder())
                 if (model.VisibleBox(component).Contains(position.x(), position.y()))
                     topmost = component;
-            Require(topmost ? hit.area != CanvasHit::Area::Canvas && hit.component == *topmost
-                            : hit.area == CanvasHit::Area::Canvas,
+            // The handles around the selected one lie above all others.
+            Require(hit.area == CanvasHit::Area::Handle ? hit.component == main_.Canvas().Selected()
+                    : topmost ? hit.area != CanvasHit::Area::Canvas && hit.component == *topmost
+                              : hit.area == CanvasHit::Area::Canvas,
                     "the topmost component is found");
         }
     }
@@ -400,6 +450,7 @@ class User : public QObject {
     picContainer* canvas_ = main_.findChild<picContainer*>();
     plProperties* properties_ = main_.findChild<plProperties*>();
     Qt::MouseButton held_ = Qt::NoButton;
+    Qt::KeyboardModifiers modifiers_;
     int time_ = 0;
     int depth_ = 0; ///< of event loops within each other
     std::optional<ComponentRef> pressed_;

@@ -19,12 +19,14 @@ TEST(ProjectModel, HiddenElementsCountUntilTheKindIsEmpty) {
     ProjectModel model;
     for (int placed = 0; placed < 3; ++placed)
         model.PlaceComponent(Label, box);
+    const ComponentRef button = model.PlaceComponent(Button, box);
     model.DeleteComponent({Label, 2});
     EXPECT_EQ(NameOf(model, model.PlaceComponent(Label, box)), "hatEtikett4");
     for (const std::size_t index : {1U, 3U, 4U})
         model.DeleteComponent({Label, index});
     EXPECT_EQ(model.ElementCount(Label), 1U);
-    EXPECT_TRUE(model.CreationOrder().empty());
+    ASSERT_EQ(model.CreationOrder().size(), 1U);
+    EXPECT_EQ(*model.CreationOrder().begin(), button);
     EXPECT_EQ(NameOf(model, model.PlaceComponent(Label, box)), "hatEtikett1");
 }
 
@@ -42,6 +44,25 @@ TEST(ProjectModel, APlaceOutsideSixteenBitsChangesNothing) {
     EXPECT_THROW(model.PlaceComponent(Button, {40000, 0, 30, 30}), RuntimeError);
     EXPECT_EQ(model, ProjectModel());
     EXPECT_TRUE(model.CreationOrder().empty());
+}
+
+/// The history's limit is one of memory, and texts are what makes a design large.
+TEST(ProjectModel, TextsCountAsBytes) {
+    const std::string text(1000, 'x');
+    for (const KindRow& row : KindRows()) {
+        ProjectModel model;
+        Control& element = model.EditElement(model.PlaceComponent(row.kind, box));
+        for (const PropertyRow& property : element.Table().Rows()) {
+            const bool isText = property.key->editor == EditorKind::Text || property.key->editor == EditorKind::File;
+            if (!isText && property.key->editor != EditorKind::List)
+                continue;
+            const std::size_t before = HeapBytesOf(element);
+            const bool isRow = property.key->key == keys::optionbuttons.key;
+            property.set(element, isRow ? JoinRadioButtons({cRadioButton{.Name = text, .Caption = text}}) : text);
+            EXPECT_GE(HeapBytesOf(element), (isRow ? 2 : 1) * text.size()) << row.key << property.key->key;
+            EXPECT_LE(HeapBytesOf(element), before + 3 * text.size()) << row.key << property.key->key;
+        }
+    }
 }
 
 TEST(ProjectModel, ResetKeepsTheDatabase) {

@@ -9,7 +9,7 @@ const SQLSettings stored = {"srv", "usr", "pw", "db", "tbl", {0, 7, -1}};
 
 TEST(SQLWizard, WalksTheStepsAndStopsAtBothEnds) {
     SQLWizard wizard({});
-    std::string walk;
+    std::string walk = wizard.IsFirstStep() ? "" : "begins elsewhere, ";
     for (const char way : std::string("<>>><<")) {
         way == '<' ? wizard.Back() : wizard.Forward();
         walk.append(std::to_string(wizard.StepIndex())).append(" ").append(wizard.Step().title).append("/");

@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 
 /// As in the program, but everything comes ten times sooner.
-constexpr KeepingDelays soon = {200ms, 20ms, 500ms, 1000ms};
+constexpr KeepingDelays soon = {200ms, 20ms, 500ms, 1000ms, 100ms};
 
 /// A running program that keeps its designs in a folder of this test.
 struct KeptWindow : MainWindow {
@@ -193,14 +193,50 @@ class DesignKeeperTest : public QObject {
             {
                 KeptWindow main(folder_);
                 main.PlaceButton();
-                main.keeper.KeepForNextStart();
+                main.keeper.KeepForNextStart("Sitzung beendet");
                 QCOMPARE(Designs().size(), 1U);
+                QCOMPARE(KeptDesigns(KeptFolder(folder_)).at(0).reason, "Sitzung beendet");
                 if (calledOff)
                     main.PlaceButton();
             }
             QCOMPARE(LeftDesigns(folder_).size(), calledOff ? 0U : 1U);
+            QCOMPARE(KeptDesigns(KeptFolder(folder_)).size(), calledOff ? 2U : 1U);
+            fs::remove_all(KeptFolder(folder_));
             fs::remove_all(folder_);
         }
+    }
+
+    void WhatIsDiscardedAfterAKillIsKeptOnce() {
+        Leave("1-0.design", "alt");
+        KeptWindow main(folder_);
+        for (const auto answer : {"cmdLater", "cmdDiscard"}) {
+            WhenShown<frmRecovery>([answer](frmRecovery& form) { Click(form, answer); });
+            main.keeper.OfferLeftDesigns();
+            QCOMPARE(KeptDesigns(KeptFolder(folder_)).size(), 1U);
+        }
+        QCOMPARE(Designs().size(), 0U);
+        QCOMPARE(ReadDesign(KeptDesigns(KeptFolder(folder_)).at(0)).model.Author(), "alt");
+    }
+
+    void ARemovedRecoveryFolderIsMadeAgainWithoutAChange() {
+        KeptWindow main(folder_);
+        main.PlaceButton();
+        QTRY_COMPARE_WITH_TIMEOUT(Designs().size(), 1U, 5000);
+        fs::remove_all(folder_);
+        QTRY_COMPARE_WITH_TIMEOUT(Designs().size(), 1U, 5000);
+    }
+
+    /// Where it cannot be kept it gets a recovery file of its own, until it can.
+    void WhatLeavesTheScreenWaitsForAPlace() {
+        CreateFileBytes(KeptFolder(folder_), "a file where the folder should be");
+        KeptWindow main(folder_);
+        main.PlaceButton();
+        main.Command("mnuFileNew")->trigger();
+        QTRY_COMPARE_WITH_TIMEOUT(Designs().size(), 1U, 5000);
+        QVERIFY(LeftDesigns(folder_).empty()); // it is not another program's
+        fs::remove(KeptFolder(folder_));
+        QTRY_COMPARE_WITH_TIMEOUT(Designs().size(), 0U, 5000);
+        QCOMPARE(KeptDesigns(KeptFolder(folder_)).size(), 1U);
     }
 };
 

@@ -26,6 +26,15 @@ struct MainWindow {
     }
     QAction* Command(const QString& name) { return Part<QAction>(window, name); }
 
+    /// What the screen shows of the canvas. Around it, hints come when they are found.
+    QImage CanvasOnScreen() {
+        QApplication::processEvents();
+        const QRect shown = canvas->visibleRegion().boundingRect().translated(canvas->mapTo(&window, QPoint()));
+        return window.screen()
+            ->grabWindow(window.winId(), shown.x(), shown.y(), shown.width(), shown.height())
+            .toImage();
+    }
+
     void Press(int x, int y) { QTest::mousePress(canvas, Qt::LeftButton, {}, {x, y}); }
     void MoveTo(int x, int y, Qt::MouseButton held = Qt::LeftButton) {
         // QTest::mouseMove holds no button, and a drag needs one.

@@ -279,12 +279,19 @@ class LookTest : public QObject {
             ReplaceFileBytes(folder / "bild.jpg", bytes);
             return Painted(picture);
         };
-        const std::string blueAndRed = " 0 0 255  255 0 0  255 0 0  255 0 0";
-        const QImage flag = paintedFile("P3 4 2 255" + blueAndRed + blueAndRed);
-        QCOMPARE(flag.pixel(2, 60), qRgb(0, 0, 255));
-        QCOMPARE(flag.pixel(157, 2), qRgb(255, 0, 0));
-        QCOMPARE(flag.pixel(157, 117), qRgb(255, 0, 0));
-        QCOMPARE(paintedFile("P3 1 1 255 0 255 0").pixel(2, 60), qRgb(0, 255, 0));
+        // In its own size, from the upper left corner of a box that is seen where it is larger.
+        const auto rows = [](int count, const std::string& left, const std::string& right) {
+            std::string text;
+            for (int i = 0; i < 40 * count; ++i)
+                text += i % 40 < 10 ? left : right;
+            return "P3 40 " + std::to_string(count) + " 255" + text;
+        };
+        const QImage flag = paintedFile(rows(20, " 0 0 255", " 255 0 0"));
+        QCOMPARE(flag.pixel(5, 10), qRgb(0, 0, 255));
+        QCOMPARE(flag.pixel(38, 18), qRgb(255, 0, 0));
+        QCOMPARE(flag.pixel(45, 10), Canvas().pixel(45, 10));
+        QVERIFY(flag.copy(50, 119, 20, 1) != Canvas().copy(50, 119, 20, 1));
+        QCOMPARE(paintedFile(rows(1, " 0 255 0", " 0 255 0")).pixel(2, 60), Canvas().pixel(2, 60));
         using namespace std::string_view_literals;
         for (const std::string_view bytes :
              {""sv, "kein Bild"sv, "BM\x46\0\0\0\0\0\0\0\x36\0\0\0"sv, "P6 100000 100000 255 x"sv})

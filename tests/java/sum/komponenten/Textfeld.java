@@ -1,9 +1,0 @@
-package sum.komponenten;
-
-import javax.swing.JTextField;
-
-public class Textfeld extends Eingabefeld<JTextField> {
-    public Textfeld(double left, double top, double width, double height, String text) {
-        super(new JTextField(text), left, top, width, height);
-    }
-}
