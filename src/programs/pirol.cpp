@@ -7,11 +7,14 @@
 #include "ui/main/EndWatch.h"
 #include "ui/main/frmMain.h"
 #include "ui/main/OnlineUpdate.h"
+#include "ui/main/pnlStart.h"
+#include "ui/main/RecentMenu.h"
 #include "ui/parts/Bitmaps.h"
 #include "ui/parts/NetworkModule.h"
 
 #include <QApplication>
 #include <QDeadlineTimer>
+#include <QPointer>
 #include <QWindow>
 
 #include <algorithm>
@@ -56,6 +59,7 @@ int main(int argumentCount, char* arguments[]) {
     pirol::frmProgramStarter starter;
     pirol::frmMain mainWindow(dialogs, starter, pirol::Preferences::Load());
     pirol::DesignKeeper keeper(mainWindow, dialogs, pirol::RecoveryFolder());
+    pirol::RecentMenu recentMenu(mainWindow, dialogs);
     const pirol::EndWatch endWatch([&keeper](const std::string& reason) { keeper.KeepForNextStart(reason); });
     const pirol::UpdateSource source =
         pirol::ReadUpdateSource(PIROL_UPDATE_ADDRESS, PIROL_UPDATE_KEYS, PIROL_UPDATE_AUTHORITY);
@@ -64,12 +68,19 @@ int main(int argumentCount, char* arguments[]) {
                                 .folder = pirol::UpdateFolder(),
                                 .newTransport = [&] { return pirol::NewNetworkTransport(source.authority); },
                                 .keepDesign = [&] { keeper.KeepForNextStart("Neue Version installiert"); }});
+    QPointer<pirol::pnlStart> start;
     mainWindow.show();
     if (const std::string path = pirol::ProjectOnCommandLine(Words(argumentCount, arguments)); !path.empty()) {
         WaitUntilShown(mainWindow); // only where a report may come; an empty start waits for nothing
         mainWindow.ReadPRLFile(path);
+    } else {
+        start = new pirol::pnlStart(mainWindow, pirol::KeptFolder(pirol::RecoveryFolder()));
+        QObject::connect(start, &pirol::pnlStart::ProjectWanted, &recentMenu, &pirol::RecentMenu::Open);
+        QObject::connect(start, &pirol::pnlStart::KeptDesignWanted, &keeper, &pirol::DesignKeeper::Restore);
     }
     keeper.OfferLeftDesigns();
     update.LookWeekly();
-    return QApplication::exec();
+    const int status = QApplication::exec();
+    delete start; // it listens to the main window's design
+    return status;
 }

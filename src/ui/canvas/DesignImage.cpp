@@ -13,10 +13,11 @@ namespace {
 constexpr int mostPixelsOfASide = 2000;
 
 /// Paints a component unless it is hidden or lies outside the window.
-void PaintComponent(QPainter& painter, const ProjectModel& model, ComponentRef component) {
+void PaintComponent(QPainter& painter, const ProjectModel& model, ComponentRef component,
+                    const PictureSource& pictures = PictureFile) {
     const QSize size = DesignSize(model);
     if (model.VisibleBox(component).Intersects({0, 0, size.width(), size.height()}))
-        PaintControl(painter, model.Element(component));
+        PaintControl(painter, model.Element(component), pictures);
 }
 
 } // namespace
@@ -35,8 +36,8 @@ void PaintDesign(QPainter& painter, const ProjectModel& model) {
     painter.restore();
 }
 
-DesignPicture::DesignPicture(const ProjectModel& model, const QSize& largest)
-    : model_(model), largest_(largest), own_(DesignSize(model)) {
+DesignPicture::DesignPicture(const ProjectModel& model, const QSize& largest, PictureSource pictures)
+    : model_(model), pictures_(std::move(pictures)), largest_(largest), own_(DesignSize(model)) {
     const QSize painted = own_.boundedTo({mostPixelsOfASide, mostPixelsOfASide});
     const QSize size = painted == own_ ? own_ : own_.scaled(painted, Qt::KeepAspectRatio).expandedTo({1, 1});
     image_ = QImage(size, QImage::Format_RGB32);
@@ -53,7 +54,7 @@ bool DesignPicture::PaintMore(std::chrono::milliseconds time) {
         constexpr std::size_t betweenLooks = 64; // at the clock
         if (paintedNow % betweenLooks == betweenLooks - 1 && std::chrono::steady_clock::now() >= end)
             return true;
-        PaintComponent(painter, model_, order[painted_]);
+        PaintComponent(painter, model_, order[painted_], pictures_);
     }
     return false;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/ProjectModel.h"
+#include "ui/canvas/PictureFile.h"
 
 #include <QImage>
 #include <QSize>
@@ -25,7 +26,8 @@ QImage DesignImage(const ProjectModel& model, const QSize& largest);
 /// The same picture, painted in parts, so that a large design holds up no window.
 class DesignPicture {
   public:
-    DesignPicture(const ProjectModel& model, const QSize& largest);
+    /// `pictures` gives what the components for pictures show.
+    DesignPicture(const ProjectModel& model, const QSize& largest, PictureSource pictures = PictureFile);
 
     /// Goes on painting for about so long; false when all is painted.
     bool PaintMore(std::chrono::milliseconds time);
@@ -34,6 +36,7 @@ class DesignPicture {
 
   private:
     ProjectModel model_;
+    PictureSource pictures_;
     QSize largest_;
     QSize own_; ///< of the designed window
     QImage image_;
