@@ -2,6 +2,8 @@
 #include "app/Registry.h"
 #include "Cases.h"
 #include "project/ProjectFile.h"
+#include "ui/canvas/DesignImage.h"
+#include "ui/main/EmbeddedExample.h"
 #include "ui/main/pnlStart.h"
 #include "ui/main/RecentMenu.h"
 #include "ui/main/StartCard.h"
@@ -80,6 +82,23 @@ class PnlStartTest : public QObject {
                 QVERIFY(!main.IsShown());
                 QVERIFY(main.canvas->hasFocus());
             }
+    }
+
+    /// The pictures were painted beforehand, so they must be painted anew when an example or the painting changes.
+    void ShowsTheExamplesAsTheyAre() {
+        for (const char* const name : {"Adressbuch", "Medienspieler", "Quiz", "Taschenrechner", "Vokabeltrainer"}) {
+            ProjectModel model;
+            ReadPRLBytes(EmbeddedExample(std::string(name) + ".prl"), model);
+            const QImage design = DesignImage(model, {256, 192});
+            const std::string_view bytes = EmbeddedExample(std::string(name) + ".png");
+            const QImage shown = QImage::fromData(QByteArray::fromRawData(bytes.data(), qsizetype(bytes.size())));
+            QCOMPARE(shown.size(), design.size());
+            double difference = 0;
+            for (int y = 0; y < design.height(); ++y)
+                for (int x = 0; x < design.width(); ++x)
+                    difference += std::abs(qGray(design.pixel(x, y)) - qGray(shown.pixel(x, y)));
+            QVERIFY2(difference / (design.width() * design.height()) < 6, name);
+        }
     }
 
     void FetchesKeptDesignsBack() {

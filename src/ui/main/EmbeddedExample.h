@@ -4,7 +4,7 @@
 
 namespace pirol {
 
-/// A project of the examples by its file name; empty for an unknown one.
+/// The examples' projects and their pictures by file name; empty for an unknown one.
 std::string_view EmbeddedExample(std::string_view name);
 
 } // namespace pirol

@@ -4,6 +4,7 @@
 #include "app/FileCommands.h"
 #include "app/RecentProjects.h"
 #include "base/FileAccess.h"
+#include "base/Text.h"
 #include "controls/dBild.h"
 #include "project/ProjectFile.h"
 #include "ui/canvas/picFrame.h"
@@ -35,19 +36,19 @@ constexpr QSize sizePicture(64, 48);
 constexpr int margin = 16;
 constexpr int gap = 8;
 
-/// Larger projects open as ever, but have no picture here.
-constexpr std::uintmax_t largestPainted = std::uintmax_t{4} << 20U;
+/// Larger projects open as ever, but painting them here would take longer than the start. This one holds some 1,500
+/// components.
+constexpr std::uintmax_t largestPainted = std::uintmax_t{128} << 10U;
 constexpr std::size_t mostPictureFiles = 20; // of one design
 
 struct Example {
-    std::string_view file;
+    std::string_view name;
     const char* note;
 };
 
 constexpr Example examples[] = {
-    {"Taschenrechner.prl", "Knöpfe, Textfeld"}, {"Quiz.prl", "Radiogruppe, Menü"},
-    {"Vokabeltrainer.prl", "Tabelle, Regler"},  {"Adressbuch.prl", "Tabelle, Datenbank"},
-    {"Medienspieler.prl", "Bild, Ton, Film"},
+    {"Taschenrechner", "Knöpfe, Textfeld"}, {"Quiz", "Radiogruppe, Menü"},        {"Vokabeltrainer", "Tabelle, Regler"},
+    {"Adressbuch", "Tabelle, Datenbank"},   {"Medienspieler", "Bild, Ton, Film"},
 };
 
 using Pictures = std::map<std::string, QImage, std::less<>>;
@@ -71,6 +72,14 @@ QImage WindowSketch(const NewWindowSize& size, const QSize& pixels, const QPalet
     image.fill(palette.color(QPalette::Base));
     QPainter(&image).fillRect(0, 0, image.width(), pixels.height() / 8, palette.color(QPalette::Midlight));
     return image;
+}
+
+/// Painted beforehand: painting designs takes as long as the rest of the start.
+QImage ExamplePicture(std::string_view name, const QSize& pixels) {
+    const std::string_view bytes = EmbeddedExample(Concatenate(name, ".png"));
+    const QImage picture =
+        QImage::fromData(reinterpret_cast<const uchar*>(bytes.data()), static_cast<int>(bytes.size()), "PNG");
+    return picture.scaled(picture.size().boundedTo(pixels), Qt::KeepAspectRatio, Qt::SmoothTransformation);
 }
 
 bool IsNotThere(const std::error_code& error) {
@@ -241,15 +250,11 @@ void pnlStart::AddProjects() {
 void pnlStart::AddExamples() {
     Section& section = AddSection("startExample", "Beispiele als Vorlage");
     for (const Example& example : examples) {
-        const std::string_view bytes = EmbeddedExample(example.file);
-        StartCard* const card =
-            AddCard(section, designPicture, QFileInfo(ToText(example.file)).completeBaseName(), example.note);
+        const std::string_view bytes = EmbeddedExample(Concatenate(example.name, ".prl"));
+        StartCard* const card = AddCard(section, designPicture, ToText(example.name), example.note);
         connect(card, &StartCard::clicked, this,
                 [this, bytes] { window_.Run([&] { BeginWithTemplate(window_.CurrentDocument(), bytes); }); });
-        Found found;
-        ReadPRLBytes(bytes, found.model);
-        found.isPainted = true;
-        Paint(card, found);
+        card->ShowPicture(ExamplePicture(example.name, card->PicturePixels()));
     }
 }
 
