@@ -266,6 +266,16 @@ class PicContainerTest : public QObject {
         QCOMPARE(main.Held().Left, 100);
     }
 
+    void TheListFollowsADrag() {
+        Editing main;
+        main.Press(110, 110);
+        main.MoveTo(130, 140);
+        QTRY_COMPARE(main.Shown("Links"), "120");
+        QCOMPARE(main.Shown("Oben"), "130");
+        Press(Qt::Key_Escape);
+        QCOMPARE(main.Shown("Links"), "100");
+    }
+
     void TheListTellsAndAsksInDialogs() {
         Editing main;
         main.TypeInto("Name", "hatKnopf1 Return");
