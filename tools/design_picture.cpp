@@ -19,5 +19,5 @@ int main(int argumentCount, char* arguments[]) {
     const QSize largest(QByteArray(arguments[3]).toInt(), QByteArray(arguments[4]).toInt());
     pirol::ProjectModel model;
     pirol::ReadPRLFile(pirol::PathOf(arguments[1]), model);
-    return pirol::DesignImage(model, largest).save(arguments[2], "PNG", 0) ? 0 : 1;
+    return pirol::DesignImage(model, largest, pirol::PicturesOf(model)).save(arguments[2], "PNG", 0) ? 0 : 1;
 }

@@ -89,7 +89,7 @@ class PnlStartTest : public QObject {
         for (const char* const name : {"Adressbuch", "Medienspieler", "Quiz", "Taschenrechner", "Vokabeltrainer"}) {
             ProjectModel model;
             ReadPRLBytes(EmbeddedExample(std::string(name) + ".prl"), model);
-            const QImage design = DesignImage(model, {256, 192});
+            const QImage design = DesignImage(model, {256, 192}, PicturesOf(model));
             const std::string_view bytes = EmbeddedExample(std::string(name) + ".png");
             const QImage shown = QImage::fromData(QByteArray::fromRawData(bytes.data(), qsizetype(bytes.size())));
             QCOMPARE(shown.size(), design.size());

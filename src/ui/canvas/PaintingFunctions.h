@@ -21,7 +21,7 @@ void FillSharply(QPainter& painter, const QRect& box, const QColor& colour);
 void FrameSharply(QPainter& painter, const QRect& box, const QColor& colour);
 
 /// Paints the control at its own position and size. `pictures` gives what the components for pictures show.
-void PaintControl(QPainter& painter, const Control& control, const PictureSource& pictures = PictureFile);
+void PaintControl(QPainter& painter, const Control& control, const PictureSource& pictures);
 
 /// The border of the selected component, inside its rectangle.
 void PaintSelectionBorder(QPainter& painter, const Rectangle& component);

@@ -54,7 +54,7 @@ constexpr Example examples[] = {
 using Pictures = std::map<std::string, QImage, std::less<>>;
 
 /// The image files that a design shows. Any thread may call it.
-Pictures PicturesOf(const ProjectModel& model) {
+Pictures DecodedPictures(const ProjectModel& model) {
     Pictures pictures;
     const std::size_t end = std::min(model.ElementCount(ComponentKind::Picture), mostPictureFiles + 1);
     for (std::size_t index = 1; index < end; ++index) {
@@ -96,7 +96,7 @@ struct pnlStart::Found {
 
     static Found Of(ProjectModel design) {
         Found found{std::move(design), {}, true};
-        found.pictures = PicturesOf(found.model);
+        found.pictures = DecodedPictures(found.model);
         return found;
     }
 
