@@ -9,6 +9,7 @@
 #include "ui/dialogs/frmLoading.h"
 #include "ui/main/frmMain.h"
 #include "ui/main/lstComponents.h"
+#include "ui/main/lstHints.h"
 #include "ui/main/pnlOutput.h"
 #include "ui/main/tbComponents.h"
 #include "ui/parts/Bitmaps.h"
@@ -171,6 +172,11 @@ void frmMain::BuildMenus() {
     RefreshCodeMenu();
     tbComponents_->PressButton(canvas_.CurrentKind());
     AddTestButton();
+    // By right click; F1 is there already.
+    for (QWidget* const list : {static_cast<QWidget*>(lstHints_), static_cast<QWidget*>(plProperties_)}) {
+        list->addAction(Command("mnuHelpHandbook"));
+        list->setContextMenuPolicy(Qt::ActionsContextMenu);
+    }
 }
 
 /// In the corner of the menu bar, where it takes no room from the canvas.

@@ -1,7 +1,9 @@
 #include "ui/properties/plProperties.h"
 
+#include "app/Handbook.h"
 #include "ui/parts/FormParts.h"
 #include "ui/parts/frmError.h"
+#include "ui/parts/HelpAnchor.h"
 #include "ui/properties/frmListEditor.h"
 #include "ui/properties/PropertyDelegate.h"
 #include "ui/properties/PropertyListModel.h"
@@ -170,8 +172,11 @@ bool plProperties::edit(const QModelIndex& index, EditTrigger trigger, QEvent* e
 
 void plProperties::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     QTreeView::currentChanged(current, previous);
-    if (current.isValid())
-        currentKey_ = model_->RowAt(current).key;
+    if (!current.isValid())
+        return SetHelpAnchor(this, {});
+    const PropertyPanelRow& row = model_->RowAt(current);
+    currentKey_ = row.key;
+    SetHelpAnchor(this, row.isCategory ? std::string() : ChapterAnchor(row.caption));
 }
 
 void plProperties::keyPressEvent(QKeyEvent* event) {
