@@ -26,8 +26,8 @@
 namespace pirol {
 namespace {
 
-constexpr QSize usualSize(960, 680);
-constexpr int listWidth = 250;
+constexpr QSize usualSize(1000, 680);
+constexpr int listWidth = 280;
 constexpr int lastListedLevel = 3; // deeper headings are places to lead to
 constexpr int mostMarked = 1000;
 
