@@ -8,6 +8,7 @@
 #include <QScreen>
 #include <QScrollBar>
 #include <QSet>
+#include <QToolBar>
 
 namespace pirol::test {
 
@@ -91,8 +92,9 @@ class FrmMainTest : public QObject {
         QFETCH(int, height);
         MainWindow main;
         main.window.resize(width, height);
-        const MainLayout layout =
-            LayOutMainWindow(width, height - main.window.menuBar()->height() - rowHeight, 640, 480);
+        const MainLayout layout = LayOutMainWindow(
+            width, height - main.window.menuBar()->height() - main.Find<QToolBar>("tbMain")->height() - rowHeight, 640,
+            480);
         const std::pair<const char*, Rectangle> places[] = {
             {"tbComponents", layout.toolbar}, {"plProperties", layout.list},      {"picFrame", layout.frame},
             {"vScroll", layout.vertical.box}, {"hScroll", layout.horizontal.box}, {"picContainer", layout.canvas},

@@ -3,6 +3,7 @@
 #include "ui/parts/FormParts.h"
 #include "ui/parts/RowList.h"
 #include "ui/parts/TextLine.h"
+#include "ui/parts/Theme.h"
 
 #include <QButtonGroup>
 #include <QFormLayout>
@@ -75,6 +76,7 @@ QLayout* frmMenuGenerator::NewList() {
     auto* const caption = new QLabel("Menüle&iste:");
     caption->setBuddy(lstEntries_);
     lstEntries_->setUniformItemSizes(true);
+    lstEntries_->setPalette(PaperPalette()); // its rows have colours of their own, which are those of a white sheet
     lstEntries_->setMinimumWidth(fontMetrics().averageCharWidth() * 44);
     lstEntries_->setToolTip("Neue Zeilen kommen in das gewählte Menü oder hinter den gewählten Eintrag");
     connect(lstEntries_, &QListWidget::currentRowChanged, this, &frmMenuGenerator::SelectRow);

@@ -10,7 +10,6 @@
 #include "ui/main/lstComponents.h"
 #include "ui/main/lstHints.h"
 #include "ui/main/pnlOutput.h"
-#include "ui/main/tbArrange.h"
 #include "ui/main/tbComponents.h"
 #include "ui/parts/FormParts.h"
 #include "ui/parts/frmError.h"
@@ -61,7 +60,7 @@ frmMain::frmMain(cCommonDialog& dialogs, ProgramStarter& starter, const Preferen
     BuildSurface();
     BuildStatusBar();
     BuildMenus();
-    BuildArrangeRow();
+    ShowSelectionCommands();
     hintTimer_.setSingleShot(true);
     hintTimer_.setInterval(hintDelay);
     connect(&hintTimer_, &QTimer::timeout, this, &frmMain::ShowHints);
@@ -205,8 +204,6 @@ void frmMain::LayOut() {
     lblWindow_->setGeometry(layout.frame.left, headings.y(), layout.frame.width, headings.height());
     lblProperties_->setGeometry(layout.list.left, headings.y(), layout.list.width, headings.height());
     lblWindow_->setText(QString("Fenster: B = %1 / H = %2").arg(designedSize_.width()).arg(designedSize_.height()));
-    if (tbArrange_ != nullptr)
-        tbArrange_->PlaceIn(lblWindow_->geometry(), lblWindow_->sizeHint().width());
     tbComponents_->setGeometry(ToRect(layout.toolbar));
     plProperties_->setGeometry(ToRect(layout.list));
     picFrame_->LayOut(layout);
@@ -351,6 +348,7 @@ void frmMain::ShowFileAndHistory() {
     setWindowModified(document_.IsChanged());
     const QString path = ToText(document_.FilePath());
     const QString title = (path.isEmpty() ? "Neues Projekt" : QFileInfo(path).fileName()) + "[*] - Pirol";
+    picFrame_->Surround().ShowTitle(path.isEmpty() ? "Neues Projekt" : QFileInfo(path).completeBaseName());
     if (windowTitle() != title)
         setWindowTitle(title);
     const auto show = [this](const char* command, bool enabled, const QString& caption, const std::string& label) {

@@ -35,15 +35,15 @@ class picContainer;
 class pnlOutput;
 class picFrame;
 class plProperties;
-class tbArrange;
 class tbComponents;
+class tbMain;
 enum class Arrangement;
 struct Hint;
 
-/// The main window. It owns the design and everything around it: toolbar, canvas with its scroll bars, property list,
-/// list of hints, output of the tested program, status bar and the menu with every command of the program. A command is
-/// a function of the same name. All its parts show the document: it is told of every change and passes on what they
-/// need.
+/// The main window. It owns the design and everything around it: tool bar, toolbox, canvas with its scroll bars,
+/// property list, list of hints, output of the tested program, status bar and the menu with every command of the
+/// program. A command is a function of the same name. All its parts show the document: it is told of every change and
+/// passes on what they need.
 class frmMain : public QMainWindow, private DocumentListener {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(frmMain)
@@ -80,6 +80,8 @@ class frmMain : public QMainWindow, private DocumentListener {
   signals:
     /// The user wants to see the designs that have left the screen unsaved.
     void KeptDesignsWanted();
+    /// The windows shall have other colours.
+    void AppearanceChosen(pirol::Appearance appearance);
     /// The user wants to look for a new version.
     void UpdateWanted();
 
@@ -102,7 +104,7 @@ class frmMain : public QMainWindow, private DocumentListener {
     void DocumentChanged(const DocumentChange& change) override;
     void AddCommand(QMenu* menu, const CommandRow& row);
     void AddKindCommands(QMenu* menu);
-    void AddTestButton();
+    void BuildToolBar();
     QAction* Command(const QString& name) const;
 
     void LayOut();
@@ -136,7 +138,6 @@ class frmMain : public QMainWindow, private DocumentListener {
     bool UpdateJavaFile(const std::string& path);
     bool CopySelected();
     void ArrangeSelected(Arrangement arrangement);
-    void BuildArrangeRow();
     void ShowSelectionCommands();
     void GoOnBehindEdit(int components);
 
@@ -208,7 +209,7 @@ class frmMain : public QMainWindow, private DocumentListener {
     QLabel* lblPosition_ = nullptr;
     QLabel* lblProperties_ = nullptr;
     tbComponents* tbComponents_ = nullptr;
-    tbArrange* tbArrange_ = nullptr;
+    tbMain* tbMain_ = nullptr;
     picFrame* picFrame_ = nullptr;
     picContainer* picContainer_ = nullptr;
     plProperties* plProperties_ = nullptr;

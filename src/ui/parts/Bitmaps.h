@@ -18,7 +18,8 @@ const QImage& Bitmap(std::string_view name);
 const QImage& LargeBitmap(std::string_view name);
 constexpr int largeBitmapScale = 3;
 
-/// One size (16, 24, 32, 48) of a drawing among the icons, by its name; a null image when there is none. Decoded once.
+/// One size (16, 20, 24, 32, 48) of a drawing among the icons, by its name; a null image when there is none. Decoded
+/// once.
 const QImage& IconImage(std::string_view name, int size);
 
 /// The picture of a kind for the toolbar and the menu.
