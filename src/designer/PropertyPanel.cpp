@@ -22,7 +22,13 @@ PropertyPanelRow RowFor(const Control& control, const PropertyRow& row) {
     std::string value = row.get(control);
     if (key.editor == EditorKind::Flag)
         value = LowerCase(value);
-    return {key.key, key.label, false, std::move(value), key.editor, key.detail};
+    const bool isOn = row.isOn != nullptr && row.isOn(control);
+    return {.key = key.key,
+            .caption = key.label,
+            .value = std::move(value),
+            .editor = key.editor,
+            .detail = key.detail,
+            .handler = isOn ? Concatenate(control.ObjectName, row.handlerSuffix) : std::string()};
 }
 
 std::vector<PropertyPanelRow> RowsFor(const Control& control) {
@@ -98,8 +104,10 @@ class SharedRows {
   public:
     SharedRows(const ProjectModel& model, const Selection& selected) {
         for (const PropertyPanelRow& row : RowsFor(model.Element(*selected.Leader())))
-            if (row.isCategory || IsShared({row.key, row.caption, {}, row.editor, row.detail}, selected))
+            if (row.isCategory || IsShared({row.key, row.caption, {}, row.editor, row.detail}, selected)) {
                 rows_.push_back({row, nullptr});
+                rows_.back().shown.handler.clear(); // each has its own
+            }
         std::optional<ComponentKind> kind;
         for (const ComponentRef component : selected) {
             const Control& control = model.Element(component);

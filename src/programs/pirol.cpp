@@ -69,6 +69,7 @@ int main(int argumentCount, char* arguments[]) {
                                 .folder = pirol::UpdateFolder(),
                                 .newTransport = [&] { return pirol::NewNetworkTransport(source.authority); },
                                 .keepDesign = [&] { keeper.KeepForNextStart("Neue Version installiert"); }});
+    mainWindow.KeepPlace();
     mainWindow.show();
     if (const std::string path = pirol::ProjectOnCommandLine(Words(argumentCount, arguments)); !path.empty()) {
         WaitUntilShown(mainWindow); // only where a report may come; an empty start waits for nothing

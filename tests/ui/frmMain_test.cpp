@@ -121,7 +121,8 @@ class FrmMainTest : public QObject {
     void ScrollsAndReportsWhatIsPast16Bits() {
         MainWindow main;
         main.Edit([](ProjectModel& model) { model.SetWindowSize(800, 32767); });
-        main.window.resize(600, 60);
+        const int lowest = 60 + main.Find<QToolBar>("tbMain")->height();
+        main.window.resize(600, lowest);
         auto* vertical = main.Find<QScrollBar>("vScroll");
         main.ExpectError();
         vertical->setValue(vertical->maximum());
@@ -129,7 +130,7 @@ class FrmMainTest : public QObject {
         QVERIFY(main.errorText.contains("|Keine Angaben|"));
         vertical->setValue(10);
         QCOMPARE(main.canvas->y(), -80);
-        main.window.resize(600, 61); // shows the beginning again
+        main.window.resize(600, lowest + 1); // shows the beginning again
         QCOMPARE(main.canvas->y(), 0);
         QCOMPARE(vertical->value(), 0);
     }

@@ -87,11 +87,11 @@ picContainer::picContainer(DesignCanvas& canvas, const ProjectModel& model, QWid
     : QWidget(parent), canvas_(canvas), model_(model),
       pictures_([this](const std::string& path, double scale) { return pictureLoader_.Picture(path, scale); }),
       layers_(
-          canvas, model,
-          [this](QPainter& painter, std::span<const Rectangle> areas) { PaintBackground(painter, areas); }, pictures_),
+          canvas, model, [this](QPainter& painter, std::span<const Rectangle> areas) { PaintBelow(painter, areas); },
+          pictures_),
       groupLayers_(
-          canvas, model,
-          [this](QPainter& painter, std::span<const Rectangle> areas) { PaintBackground(painter, areas); }, pictures_) {
+          canvas, model, [this](QPainter& painter, std::span<const Rectangle> areas) { PaintBelow(painter, areas); },
+          pictures_) {
     setObjectName("picContainer");
     dragTimer_.setSingleShot(true);
     connect(&dragTimer_, &QTimer::timeout, this, [this] { update(std::exchange(dragged_, {})); });
@@ -483,7 +483,10 @@ void picContainer::PaintDesign(QPainter& painter, const QRegion& region) {
     painter.save();
     painter.scale(view_.Factor(), view_.Factor());
     PaintBackground(painter, areas);
-    for (const ComponentRef component : canvas_.Intersecting(areas))
+    const std::vector<ComponentRef> components = canvas_.Intersecting(areas);
+    for (const ComponentRef component : components)
+        PaintDesignAid(painter, model_.Element(component));
+    for (const ComponentRef component : components)
         PaintControl(painter, model_.Element(component), pictures_);
     painter.restore();
 }
@@ -515,6 +518,15 @@ void picContainer::PaintBackground(QPainter& painter, std::span<const Rectangle>
         for (const Rectangle& mark :
              GridMarks(isDense ? noGridStyle : gridStyle_, model_.WindowWidth(), model_.WindowHeight(), area))
             FillSharply(painter, ToRect(mark), gridColor_);
+}
+
+/// What lies below all components for a whole gesture: what that takes along has nothing to leave there.
+void picContainer::PaintBelow(QPainter& painter, std::span<const Rectangle> areas) const {
+    PaintBackground(painter, areas);
+    const bool takesAlong = !canvas_.IsDrawing();
+    for (const ComponentRef component : canvas_.Intersecting(areas))
+        if (!takesAlong || !canvas_.AllSelected().Contains(component))
+            PaintDesignAid(painter, model_.Element(component));
 }
 
 /// What lies in the strip can be seen through the hatching.

@@ -2,6 +2,7 @@
 
 #include "ui/parts/FormParts.h"
 #include "ui/parts/frmError.h"
+#include "ui/parts/Theme.h"
 
 #include <QKeyEvent>
 #include <QScrollBar>
@@ -53,6 +54,7 @@ picFrame::picFrame(DesignCanvas& canvas, const ProjectModel& model, QWidget* par
     setObjectName("picFrame");
     setAccessibleName("Rahmen der Entwurfsfläche");
     setAutoFillBackground(true);
+    setBackgroundRole(roles::surround);
     viewport_->SetCanvas(picContainer_);
     for (QScrollBar* bar : {vScroll_, hScroll_})
         connect(bar, &QScrollBar::valueChanged, this,

@@ -8,6 +8,7 @@
 #include "codegen/JavaGenerator.h"
 #include "designer/DesignCanvas.h"
 #include "designer/Document.h"
+#include "designer/MainLayout.h"
 
 #include <QMainWindow>
 #include <QSize>
@@ -28,6 +29,7 @@ class QMenu;
 namespace pirol {
 
 class HintSearch;
+class PanelEdge;
 class cboZoom;
 class lstComponents;
 class lstHints;
@@ -61,6 +63,10 @@ class frmMain : public QMainWindow, private DocumentListener {
     DesignCanvas& Canvas() { return canvas_; }
     const Preferences& CurrentPreferences() const { return preferences_; }
 
+    /// Stands where it stood when it was closed last, with panels as wide, and keeps that place from now on. Without
+    /// this it has the usual place.
+    void KeepPlace();
+
     /// New versions can be looked for; before this the command says that they cannot.
     void EnableUpdate();
 
@@ -89,6 +95,7 @@ class frmMain : public QMainWindow, private DocumentListener {
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
   private:
     struct CommandRow;
@@ -107,6 +114,9 @@ class frmMain : public QMainWindow, private DocumentListener {
     void BuildToolBar();
     QAction* Command(const QString& name) const;
 
+    void BuildPanelEdges();
+    void SetPanelWidths(const PanelWidths& wanted);
+    void SavePlace() const;
     void LayOut();
     void LayOutAgain();
     void ShowZoom(int percent);
@@ -123,6 +133,7 @@ class frmMain : public QMainWindow, private DocumentListener {
     void ShowHints();
     void GoTo(const Hint& hint);
     void ShowCode(const std::string& source, std::size_t line);
+    void ShowHandler(const std::string& handler);
     void ChangeProperty(const std::string& key, const std::string& value);
 
     void CheckKindEntry(int entry);
@@ -227,6 +238,10 @@ class frmMain : public QMainWindow, private DocumentListener {
     std::uint64_t shownState_ = 0; ///< of the design
     /// Milliseconds for which the status bar says what has happened or where to go on.
     static constexpr int messageTime = 10000;
+    PanelEdge* toolboxEdge_ = nullptr;
+    PanelEdge* propertiesEdge_ = nullptr;
+    PanelWidths panelWidths_; ///< as the user wants them
+    bool keepsPlace_ = false;
     QSize designedSize_; ///< for which the window is laid out
     QSize laidOutSize_;  ///< of the whole main window
 };

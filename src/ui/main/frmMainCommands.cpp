@@ -379,6 +379,12 @@ void frmMain::ShowCode(const std::string& source, std::size_t line) {
     form.exec();
 }
 
+void frmMain::ShowHandler(const std::string& handler) {
+    const std::string source = GenerateCode();
+    if (!source.empty())
+        ShowCode(source, LineOfHandler(source, handler));
+}
+
 void frmMain::mnuCodeTest() {
     const std::string source = GenerateCode();
     if (!source.empty())
