@@ -636,7 +636,8 @@ void PaintControl(QPainter& painter, const Control& control, const PictureSource
     if (area.isEmpty())
         return;
     painter.save();
-    painter.setClipRect(area, Qt::IntersectClip);
+    if (control.Kind() != ComponentKind::Picture) // it is shown whole, whatever its box
+        painter.setClipRect(area, Qt::IntersectClip);
     painters[Position(control.Kind())].paint(painter, area, control, pictures);
     painter.restore();
 }

@@ -53,6 +53,9 @@ void SetText(QLabel* panel, const QString& text) {
         panel->setText(shown);
 }
 
+/// Between two looks of the property list at what is dragged.
+constexpr std::chrono::milliseconds liveDelay(40);
+
 } // namespace
 
 frmMain::frmMain(cCommonDialog& dialogs, ProgramStarter& starter, const Preferences& preferences,
@@ -66,6 +69,9 @@ frmMain::frmMain(cCommonDialog& dialogs, ProgramStarter& starter, const Preferen
     hintTimer_.setSingleShot(true);
     hintTimer_.setInterval(hintDelay);
     connect(&hintTimer_, &QTimer::timeout, this, &frmMain::ShowHints);
+    liveTimer_.setSingleShot(true);
+    liveTimer_.setInterval(liveDelay);
+    connect(&liveTimer_, &QTimer::timeout, this, &frmMain::LoadProperties);
     connect(new QShortcut(Qt::Key_F6, this), &QShortcut::activated, this, [this] { lstHints_->Open(); });
     FitToScreen(this, firstSize);
     SetPreferences(preferences);
@@ -417,8 +423,11 @@ void frmMain::DocumentChanged(const DocumentChange& change) {
         hintTimer_.start();
     }
     if (change.properties) {
+        liveTimer_.stop();
         LoadProperties();
         ShowStatus();
+    } else if (change.design.HasComponents() && !liveTimer_.isActive()) {
+        liveTimer_.start();
     }
 }
 

@@ -230,6 +230,7 @@ class frmMain : public QMainWindow, private DocumentListener {
     cboZoom* cboZoom_ = nullptr;
     QDockWidget* dckComponents_ = nullptr; ///< made when it is shown first
     lstComponents* lstComponents_ = nullptr;
+    QTimer liveTimer_; ///< runs out when the property list follows a drag
     QTimer hintTimer_; ///< runs out when the design has come to rest
     QLabel* panels_[3] = {};
     /// States of the design in which a mark of the code menu was on that went away with its reason.

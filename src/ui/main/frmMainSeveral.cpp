@@ -20,7 +20,7 @@ namespace pirol {
 namespace {
 
 /// The picture of a part alone, as large as what it holds.
-QImage PictureOf(const ProjectModel& part) {
+QImage PictureOf(const ProjectModel& part, const PictureSource& pictures) {
     constexpr QSize largest(2000, 2000);
     QRect area;
     part.ForEachVisible(
@@ -34,7 +34,7 @@ QImage PictureOf(const ProjectModel& part) {
         control.Left = static_cast<std::int16_t>(std::min(control.Left - area.left(), most));
         control.Top = static_cast<std::int16_t>(std::min(control.Top - area.top(), most));
     }
-    return DesignImage(moved, largest);
+    return DesignImage(moved, largest, pictures);
 }
 
 QString TypeName() {
@@ -58,7 +58,7 @@ bool frmMain::CopySelected() {
         auto* const data = new QMimeData;
         data->setData(TypeName(), QByteArray(bytes.data(), static_cast<qsizetype>(bytes.size())));
         data->setText(ToText(JavaLines(part)));
-        data->setImageData(PictureOf(part));
+        data->setImageData(PictureOf(part, picContainer_->Pictures()));
         QGuiApplication::clipboard()->setMimeData(data);
     });
     return copied;
