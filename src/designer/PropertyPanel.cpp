@@ -3,6 +3,7 @@
 #include "base/Conversions.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "controls/dOptionsgruppe.h"
 #include "designer/Arranging.h"
 #include "designer/ListEditorModel.h"
 
@@ -17,18 +18,27 @@ PropertyPanelRow Category(std::string_view key, std::string_view caption) {
     return {key, caption, true, {}, {}, {}};
 }
 
+/// The method that an event calls; of a group, whose buttons each have their own, that of the first one.
+std::string HandlerOf(const Control& control, const PropertyRow& row) {
+    if (row.isOn == nullptr || !row.isOn(control))
+        return {};
+    if (control.Kind() != ComponentKind::OptionGroup)
+        return Concatenate(control.ObjectName, row.handlerSuffix);
+    const std::vector<cRadioButton>& buttons = static_cast<const dOptionsgruppe&>(control).OptionButtons;
+    return buttons.empty() ? std::string() : Concatenate(buttons.front().Name, row.handlerSuffix);
+}
+
 PropertyPanelRow RowFor(const Control& control, const PropertyRow& row) {
     const PropertyKey& key = *row.key;
     std::string value = row.get(control);
     if (key.editor == EditorKind::Flag)
         value = LowerCase(value);
-    const bool isOn = row.isOn != nullptr && row.isOn(control);
     return {.key = key.key,
             .caption = key.label,
             .value = std::move(value),
             .editor = key.editor,
             .detail = key.detail,
-            .handler = isOn ? Concatenate(control.ObjectName, row.handlerSuffix) : std::string()};
+            .handler = HandlerOf(control, row)};
 }
 
 std::vector<PropertyPanelRow> RowsFor(const Control& control) {

@@ -49,6 +49,9 @@ TEST(PropertyPanel, EveryRowSaysWhatItIs) {
     for (const KindRow& kind : KindRows()) {
         ProjectModel model;
         const ComponentRef component = Place(model, std::string(kind.key));
+        if (kind.kind == ComponentKind::OptionGroup)
+            FindRow(model.Element(component), "optionbuttons")
+                ->set(model.EditElement(component), PropertyText(std::vector<cRadioButton>(1)));
         for (const PropertyRow& row : model.Element(component).Table().Rows())
             if (row.isOn != nullptr)
                 row.set(model.EditElement(component), "Wahr");

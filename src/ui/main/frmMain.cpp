@@ -37,7 +37,7 @@ namespace {
 constexpr int positionWidth = 150;
 
 /// The first window shows designed windows up to 800 x 600 whole.
-constexpr QSize firstSize(1240, 800);
+constexpr QSize firstSize(1200, 800);
 
 QLabel* NewHeading(const char* name, const QString& text, QWidget* parent) {
     auto* label = Named(new QLabel(text, parent), name, text);

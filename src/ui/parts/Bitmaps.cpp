@@ -159,6 +159,10 @@ QIcon CommandIcon(std::string_view name) {
     return NewIcon(name, iconSizes);
 }
 
+QIcon PaperIcon(std::string_view name) {
+    return QIcon(new EmbeddedIconEngine(std::string(name), iconSizes, {}, false));
+}
+
 QIcon ProgramIcon() {
     return NewIcon("pirol", programIconSizes);
 }

@@ -28,6 +28,9 @@ QIcon KindIcon(ComponentKind kind);
 /// The picture of a command in all its sizes, by the name of its drawing ("open"); an empty icon when there is none.
 QIcon CommandIcon(std::string_view name);
 
+/// The same for what is white paper in every look.
+QIcon PaperIcon(std::string_view name);
+
 /// The program's own picture in all its sizes.
 QIcon ProgramIcon();
 
