@@ -10,7 +10,9 @@
 #include "ui/main/pnlStart.h"
 #include "ui/main/RecentMenu.h"
 #include "ui/parts/Bitmaps.h"
+#include "ui/parts/FlatStyle.h"
 #include "ui/parts/NetworkModule.h"
+#include "ui/parts/Theme.h"
 
 #include <QApplication>
 #include <QDeadlineTimer>
@@ -46,7 +48,7 @@ void WaitUntilShown(const QWidget& window) {
 } // namespace
 
 int main(int argumentCount, char* arguments[]) {
-    QApplication::setStyle("Fusion");
+    QApplication::setStyle(new pirol::FlatStyle); // the application owns it
     QApplication application(argumentCount, arguments);
     QApplication::setApplicationName("Pirol");
     QApplication::setApplicationVersion(PIROL_VERSION);
@@ -57,7 +59,10 @@ int main(int argumentCount, char* arguments[]) {
 
     pirol::frmCommonDialog dialogs;
     pirol::frmProgramStarter starter;
-    pirol::frmMain mainWindow(dialogs, starter, pirol::Preferences::Load());
+    const pirol::Preferences preferences = pirol::Preferences::Load();
+    pirol::Theme theme(preferences.Look);
+    pirol::frmMain mainWindow(dialogs, starter, preferences);
+    QObject::connect(&mainWindow, &pirol::frmMain::AppearanceChosen, &theme, &pirol::Theme::Choose);
     pirol::DesignKeeper keeper(mainWindow, dialogs, pirol::RecoveryFolder());
     pirol::RecentMenu recentMenu(mainWindow, dialogs);
     const pirol::EndWatch endWatch([&keeper](const std::string& reason) { keeper.KeepForNextStart(reason); });
@@ -69,6 +74,7 @@ int main(int argumentCount, char* arguments[]) {
                                 .newTransport = [&] { return pirol::NewNetworkTransport(source.authority); },
                                 .keepDesign = [&] { keeper.KeepForNextStart("Neue Version installiert"); }});
     QPointer<pirol::pnlStart> start;
+    mainWindow.KeepPlace();
     mainWindow.show();
     if (const std::string path = pirol::ProjectOnCommandLine(Words(argumentCount, arguments)); !path.empty()) {
         WaitUntilShown(mainWindow); // only where a report may come; an empty start waits for nothing

@@ -4,7 +4,7 @@ Java, as the chapter prints it, adds 12 and 21; then draws one more button and b
 
 Usage: first_program.py PIROL STANDINS [FOLDER]
     STANDINS    the folder of the compiled library stand-ins
-    FOLDER      gets the chapter's pictures
+    FOLDER      gets the chapter's pictures, and the whole way in motion
 """
 import pathlib
 import re
@@ -18,18 +18,21 @@ from running import Pupil as Tester
 
 GUIDE = pathlib.Path(__file__).resolve().parents[2] / "docs" / "Handbuch.md"
 POINTER, BUTTON, TEXT = -1, 1, 2  # places in the toolbox
-SMALL_WINDOW = (206, 125)  # on the start page
-NAME, CLICKED, LATER_CLICKED = (1120, 90), (1098, 245), (1098, 289)  # rows of the property list
-CANVAS, LATER_CANVAS = (395, 230), (395, 166)  # the design's upper left corner; later above the panel "Ausgabe"
+SMALL_WINDOW = (206, 162)  # on the start page
+NAME, CLICKED, LATER_CLICKED = (1120, 125), (1098, 280), (1098, 324)  # rows of the property list
+CANVAS, LATER_CANVAS = (395, 288), (395, 223)  # the design's upper left corner; later above the panel "Ausgabe"
 DISPLAY = (20, 20, 300, 50)
 BUTTONS = {"1": (20, 80, 80, 120), "2": (90, 80, 150, 120), "+": (160, 80, 220, 120), "=": (230, 80, 290, 120),
            "3": (20, 140, 80, 180)}
+BESIDE = (640, 420)  # where the program's window stands
 RUNNER = """
 public class Start {
+    static String shown = "";
+
     public static void main(String[] words) throws Exception {
         SuMAnwendung program = new SuMAnwendung();
         for (String last = ""; ; Thread.sleep(50)) {
-            String shown = program.hatAnzeige.text();
+            javax.swing.SwingUtilities.invokeAndWait(() -> shown = program.hatAnzeige.text());
             if (!shown.equals(last)) System.out.println(shown);
             last = shown;
         }
@@ -39,8 +42,11 @@ public class Start {
 
 
 class Pupil(Tester):
+    frames = None  # the folder for them; none unless pictures are wanted
+
     def choose_kind(self, place):
-        self.click(60, 85 + 30 * place)
+        self.click(60, 133 + 32 * place if place >= 0 else 92)
+        self.frame()
 
     def draw(self, box, corner=CANVAS):
         left, top, right, bottom = box
@@ -53,13 +59,28 @@ class Pupil(Tester):
                             str(folder / name)], env=self.environment, check=True)
 
 
+    def frame(self):
+        if self.frames:
+            time.sleep(0.5)
+            subprocess.run(["import", "-window", "root", "-crop", "1200x800+0+0", "+repage",
+                            str(self.frames / f"{len(list(self.frames.iterdir())):02}.png")], env=self.environment, check=True)
+
+    def save_frames(self, folder):
+        if folder:
+            subprocess.run(["convert", "-delay", "90", *sorted(map(str, self.frames.iterdir())), "-resize", "800x", "+dither",
+                            "-colors", "96", "-layers", "optimize", str(folder / "Rechner.gif")], check=True)
+            self.frames = None
+
+
 def draw_calculator(pupil, folder):
     pupil.use("Neues Projekt")
     time.sleep(1)  # the start page fills itself
+    pupil.frame()
     pupil.click(*SMALL_WINDOW)
     pupil.choose_kind(TEXT)
     pupil.draw(DISPLAY)
     pupil.do("0 Return")
+    pupil.frame()
     pupil.click(*NAME)
     pupil.xdotool("click", "--repeat", "2", "--delay", "60", "1")
     pupil.type("hatAnzeige")
@@ -68,19 +89,24 @@ def draw_calculator(pupil, folder):
     for caption in "12+=":
         pupil.draw(BUTTONS[caption])
         pupil.do(f"{caption} Return")
+        pupil.frame()
     pupil.picture(folder, "Rechner-gezeichnet.png")
     pupil.choose_kind(POINTER)
     pupil.draw((10, 65, 310, 130))
+    pupil.frame()
     pupil.click(*CLICKED)
+    pupil.frame()
 
 
 def try_out(pupil):
     window = pupil.test()
+    pupil.xdotool("windowmove", "--sync", window, *BESIDE)
     left, top, right, bottom = BUTTONS["1"]
 
     def click():
         pupil.xdotool("mousemove", "--window", window, (left + right) // 2, (top + bottom) // 2, "click", 1)
     pupil.output("hatKnopf1Geklickt", click)
+    pupil.frame()
     pupil.focus()
     pupil.key("shift+F9")
     pupil.wait_for(lambda: not pupil.program_windows(), "the end of the test")
@@ -89,9 +115,12 @@ def try_out(pupil):
 def save_and_export(pupil, home):
     pupil.key("ctrl+s")
     pupil.choose_file("Projekt speichern", home / "Rechner")
+    pupil.use("^Rechner.prl -")
     pupil.key("ctrl+b")
     pupil.choose_file("BlueJ-Projekt exportieren", home / "RechnerProjekt")
-    return home / "RechnerProjekt" / "SuMAnwendung.java"
+    java = home / "RechnerProjekt" / "SuMAnwendung.java"
+    pupil.wait_for(java.exists, "the project")
+    return java
 
 
 def write_program(java):
@@ -117,6 +146,7 @@ def run_calculator(pupil, java, standins, folder):
                                env=pupil.environment)
     try:
         window = pupil.wait_for(pupil.program_windows, "the calculator")[0]
+        pupil.xdotool("windowmove", "--sync", window, *BESIDE)
         shown = [program.stdout.readline().strip()]
         for key in "12+21=":
             left, top, right, bottom = BUTTONS[key]
@@ -124,6 +154,7 @@ def run_calculator(pupil, java, standins, folder):
             time.sleep(0.3)
             pupil.xdotool("click", 1)
             time.sleep(0.3)
+            pupil.frame()
         pupil.picture(folder, "Rechner-laeuft.png", window)
     finally:
         program.terminate()
@@ -154,6 +185,9 @@ def main():
     with tempfile.TemporaryDirectory(prefix="pirol-first-") as scratch, Display() as display:
         home = pathlib.Path(scratch)
         with Pupil(program, display, home) as pupil:
+            if folder:
+                pupil.frames = home / "frames"
+                pupil.frames.mkdir()
             draw_calculator(pupil, folder)
             try_out(pupil)
             java = save_and_export(pupil, home)
@@ -161,6 +195,7 @@ def main():
             shown = run_calculator(pupil, java, standins, folder)
             if shown != ["0", "1", "12", "2", "21", "33"]:
                 raise Failure(f"the calculator showed {shown}")
+            pupil.save_frames(folder)
             draw_on(pupil, java)
 
 

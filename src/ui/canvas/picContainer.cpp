@@ -86,9 +86,9 @@ bool IsText(const QKeyEvent& event) {
 picContainer::picContainer(DesignCanvas& canvas, const ProjectModel& model, QWidget* parent)
     : QWidget(parent), canvas_(canvas), model_(model), painted_(canvas, model, pictureLoader_),
       layers_(painted_, model,
-              [this](QPainter& painter, std::span<const Rectangle> areas) { PaintBackground(painter, areas); }),
+              [this](QPainter& painter, std::span<const Rectangle> areas) { PaintBelow(painter, areas); }),
       groupLayers_(canvas, painted_, model,
-                   [this](QPainter& painter, std::span<const Rectangle> areas) { PaintBackground(painter, areas); }) {
+                   [this](QPainter& painter, std::span<const Rectangle> areas) { PaintBelow(painter, areas); }) {
     setObjectName("picContainer");
     dragTimer_.setSingleShot(true);
     connect(&dragTimer_, &QTimer::timeout, this, [this] { update(std::exchange(dragged_, {})); });
@@ -491,6 +491,8 @@ void picContainer::PaintDesign(QPainter& painter, const QRegion& region) {
     painter.save();
     painter.scale(view_.Factor(), view_.Factor());
     PaintBackground(painter, areas);
+    for (const ComponentRef component : canvas_.Intersecting(areas))
+        PaintDesignAid(painter, model_.Element(component));
     for (const ComponentRef component : painted_.On(areas))
         painted_.Paint(painter, component);
     painter.restore();
@@ -523,6 +525,15 @@ void picContainer::PaintBackground(QPainter& painter, std::span<const Rectangle>
         for (const Rectangle& mark :
              GridMarks(isDense ? noGridStyle : gridStyle_, model_.WindowWidth(), model_.WindowHeight(), area))
             FillSharply(painter, ToRect(mark), gridColor_);
+}
+
+/// What lies below all components for a whole gesture: what that takes along has nothing to leave there.
+void picContainer::PaintBelow(QPainter& painter, std::span<const Rectangle> areas) const {
+    PaintBackground(painter, areas);
+    const bool takesAlong = !canvas_.IsDrawing();
+    for (const ComponentRef component : canvas_.Intersecting(areas))
+        if (!takesAlong || !canvas_.AllSelected().Contains(component))
+            PaintDesignAid(painter, model_.Element(component));
 }
 
 /// What lies in the strip can be seen through the hatching.

@@ -95,6 +95,7 @@ class picContainer : public QWidget {
     void ShowCursor(const QPoint& position);
     bool FillLayersFor(std::span<const Rectangle> areas);
     void PaintBackground(QPainter& painter, std::span<const Rectangle> areas) const;
+    void PaintBelow(QPainter& painter, std::span<const Rectangle> areas) const;
     void PaintDesign(QPainter& painter, const QRegion& region);
     void PaintLostStrip(QPainter& painter) const;
     void ShowDrag(const QPoint& draggedBefore);

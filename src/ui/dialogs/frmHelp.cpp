@@ -157,8 +157,8 @@ void frmHelp::MarkMatches(const QString& text) {
          !found.isNull() && marks.size() < mostMarked; found = document->find(text, found)) {
         QTextEdit::ExtraSelection mark;
         mark.cursor = found;
-        mark.format.setBackground(palette().color(QPalette::Highlight).lighter(170));
-        mark.format.setForeground(Qt::black);
+        mark.format.setBackground(palette().color(QPalette::Highlight));
+        mark.format.setForeground(palette().color(QPalette::HighlightedText));
         marks.push_back(mark);
     }
     txtHandbook_->setExtraSelections(marks);

@@ -3,7 +3,6 @@
 #include "ui/canvas/DesignImage.h"
 #include "ui/canvas/picContainer.h"
 #include "ui/main/frmMain.h"
-#include "ui/main/tbArrange.h"
 #include "ui/parts/Bitmaps.h"
 #include "ui/parts/FormParts.h"
 
@@ -119,15 +118,6 @@ static constexpr std::array<const char*, arrangementCount> arrangeCommands = {
 void frmMain::ArrangeSelected(Arrangement arrangement) {
     if (!canvas_.IsInGesture())
         Run([this, arrangement] { Arrange(document_, arrangement); });
-}
-
-void frmMain::BuildArrangeRow() {
-    tbArrange_ = new tbArrange(surface_);
-    for (QAction* const action : findChild<QMenu*>("mnuArrange")->actions())
-        tbArrange_->Add(action->isSeparator() ? nullptr : action);
-    // The drawings can wait until the window is there.
-    QTimer::singleShot(0, this, [this] { emit findChild<QMenu*>("mnuArrange")->aboutToShow(); });
-    ShowSelectionCommands();
 }
 
 /// What cannot apply is disabled.
