@@ -3,6 +3,7 @@
 #include "base/Conversions.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "codegen/SourceLines.h"
 
 #include <algorithm>
 
@@ -29,12 +30,10 @@ bool Contains(const Texts& texts, std::string_view text) {
     return std::find(std::begin(texts), std::end(texts), text) != std::end(texts);
 }
 
-std::size_t LineBreaks(std::string_view text) {
-    std::size_t breaks = 0;
-    for (std::size_t position = EndOfLine(text, 0); position < text.size();
-         position = EndOfLine(text, BehindLine(text, position)))
-        ++breaks;
-    return breaks;
+/// What stands between the quotes of a literal.
+std::string_view TextOf(const SourceTokens& tokens, std::size_t literal) {
+    const std::string_view text = tokens.Text(literal);
+    return text.size() < 2 ? std::string_view() : text.substr(1, text.size() - 2);
 }
 
 /// The database's methods as generated, with "?" for every setting.
@@ -106,9 +105,6 @@ CodeOptions SeeminglyHeldBlocks(std::string_view source) {
 ExistingCode::ExistingCode(const SourceTokens& tokens, const GeneratedCode& wanted, CodeOptions blocks)
     : tokens_(tokens), source_(tokens.Source()), wanted_(wanted), blocks_(blocks) {
     pieces.reserve(wanted.pieces.size() + wanted.pieces.size() / 8);
-    fields.reserve(wanted.fields.size());
-    registered.reserve(wanted.methods.size());
-    methodOf_.reserve(wanted.methods.size());
     FindClass();
     FindConstructor();
     FindConstructorEnd();
@@ -118,16 +114,13 @@ ExistingCode::ExistingCode(const SourceTokens& tokens, const GeneratedCode& want
     ReadFields(classOpen_ + 1, constructor_, CodeSection::Fields);
     ReadFields(constructorEnd_ + (constructorCloses_ ? 1 : 0), classEnd_, CodeSection::Methods);
     ReadConstructor();
-    runs_.push_back(pieces.size());
-    ReadComments();
-    runs_.push_back(pieces.size());
+    ReadComments(source_.size());
     DecideFields();
-    MergeRuns();
+    PutInOrder();
     KeepOwnedPieces();
     CollectRegistered();
-    runs_.push_back(pieces.size());
     ReadMethods();
-    MergeRuns();
+    PutInOrder();
     DropOverlaps();
 }
 
@@ -312,7 +305,7 @@ void ExistingCode::FindClassEnd() {
 }
 
 bool ExistingCode::IsKnownHead(std::size_t index) {
-    if (const GeneratedPiece* const known = KnownPiece(index))
+    if (const GeneratedPiece* const known = wanted_.Known(tokens_[index]))
         return known->section == CodeSection::Methods;
     if (!tokens_.Is(index + 1, "(") || index < 2 || tokens_.Is(index - 1, "."))
         return false;
@@ -320,7 +313,7 @@ bool ExistingCode::IsKnownHead(std::size_t index) {
     if (!tokens_.Is(index - 1, "void"))
         return tokens_.Is(index - 2, "public") && FindQuery(name) < Queries().Count();
     return tokens_.Is(index + 2, ")") && !tokens_.Is(index + 3, ";") &&
-           (wanted_.methods.contains(name) || IsNamedHandler(name));
+           (wanted_.methods.Contains(name) || IsNamedHandler(name));
 }
 
 /// Remembers a statement that registers a handler: that one's head ends the constructor.
@@ -340,7 +333,7 @@ bool ExistingCode::IsNamedHandler(std::string_view name) {
 }
 
 bool ExistingCode::LooksLikeStatement(std::size_t index) const {
-    if (const GeneratedPiece* const known = KnownPiece(index))
+    if (const GeneratedPiece* const known = wanted_.Known(tokens_[index]))
         return known->section == CodeSection::Constructor;
     if (!MayBegin(tokens_, index))
         return false;
@@ -434,8 +427,9 @@ std::size_t ExistingCode::AboveComments(std::size_t position, std::size_t lowest
 
 // --- what is Pirol's ---
 
-ExistingPiece& ExistingCode::AddPiece(const CodeKey& key, CodeSection section, std::size_t firstToken,
+ExistingPiece& ExistingCode::AddPiece(const CodeKey* key, CodeSection section, std::size_t firstToken,
                                       std::size_t endToken) {
+    ReadComments(tokens_[firstToken].begin);
     if (pieces.size() == mostPieces)
         throw RuntimeError(RuntimeError::OutOfMemory);
     ExistingPiece& piece = pieces.emplace_back();
@@ -452,51 +446,72 @@ void ExistingCode::ReadImports() {
     for (std::size_t index = 0; index < classToken_; ++index)
         if (tokens_.Are(index, "import", "sum", ".") && tokens_.Are(index + 4, ".", "*", ";") &&
             MayBegin(tokens_, index) && Contains(packages, tokens_.Text(index + 3)))
-            AddPiece({{}, members::import, tokens_.Text(index + 3)}, CodeSection::Imports, index, index + 7);
+            AddPiece(Keep({{}, members::import, tokens_.Text(index + 3)}), CodeSection::Imports, index, index + 7);
 }
 
 void ExistingCode::ReadFields(std::size_t first, std::size_t end, CodeSection section) {
     int level = 1;
     for (std::size_t index = first; index < end; ++index) {
         level += LevelStep(tokens_.Text(index));
-        if (!tokens_.IsWord(index) || !MayBegin(tokens_, index))
+        const GeneratedPiece* const known = wanted_.Known(tokens_[index]);
+        const bool mayBegin = known != nullptr ? known->section == CodeSection::Fields
+                                               : tokens_.IsWord(index) && MayBegin(tokens_, index);
+        if (!mayBegin)
             continue;
         if (level != 1 && (section == CodeSection::Methods || (inOrder_ && Indent(index) != Indent(constructor_))))
             continue;
         // A half-written line above may end in a word that reads like a modifier.
         if (IsModifier(tokens_.Text(index)) && index + 1 < end && tokens_[index + 1].startsLine != 0)
             continue;
-        std::size_t behind = index;
-        for (const SourceDeclaration& declaration : ReadDeclarations(tokens_, index, behind)) {
-            ExistingField field;
-            field.javaClass = declaration.javaClass;
-            field.depth = level;
-            const auto form = ClassForms().find(declaration.javaClass);
-            field.form = form == ClassForms().end() ? nullptr : &form->second;
-            field.alone = declaration.alone && field.form != nullptr;
-            field.hasValue = declaration.hasValue;
-            field.firstToken = index;
-            field.endToken = behind;
-            field.section = section;
-            AddField(declaration, field);
+        if (known != nullptr) {
+            const std::string_view javaClass = known->code.substr(0, known->code.find(' '));
+            AddField({javaClass, known->key.object, index, true}, level, index, index + 1, &known->key);
+            continue;
         }
+        std::size_t behind = index;
+        for (const SourceDeclaration& declaration : ReadDeclarations(tokens_, index, behind))
+            AddField(declaration, level, index, behind, nullptr);
     }
 }
 
-void ExistingCode::AddField(const SourceDeclaration& declaration, const ExistingField& field) {
-    if (!field.alone && !wanted_.fields.contains(declaration.name))
+/// The key is that of a known declaration, null for another one.
+void ExistingCode::AddField(const SourceDeclaration& declaration, int level, std::size_t firstToken,
+                            std::size_t endToken, const CodeKey* key) {
+    ExistingField field;
+    field.javaClass = declaration.javaClass;
+    field.depth = level;
+    field.form = FormOf(declaration.javaClass);
+    field.alone = declaration.alone && field.form != nullptr;
+    field.hasValue = declaration.hasValue;
+    field.firstToken = firstToken;
+    if (!field.alone && !wanted_.fields.Contains(declaration.name))
         return;
-    const auto [place, isNew] = fields.emplace(declaration.name, field);
-    if (isNew) {
-        fieldOrder_.push_back(&*place);
-        return;
-    }
-    if (place->second.depth == field.depth && field.depth == 1)
+    const auto [entry, isNew] = fields.Add(declaration.name, field);
+    ExistingField& before = entry->value;
+    if (!isNew && before.depth == level && level == 1)
         Refuse(declaration.token,
                Concatenate("Das Feld ", declaration.name, " ist zweimal deklariert, zuerst in Zeile ",
-                           LineOf(place->second.firstToken), "."));
-    if (field.depth < place->second.depth)
-        place->second = field;
+                           LineOf(before.firstToken), "."));
+    if (!isNew && level >= before.depth)
+        return;
+    before = field;
+    if (!field.alone)
+        return;
+    ExistingPiece& piece = AddPiece(key != nullptr ? key : Keep({declaration.name, members::field, {}}),
+                                    CodeSection::Fields, firstToken, endToken);
+    piece.field = static_cast<std::uint32_t>(entry - &fields[0]);
+    piece.isKnown = key != nullptr;
+}
+
+/// The form of a class, if that is one of Pirol's; mostly that of the field before.
+const ClassForm* ExistingCode::FormOf(std::string_view javaClass) {
+    if (lastForm_ == nullptr || lastForm_->first != javaClass) {
+        const auto form = ClassForms().find(javaClass);
+        if (form == ClassForms().end())
+            return nullptr;
+        lastForm_ = &*form;
+    }
+    return &lastForm_->second;
 }
 
 void ExistingCode::ReadConstructor() {
@@ -506,31 +521,25 @@ void ExistingCode::ReadConstructor() {
         mentionsConnection |= tokens_.Is(index, connectMethod);
         const std::size_t before = pieces.size();
         const std::size_t next = MayBegin(tokens_, index) ? ReadConstructorStatement(index) : index + 1;
-        hasBlock |= pieces.size() > before && pieces[before].key.member == members::block;
+        hasBlock |= pieces.size() > before && pieces[before].key->member == members::block;
         index = next;
     }
     ownDatabaseBlock = mentionsConnection && !hasBlock;
 }
 
-/// The wanted piece that a token is word for word, if any.
-const GeneratedPiece* ExistingCode::KnownPiece(std::size_t token) const {
-    const std::uint32_t known = token < tokens_.Count() ? tokens_[token].known : 0;
-    return known == 0 ? nullptr : &wanted_.pieces[wanted_.knownPieces[known - 1]];
-}
-
 void ExistingCode::AddKnown(std::size_t token, const GeneratedPiece& wanted) {
-    ExistingField* const field = FindField(wanted.key.object);
-    if (field == nullptr)
+    const std::uint32_t field = FindField(wanted.key.object);
+    if (field == noField)
         return;
     if (wanted.key.member == members::assignment && wanted.key.detail.empty())
-        field->createdAsForm = true;
-    ExistingPiece& piece = AddPiece(wanted.key, CodeSection::Constructor, token, token + 1);
+        fields[field].value.createdAsForm = true;
+    ExistingPiece& piece = AddPiece(&wanted.key, CodeSection::Constructor, token, token + 1);
     piece.field = field;
     piece.isKnown = true;
 }
 
 std::size_t ExistingCode::ReadConstructorStatement(std::size_t index) {
-    if (const GeneratedPiece* const known = KnownPiece(index)) {
+    if (const GeneratedPiece* const known = wanted_.Known(tokens_[index])) {
         if (known->section == CodeSection::Constructor)
             AddKnown(index, *known);
         return index + 1;
@@ -540,30 +549,27 @@ std::size_t ExistingCode::ReadConstructorStatement(std::size_t index) {
         return index + 1;
     }
     if (tokens_.Are(index, resultList, "=", "null", ";")) {
-        AddPiece({resultList, members::assignment, "null;"}, CodeSection::Constructor, index, index + 4);
+        AddPiece(Keep({resultList, members::assignment, "null;"}), CodeSection::Constructor, index, index + 4);
         return index + 4;
     }
     callsThis |= tokens_.Are(index, "this", "(");
     const bool isSuper = tokens_.Is(index, superCall);
-    ExistingField* const field = isSuper ? nullptr : FindField(tokens_.Text(index));
-    if (isSuper || field != nullptr)
+    const std::uint32_t field = isSuper ? noField : FindField(tokens_.Text(index));
+    if (isSuper || field != noField)
         if (const std::optional<SourceStatement> statement = ReadStatement(tokens_, index))
             return AddStatement(index, *statement, field);
     return index + 1;
 }
 
 /// Mostly the one that the statement before was about.
-ExistingField* ExistingCode::FindField(std::string_view name) {
-    if (lastField_ == nullptr || lastField_->first != name) {
-        const auto found = fields.find(name);
-        if (found == fields.end())
-            return nullptr;
-        lastField_ = &*found;
-    }
-    return &lastField_->second;
+std::uint32_t ExistingCode::FindField(std::string_view name) {
+    if (lastField_ == noField || fields[lastField_].name != name)
+        lastField_ = fields.NumberOf(name);
+    return lastField_;
 }
 
-std::size_t ExistingCode::AddStatement(std::size_t first, const SourceStatement& statement, ExistingField* field) {
+std::size_t ExistingCode::AddStatement(std::size_t first, const SourceStatement& statement, std::uint32_t number) {
+    ExistingField* const field = number == noField ? nullptr : &fields[number].value;
     const std::string& kinds = statement.arguments.kinds;
     CodeKey key{statement.assigned, members::assignment, {}};
     bool asForm = true;
@@ -591,8 +597,8 @@ std::size_t ExistingCode::AddStatement(std::size_t first, const SourceStatement&
         if (IsListMethod(statement.method))
             key.detail = tokens_.Text(statement.arguments.Last());
     }
-    ExistingPiece& piece = AddPiece(key, CodeSection::Constructor, first, statement.end);
-    piece.field = field;
+    ExistingPiece& piece = AddPiece(Keep(key), CodeSection::Constructor, first, statement.end);
+    piece.field = number;
     piece.asForm = asForm;
     piece.isOdd = kinds == "?";
     piece.firstArgument = static_cast<std::uint32_t>(statement.arguments.First());
@@ -628,60 +634,59 @@ void ExistingCode::ReadDatabaseBlock(std::size_t first) {
         return;
     if (query == 0 || result == 0 || close == 0)
         return;
-    AddPiece({"if", members::block, {}}, CodeSection::Constructor, first, first + 6);
-    AddPiece({"{", members::block, {}}, CodeSection::Constructor, open, open + 1);
-    AddPiece({database, "sendeSQL", {}}, CodeSection::Constructor, query, query + 7);
-    AddPiece({resultList, members::assignment, "hatDatenbank.ergebnis();"}, CodeSection::Constructor, result,
+    AddPiece(Keep({"if", members::block, {}}), CodeSection::Constructor, first, first + 6);
+    AddPiece(Keep({"{", members::block, {}}), CodeSection::Constructor, open, open + 1);
+    AddPiece(Keep({database, "sendeSQL", {}}), CodeSection::Constructor, query, query + 7);
+    AddPiece(Keep({resultList, members::assignment, "hatDatenbank.ergebnis();"}), CodeSection::Constructor, result,
              result + 8);
-    AddPiece({"}", members::block, {}}, CodeSection::Constructor, close, close + 1);
+    AddPiece(Keep({"}", members::block, {}}), CodeSection::Constructor, close, close + 1);
 }
 
-void ExistingCode::ReadComments() {
-    for (const SourceComment& comment : tokens_.LineComments()) {
+/// Takes the comments of ours that begin before a position, so that all pieces come in the order of the source.
+void ExistingCode::ReadComments(std::size_t limit) {
+    const std::vector<SourceComment>& comments = tokens_.LineComments();
+    for (; nextComment_ < comments.size() && comments[nextComment_].begin < limit; ++nextComment_) {
+        const SourceComment& comment = comments[nextComment_];
         const std::string_view text = Stripped(source_.substr(comment.begin, comment.end - comment.begin));
         ExistingPiece piece;
-        piece.key = {text, members::comment, {}};
+        CodeKey key{text, members::comment, {}};
         piece.begin = static_cast<std::uint32_t>(comment.begin);
         piece.end = static_cast<std::uint32_t>(comment.begin + text.size());
         if (text == "//import sum.werkzeuge.*;")
-            piece.key = {{}, members::import, toolsPackage};
+            key = {{}, members::import, toolsPackage};
         else if (text == fieldsComment)
             piece.section = CodeSection::Fields;
         else if (text == superComment)
             piece.section = CodeSection::Constructor;
         else if (text.ends_with(proposalEnd)) {
             piece.section = CodeSection::Constructor;
-            piece.key = {text.substr(2, text.size() - 2 - proposalEnd.size()), members::proposal, {}};
+            key = {text.substr(2, text.size() - 2 - proposalEnd.size()), members::proposal, {}};
         } else
             continue;
         const Region& region = regions[static_cast<std::size_t>(piece.section)];
         if (piece.begin < region.begin || piece.end > region.end)
             continue;
         piece.firstToken = piece.endToken = static_cast<std::uint32_t>(tokens_.From(piece.begin));
+        piece.key = Keep(key);
         pieces.push_back(piece);
     }
 }
 
 void ExistingCode::DecideFields() {
-    for (auto* const place : fieldOrder_) {
-        auto& [name, field] = *place;
-        field.owned = IsOwned(name, field);
-        const auto wanted = wanted_.fields.find(name);
-        if (wanted == wanted_.fields.end() || wanted->second == field.javaClass || field.owned)
+    for (auto& [name, field] : fields) {
+        const std::string_view* const wanted = wanted_.fields.Find(name);
+        field.owned = IsOwned(name, field, wanted);
+        if (wanted == nullptr || *wanted == field.javaClass || field.owned)
             continue;
         Refuse(field.firstToken, Concatenate("Hier ist ", name, " ein eigenes Feld der Klasse ", field.javaClass,
-                                             "; im Entwurf heißt so ein Objekt der Klasse ", wanted->second, "."));
+                                             "; im Entwurf heißt so ein Objekt der Klasse ", *wanted, "."));
     }
-    for (const auto* const place : fieldOrder_)
-        if (const auto& [name, field] = *place; field.owned && field.alone)
-            AddPiece({name, members::field, {}}, CodeSection::Fields, field.firstToken, field.endToken);
 }
 
-bool ExistingCode::IsOwned(std::string_view name, const ExistingField& field) const {
-    const auto wanted = wanted_.fields.find(name);
-    const bool isWanted = wanted != wanted_.fields.end() &&
-                          (wanted->second == field.javaClass ||
-                           (Contains(textAreas, wanted->second) && Contains(textAreas, field.javaClass)));
+bool ExistingCode::IsOwned(std::string_view name, const ExistingField& field, const std::string_view* wanted) const {
+    const bool isWanted = wanted != nullptr &&
+                          (*wanted == field.javaClass ||
+                           (Contains(textAreas, *wanted) && Contains(textAreas, field.javaClass)));
     if (field.javaClass == databaseClass || field.javaClass == resultClass)
         return blocks_.database && (isWanted || (field.alone && (name == database || name == resultList)));
     if (field.javaClass == menuClass)
@@ -694,32 +699,32 @@ void ExistingCode::KeepOwnedPieces() {
 }
 
 bool ExistingCode::IsOwned(const ExistingPiece& piece) {
-    const std::string_view member = piece.key.member;
+    const std::string_view member = piece.key->member;
     if (member == members::block)
         return blocks_.database;
-    if (member == members::import || member == members::comment || member == members::field ||
-        piece.key.object == superCall)
+    if (member == members::import || member == members::comment || piece.key->object == superCall)
         return true;
-    if (piece.field == nullptr) {
-        const auto field = fields.find(piece.key.object);
-        return field != fields.end() && field->second.owned;
-    }
-    if (!piece.field->owned || piece.isKnown)
-        return piece.field->owned;
+    const std::uint32_t number = piece.field != noField ? piece.field : fields.NumberOf(piece.key->object);
+    if (number == noField || !fields[number].value.owned)
+        return false;
+    if (member == members::field)
+        return fields[number].value.alone && fields[number].value.firstToken == piece.firstToken;
+    if (piece.isKnown || piece.field == noField)
+        return true;
     if (member == members::assignment || member == members::proposal)
         return !piece.isOdd || IsAsWanted(piece);
     return IsOwnedCall(piece) || IsAsWanted(piece);
 }
 
 bool ExistingCode::IsOwnedCall(const ExistingPiece& piece) const {
-    const std::string_view method = piece.key.member;
+    const std::string_view method = piece.key->member;
     if (!piece.asForm)
         return false;
     if (method.starts_with(registration))
-        return Literal(piece.firstArgument) == Concatenate(piece.key.object, method.substr(registration.size()));
+        return Literal(piece.firstArgument) == Concatenate(piece.key->object, method.substr(registration.size()));
     if (method == "fuegeEin") {
-        const auto button = fields.find(piece.key.detail);
-        return button != fields.end() && button->second.owned && button->second.javaClass == radioButtonClass;
+        const ExistingField* const button = fields.Find(piece.key->detail);
+        return button != nullptr && button->owned && button->javaClass == radioButtonClass;
     }
     // A line that he put into our menu has a handler that we would not have named so.
     if (method == "haengeZeileAn")
@@ -735,14 +740,14 @@ bool ExistingCode::IsAsWanted(const ExistingPiece& piece) {
 }
 
 std::string_view ExistingCode::Literal(std::size_t token) const {
-    const std::string_view text = tokens_.Text(token);
-    return text.size() < 2 ? std::string_view() : text.substr(1, text.size() - 2);
+    return TextOf(tokens_, token);
 }
 
 void ExistingCode::CollectRegistered() {
+    registered.Reserve(wanted_.methods.Size());
     for (const ExistingPiece& piece : pieces) {
-        const bool isMenu = piece.key.member == "haengeZeileAn";
-        if (!isMenu && !piece.key.member.starts_with(registration))
+        const bool isMenu = piece.key->member == "haengeZeileAn";
+        if (!isMenu && !piece.key->member.starts_with(registration))
             continue;
         std::string_view handler = Literal(piece.lastArgument);
         if (piece.isKnown) {
@@ -751,30 +756,35 @@ void ExistingCode::CollectRegistered() {
             const std::size_t begin = code.substr(0, end).rfind('"') + 1;
             handler = code.substr(begin, end - begin);
         }
+        Registration& registration = registered.Add(handler, Registration::Component).first->value;
         if (isMenu)
-            registeredByMenu_.insert(handler);
-        registered.insert(handler);
+            registration = Registration::Menu;
     }
 }
 
 // --- methods ---
 
 void ExistingCode::ReadMethods() {
+    methodOf_.Reserve(wanted_.methods.Size());
+    methods_.reserve(wanted_.methods.Size());
     ReadMethods(classOpen_ + 1, constructor_);
     ReadMethods(constructorEnd_ + (constructorCloses_ ? 1 : 0), classEnd_);
     FindMentions();
     for (std::size_t index = 0; index < methods_.size(); ++index) {
         const Method& method = methods_[index];
         const std::string_view name = method.name;
-        if (methodOf_.find(name)->second != index)
+        if (*methodOf_.Find(name) != index)
             continue;
-        const bool wantedOrRegistered = wanted_.methods.contains(name) || registered.contains(name);
+        const bool wantedOrRegistered = wanted_.methods.Contains(name) || registered.Contains(name);
         const bool owned =
             method.generated && (method.isQuery ? blocks_.database : wantedOrRegistered && !mentioned_.contains(name));
+        const GeneratedPiece* const known = wanted_.Known(tokens_[method.firstToken]);
         if (owned)
-            AddPiece({name, members::method, {}}, CodeSection::Methods, method.firstToken, method.endToken);
+            AddPiece(known != nullptr ? &known->key : Keep({name, members::method, {}}), CodeSection::Methods,
+                     method.firstToken, method.endToken)
+                .isKnown = known != nullptr;
         else
-            ownMethods.emplace(name, tokens_[method.firstToken].begin);
+            ownMethods.Add(name, tokens_[method.firstToken].begin);
     }
 }
 
@@ -782,7 +792,7 @@ void ExistingCode::ReadMethods(std::size_t first, std::size_t end) {
     int level = 1;
     for (std::size_t index = std::max<std::size_t>(first, 2); index < end; ++index) {
         level += LevelStep(tokens_.Text(index));
-        const GeneratedPiece* const known = KnownPiece(index);
+        const GeneratedPiece* const known = wanted_.Known(tokens_[index]);
         if (known != nullptr && known->section == CodeSection::Methods)
             AddMethod({known->key.object, index, index + 1, level, false, true});
         if (known != nullptr || !tokens_.Is(index + 1, "(") || tokens_.Is(index - 1, "."))
@@ -790,7 +800,7 @@ void ExistingCode::ReadMethods(std::size_t first, std::size_t end) {
         const std::string_view name = tokens_.Text(index);
         const std::size_t query = tokens_.Is(index - 1, "void") ? Queries().Count() : FindQuery(name);
         const bool isQuery = query < Queries().Count();
-        if (!isQuery && !wanted_.methods.contains(name) && !registered.contains(name))
+        if (!isQuery && !wanted_.methods.Contains(name) && !registered.Contains(name))
             continue;
         Method method{name, index - 2, index, level, isQuery, false};
         method.generated =
@@ -817,15 +827,15 @@ bool ExistingCode::IsHead(std::size_t name) const {
 
 void ExistingCode::AddMethod(const Method& method) {
     methods_.push_back(method);
-    const auto [place, isNew] = methodOf_.emplace(method.name, methods_.size() - 1);
+    const auto [place, isNew] = methodOf_.Add(method.name, methods_.size() - 1);
     if (isNew)
         return;
-    const Method& other = methods_[place->second];
+    const Method& other = methods_[place->value];
     if (other.depth == method.depth)
         Refuse(method.firstToken, Concatenate("Die Methode ", method.name, "() steht zweimal da, zuerst in Zeile ",
                                               LineOf(other.firstToken), "."));
     if (method.depth < other.depth)
-        place->second = methods_.size() - 1;
+        place->value = methods_.size() - 1;
 }
 
 bool ExistingCode::IsGeneratedHandler(std::size_t name, std::size_t& end) const {
@@ -843,15 +853,15 @@ bool ExistingCode::IsGeneratedHandler(std::size_t name, std::size_t& end) const 
     // A brace of another depth was put in by the pupil.
     if (tokens_[name + 4].startsLine != 0 && Indent(name + 4) != Indent(name))
         return false;
-    const auto wanted = wanted_.methods.find(tokens_.Text(name));
-    const std::string_view wantedCode =
-        wanted == wanted_.methods.end() ? std::string_view() : wanted_.pieces[wanted->second].code;
+    const std::size_t* const wanted = wanted_.methods.Find(tokens_.Text(name));
+    const std::string_view wantedCode = wanted == nullptr ? std::string_view() : wanted_.pieces[*wanted].code;
     const bool wantedByComponent = wantedCode.find("//") != std::string_view::npos;
-    const bool byMenu = registeredByMenu_.contains(tokens_.Text(name));
+    const Registration* const registration = registered.Find(tokens_.Text(name));
     end = name + 5;
     if (IsBlank(body))
-        return byMenu || (!wantedCode.empty() && !wantedByComponent);
-    return Stripped(body) == handlerComment && (wantedByComponent || registered.contains(tokens_.Text(name)));
+        return (registration != nullptr && *registration == Registration::Menu) ||
+               (!wantedCode.empty() && !wantedByComponent);
+    return Stripped(body) == handlerComment && (wantedByComponent || registration != nullptr);
 }
 
 bool ExistingCode::IsGeneratedQuery(std::size_t name, std::size_t& end) const {
@@ -884,38 +894,44 @@ bool ExistingCode::IsGeneratedQuery(std::size_t name, std::size_t& end) const {
 
 /// Looks in all that is not Pirol's for the names of handlers; the library finds them by text, too.
 void ExistingCode::FindMentions() {
-    using Range = std::pair<std::size_t, std::size_t>;
-    std::vector<Range> ours;
-    ours.reserve(pieces.size() + methods_.size() + 1);
-    for (const ExistingPiece& piece : pieces)
-        ours.emplace_back(piece.firstToken, piece.endToken);
-    const auto behindPieces = static_cast<std::ptrdiff_t>(ours.size());
-    for (const Method& method : methods_)
-        if (method.generated)
-            ours.emplace_back(method.firstToken, method.endToken);
-    std::inplace_merge(ours.begin(), ours.begin() + behindPieces, ours.end());
     std::size_t index = 0;
-    ours.emplace_back(tokens_.Count(), tokens_.Count());
-    for (const auto& [first, end] : ours) {
+    const auto passOver = [&](std::size_t first, std::size_t end) {
         for (; index < first; ++index) {
-            const std::string_view text = tokens_.IsLiteral(index, '"') ? Literal(index) : tokens_.Text(index);
-            if (methodOf_.contains(text))
-                mentioned_.insert(text);
-            needsDatabaseImport |= text == databaseClass || text == resultClass;
+            AddMention(tokens_, index);
+            if (const GeneratedPiece* const known = wanted_.Known(tokens_[index])) {
+                const SourceTokens inside(known->code, SourceTokens::Comments::WithinLines);
+                for (std::size_t inner = 0; inner < inside.Count(); ++inner)
+                    AddMention(inside, inner);
+            }
         }
         index = std::max(index, end);
+    };
+    auto method = methods_.begin();
+    const auto passOverMethods = [&](std::size_t limit) {
+        for (; method != methods_.end() && method->firstToken < limit; ++method)
+            if (method->generated)
+                passOver(method->firstToken, method->endToken);
+    };
+    for (const ExistingPiece& piece : pieces) {
+        passOverMethods(piece.firstToken);
+        passOver(piece.firstToken, piece.endToken);
     }
+    passOverMethods(tokens_.Count());
+    passOver(tokens_.Count(), tokens_.Count());
 }
 
-/// Puts the pieces in order; what was read one after another is so already.
-void ExistingCode::MergeRuns() {
-    runs_.push_back(pieces.size());
-    const auto at = [this](std::size_t index) { return pieces.begin() + static_cast<std::ptrdiff_t>(index); };
-    for (std::size_t run = 0; run + 1 < runs_.size(); ++run)
-        std::inplace_merge(
-            at(0), at(runs_[run]), at(runs_[run + 1]),
-            [](const ExistingPiece& left, const ExistingPiece& right) { return left.begin < right.begin; });
-    runs_.clear();
+void ExistingCode::AddMention(const SourceTokens& tokens, std::size_t index) {
+    const std::string_view text = tokens.IsLiteral(index, '"') ? TextOf(tokens, index) : tokens.Text(index);
+    if (const auto* const method = methodOf_.Find(text))
+        mentioned_.insert(methods_[*method].name);
+    needsDatabaseImport |= text == databaseClass || text == resultClass;
+}
+
+/// Mostly they are so already.
+void ExistingCode::PutInOrder() {
+    const auto isBefore = [](const ExistingPiece& left, const ExistingPiece& right) { return left.begin < right.begin; };
+    if (!std::is_sorted(pieces.begin(), pieces.end(), isBefore))
+        std::stable_sort(pieces.begin(), pieces.end(), isBefore);
 }
 
 /// Of two pieces that a half-written source makes overlap the first counts.

@@ -2,17 +2,17 @@
 
 #include "codegen/GeneratedCode.h"
 #include "codegen/JavaGenerator.h"
+#include "codegen/NameMap.h"
 #include "codegen/SourceStatement.h"
 #include "codegen/SourceTokens.h"
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <memory_resource>
+#include <deque>
 #include <stdexcept>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <unordered_set>
 #include <utility>
 #include <vector>
@@ -29,13 +29,15 @@ class UpdateRefusal : public std::runtime_error {
     std::size_t line_;
 };
 
-struct ExistingField;
+/// Who registers a handler.
+enum class Registration : std::uint8_t { Component, Menu };
+
+constexpr std::uint32_t noField = static_cast<std::uint32_t>(-1);
 
 /// A piece of a source that reads like one the generator writes, and is Pirol's.
 struct ExistingPiece {
-    CodeKey key;
+    const CodeKey* key = nullptr;
     CodeSection section = CodeSection::Imports; ///< where the generator writes such pieces
-    const ExistingField* field = nullptr;       ///< that it is about, of a statement
     bool asForm = true;      ///< a call or creation has arguments of the kinds that the generator writes
     bool isKnown = false;    ///< word for word as wanted
     bool isOdd = false;      ///< its arguments cannot be told apart
@@ -45,6 +47,7 @@ struct ExistingPiece {
     std::uint32_t endToken = 0;
     std::uint32_t firstArgument = 0; ///< tokens of a call's first and last argument; 0 without any
     std::uint32_t lastArgument = 0;
+    std::uint32_t field = noField; ///< that it is about, of a statement: its number among the fields
 };
 
 /// A field of the class.
@@ -57,8 +60,6 @@ struct ExistingField {
     bool createdAsForm = false; ///< made in the constructor with arguments as the generator writes them
     bool owned = false;         ///< its statements are Pirol's
     std::size_t firstToken = 0;
-    std::size_t endToken = 0;
-    CodeSection section = CodeSection::Fields; ///< where it stands: Methods when behind the constructor
 };
 
 /// Which of the optional blocks a source holds: the menu bar, the database access.
@@ -70,9 +71,6 @@ CodeOptions SeeminglyHeldBlocks(std::string_view source);
 /// constructor's and the class's end by their braces as long as these are in order, and by the last brace before the
 /// next head otherwise. Linear in the length of the source.
 class ExistingCode {
-    /// Of all that is looked up by name: given back as a whole.
-    std::pmr::monotonic_buffer_resource memory_;
-
   public:
     /// Everything between two positions in which pieces of one section are kept in order.
     struct Region {
@@ -87,11 +85,11 @@ class ExistingCode {
     std::array<Region, sectionCount> regions;
     /// Pirol's pieces in the order of the source.
     std::vector<ExistingPiece> pieces;
-    std::pmr::unordered_map<std::string_view, ExistingField> fields{&memory_};
+    NameMap<ExistingField> fields;
     /// Handlers that Pirol's statements register.
-    std::pmr::unordered_set<std::string_view> registered{&memory_};
+    NameMap<Registration> registered;
     /// Methods of wanted or registered names that are the pupil's, and where.
-    std::pmr::unordered_map<std::string_view, std::size_t> ownMethods{&memory_};
+    NameMap<std::size_t> ownMethods;
     /// Whether own lines need the database's import.
     bool needsDatabaseImport = false;
     /// The database's "if" is there, but not as generated.
@@ -117,19 +115,20 @@ class ExistingCode {
     void SetRegions();
     void ReadImports();
     void ReadFields(std::size_t first, std::size_t end, CodeSection section);
-    void AddField(const SourceDeclaration& declaration, const ExistingField& field);
+    void AddField(const SourceDeclaration& declaration, int level, std::size_t firstToken, std::size_t endToken,
+                  const CodeKey* key);
+    const ClassForm* FormOf(std::string_view javaClass);
     void ReadConstructor();
     std::size_t ReadConstructorStatement(std::size_t index);
-    std::size_t AddStatement(std::size_t first, const SourceStatement& statement, ExistingField* field);
+    std::size_t AddStatement(std::size_t first, const SourceStatement& statement, std::uint32_t number);
     void ReadDatabaseBlock(std::size_t first);
-    void ReadComments();
+    void ReadComments(std::size_t limit);
     void DecideFields();
-    bool IsOwned(std::string_view name, const ExistingField& field) const;
+    bool IsOwned(std::string_view name, const ExistingField& field, const std::string_view* wanted) const;
     void KeepOwnedPieces();
     bool IsOwned(const ExistingPiece& piece);
     bool IsOwnedCall(const ExistingPiece& piece) const;
     bool IsAsWanted(const ExistingPiece& piece);
-    const GeneratedPiece* KnownPiece(std::size_t token) const;
     void AddKnown(std::size_t token, const GeneratedPiece& wanted);
     void CollectRegistered();
     void ReadMethods();
@@ -139,16 +138,18 @@ class ExistingCode {
     bool IsGeneratedHandler(std::size_t name, std::size_t& end) const;
     bool IsGeneratedQuery(std::size_t name, std::size_t& end) const;
     void FindMentions();
-    void MergeRuns();
+    void AddMention(const SourceTokens& tokens, std::size_t index);
+    void PutInOrder();
     void DropOverlaps();
     bool IsKnownHead(std::size_t index);
     bool IsNamedHandler(std::string_view name);
-    ExistingField* FindField(std::string_view name);
+    std::uint32_t FindField(std::string_view name);
     void RememberHandler(std::size_t index);
     bool LooksLikeStatement(std::size_t index) const;
     bool LooksLikeCall(std::size_t index) const;
     std::size_t Indent(std::size_t index) const;
-    ExistingPiece& AddPiece(const CodeKey& key, CodeSection section, std::size_t firstToken, std::size_t endToken);
+    ExistingPiece& AddPiece(const CodeKey* key, CodeSection section, std::size_t firstToken, std::size_t endToken);
+    const CodeKey* Keep(const CodeKey& key) { return &keys_.emplace_back(key); }
     std::string_view Literal(std::size_t token) const;
     [[noreturn]] void Refuse(std::size_t token, std::string_view message) const;
     std::size_t LineOf(std::size_t token) const;
@@ -171,17 +172,16 @@ class ExistingCode {
     std::size_t classEnd_ = 0;                                        ///< "}" or the count of tokens
     bool bracesMatch_ = false;                                        ///< as many open as close in the whole source
     bool inOrder_ = false;                                            ///< braces tell what stands on which level
-    std::pmr::unordered_set<std::string_view> wantedCodes_{&memory_}; ///< all of them, when first asked for
+    std::deque<CodeKey> keys_; ///< of the pieces that are no wanted ones
+    std::unordered_set<std::string_view> wantedCodes_; ///< all of them, when first asked for
     std::vector<std::size_t> handlerTokens_; ///< in any registration, not in namedHandlers_ yet
-    std::pmr::unordered_set<std::string_view> namedHandlers_{&memory_};
-    std::pmr::unordered_set<std::string_view> registeredByMenu_{&memory_};
-    using NamedField = std::pair<const std::string_view, ExistingField>;
-    std::vector<NamedField*> fieldOrder_; ///< in that of the source
-    NamedField* lastField_ = nullptr;
+    std::unordered_set<std::string_view> namedHandlers_;
+    std::uint32_t lastField_ = noField;
+    const std::pair<const std::string, ClassForm>* lastForm_ = nullptr;
     std::vector<Method> methods_; ///< in the order of the source, some passed over
-    std::pmr::unordered_map<std::string_view, std::size_t> methodOf_{&memory_};
-    std::pmr::unordered_set<std::string_view> mentioned_{&memory_};
-    std::vector<std::size_t> runs_; ///< where pieces in the order of the source begin anew
+    NameMap<std::size_t> methodOf_;
+    std::unordered_set<std::string_view> mentioned_;
+    std::size_t nextComment_ = 0; ///< of those that begin a line
 };
 
 } // namespace pirol

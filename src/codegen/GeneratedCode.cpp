@@ -90,6 +90,25 @@ CodeKey KeyOf(CodeSection section, std::string_view line) {
     return KeyOfMethod(line);
 }
 
+/// Whether a piece can be told by its text alone: a component's declaration, statement or handler. What belongs to the
+/// menu bar or the database as a whole is looked at token by token.
+bool IsPlain(const GeneratedPiece& piece) {
+    const CodeKey& key = piece.key;
+    const bool isOfBlock = key.object == subMenu || key.object == database || key.object == resultList;
+    switch (piece.section) {
+    case CodeSection::Imports:
+        return false;
+    case CodeSection::Fields:
+        return key.member == members::field && !isOfBlock;
+    case CodeSection::Constructor:
+        return piece.code.size() > 1 && !piece.code.starts_with("//") && key.member != members::block &&
+               key.member != members::other && key.object != superCall && (!isOfBlock || key.object == subMenu);
+    case CodeSection::Methods:
+        return piece.code.starts_with("public void ");
+    }
+    return false;
+}
+
 /// A line at which the generator goes on to the next section.
 struct SectionEnd {
     std::string_view line;
@@ -181,8 +200,6 @@ void GeneratedCode::TakeApart() {
     std::size_t methodBegin = std::string_view::npos; // of a method whose end is not reached yet
     constexpr std::size_t usualLength = 64;           // of a line
     pieces.reserve(source.size() / usualLength);
-    fields.reserve(source.size() / (4 * usualLength));
-    methods.reserve(source.size() / (4 * usualLength));
     while (position < source.size()) {
         const std::size_t begin = position;
         const std::size_t end = std::min(source.find(lineEnd, position), source.size());
@@ -209,24 +226,19 @@ void GeneratedCode::TakeApart() {
     sections.back() = pieces.size();
 }
 
-void GeneratedCode::ListKnown(std::string_view lineEndOfSource) {
-    knownTexts.reserve(pieces.size());
-    knownPieces.reserve(pieces.size());
-    for (std::size_t index = sections[static_cast<std::size_t>(CodeSection::Constructor)]; index < pieces.size();
-         ++index) {
+KnownTexts GeneratedCode::ListKnown(std::string_view lineEndOfSource) {
+    std::vector<std::string_view> texts;
+    texts.reserve(pieces.size());
+    knownPieces_.reserve(pieces.size());
+    for (std::size_t index = 0; index < pieces.size(); ++index) {
         const GeneratedPiece& piece = pieces[index];
-        const CodeKey& key = piece.key;
-        const bool isHandler = piece.section == CodeSection::Methods && piece.code.starts_with("public void ");
-        const bool isStatement = piece.section == CodeSection::Constructor && !piece.code.starts_with("//") &&
-                                 key.member != members::block && key.member != members::other &&
-                                 key.object != superCall && key.object != database && key.object != resultList;
-        if (piece.code.size() < 2 || (!isHandler && !isStatement))
+        if (!IsPlain(piece))
             continue;
-        const bool asItIs = isStatement || lineEndOfSource == lineEnd;
-        knownTexts.push_back(asItIs ? piece.code
-                                    : texts_.emplace_back(ReplaceAll(piece.code, lineEnd, lineEndOfSource)));
-        knownPieces.push_back(index);
+        const bool asItIs = piece.section != CodeSection::Methods || lineEndOfSource == lineEnd;
+        texts.push_back(asItIs ? piece.code : texts_.emplace_back(ReplaceAll(piece.code, lineEnd, lineEndOfSource)));
+        knownPieces_.push_back(static_cast<std::uint32_t>(index));
     }
+    return KnownTexts(std::move(texts));
 }
 
 void GeneratedCode::AddLine(CodeSection section, std::string_view line) {
@@ -238,13 +250,16 @@ void GeneratedCode::AddLine(CodeSection section, std::string_view line) {
         return;
     }
     const std::string_view code = TrimLeft(line);
-    GeneratedPiece piece{KeyOf(section, code), section, line.substr(0, line.size() - code.size()), code};
+    GeneratedPiece& piece = pieces.emplace_back();
+    piece.key = KeyOf(section, code);
+    piece.section = section;
+    piece.indent = line.substr(0, line.size() - code.size());
+    piece.code = code;
     piece.optional = code.starts_with("//") && piece.key.member != members::proposal;
     if (piece.key.member == members::field)
-        fields.emplace(piece.key.object, UpTo(code, " "));
+        fields.Add(piece.key.object, UpTo(code, " "));
     if (section == CodeSection::Methods)
-        methods.emplace(piece.key.object, pieces.size());
-    pieces.push_back(piece);
+        methods.Add(piece.key.object, pieces.size() - 1);
 }
 
 } // namespace pirol

@@ -3,6 +3,7 @@
 #include "base/Conversions.h"
 #include "base/Text.h"
 #include "base/Windows1252.h"
+#include "codegen/SourceLines.h"
 #include "codegen/UpdateOutput.h"
 
 #include <algorithm>
@@ -45,19 +46,6 @@ bool IsTextArea(std::string_view javaClass) {
            javaClass == RowOf(ComponentKind::RowField).javaClass;
 }
 
-/// The line end that most lines of the text have; CR LF for a text without any.
-std::string_view UsualLineEnd(std::string_view text) {
-    const auto returns = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\r'));
-    const auto feeds = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
-    std::size_t both = 0;
-    for (std::size_t at = 1; at < text.size(); ++at) // without a branch, so that many bytes are compared at once
-        both += static_cast<std::size_t>(static_cast<unsigned>(text[at - 1] == '\r') &
-                                         static_cast<unsigned>(text[at] == '\n'));
-    if (feeds - both > both && feeds >= returns)
-        return "\n";
-    return returns - both > both ? "\r" : "\r\n";
-}
-
 /// Whether a text holds characters beyond those that have the same number in Windows-1252.
 bool MayLackCharacters(std::string_view text) {
     return std::any_of(text.begin(), text.end(), [](char byte) {
@@ -86,12 +74,17 @@ struct Basis {
     Basis(std::string_view source, SourceTokens::Comments comments, CodeOptions heldBlocks, const ProjectModel& model,
           const UpdateOptions& options)
         : held(heldBlocks), lineEnd(UsualLineEnd(source)), wanted(Generate(model, options)),
-          tokens(source, comments, Known()) {}
+          known_(wanted.ListKnown(lineEnd)), tokens(source, comments, &known_) {}
 
     CodeOptions held; ///< the blocks that the source holds
     std::string_view lineEnd;
     std::string original; ///< the generated code before it lost characters; empty when it lost none
     GeneratedCode wanted;
+
+  private:
+    KnownTexts known_;
+
+  public:
     SourceTokens tokens;
 
   private:
@@ -107,10 +100,6 @@ struct Basis {
         return inFile;
     }
 
-    const std::vector<std::string_view>& Known() {
-        wanted.ListKnown(lineEnd);
-        return wanted.knownTexts;
-    }
 };
 
 std::unique_ptr<Basis> BasisOf(std::string_view source, SourceTokens::Comments comments, const ProjectModel& model,
@@ -169,11 +158,10 @@ class Update {
     std::string_view CodeOf(const ExistingPiece& piece) const {
         return source_.substr(piece.begin, piece.end - piece.begin);
     }
-    bool WasThere(std::string_view field) const { return existing_.fields.contains(field); }
+    bool WasThere(std::string_view field) const { return existing_.fields.Contains(field); }
     bool IsGone(std::string_view field) const {
-        const auto found = existing_.fields.find(field);
-        return found != existing_.fields.end() && found->second.owned && found->second.alone &&
-               !wanted_.fields.contains(field);
+        const ExistingField* const found = existing_.fields.Find(field);
+        return found != nullptr && found->owned && found->alone && !wanted_.fields.Contains(field);
     }
     void ReportNew(const GeneratedPiece& wanted, std::size_t place);
     void ReportChanged(const ExistingPiece& piece, std::string_view code, std::size_t place);
@@ -233,21 +221,20 @@ void Update::KeepTextAreas() {
         const bool isCreation = piece.key.member == members::assignment && piece.key.detail.empty();
         if (piece.key.member != members::field && !isCreation)
             continue;
-        const auto wanted = wanted_.fields.find(piece.key.object);
-        const auto existing = existing_.fields.find(piece.key.object);
-        if (wanted == wanted_.fields.end() || existing == existing_.fields.end() ||
-            wanted->second == existing->second.javaClass || !IsTextArea(wanted->second) ||
-            !IsTextArea(existing->second.javaClass) || !options_.isUnknown(piece.key.object, textAreaKind))
+        const std::string_view* const wanted = wanted_.fields.Find(piece.key.object);
+        const ExistingField* const existing = existing_.fields.Find(piece.key.object);
+        if (wanted == nullptr || existing == nullptr || *wanted == existing->javaClass || !IsTextArea(*wanted) ||
+            !IsTextArea(existing->javaClass) || !options_.isUnknown(piece.key.object, textAreaKind))
             continue;
-        const std::size_t place = isCreation ? piece.code.find(wanted->second, piece.key.object.size()) : 0;
+        const std::size_t place = isCreation ? piece.code.find(*wanted, piece.key.object.size()) : 0;
         std::string code(piece.code);
-        wanted_.Replace(piece, code.replace(place, wanted->second.size(), existing->second.javaClass));
+        wanted_.Replace(piece, code.replace(place, wanted->size(), existing->javaClass));
     }
 }
 
 void Update::Match() {
     for (std::size_t index = 0; index < existing_.pieces.size(); ++index) {
-        const std::size_t wanted = FindWanted(existing_.pieces[index].key);
+        const std::size_t wanted = FindWanted(*existing_.pieces[index].key);
         if (wanted == none)
             continue;
         wantedOf_[index] = wanted;
@@ -261,7 +248,7 @@ std::size_t Update::FindWanted(const CodeKey& key) {
     // A few that the source lacks may come before.
     const std::size_t near = std::min(expected_ + nearPieces, pieceOf_.size());
     for (std::size_t index = expected_; index < near; ++index)
-        if (pieceOf_[index] == none && wanted_.pieces[index].key == key)
+        if (pieceOf_[index] == none && (&wanted_.pieces[index].key == &key || wanted_.pieces[index].key == key))
             return index;
     if (nextWanted_.empty()) {
         nextWanted_.resize(wanted_.pieces.size(), none);
@@ -288,34 +275,34 @@ void Update::SkipWhatIsThere() {
         return;
     for (const GeneratedPiece& piece : wanted_.pieces) {
         // A radio button that stays without its registration needs no handler either.
-        const auto method = wanted_.methods.find(piece.key.object);
-        if (piece.section != CodeSection::Methods || method == wanted_.methods.end())
+        const std::size_t* const method = wanted_.methods.Find(piece.key.object);
+        if (piece.section != CodeSection::Methods || method == nullptr)
             continue;
         const std::string_view name = piece.key.object;
-        if (!name.ends_with(suffixes::clicked) || pieceOf_[method->second] != none)
+        if (!name.ends_with(suffixes::clicked) || pieceOf_[*method] != none)
             continue;
         const std::string_view button = name.substr(0, name.size() - suffixes::clicked.size());
         if (groupOf_.contains(button) && IsUnknown({button, "setzeBearbeiterGeklickt", {}}) &&
-            !existing_.registered.contains(name))
-            skipped_[method->second] = true;
+            !existing_.registered.Contains(name))
+            skipped_[*method] = true;
     }
 }
 
 /// Whether the pupil has it in a form that is not ours, or it is his choice to be without.
 bool Update::IsThere(const GeneratedPiece& wanted) {
     const CodeKey& key = wanted.key;
-    const auto field = existing_.fields.find(key.object);
-    const bool isKnownField = field != existing_.fields.end();
+    const ExistingField* const field = existing_.fields.Find(key.object);
+    const bool isKnownField = field != nullptr;
     if (key.member == members::field)
-        return isKnownField && !field->second.alone;
+        return isKnownField && !field->alone;
     if (key.member == members::proposal) { // he has switched it on, or does not want it
-        const auto sound = wanted_.fields.find(key.object);
-        return isKnownField && sound != wanted_.fields.end() && sound->second == field->second.javaClass;
+        const std::string_view* const sound = wanted_.fields.Find(key.object);
+        return isKnownField && sound != nullptr && *sound == field->javaClass;
     }
     if (key.member == members::assignment && key.detail.empty())
-        return isKnownField && field->second.hasValue;
+        return isKnownField && field->hasValue;
     if (key.member == members::method)
-        return existing_.ownMethods.contains(key.object);
+        return existing_.ownMethods.Contains(key.object);
     if (key.object == superCall)
         return existing_.callsThis;
     if (key.member == members::other) {
@@ -335,14 +322,14 @@ bool Update::IsThere(const GeneratedPiece& wanted) {
 bool Update::IsUnknown(const CodeKey& key) const {
     if (!options_.isUnknown)
         return false;
-    const auto field = existing_.fields.find(key.object);
-    if (field == existing_.fields.end())
+    const ExistingField* const field = existing_.fields.Find(key.object);
+    if (field == nullptr)
         return false;
     const auto* const row =
         std::find_if(std::begin(unheldStatements), std::end(unheldStatements), [&](const UnheldStatement& statement) {
-            return statement.javaClass == field->second.javaClass && statement.method == key.member;
+            return statement.javaClass == field->javaClass && statement.method == key.member;
         });
-    if (row == std::end(unheldStatements) || !wanted_.fields.contains(key.object))
+    if (row == std::end(unheldStatements) || !wanted_.fields.Contains(key.object))
         return false;
     const auto group = groupOf_.find(key.object);
     return options_.isUnknown(group == groupOf_.end() ? key.object : group->second, row->property);
@@ -352,20 +339,20 @@ void Update::KeepWhatIsHis() {
     std::unordered_set<std::string> handlers;
     for (std::size_t index = 0; index < existing_.pieces.size(); ++index) {
         const ExistingPiece& piece = existing_.pieces[index];
-        const bool isHandler = piece.key.member == members::method && wantedOf_[index] == none;
-        if (IsUnknown(piece.key)) {
+        const bool isHandler = piece.key->member == members::method && wantedOf_[index] == none;
+        if (IsUnknown(*piece.key)) {
             kept_[index] = true;
-            handlers.insert(Concatenate(piece.key.object, suffixes::clicked));
-        } else if (piece.key.member == members::import) {
-            kept_[index] = wantedOf_[index] != none || piece.key.detail != databasePackage;
-            if (wantedOf_[index] == none && piece.key.detail == databasePackage && existing_.needsDatabaseImport) {
+            handlers.insert(Concatenate(piece.key->object, suffixes::clicked));
+        } else if (piece.key->member == members::import) {
+            kept_[index] = wantedOf_[index] != none || piece.key->detail != databasePackage;
+            if (wantedOf_[index] == none && piece.key->detail == databasePackage && existing_.needsDatabaseImport) {
                 kept_[index] = true;
                 Report(UpdateAction::Kept, Concatenate(CodeOf(piece), " wird noch gebraucht"), piece.begin, none);
             }
-        } else if (piece.key.member == members::comment || piece.key.object == superCall) {
+        } else if (piece.key->member == members::comment || piece.key->object == superCall) {
             kept_[index] = wantedOf_[index] == none;
         } else if (isHandler && !handlers.empty()) {
-            kept_[index] = handlers.contains(std::string(piece.key.object));
+            kept_[index] = handlers.contains(std::string(piece.key->object));
         }
     }
 }
@@ -402,7 +389,7 @@ std::vector<Stretch> Update::TakeApart(CodeSection section) {
         const std::string_view upToLimit = source_.substr(0, limit);
         std::size_t end = BehindLine(upToLimit, piece.end);
         const bool takesBlank =
-            piece.key.member == members::method || piece.key.member == members::proposal || piece.key.detail == "null;";
+            piece.key->member == members::method || piece.key->member == members::proposal || piece.key->detail == "null;";
         if (takesBlank && end < limit) {
             const std::size_t behind = BehindLine(upToLimit, end);
             if (IsLineEnd(source_[behind - 1]) && IsLineEnd(source_[end - 1]) &&
@@ -522,7 +509,7 @@ void Update::WritePiece(std::size_t index, std::size_t begin, std::size_t end) {
         output_.Copy(begin, end, indent);
         return;
     }
-    if (CodeOf(piece) == wanted_.pieces[wanted].code) {
+    if (piece.isKnown && piece.key == &wanted_.pieces[wanted].key && !wanted_.pieces[wanted].isReplaced) {
         output_.Copy(begin, end, indent);
         return;
     }
@@ -562,8 +549,6 @@ std::string Update::CodeFor(const ExistingPiece& piece, const GeneratedPiece& wa
 bool Update::IsSame(const ExistingPiece& piece, std::string_view code) const {
     if (CodeOf(piece) == code || piece.firstToken == piece.endToken)
         return true;
-    if (piece.key.member == members::method && tokens_[piece.firstToken].known != 0)
-        return true; // but for its line ends
     const SourceTokens tokens(code, SourceTokens::Comments::WithinLines);
     if (tokens.Count() != piece.endToken - piece.firstToken)
         return false;
@@ -571,7 +556,7 @@ bool Update::IsSame(const ExistingPiece& piece, std::string_view code) const {
         if (!tokens_.Is(piece.firstToken + index, tokens.Text(index)))
             return false;
     // The handlers of components and of menus differ in a comment.
-    return piece.key.member != members::method ||
+    return piece.key->member != members::method ||
            (CodeOf(piece).find("//") == std::string_view::npos) == (code.find("//") == std::string_view::npos);
 }
 
@@ -592,24 +577,24 @@ void Update::Report(UpdateAction action, std::string text, std::size_t oldPositi
 
 void Update::ReportNew(const GeneratedPiece& wanted, std::size_t place) {
     const CodeKey& key = wanted.key;
-    const auto field = wanted_.fields.find(key.object);
+    const std::string_view* const field = wanted_.fields.Find(key.object);
     const bool isCreation = key.member == members::assignment && key.detail.empty();
     std::string text(wanted.code);
     if (key.member == members::method)
         text = Concatenate("Methode ", key.object, "()");
-    else if (field != wanted_.fields.end() && !WasThere(key.object)) {
+    else if (field != nullptr && !WasThere(key.object)) {
         const bool hasCreation = key.object != subMenu && key.object != resultList;
         if (hasCreation != isCreation || (!hasCreation && key.member != members::field))
             return;
-        text = Concatenate(field->second, " ", key.object);
+        text = Concatenate(*field, " ", key.object);
     }
     Report(UpdateAction::New, std::move(text), none, place);
 }
 
 void Update::ReportChanged(const ExistingPiece& piece, std::string_view code, std::size_t place) {
     const std::string_view old = CodeOf(piece);
-    if (piece.key.member == members::method) {
-        Report(UpdateAction::Changed, Concatenate("Methode ", piece.key.object, "()"), piece.begin, place);
+    if (piece.key->member == members::method) {
+        Report(UpdateAction::Changed, Concatenate("Methode ", piece.key->object, "()"), piece.begin, place);
         return;
     }
     // The values are what stands behind the bracket up to which both are the same.
@@ -621,14 +606,14 @@ void Update::ReportChanged(const ExistingPiece& piece, std::string_view code, st
         return common == 0 ? text : text.substr(common, text.size() - common - 2);
     };
     const std::string_view name =
-        piece.key.member.starts_with(members::assignment) || piece.key.member.empty() || common == 0
-            ? piece.key.object
+        piece.key->member.starts_with(members::assignment) || piece.key->member.empty() || common == 0
+            ? piece.key->object
             : code.substr(0, bracket);
     Report(UpdateAction::Changed, Concatenate(name, ": ", values(old), " wird ", values(code)), piece.begin, place);
 }
 
 void Update::ReportRemoved(const ExistingPiece& piece) {
-    const CodeKey& key = piece.key;
+    const CodeKey& key = *piece.key;
     std::string text(CodeOf(piece));
     if (key.member == members::method) {
         text = Concatenate("Methode ", key.object, "()");
@@ -636,7 +621,7 @@ void Update::ReportRemoved(const ExistingPiece& piece) {
     } else if (IsGone(key.object)) {
         if (key.member != members::field)
             return;
-        text = Concatenate(existing_.fields.find(key.object)->second.javaClass, " ", key.object);
+        text = Concatenate(existing_.fields.Find(key.object)->javaClass, " ", key.object);
         gone_.insert(key.object);
     }
     Report(UpdateAction::Removed, std::move(text), piece.begin, none);
@@ -644,11 +629,11 @@ void Update::ReportRemoved(const ExistingPiece& piece) {
 
 void Update::ReportHandlers() {
     for (const auto& [name, position] : existing_.ownMethods)
-        if (existing_.registered.contains(name) && !wanted_.methods.contains(name))
+        if (existing_.registered.Contains(name) && !wanted_.methods.Contains(name))
             Report(UpdateAction::Kept, Concatenate("Methode ", name, "() gehört zu keinem Ereignis mehr"), position,
                    none);
     for (const auto& [name, field] : existing_.fields)
-        if (field.hasValue && wanted_.fields.contains(name))
+        if (field.hasValue && wanted_.fields.Contains(name))
             Report(UpdateAction::Reported,
                    Concatenate(name, " wird schon bei der Deklaration erzeugt, mit Werten, die bleiben"),
                    tokens_[field.firstToken].begin, none);

@@ -1,6 +1,7 @@
 #include "codegen/SourceStatement.h"
 
 #include "codegen/JavaSyntax.h"
+#include "codegen/SourceLines.h"
 
 #include <algorithm>
 

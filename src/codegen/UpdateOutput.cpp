@@ -1,6 +1,6 @@
 #include "codegen/UpdateOutput.h"
 
-#include "codegen/SourceTokens.h"
+#include "codegen/SourceLines.h"
 #include "codegen/UpdateReport.h"
 
 #include <algorithm>

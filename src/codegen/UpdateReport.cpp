@@ -1,7 +1,7 @@
 #include "codegen/UpdateReport.h"
 
 #include "base/Text.h"
-#include "codegen/SourceTokens.h"
+#include "codegen/SourceLines.h"
 
 #include <algorithm>
 #include <array>
