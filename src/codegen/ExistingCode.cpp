@@ -105,6 +105,7 @@ CodeOptions SeeminglyHeldBlocks(std::string_view source) {
 ExistingCode::ExistingCode(const SourceTokens& tokens, const GeneratedCode& wanted, CodeOptions blocks)
     : tokens_(tokens), source_(tokens.Source()), wanted_(wanted), blocks_(blocks) {
     pieces.reserve(wanted.pieces.size() + wanted.pieces.size() / 8);
+    fields.Reserve(wanted.fields.Size());
     FindClass();
     FindConstructor();
     FindConstructorEnd();
@@ -484,7 +485,11 @@ void ExistingCode::AddField(const SourceDeclaration& declaration, int level, std
     field.alone = declaration.alone && field.form != nullptr;
     field.hasValue = declaration.hasValue;
     field.firstToken = firstToken;
-    if (!field.alone && !wanted_.fields.Contains(declaration.name))
+    if (key != nullptr)
+        field.wantedClass = field.javaClass;
+    else if (const std::string_view* const wanted = wanted_.fields.Find(declaration.name))
+        field.wantedClass = *wanted;
+    if (!field.alone && field.wantedClass.empty())
         return;
     const auto [entry, isNew] = fields.Add(declaration.name, field);
     ExistingField& before = entry->value;
@@ -561,11 +566,13 @@ std::size_t ExistingCode::ReadConstructorStatement(std::size_t index) {
     return index + 1;
 }
 
-/// Mostly the one that the statement before was about.
+/// Mostly the one that the statement before was about, or the next.
 std::uint32_t ExistingCode::FindField(std::string_view name) {
-    if (lastField_ == noField || fields[lastField_].name != name)
-        lastField_ = fields.NumberOf(name);
-    return lastField_;
+    for (const std::uint32_t number : {lastField_, lastField_ + 1})
+        if (number < fields.Size() && fields[number].name == name)
+            return lastField_ = number;
+    const std::uint32_t number = fields.NumberOf(name);
+    return number == noField ? noField : lastField_ = number;
 }
 
 std::size_t ExistingCode::AddStatement(std::size_t first, const SourceStatement& statement, std::uint32_t number) {
@@ -674,19 +681,17 @@ void ExistingCode::ReadComments(std::size_t limit) {
 
 void ExistingCode::DecideFields() {
     for (auto& [name, field] : fields) {
-        const std::string_view* const wanted = wanted_.fields.Find(name);
-        field.owned = IsOwned(name, field, wanted);
-        if (wanted == nullptr || *wanted == field.javaClass || field.owned)
+        field.owned = IsOwned(name, field);
+        if (field.wantedClass.empty() || field.wantedClass == field.javaClass || field.owned)
             continue;
         Refuse(field.firstToken, Concatenate("Hier ist ", name, " ein eigenes Feld der Klasse ", field.javaClass,
-                                             "; im Entwurf heißt so ein Objekt der Klasse ", *wanted, "."));
+                                             "; im Entwurf heißt so ein Objekt der Klasse ", field.wantedClass, "."));
     }
 }
 
-bool ExistingCode::IsOwned(std::string_view name, const ExistingField& field, const std::string_view* wanted) const {
-    const bool isWanted = wanted != nullptr &&
-                          (*wanted == field.javaClass ||
-                           (Contains(textAreas, *wanted) && Contains(textAreas, field.javaClass)));
+bool ExistingCode::IsOwned(std::string_view name, const ExistingField& field) const {
+    const bool isWanted = field.wantedClass == field.javaClass ||
+                          (Contains(textAreas, field.wantedClass) && Contains(textAreas, field.javaClass));
     if (field.javaClass == databaseClass || field.javaClass == resultClass)
         return blocks_.database && (isWanted || (field.alone && (name == database || name == resultList)));
     if (field.javaClass == menuClass)
@@ -770,14 +775,9 @@ void ExistingCode::ReadMethods() {
     ReadMethods(classOpen_ + 1, constructor_);
     ReadMethods(constructorEnd_ + (constructorCloses_ ? 1 : 0), classEnd_);
     FindMentions();
-    for (std::size_t index = 0; index < methods_.size(); ++index) {
-        const Method& method = methods_[index];
-        const std::string_view name = method.name;
-        if (*methodOf_.Find(name) != index)
-            continue;
-        const bool wantedOrRegistered = wanted_.methods.Contains(name) || registered.Contains(name);
-        const bool owned =
-            method.generated && (method.isQuery ? blocks_.database : wantedOrRegistered && !mentioned_.contains(name));
+    for (const auto& [name, number] : methodOf_) {
+        const Method& method = methods_[number];
+        const bool owned = method.generated && (method.isQuery ? blocks_.database : !method.mentioned);
         const GeneratedPiece* const known = wanted_.Known(tokens_[method.firstToken]);
         if (owned)
             AddPiece(known != nullptr ? &known->key : Keep({name, members::method, {}}), CodeSection::Methods,
@@ -923,7 +923,7 @@ void ExistingCode::FindMentions() {
 void ExistingCode::AddMention(const SourceTokens& tokens, std::size_t index) {
     const std::string_view text = tokens.IsLiteral(index, '"') ? TextOf(tokens, index) : tokens.Text(index);
     if (const auto* const method = methodOf_.Find(text))
-        mentioned_.insert(methods_[*method].name);
+        methods_[*method].mentioned = true;
     needsDatabaseImport |= text == databaseClass || text == resultClass;
 }
 

@@ -53,6 +53,7 @@ struct ExistingPiece {
 /// A field of the class.
 struct ExistingField {
     std::string_view javaClass;
+    std::string_view wantedClass;    ///< of the design's component of that name, if there is one
     const ClassForm* form = nullptr; ///< of its class, if that is one of Pirol's
     int depth = 0;
     bool alone = false;         ///< declared as the generator does
@@ -104,6 +105,7 @@ class ExistingCode {
         int depth;
         bool isQuery;
         bool generated;
+        bool mentioned = false; ///< outside of what is Pirol's
     };
 
     void FindClass();
@@ -124,7 +126,7 @@ class ExistingCode {
     void ReadDatabaseBlock(std::size_t first);
     void ReadComments(std::size_t limit);
     void DecideFields();
-    bool IsOwned(std::string_view name, const ExistingField& field, const std::string_view* wanted) const;
+    bool IsOwned(std::string_view name, const ExistingField& field) const;
     void KeepOwnedPieces();
     bool IsOwned(const ExistingPiece& piece);
     bool IsOwnedCall(const ExistingPiece& piece) const;
@@ -176,11 +178,10 @@ class ExistingCode {
     std::unordered_set<std::string_view> wantedCodes_; ///< all of them, when first asked for
     std::vector<std::size_t> handlerTokens_; ///< in any registration, not in namedHandlers_ yet
     std::unordered_set<std::string_view> namedHandlers_;
-    std::uint32_t lastField_ = noField;
+    std::uint32_t lastField_ = 0;
     const std::pair<const std::string, ClassForm>* lastForm_ = nullptr;
     std::vector<Method> methods_; ///< in the order of the source, some passed over
     NameMap<std::size_t> methodOf_;
-    std::unordered_set<std::string_view> mentioned_;
     std::size_t nextComment_ = 0; ///< of those that begin a line
 };
 

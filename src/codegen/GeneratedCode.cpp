@@ -35,7 +35,7 @@ CodeKey KeyOfImport(std::string_view line) {
 }
 
 CodeKey KeyOfField(std::string_view line) {
-    if (line == fieldsComment)
+    if (line.starts_with("//"))
         return {line, members::comment, {}};
     const std::size_t blank = line.find(' ');
     if (blank == std::string_view::npos || !line.ends_with(';'))
@@ -47,24 +47,26 @@ CodeKey KeyOfAssignment(std::string_view object, std::string_view value) {
     return {object, members::assignment, value.starts_with("new ") ? std::string_view() : value};
 }
 
+CodeKey KeyOfComment(std::string_view line) {
+    if (line.ends_with(proposalEnd))
+        return {line.substr(2, line.size() - 2 - proposalEnd.size()), members::proposal, {}};
+    return {line, members::comment, {}};
+}
+
 CodeKey KeyOfStatement(std::string_view line) {
+    if (line.starts_with("//"))
+        return KeyOfComment(line);
     if (line.starts_with("super("))
         return {superCall, {}, {}};
-    if (line == superComment)
-        return {line, members::comment, {}};
-    if (line.starts_with("//") && line.ends_with(proposalEnd))
-        return {line.substr(2, line.size() - 2 - proposalEnd.size()), members::proposal, {}};
-    if (line.starts_with("if (") || line == "{" || line == "}")
+    if (line.starts_with("if (") || line.size() == 1) // a brace
         return {UpTo(line, " "), members::block, {}};
-    const std::size_t objectEnd = line.find_first_of(" .");
-    if (objectEnd == std::string_view::npos)
-        return {line, members::other, {}};
-    const std::string_view object = line.substr(0, objectEnd);
-    const std::string_view rest = line.substr(objectEnd);
+    const auto* const objectEnd = std::find_if(line.begin(), line.end(), [](char c) { return c == ' ' || c == '.'; });
+    const std::string_view object(line.begin(), objectEnd);
+    const std::string_view rest(objectEnd, line.end());
     if (rest.starts_with(" = "))
         return KeyOfAssignment(object, rest.substr(3));
     const std::size_t bracket = rest.find('(');
-    if (rest.front() != '.' || bracket == std::string_view::npos || !rest.ends_with(");"))
+    if (!rest.starts_with('.') || bracket == std::string_view::npos || !rest.ends_with(");"))
         return {line, members::other, {}};
     const std::string_view method = rest.substr(1, bracket - 1);
     const std::string_view arguments = rest.substr(bracket + 1, rest.size() - bracket - 3);
@@ -189,6 +191,11 @@ const std::map<std::string, ClassForm, std::less<>>& ClassForms() {
     return forms;
 }
 
+GeneratedPiece::GeneratedPiece(CodeSection inSection, std::string_view line)
+    : code(TrimLeft(line)), key(KeyOf(inSection, code)), section(inSection),
+      indent(static_cast<std::uint8_t>(line.size() - code.size())),
+      optional(code.starts_with("//") && key.member != members::proposal) {}
+
 GeneratedCode::GeneratedCode(std::string source) : source_(std::move(source)) {
     TakeApart();
 }
@@ -200,6 +207,8 @@ void GeneratedCode::TakeApart() {
     std::size_t methodBegin = std::string_view::npos; // of a method whose end is not reached yet
     constexpr std::size_t usualLength = 64;           // of a line
     pieces.reserve(source.size() / usualLength);
+    fields.Reserve(pieces.capacity() / 4);
+    methods.Reserve(pieces.capacity() / 4);
     while (position < source.size()) {
         const std::size_t begin = position;
         const std::size_t end = std::min(source.find(lineEnd, position), source.size());
@@ -249,15 +258,9 @@ void GeneratedCode::AddLine(CodeSection section, std::string_view line) {
             pieces.back().blankBehind = true;
         return;
     }
-    const std::string_view code = TrimLeft(line);
-    GeneratedPiece& piece = pieces.emplace_back();
-    piece.key = KeyOf(section, code);
-    piece.section = section;
-    piece.indent = line.substr(0, line.size() - code.size());
-    piece.code = code;
-    piece.optional = code.starts_with("//") && piece.key.member != members::proposal;
-    if (piece.key.member == members::field)
-        fields.Add(piece.key.object, UpTo(code, " "));
+    const GeneratedPiece& piece = pieces.emplace_back(section, line);
+    if (section == CodeSection::Fields && piece.key.member == members::field)
+        fields.Add(piece.key.object, UpTo(piece.code, " "));
     if (section == CodeSection::Methods)
         methods.Add(piece.key.object, pieces.size() - 1);
 }

@@ -61,12 +61,15 @@ inline constexpr std::string_view resultList = "hatErgebnisliste";
 
 /// A statement, declaration, method or comment line that the generator writes.
 struct GeneratedPiece {
-    CodeKey key;
-    CodeSection section = CodeSection::Imports;
-    std::string_view indent;
+    /// Reads the first line.
+    GeneratedPiece(CodeSection section, std::string_view line);
+
     std::string_view code; ///< without its indent and its last line end
+    CodeKey key;
+    CodeSection section;
+    std::uint8_t indent; ///< blanks before it
     bool blankBehind = false;
-    bool optional = false;   ///< a comment: not written again when a source lacks it
+    bool optional;           ///< a comment: not written again when a source lacks it
     bool isReplaced = false; ///< its code is not the generated one
 };
 

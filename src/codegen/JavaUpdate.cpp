@@ -372,6 +372,7 @@ void Update::Write() {
 std::vector<Stretch> Update::TakeApart(CodeSection section) {
     const ExistingCode::Region& region = existing_.regions[static_cast<std::size_t>(section)];
     std::vector<Stretch> stretches;
+    stretches.reserve(existing_.pieces.size());
     std::size_t position = region.begin;
     std::size_t anchor = none;
     const auto first = std::partition_point(existing_.pieces.begin(), existing_.pieces.end(),
@@ -504,7 +505,7 @@ void Update::WriteNew(std::size_t wanted) {
 void Update::WritePiece(std::size_t index, std::size_t begin, std::size_t end) {
     const ExistingPiece& piece = existing_.pieces[index];
     const std::size_t wanted = wantedOf_[index];
-    const std::string_view indent = wanted == none ? std::string_view() : wanted_.pieces[wanted].indent;
+    const std::size_t indent = wanted == none ? 0 : wanted_.pieces[wanted].indent;
     if (wanted == none || kept_[index]) {
         output_.Copy(begin, end, indent);
         return;

@@ -10,20 +10,34 @@ bool IsBlankByte(char byte) {
     return byte == ' ' || byte == '\t' || byte == '\f' || byte == '\v' || IsLineEnd(byte);
 }
 
-/// At how many positions something holds. In small counters and without a branch, so that the compiler takes many
-/// positions at once.
+struct LineEnds {
+    std::size_t returns = 0; ///< CR
+    std::size_t feeds = 0;   ///< LF
+    std::size_t both = 0;    ///< CR LF
+};
+
+/// At how many positions something holds; at most 255. In a small counter and without a branch, so that the compiler
+/// takes many positions at once.
 template <class Condition>
-std::size_t CountWhere(std::size_t begin, std::size_t end, const Condition& holds) {
-    constexpr std::size_t most = 255;
-    std::size_t count = 0;
-    while (begin < end) {
-        const std::size_t limit = std::min(begin + most, end);
-        std::uint8_t some = 0;
-        for (; begin < limit; ++begin)
-            some = static_cast<std::uint8_t>(some + static_cast<std::uint8_t>(holds(begin)));
-        count += some;
-    }
+std::uint8_t CountWhere(std::size_t begin, std::size_t end, const Condition& holds) {
+    std::uint8_t count = 0;
+    for (; begin < end; ++begin)
+        count = static_cast<std::uint8_t>(count + static_cast<std::uint8_t>(holds(begin)));
     return count;
+}
+
+LineEnds CountLineEnds(std::string_view text) {
+    constexpr std::size_t most = 255;
+    LineEnds ends;
+    for (std::size_t begin = 0; begin < text.size(); begin += most) {
+        const std::size_t end = std::min(begin + most, text.size());
+        ends.returns += CountWhere(begin, end, [text](std::size_t at) { return text[at] == '\r'; });
+        ends.feeds += CountWhere(begin, end, [text](std::size_t at) { return text[at] == '\n'; });
+        ends.both += CountWhere(std::max<std::size_t>(begin, 1), end, [text](std::size_t at) {
+            return static_cast<bool>(static_cast<int>(text[at - 1] == '\r') & static_cast<int>(text[at] == '\n'));
+        });
+    }
+    return ends;
 }
 
 } // namespace
@@ -52,19 +66,12 @@ std::size_t BehindLine(std::string_view text, std::size_t position) {
 }
 
 std::size_t LineBreaks(std::string_view text) {
-    std::size_t breaks = 0;
-    for (std::size_t position = EndOfLine(text, 0); position < text.size();
-         position = EndOfLine(text, BehindLine(text, position)))
-        ++breaks;
-    return breaks;
+    const LineEnds ends = CountLineEnds(text);
+    return ends.returns + ends.feeds - ends.both;
 }
 
 std::string_view UsualLineEnd(std::string_view text) {
-    const std::size_t returns = CountWhere(0, text.size(), [text](std::size_t at) { return text[at] == '\r'; });
-    const std::size_t feeds = CountWhere(0, text.size(), [text](std::size_t at) { return text[at] == '\n'; });
-    const std::size_t both = CountWhere(1, text.size(), [text](std::size_t at) {
-        return static_cast<bool>(static_cast<int>(text[at - 1] == '\r') & static_cast<int>(text[at] == '\n'));
-    });
+    const auto [returns, feeds, both] = CountLineEnds(text);
     if (feeds - both > both && feeds >= returns)
         return "\n";
     return returns - both > both ? "\r" : "\r\n";

@@ -168,12 +168,9 @@ std::size_t SourceTokens::SkipComment(std::size_t begin, bool startsLine, Commen
 void SourceTokens::Add(std::size_t begin, std::size_t end, bool startsLine, bool closed) {
     if (tokens_.size() == mostTokens)
         throw RuntimeError(RuntimeError::OutOfMemory);
-    SourceToken token{};
-    token.begin = static_cast<std::uint32_t>(begin) & 0x7FFFFFFFU;
-    token.end = static_cast<std::uint32_t>(end) & 0x7FFFFFFFU;
-    token.startsLine = startsLine ? 1U : 0U;
-    token.closed = closed ? 1U : 0U;
-    tokens_.push_back(token);
+    constexpr std::uint32_t position = 0x7FFFFFFF;
+    tokens_.push_back({static_cast<std::uint32_t>(begin) & position, startsLine ? 1U : 0U,
+                       static_cast<std::uint32_t>(end) & position, closed ? 1U : 0U, 0});
 }
 
 bool SourceTokens::IsWord(std::size_t index) const {
