@@ -92,25 +92,6 @@ CodeKey KeyOf(CodeSection section, std::string_view line) {
     return KeyOfMethod(line);
 }
 
-/// Whether a piece can be told by its text alone: a component's declaration, statement or handler. What belongs to the
-/// menu bar or the database as a whole is looked at token by token.
-bool IsPlain(const GeneratedPiece& piece) {
-    const CodeKey& key = piece.key;
-    const bool isOfBlock = key.object == subMenu || key.object == database || key.object == resultList;
-    switch (piece.section) {
-    case CodeSection::Imports:
-        return false;
-    case CodeSection::Fields:
-        return key.member == members::field && !isOfBlock;
-    case CodeSection::Constructor:
-        return piece.code.size() > 1 && !piece.code.starts_with("//") && key.member != members::block &&
-               key.member != members::other && key.object != superCall && (!isOfBlock || key.object == subMenu);
-    case CodeSection::Methods:
-        return piece.code.starts_with("public void ");
-    }
-    return false;
-}
-
 /// A line at which the generator goes on to the next section.
 struct SectionEnd {
     std::string_view line;
@@ -233,21 +214,6 @@ void GeneratedCode::TakeApart() {
         }
     }
     sections.back() = pieces.size();
-}
-
-KnownTexts GeneratedCode::ListKnown(std::string_view lineEndOfSource) {
-    std::vector<std::string_view> texts;
-    texts.reserve(pieces.size());
-    knownPieces_.reserve(pieces.size());
-    for (std::size_t index = 0; index < pieces.size(); ++index) {
-        const GeneratedPiece& piece = pieces[index];
-        if (!IsPlain(piece))
-            continue;
-        const bool asItIs = piece.section != CodeSection::Methods || lineEndOfSource == lineEnd;
-        texts.push_back(asItIs ? piece.code : texts_.emplace_back(ReplaceAll(piece.code, lineEnd, lineEndOfSource)));
-        knownPieces_.push_back(static_cast<std::uint32_t>(index));
-    }
-    return KnownTexts(std::move(texts));
 }
 
 void GeneratedCode::AddLine(CodeSection section, std::string_view line) {

@@ -88,11 +88,9 @@ class GeneratedCode {
     NameMap<std::string_view> fields;
     NameMap<std::size_t> methods;
 
-    /// The codes of plain declarations, statements and handlers as a source with the given line ends has them.
-    KnownTexts ListKnown(std::string_view lineEnd);
-    /// The piece of a token that is one of these texts; null for another token.
+    /// The piece that a token is word for word; null for another token.
     const GeneratedPiece* Known(const SourceToken& token) const {
-        return token.known == 0 ? nullptr : &pieces[knownPieces_[token.known - 1]];
+        return token.known == 0 ? nullptr : &pieces[token.known - 1];
     }
 
     /// Gives a piece another code, which is kept as long as the pieces.
@@ -106,7 +104,6 @@ class GeneratedCode {
     void AddLine(CodeSection section, std::string_view line);
 
     std::string source_;
-    std::vector<std::uint32_t> knownPieces_; ///< of each known text
     std::deque<std::string> texts_;
 };
 

@@ -3,6 +3,7 @@
 #include "base/Conversions.h"
 #include "base/Text.h"
 #include "base/Windows1252.h"
+#include "codegen/KnownPieces.h"
 #include "codegen/SourceLines.h"
 #include "codegen/UpdateOutput.h"
 
@@ -74,7 +75,7 @@ struct Basis {
     Basis(std::string_view source, SourceTokens::Comments comments, CodeOptions heldBlocks, const ProjectModel& model,
           const UpdateOptions& options)
         : held(heldBlocks), lineEnd(UsualLineEnd(source)), wanted(Generate(model, options)),
-          known_(wanted.ListKnown(lineEnd)), tokens(source, comments, &known_) {}
+          known_(wanted, source), tokens(source, comments, &known_) {}
 
     CodeOptions held; ///< the blocks that the source holds
     std::string_view lineEnd;
@@ -82,7 +83,7 @@ struct Basis {
     GeneratedCode wanted;
 
   private:
-    KnownTexts known_;
+    KnownPieces known_;
 
   public:
     SourceTokens tokens;

@@ -1,6 +1,7 @@
 #include "codegen/SourceTokens.h"
 
 #include "base/RuntimeError.h"
+#include "codegen/KnownPieces.h"
 #include "codegen/SourceLines.h"
 
 #include <algorithm>
@@ -80,7 +81,7 @@ bool IsWholeCode(std::string_view lines) {
 
 } // namespace
 
-SourceTokens::SourceTokens(std::string_view source, Comments comments, KnownTexts* known)
+SourceTokens::SourceTokens(std::string_view source, Comments comments, KnownPieces* known)
     : source_(source) {
     if (source.size() > longestSource)
         throw RuntimeError(RuntimeError::OutOfMemory);
@@ -88,18 +89,17 @@ SourceTokens::SourceTokens(std::string_view source, Comments comments, KnownText
     Read(comments, known);
 }
 
-/// Takes a known text at the position as one token and gives its end, or the position when there is none.
-std::size_t SourceTokens::TakeKnown(std::size_t begin, KnownTexts& known) {
-    const std::size_t number = known.Find(source_, begin);
-    if (number == KnownTexts::none)
+/// Takes a known piece at the position as one token and gives its end, or the position when there is none.
+std::size_t SourceTokens::TakeKnown(std::size_t begin, KnownPieces& known) {
+    const auto [piece, end] = known.Find(begin);
+    if (piece == KnownPieces::none)
         return begin;
-    const std::size_t end = begin + known[number].size();
     Add(begin, end, true);
-    tokens_.back().known = static_cast<std::uint32_t>(number + 1);
+    tokens_.back().known = static_cast<std::uint32_t>(piece + 1);
     return end;
 }
 
-void SourceTokens::Read(Comments comments, KnownTexts* known) {
+void SourceTokens::Read(Comments comments, KnownPieces* known) {
     bool startsLine = true;
     std::size_t position = 0;
     while (position < source_.size()) {
@@ -127,7 +127,7 @@ void SourceTokens::Read(Comments comments, KnownTexts* known) {
             if (startsLine && known != nullptr)
                 position = std::max(TakeKnown(begin, *known), begin + 1);
             if (position > begin + 1)
-                break; // behind a known text, which is longer than one byte
+                break; // behind a known piece, which is longer than one byte
             while (position < source_.size() && ClassOf(source_[position]) == ByteClass::Word)
                 ++position;
             Add(begin, position, startsLine);

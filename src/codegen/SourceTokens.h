@@ -1,7 +1,5 @@
 #pragma once
 
-#include "codegen/KnownTexts.h"
-
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -9,13 +7,15 @@
 
 namespace pirol {
 
+class KnownPieces;
+
 /// Where a word, number, literal or sign of a Java source stands.
 struct SourceToken {
     std::uint32_t begin : 31;
     std::uint32_t startsLine : 1; ///< nothing but blanks and comments stand before it in its line
     std::uint32_t end : 31;
     std::uint32_t closed : 1; ///< false for a literal whose closing quote its line lacks
-    std::uint32_t known;      ///< of a text that was looked for: its number from 1; otherwise 0
+    std::uint32_t known;      ///< of a generated piece, word for word: its number from 1; otherwise 0
 };
 
 /// Where a "//" comment stands that begins its line, up to the line's end.
@@ -35,9 +35,9 @@ class SourceTokens {
                      ///< braces open and close in it that do not match
     };
 
-    /// A known text that is found becomes one token: large sources are read faster so.
+    /// A known piece that is found becomes one token: large sources are read faster so.
     /// Raises RuntimeError::OutOfMemory for a source of more tokens than any program has.
-    SourceTokens(std::string_view source, Comments comments, KnownTexts* known = nullptr);
+    SourceTokens(std::string_view source, Comments comments, KnownPieces* known = nullptr);
 
     std::string_view Source() const { return source_; }
     std::size_t Count() const { return tokens_.size(); }
@@ -76,8 +76,8 @@ class SourceTokens {
     bool HasLongComments() const { return hasLongComments_; }
 
   private:
-    void Read(Comments comments, KnownTexts* known);
-    std::size_t TakeKnown(std::size_t begin, KnownTexts& known);
+    void Read(Comments comments, KnownPieces* known);
+    std::size_t TakeKnown(std::size_t begin, KnownPieces& known);
     std::size_t SkipComment(std::size_t begin, bool startsLine, Comments comments);
     void Add(std::size_t begin, std::size_t end, bool startsLine, bool closed = true);
 
