@@ -24,8 +24,8 @@ class KnownPieces {
         std::size_t piece;
         std::size_t end;
     };
-    /// The piece at a position where a line's text begins; `none` without one. A few pieces are compared that follow the
-    /// last one found; only where many in turn are not there all are looked through.
+    /// The piece at a position where a line's text begins; `none` without one. A few pieces are compared that follow
+    /// the last one found; only where many in turn are not there all are looked through.
     Found Find(std::size_t begin);
 
   private:

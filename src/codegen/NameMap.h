@@ -9,8 +9,8 @@
 
 namespace pirol {
 
-/// Values by name, in the order in which the names came. The names are views that must outlive it. A source holds them by
-/// the ten thousand: here they lie side by side instead of in a piece of memory each, and cost a third of the time.
+/// Values by name, in the order in which the names came. The names are views that must outlive it. A source holds them
+/// by the ten thousand: here they lie side by side instead of in a piece of memory each, and cost a third of the time.
 template <class Value>
 class NameMap {
   public:

@@ -65,6 +65,13 @@ std::size_t BehindLine(std::string_view text, std::size_t position) {
     return position;
 }
 
+std::size_t LineStart(std::string_view source, std::size_t position, std::size_t lowest) {
+    std::size_t start = position;
+    while (start > lowest && (source[start - 1] == ' ' || source[start - 1] == '\t'))
+        --start;
+    return start == lowest || IsLineEnd(source[start - 1]) ? start : position;
+}
+
 std::size_t LineBreaks(std::string_view text) {
     const LineEnds ends = CountLineEnds(text);
     return ends.returns + ends.feeds - ends.both;

@@ -15,6 +15,10 @@ constexpr bool IsLineEnd(char byte) {
 std::size_t EndOfLine(std::string_view text, std::size_t position);
 std::size_t BehindLine(std::string_view text, std::size_t position);
 
+/// The beginning of the line when only blanks and tabs stand before the position, but for `lowest`; the position
+/// otherwise.
+std::size_t LineStart(std::string_view source, std::size_t position, std::size_t lowest);
+
 /// How many line ends the text holds.
 std::size_t LineBreaks(std::string_view text);
 

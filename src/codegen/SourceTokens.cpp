@@ -81,8 +81,7 @@ bool IsWholeCode(std::string_view lines) {
 
 } // namespace
 
-SourceTokens::SourceTokens(std::string_view source, Comments comments, KnownPieces* known)
-    : source_(source) {
+SourceTokens::SourceTokens(std::string_view source, Comments comments, KnownPieces* known) : source_(source) {
     if (source.size() > longestSource)
         throw RuntimeError(RuntimeError::OutOfMemory);
     tokens_.reserve(std::min(source.size() / usualLength, mostTokens));

@@ -67,8 +67,8 @@ std::size_t UpdateOutput::NewPosition(std::size_t position) const {
     return own == own_.end() || own->begin > position ? noPosition : own->place + (position - own->begin);
 }
 
-/// Appends the range that was copied last. It waits as long as the next one goes on directly behind it: most of a source
-/// is copied in few pieces so.
+/// Appends the range that was copied last. It waits as long as the next one goes on directly behind it: most of a
+/// source is copied in few pieces so.
 void UpdateOutput::Flush() {
     if (copiedEnd_ != noPosition)
         text_ += source_.substr(copiedBegin_, copiedEnd_ - copiedBegin_);
