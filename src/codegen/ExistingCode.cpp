@@ -383,17 +383,17 @@ void ExistingCode::ReadMethods() {
     ExistingMethods methods(tokens_, wanted_, frame, registered);
     methods.FindMentions(pieces);
     needsDatabaseImport = methods.MentionsDatabase();
-    for (const ExistingMethod& method : methods.Take()) {
+    methods.ForEach([this](const ExistingMethod& method) {
         const bool owned = method.generated && (method.isQuery ? blocks_.database : !method.mentioned);
         if (!owned) {
             ownMethods.Add(method.name, tokens_[method.firstToken].begin);
-            continue;
+            return;
         }
         const GeneratedPiece* const known = wanted_.Known(tokens_[method.firstToken]);
         ExistingPiece& piece = AddPiece(known != nullptr ? &known->key : Keep({method.name, members::method, {}}),
                                         CodeSection::Methods, method.firstToken, method.endToken);
         piece.isKnown = known != nullptr;
-    }
+    });
 }
 
 /// Mostly they are so already.

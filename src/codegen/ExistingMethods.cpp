@@ -159,12 +159,4 @@ void ExistingMethods::AddMention(const SourceTokens& tokens, std::size_t index) 
     mentionsDatabase_ |= text == databaseClass || text == resultClass;
 }
 
-std::vector<ExistingMethod> ExistingMethods::Take() const {
-    std::vector<ExistingMethod> methods;
-    methods.reserve(methodOf_.Size());
-    for (const auto& [name, number] : methodOf_)
-        methods.push_back(methods_[number]);
-    return methods;
-}
-
 } // namespace pirol

@@ -39,8 +39,12 @@ class ExistingMethods {
     /// names of methods: the library finds them by text, too.
     void FindMentions(const std::vector<ExistingPiece>& pieces);
 
-    /// Of each name the one that counts.
-    std::vector<ExistingMethod> Take() const;
+    /// Calls `visit` for the method that counts of each name.
+    template <class Visitor>
+    void ForEach(const Visitor& visit) const {
+        for (const auto& [name, number] : methodOf_)
+            visit(methods_[number]);
+    }
 
     /// Whether own lines need the database's import; known when mentions are found.
     bool MentionsDatabase() const { return mentionsDatabase_; }
