@@ -10,34 +10,20 @@ bool IsBlankByte(char byte) {
     return byte == ' ' || byte == '\t' || byte == '\f' || byte == '\v' || IsLineEnd(byte);
 }
 
-struct LineEnds {
-    std::size_t returns = 0; ///< CR
-    std::size_t feeds = 0;   ///< LF
-    std::size_t both = 0;    ///< CR LF
-};
-
-/// At how many positions something holds; at most 255. In a small counter and without a branch, so that the compiler
-/// takes many positions at once.
+/// At how many positions something holds. In small counters and without a branch, so that the compiler takes many
+/// positions at once.
 template <class Condition>
-std::uint8_t CountWhere(std::size_t begin, std::size_t end, const Condition& holds) {
-    std::uint8_t count = 0;
-    for (; begin < end; ++begin)
-        count = static_cast<std::uint8_t>(count + static_cast<std::uint8_t>(holds(begin)));
-    return count;
-}
-
-LineEnds CountLineEnds(std::string_view text) {
+std::size_t CountWhere(std::size_t begin, std::size_t end, const Condition& holds) {
     constexpr std::size_t most = 255;
-    LineEnds ends;
-    for (std::size_t begin = 0; begin < text.size(); begin += most) {
-        const std::size_t end = std::min(begin + most, text.size());
-        ends.returns += CountWhere(begin, end, [text](std::size_t at) { return text[at] == '\r'; });
-        ends.feeds += CountWhere(begin, end, [text](std::size_t at) { return text[at] == '\n'; });
-        ends.both += CountWhere(std::max<std::size_t>(begin, 1), end, [text](std::size_t at) {
-            return static_cast<bool>(static_cast<int>(text[at - 1] == '\r') & static_cast<int>(text[at] == '\n'));
-        });
+    std::size_t count = 0;
+    while (begin < end) {
+        const std::size_t limit = std::min(begin + most, end);
+        std::uint8_t some = 0;
+        for (; begin < limit; ++begin)
+            some = static_cast<std::uint8_t>(some + static_cast<std::uint8_t>(holds(begin)));
+        count += some;
     }
-    return ends;
+    return count;
 }
 
 } // namespace
@@ -73,12 +59,21 @@ std::size_t LineStart(std::string_view source, std::size_t position, std::size_t
 }
 
 std::size_t LineBreaks(std::string_view text) {
-    const LineEnds ends = CountLineEnds(text);
-    return ends.returns + ends.feeds - ends.both;
+    // Each line end counts by its last byte.
+    const std::size_t last = std::max<std::size_t>(text.size(), 1) - 1;
+    const std::size_t before = CountWhere(0, last, [text](std::size_t at) {
+        const auto isLoneReturn = static_cast<unsigned>(text[at] == '\r') & static_cast<unsigned>(text[at + 1] != '\n');
+        return static_cast<bool>(static_cast<unsigned>(text[at] == '\n') | isLoneReturn);
+    });
+    return before + (!text.empty() && IsLineEnd(text[last]) ? 1 : 0);
 }
 
 std::string_view UsualLineEnd(std::string_view text) {
-    const auto [returns, feeds, both] = CountLineEnds(text);
+    const std::size_t returns = CountWhere(0, text.size(), [text](std::size_t at) { return text[at] == '\r'; });
+    const std::size_t feeds = CountWhere(0, text.size(), [text](std::size_t at) { return text[at] == '\n'; });
+    const std::size_t both = CountWhere(1, text.size(), [text](std::size_t at) {
+        return static_cast<bool>(static_cast<unsigned>(text[at - 1] == '\r') & static_cast<unsigned>(text[at] == '\n'));
+    });
     if (feeds - both > both && feeds >= returns)
         return "\n";
     return returns - both > both ? "\r" : "\r\n";
