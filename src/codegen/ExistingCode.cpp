@@ -27,7 +27,6 @@ ExistingCode::ExistingCode(const SourceTokens& tokens, const GeneratedCode& want
     : frame(tokens, wanted), tokens_(tokens), source_(tokens.Source()), wanted_(wanted), blocks_(blocks) {
     pieces.reserve(wanted.pieces.size() + wanted.pieces.size() / 8);
     fields.Reserve(wanted.fields.Size());
-    registered.Reserve(wanted.methods.Size());
     ReadImports();
     ReadFields(frame.classOpen + 1, frame.constructor, CodeSection::Fields);
     ReadFields(frame.Methods(), frame.classEnd, CodeSection::Methods);
@@ -364,18 +363,11 @@ bool ExistingCode::IsAsWanted(const ExistingPiece& piece) {
 void ExistingCode::CollectRegistered() {
     for (const ExistingPiece& piece : pieces) {
         const bool isMenu = piece.key->member == "haengeZeileAn";
-        if (!isMenu && !piece.key->member.starts_with(registration))
-            continue;
-        std::string_view handler = TextOf(tokens_, piece.lastArgument);
-        if (piece.isKnown) {
-            const std::string_view code = source_.substr(piece.begin, piece.end - piece.begin);
-            const std::size_t end = std::min(code.rfind('"'), code.size() - 1);
-            const std::size_t begin = code.substr(0, end).rfind('"') + 1;
-            handler = code.substr(begin, end - begin);
-        }
-        Registration& registration = registered.Add(handler, Registration::Component).first->value;
+        if (piece.isKnown || (!isMenu && !piece.key->member.starts_with(registration)))
+            continue; // what is as wanted registers a wanted handler
+        Registration& by = registered.Add(TextOf(tokens_, piece.lastArgument), Registration::Component).first->value;
         if (isMenu)
-            registration = Registration::Menu;
+            by = Registration::Menu;
     }
 }
 

@@ -61,7 +61,7 @@ class ExistingCode {
     /// Pirol's pieces in the order of the source.
     std::vector<ExistingPiece> pieces;
     NameMap<ExistingField> fields;
-    /// Handlers that Pirol's statements register.
+    /// Handlers that Pirol's statements register, but for those that are word for word as wanted.
     NameMap<Registration> registered;
     /// Methods of wanted or registered names that are the pupil's, and where.
     NameMap<std::size_t> ownMethods;

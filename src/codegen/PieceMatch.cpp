@@ -14,6 +14,8 @@ namespace {
 /// Wanted pieces that are looked at before all of them are put in order by their keys.
 constexpr std::size_t nearPieces = 16;
 
+constexpr std::string_view clickRegistration = "setzeBearbeiterGeklickt";
+
 /// A statement whose value a project file does not hold.
 struct UnheldStatement {
     std::string_view javaClass;
@@ -25,7 +27,7 @@ constexpr UnheldStatement unheldStatements[] = {
     {"Schalter", "schalteAn", keys::checked.key},
     {"Kennwortfeld", "setzeInhalt", keys::value.key},
     {"Fortschrittsbalken", "setzeWert", keys::currentvalue.key},
-    {"Radioknopf", "setzeBearbeiterGeklickt", keys::click.key}, // the group decides
+    {"Radioknopf", clickRegistration, keys::click.key}, // the group decides
 };
 
 bool IsTextArea(std::string_view javaClass) {
@@ -114,22 +116,15 @@ void PieceMatch::ListWanted() {
 }
 
 void PieceMatch::SkipWhatIsThere() {
-    for (std::size_t index = 0; index < pieceOf.size(); ++index)
-        if (pieceOf[index] == none)
-            skipped[index] = wanted_.pieces[index].optional || IsThere(wanted_.pieces[index]);
-    if (!groupOf_.empty())
-        SkipHandlersOfRadioButtons();
-}
-
-/// A radio button that stays without its registration needs no handler either.
-void PieceMatch::SkipHandlersOfRadioButtons() {
-    for (const auto& [name, piece] : wanted_.methods) {
-        if (!name.ends_with(suffixes::clicked) || pieceOf[piece] != none)
+    for (std::size_t index = 0; index < pieceOf.size(); ++index) {
+        if (pieceOf[index] != none)
             continue;
-        const std::string_view button = name.substr(0, name.size() - suffixes::clicked.size());
-        if (groupOf_.contains(button) && IsUnknown({button, "setzeBearbeiterGeklickt", {}}) &&
-            !existing_.registered.Contains(name))
-            skipped[piece] = true;
+        const GeneratedPiece& piece = wanted_.pieces[index];
+        skipped[index] = skipped[index] || piece.optional || IsThere(piece);
+        // A radio button that stays without its registration needs no handler either, which comes later.
+        if (skipped[index] && piece.key.member == clickRegistration && groupOf_.contains(piece.key.object))
+            if (const auto* const handler = wanted_.methods.Find(Concatenate(piece.key.object, suffixes::clicked)))
+                skipped[*handler] = true;
     }
 }
 

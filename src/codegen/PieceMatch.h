@@ -37,7 +37,6 @@ class PieceMatch {
     std::uint32_t FindWanted(const CodeKey& key);
     void ListWanted();
     void SkipWhatIsThere();
-    void SkipHandlersOfRadioButtons();
     bool IsThere(const GeneratedPiece& wanted);
     bool IsInSource(std::string_view line);
     void KeepWhatIsHis();
