@@ -157,8 +157,8 @@ class DesignerTest(WindowsTest):
         designer = self.designer(project)
         designer.use(r"^Quiz 1\.prl - Pirol$")
         self.set_preferences(designer, wine.path(blue_j / "bluej.exe"))
-        designer.click(60, 85)  # the toolbar's second button
-        designer.drag(700, 260, 880, 320)  # where the quiz has nothing
+        designer.click(60, 133)  # the toolbar's second button
+        designer.drag(700, 290, 880, 350)  # where the quiz has nothing
         designer.key("ctrl+s")
         designer.choose_file("Projekt speichern", saved)
         designer.key("ctrl+b")
@@ -211,8 +211,8 @@ class DesignerTest(WindowsTest):
         kept = wine.user_folder / "AppData" / "Local" / "Pirol" / "Recovery"
         with Designer(PIROL, display, self.folder, project, wine=wine) as designer:
             designer.use(r"^Quiz\.prl - Pirol$")
-            designer.click(60, 85)  # the toolbar's second button
-            designer.drag(700, 260, 880, 320)
+            designer.click(60, 133)  # the toolbar's second button
+            designer.drag(700, 290, 880, 350)
             designer.wait_for(lambda: list(kept.glob("*.design")), "the kept design")
         designer = self.designer()
         designer.use("Wiederherstellung")

@@ -19,6 +19,7 @@ constexpr std::string_view sumPathName = "SumPath";
 constexpr std::string_view gridStyleName = "GridStyle";
 constexpr std::string_view gridColorName = "GridColor";
 constexpr std::string_view looksForUpdatesName = "UpdateWeekly";
+constexpr std::string_view appearanceName = "Appearance";
 
 constexpr std::string_view programName = "bluej.exe";
 #ifdef _WIN32
@@ -38,6 +39,11 @@ bool IsBlueJProgram(std::string_view path) {
     return EndsInProgramName(path) && std::filesystem::is_regular_file(PathOf(path), error);
 }
 
+Appearance AppearanceOf(std::int32_t stored) {
+    const auto appearance = static_cast<Appearance>(stored);
+    return appearance == Appearance::Light || appearance == Appearance::Dark ? appearance : Appearance::System;
+}
+
 } // namespace
 
 const std::string_view blueJFilter = onWindows ? "BlueJ.exe|BlueJ.exe" : "BlueJ.exe|BlueJ.exe;bluej";
@@ -51,6 +57,7 @@ Preferences Preferences::Load() {
     stored.GridStyle = static_cast<std::int16_t>(registry::ReadNumber(key, gridStyleName));
     stored.GridColor = static_cast<std::uint32_t>(registry::ReadNumber(key, gridColorName));
     stored.LooksForUpdates = registry::ReadNumber(key, looksForUpdatesName) == 1;
+    stored.Look = AppearanceOf(registry::ReadNumber(key, appearanceName));
     return stored;
 }
 
@@ -64,6 +71,8 @@ void Preferences::Save() const {
             registry::WriteText(key, name, *path);
     if (LooksForUpdates || registry::ReadNumber(key, looksForUpdatesName) != 0)
         registry::WriteNumber(key, looksForUpdatesName, LooksForUpdates ? 1 : 0);
+    if (Look != AppearanceOf(registry::ReadNumber(key, appearanceName)))
+        registry::WriteNumber(key, appearanceName, static_cast<std::int32_t>(Look));
 }
 
 std::string BlueJPathAfterBrowsing(std::string_view current, std::string_view chosen) {

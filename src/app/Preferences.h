@@ -7,6 +7,9 @@
 
 namespace pirol {
 
+/// Which colours the windows have. The numbers are stored.
+enum class Appearance : std::int32_t { System, Light, Dark };
+
 /// What a user prefers for all projects. It is kept in the per-user store and read once, when the program starts.
 struct Preferences {
     std::string BlueJPath;        ///< the BlueJ program's file, UTF-8; empty when not known
@@ -15,6 +18,7 @@ struct Preferences {
     std::string JdkPath = {};     ///< the Java that tests programs, UTF-8; empty for the one that Pirol finds
     std::string SumPath = {};     ///< the library's archive or folder, UTF-8; empty for the one that Pirol finds
     bool LooksForUpdates = false; ///< once a week, after the start
+    Appearance Look = Appearance::System;
 
     bool operator==(const Preferences&) const = default;
 

@@ -3,6 +3,8 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 
+#include <algorithm>
+
 namespace pirol {
 namespace {
 
@@ -111,6 +113,15 @@ void WriteCode(const ProjectModel& model, CodeOptions options, const std::functi
         out.Append("}");
         out.Flush();
     });
+}
+
+std::size_t LineOfHandler(std::string_view source, std::string_view handler) {
+    const std::size_t place = source.find(Concatenate("\n    public void ", handler, "()\r\n"));
+    if (place == std::string_view::npos)
+        return 0;
+    return static_cast<std::size_t>(
+               std::count(source.begin(), source.begin() + static_cast<std::ptrdiff_t>(place), '\n')) +
+           2;
 }
 
 } // namespace pirol

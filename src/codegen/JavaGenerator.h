@@ -2,6 +2,7 @@
 
 #include "model/ProjectModel.h"
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -23,5 +24,8 @@ std::string GenerateCode(const ProjectModel& model, CodeOptions options);
 /// the design and is never in memory as a whole. Errors of the generator come before the first piece; those of `write`
 /// pass through.
 void WriteCode(const ProjectModel& model, CodeOptions options, const std::function<void(std::string_view)>& write);
+
+/// The line, from 1, on which the source begins the handler method of that name; 0 when there is none.
+std::size_t LineOfHandler(std::string_view source, std::string_view handler);
 
 } // namespace pirol

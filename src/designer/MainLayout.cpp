@@ -9,6 +9,9 @@
 namespace pirol {
 namespace {
 
+constexpr int leastPanelWidth = 120;
+constexpr int leastFrameWidth = 240;
+
 struct WindowSize {
     int width;
     int height;
@@ -39,8 +42,20 @@ int NotNegative(int size) {
 
 } // namespace
 
-MainLayout LayOutMainWindow(int innerWidth, int innerHeight, int designedWidth, int designedHeight) {
-    const int frameWidth = innerWidth - toolbarWidth - propertyColumnWidth;
+PanelWidths PossibleWidths(PanelWidths wanted, int innerWidth) {
+    const int room = innerWidth - leastFrameWidth;
+    const PanelWidths usual;
+    if (room < usual.toolbar + usual.properties)
+        return usual;
+    PanelWidths panels;
+    panels.toolbar = std::clamp(wanted.toolbar, leastPanelWidth, room - leastPanelWidth);
+    panels.properties = std::clamp(wanted.properties, leastPanelWidth, room - panels.toolbar);
+    return panels;
+}
+
+MainLayout LayOutMainWindow(int innerWidth, int innerHeight, int designedWidth, int designedHeight,
+                            PanelWidths panels) {
+    const int frameWidth = innerWidth - panels.toolbar - panels.properties;
     const int frameHeight = innerHeight - 2 * rowHeight;
     const int height = NotNegative(frameHeight);
     const int barLeft = NotNegative(frameWidth - barThickness);
@@ -48,11 +63,11 @@ MainLayout LayOutMainWindow(int innerWidth, int innerHeight, int designedWidth, 
     const Span across = PlaceCanvas(frameWidth, designedWidth);
     const Span down = PlaceCanvas(frameHeight, designedHeight);
     return {
-        .frame = {toolbarWidth, rowHeight, NotNegative(frameWidth), height},
-        .toolbar = {0, rowHeight, toolbarWidth, height},
+        .frame = {panels.toolbar, rowHeight, NotNegative(frameWidth), height},
+        .toolbar = {0, rowHeight, panels.toolbar, height},
         .headings = {0, 0, innerWidth, rowHeight},
         .status = {0, innerHeight - rowHeight, innerWidth, rowHeight},
-        .list = {innerWidth - propertyColumnWidth, rowHeight, propertyColumnWidth, height},
+        .list = {innerWidth - panels.properties, rowHeight, panels.properties, height},
         .canvas = {across.position, down.position, designedWidth, designedHeight},
         .vertical = {{barLeft, 0, barThickness, barTop}, down.scrolls, down.maximum},
         .horizontal = {{0, barTop, barLeft, barThickness}, across.scrolls, across.maximum},

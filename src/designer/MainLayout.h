@@ -28,6 +28,18 @@ struct MainLayout {
 
 constexpr int toolbarWidth = 150;
 constexpr int propertyColumnWidth = 220;
+/// The columns beside the canvas, which the user can make wider and narrower.
+struct PanelWidths {
+    int toolbar = toolbarWidth;
+    int properties = propertyColumnWidth;
+
+    bool operator==(const PanelWidths&) const = default;
+};
+
+/// The widths that a user asks for, as far as they make sense in a window of that inner width: nothing becomes too
+/// narrow to be used. In a window that is too narrow for any others they are the usual ones.
+PanelWidths PossibleWidths(PanelWidths wanted, int innerWidth);
+
 constexpr int rowHeight = 20; ///< of the headings and of the status bar
 constexpr int barThickness = 20;
 constexpr int scrollStep = 8; ///< pixels per step of a scroll bar
@@ -36,7 +48,8 @@ constexpr int scrollStep = 8; ///< pixels per step of a scroll bar
 /// A canvas that fits is centred in what the scroll bars leave of the frame; one that does not begins at 0. The whole
 /// frame decides whether it fits, so a canvas that is too large by up to one bar's thickness is centred and lies under
 /// the bar. Sizes that would be negative in a small window come out as 0.
-MainLayout LayOutMainWindow(int innerWidth, int innerHeight, int designedWidth, int designedHeight);
+MainLayout LayOutMainWindow(int innerWidth, int innerHeight, int designedWidth, int designedHeight,
+                            PanelWidths panels = {});
 
 /// The canvas's left or top when its scroll bar stands at a value.
 /// Raises RuntimeError::Overflow when that is outside the 16-bit range.

@@ -3,6 +3,7 @@
 #include "base/Conversions.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "controls/dOptionsgruppe.h"
 #include "designer/Arranging.h"
 #include "designer/ListEditorModel.h"
 
@@ -17,12 +18,27 @@ PropertyPanelRow Category(std::string_view key, std::string_view caption) {
     return {key, caption, true, {}, {}, {}};
 }
 
+/// The method that an event calls; of a group, whose buttons each have their own, that of the first one.
+std::string HandlerOf(const Control& control, const PropertyRow& row) {
+    if (row.isOn == nullptr || !row.isOn(control))
+        return {};
+    if (control.Kind() != ComponentKind::OptionGroup)
+        return Concatenate(control.ObjectName, row.handlerSuffix);
+    const std::vector<cRadioButton>& buttons = static_cast<const dOptionsgruppe&>(control).OptionButtons;
+    return buttons.empty() ? std::string() : Concatenate(buttons.front().Name, row.handlerSuffix);
+}
+
 PropertyPanelRow RowFor(const Control& control, const PropertyRow& row) {
     const PropertyKey& key = *row.key;
     std::string value = row.get(control);
     if (key.editor == EditorKind::Flag)
         value = LowerCase(value);
-    return {key.key, key.label, false, std::move(value), key.editor, key.detail};
+    return {.key = key.key,
+            .caption = key.label,
+            .value = std::move(value),
+            .editor = key.editor,
+            .detail = key.detail,
+            .handler = HandlerOf(control, row)};
 }
 
 std::vector<PropertyPanelRow> RowsFor(const Control& control) {
@@ -98,8 +114,10 @@ class SharedRows {
   public:
     SharedRows(const ProjectModel& model, const Selection& selected) {
         for (const PropertyPanelRow& row : RowsFor(model.Element(*selected.Leader())))
-            if (row.isCategory || IsShared({row.key, row.caption, {}, row.editor, row.detail}, selected))
+            if (row.isCategory || IsShared({row.key, row.caption, {}, row.editor, row.detail}, selected)) {
                 rows_.push_back({row, nullptr});
+                rows_.back().shown.handler.clear(); // each has its own
+            }
         std::optional<ComponentKind> kind;
         for (const ComponentRef component : selected) {
             const Control& control = model.Element(component);

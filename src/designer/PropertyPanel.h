@@ -21,8 +21,9 @@ struct PropertyPanelRow {
     bool isCategory = false;
     std::string value; ///< UTF-8; flags "wahr" or "falsch", choices by their number, list items separated by code 0
     EditorKind editor = EditorKind::Text;
-    std::string_view detail; ///< choices, file filter or row descriptor, as the editor kind needs it
-    bool differs = false;    ///< several components have different values; `value` is empty then
+    std::string_view detail;  ///< choices, file filter or row descriptor, as the editor kind needs it
+    bool differs = false;     ///< several components have different values; `value` is empty then
+    std::string handler = {}; ///< of an event that is on, the method that it calls
 
     bool operator==(const PropertyPanelRow&) const = default;
 };

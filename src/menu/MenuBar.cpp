@@ -49,6 +49,10 @@ void MenuBar::Move(cMenu& node, std::string_view direction) {
         MoveAmongSiblings(menus_, node, direction);
 }
 
+void MenuBar::MoveBefore(const cMenu& menu, const cMenu* before) {
+    menus_.splice(before == nullptr ? menus_.end() : PlaceOf(menus_, *before), menus_, PlaceOf(menus_, menu));
+}
+
 cMenu* MenuBar::ReturnMenuPerTag(std::string_view tag) {
     for (cMenu& menu : menus_)
         if (cMenu* found = menu.ReturnMenuPerTag(tag))

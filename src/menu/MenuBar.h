@@ -37,6 +37,8 @@ class MenuBar {
     /// Removes a node of this bar, a top-level menu or one below, or swaps it with a neighbour, as cMenu does.
     void Remove(cMenu& node);
     void Move(cMenu& node, std::string_view direction);
+    /// Puts a top-level menu before another one, or at the end for null.
+    void MoveBefore(const cMenu& menu, const cMenu* before);
 
     /// The tag operations of cMenu over all menus in order. A top-level menu is removed from the bar, or swapped with
     /// its neighbour, just as an entry is within its menu.

@@ -114,7 +114,7 @@ std::optional<std::string_view> MenuEditor::Add(std::int32_t option, std::string
 }
 
 void MenuEditor::SelectRow(std::size_t row) {
-    if (row >= 1 && row <= rows_.size())
+    if (IsRow(row))
         selected_ = rows_[row - 1].node;
 }
 
@@ -148,7 +148,7 @@ std::size_t MenuEditor::MoveDown(std::size_t row) {
 }
 
 std::size_t MenuEditor::Move(std::size_t row, std::string_view direction) {
-    if (row < 1 || row > rows_.size())
+    if (!IsRow(row))
         return row;
     cMenu* node = rows_[row - 1].node;
     bar_.Move(*node, direction);
@@ -156,8 +156,50 @@ std::size_t MenuEditor::Move(std::size_t row, std::string_view direction) {
     return RowOf(node);
 }
 
+/// A menu's place in the bar, or that of any other node in a menu or submenu.
+std::optional<MenuEditor::Slot> MenuEditor::SlotFor(const cMenu& node, cMenu& target, DropPlace place) const {
+    const auto next = [](const std::list<cMenu>& siblings, const cMenu& sibling) {
+        const auto found = std::find_if(siblings.begin(), siblings.end(),
+                                        [&sibling](const cMenu& other) { return &other == &sibling; });
+        return std::next(found) == siblings.end() ? nullptr : &*std::next(found);
+    };
+    if (node.Parent() == nullptr) {
+        const cMenu* menu = &target;
+        while (menu->Parent() != nullptr)
+            menu = menu->Parent();
+        return Slot{nullptr, place == DropPlace::Before ? menu : next(std::as_const(bar_).Menus(), *menu)};
+    }
+    Slot slot = {target.Parent(), &target};
+    if (HoldsChildren(target) && place != DropPlace::Before) {
+        const std::list<cMenu>& children = std::as_const(target).Children();
+        slot = {&target, place == DropPlace::Behind && !children.empty() ? &children.front() : nullptr};
+    } else if (place != DropPlace::Before) {
+        slot.before = next(std::as_const(*target.Parent()).Children(), target);
+    }
+    const bool isAllowed = slot.container != nullptr && !IsWithin(slot.container, &node) &&
+                           (node.EntryType != cMenu::SubMenu || slot.container->Parent() == nullptr);
+    return isAllowed ? std::optional(slot) : std::nullopt;
+}
+
+bool MenuEditor::CanDrop(std::size_t row, std::size_t target, DropPlace place) const {
+    return IsRow(row) && IsRow(target) && SlotFor(*rows_[row - 1].node, *rows_[target - 1].node, place).has_value();
+}
+
+std::size_t MenuEditor::Drop(std::size_t row, std::size_t target, DropPlace place) {
+    if (!CanDrop(row, target, place))
+        return row;
+    cMenu* const node = rows_[row - 1].node;
+    const Slot slot = *SlotFor(*node, *rows_[target - 1].node, place);
+    if (slot.before != node && slot.container == nullptr)
+        bar_.MoveBefore(*node, slot.before);
+    else if (slot.before != node)
+        slot.container->AdoptChild(*node, slot.before);
+    RefreshList();
+    return RowOf(node);
+}
+
 void MenuEditor::Delete(std::size_t row) {
-    if (row < 1 || row > rows_.size())
+    if (!IsRow(row))
         return;
     cMenu* node = rows_[row - 1].node;
     if (IsWithin(selected_, node))

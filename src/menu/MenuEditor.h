@@ -19,6 +19,9 @@ struct MenuRow {
     cMenu* node;
 };
 
+/// Where something that is dragged is let go, as seen from the row under the pointer.
+enum class DropPlace { Before, Behind, Into };
+
 /// The menu editor without its window: edits a menu bar in place and shows it as one indented list.
 /// Rows count from 1, as the tags of their nodes do; row 0 stands for none. Row numbers outside the list are ignored.
 /// The bar must outlive the editor and be changed only through it meanwhile.
@@ -64,6 +67,13 @@ class MenuEditor {
     std::size_t MoveUp(std::size_t row);
     std::size_t MoveDown(std::size_t row);
 
+    /// Whether the row's node can be moved to that place. A menu goes beside the menu of the target's row; nothing else
+    /// leaves the menus, submenus lie in menus only, and nothing goes into itself.
+    bool CanDrop(std::size_t row, std::size_t target, DropPlace place) const;
+    /// Moves it there, if it can be, and gives the row at which it is now. Behind a menu or submenu is its beginning,
+    /// as its children's rows follow it; into an entry is behind it.
+    std::size_t Drop(std::size_t row, std::size_t target, DropPlace place);
+
     /// Removes the row's node and all below it. If the selected node goes with it, what held the row's node is
     /// selected.
     void Delete(std::size_t row);
@@ -72,10 +82,16 @@ class MenuEditor {
     void Cancel();
 
   private:
+    bool IsRow(std::size_t row) const { return row >= 1 && row <= rows_.size(); }
     cMenu* Container() const;
     void AddRow(cMenu& node, std::size_t level);
     std::optional<std::string_view> Refusal(std::int32_t option, std::string_view caption, std::string_view name) const;
     std::size_t Move(std::size_t row, std::string_view direction);
+    struct Slot {
+        cMenu* container; ///< null for the menu bar
+        const cMenu* before;
+    };
+    std::optional<Slot> SlotFor(const cMenu& node, cMenu& target, DropPlace place) const;
     std::size_t RowOf(const cMenu* node) const;
 
     MenuBar& bar_;

@@ -101,6 +101,12 @@ void cMenu::MoveChild(const cMenu& child, std::string_view direction) {
     MoveAmongSiblings(children_, child, direction);
 }
 
+void cMenu::AdoptChild(cMenu& node, const cMenu* before) {
+    std::list<cMenu>& from = node.parent_->children_;
+    children_.splice(before == nullptr ? children_.end() : PlaceOf(children_, *before), from, PlaceOf(from, node));
+    node.parent_ = this;
+}
+
 std::string cMenu::GenerateMenuInitCode() const {
     return FieldDeclaration("Menue", Name);
 }

@@ -82,6 +82,9 @@ class cMenu {
     /// happens at the ends of the list.
     void RemoveChild(const cMenu& child);
     void MoveChild(const cMenu& child, std::string_view direction);
+    /// Takes a node with all below it from the node that holds it, and puts it before a child of this one, or at the
+    /// end for null. The node keeps its address; this one must not be below it.
+    void AdoptChild(cMenu& node, const cMenu* before);
 
     /// Java, lines of CR LF: the declaration of this menu's field; the statements that build this menu and all below
     /// it; an empty method for every entry below it. Captions are written as they are, without escaping.

@@ -10,6 +10,8 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "base/Windows1252.h"
+#include "codegen/DesignComparison.h"
+#include "codegen/DesignFacts.h"
 #include "codegen/Hints.h"
 #include "codegen/JavaGenerator.h"
 #include "codegen/JavaImport.h"
@@ -32,7 +34,7 @@ namespace {
 
 using namespace pirol;
 
-enum ExitStatus { done = 0, refused = 1, hintsGiven = 1, wrongCall = 2 };
+enum ExitStatus { done = 0, refused = 1, hintsGiven = 1, designsDiffer = 1, wrongCall = 2 };
 
 constexpr std::string_view usage =
     "Aufruf:\n"
@@ -43,7 +45,9 @@ constexpr std::string_view usage =
     "  pirol-cli export P.prl ORDNER [--menu] [--sql]         BlueJ-Projektordner anlegen\n"
     "  pirol-cli copy P.prl ZIEL.prl                          Projekt laden und speichern\n"
     "  pirol-cli check P.prl ...                              zeigen, was das Projekt enthält\n"
-    "  pirol-cli lint P.prl [--menu] [--sql]                  Hinweise zum erzeugten Programm geben\n"
+    "  pirol-cli compare A.prl B.prl                          sagen, worin sich zwei Entwürfe unterscheiden\n"
+    "  pirol-cli compare A.prl                                den Entwurf als Text ausgeben\n"
+    "  pirol-cli lint P.prl ... [--menu] [--sql]              Hinweise zum erzeugten Programm geben\n"
     "  pirol-cli run P.prl [--menu] [--sql]                   Programm übersetzen und laufen lassen\n"
     "  pirol-cli update-check                                 sagen, ob es eine neuere Version gibt\n"
     "  pirol-cli hash DATEI                                   Inhalts-Hash der Datei ausgeben\n"
@@ -59,6 +63,8 @@ constexpr std::string_view usage =
     "run braucht ein JDK und endet mit dem Programm; was es druckt, geht an die Standardausgabe, alles andere an die\n"
     "Standardfehlerausgabe. Nach einem Fehler ist der Status 1.\n"
     "lint endet mit 0, wenn es nichts zu sagen hat, und mit 1 nach Hinweisen, einem je Zeile.\n"
+    "check und lint nennen bei mehreren Projekten jedes und gehen nach einem, das sich nicht lesen lässt, weiter.\n"
+    "compare endet mit 0, wenn die Entwürfe gleich sind, und mit 1 nach Unterschieden, einem je Zeile.\n"
     "update-check lädt und ändert nichts; mit 1 endet es, wenn sich die Frage nicht beantworten lässt.\n";
 
 /// The call does not look as it should.
@@ -230,24 +236,65 @@ std::string Description(const ProjectModel& model) {
     return text;
 }
 
-ExitStatus Check(const Arguments& arguments) {
-    for (const std::string& name : arguments.names) {
-        if (arguments.names.size() > 1)
-            Print(stdout, Concatenate("Projekt: ", name, "\n"));
-        Print(stdout, Description(Load(name)));
+ExitStatus Fail(ExitStatus status, std::string_view message) {
+    std::fprintf(stderr, "%.*s\n", static_cast<int>(message.size()), message.data());
+    return status;
+}
+
+/// Among several projects one that cannot be read keeps nobody from looking at the others.
+template <class Function>
+ExitStatus ForEachProject(const std::vector<std::string>& names, const Function& look) {
+    if (names.size() == 1)
+        return look(names.front());
+    ExitStatus status = done;
+    for (const std::string& name : names) {
+        Print(stdout, Concatenate("Projekt: ", name, "\n"));
+        try {
+            status = std::max(status, look(name));
+        } catch (const Refusal& refusal) {
+            status = Fail(refused, Concatenate(name, ": ", refusal.message));
+        } catch (const RuntimeError& error) {
+            status = Fail(refused, Concatenate(name, ": ", error.what()));
+        }
     }
-    return done;
+    return status;
+}
+
+ExitStatus Check(const Arguments& arguments) {
+    return ForEachProject(arguments.names, [](const std::string& name) {
+        Print(stdout, Description(Load(name)));
+        return done;
+    });
 }
 
 ExitStatus Lint(const Arguments& arguments) {
-    const std::vector<Hint> hints = FindHints(Load(arguments.names[0]), arguments.names[0], arguments.code);
+    return ForEachProject(arguments.names, [&arguments](const std::string& name) {
+        const std::vector<Hint> hints = FindHints(Load(name), name, arguments.code);
+        std::string lines;
+        for (const Hint& hint : hints)
+            Append(lines, hint.text, " [", hint.rule->key, "]\n");
+        if (hints.size() == mostHints)
+            Append(lines, "Weitere Hinweise werden nicht gezeigt.\n");
+        Print(stdout, lines);
+        return hints.empty() ? done : hintsGiven;
+    });
+}
+
+/// One project alone is printed whole, for tools that compare texts.
+ExitStatus Compare(const Arguments& arguments) {
+    const ProjectModel before = Load(arguments.names[0]);
+    if (arguments.names.size() == 1) {
+        Print(stdout, DesignText(before));
+        return done;
+    }
+    const std::vector<std::string> differences = CompareDesigns(before, Load(arguments.names[1]));
     std::string lines;
-    for (const Hint& hint : hints)
-        Append(lines, hint.text, " [", hint.rule->key, "]\n");
-    if (hints.size() == mostHints)
-        Append(lines, "Weitere Hinweise werden nicht gezeigt.\n");
+    for (const std::string& line : differences)
+        Append(lines, line, "\n");
+    if (differences.size() == mostDifferences)
+        Append(lines, "Weitere Unterschiede werden nicht gezeigt.\n");
     Print(stdout, lines);
-    return hints.empty() ? done : hintsGiven;
+    return differences.empty() ? done : designsDiffer;
 }
 
 /// What a running program tells, as text. Handlers that are called and errors say so themselves.
@@ -334,7 +381,8 @@ constexpr Command commands[] = {
     {"export", 2, 2, codeOptions, Export},
     {"copy", 2, 2, noOptions, Copy},
     {"check", 1, any, noOptions, Check},
-    {"lint", 1, 1, codeOptions, Lint},
+    {"compare", 1, 2, noOptions, Compare},
+    {"lint", 1, any, codeOptions, Lint},
     {"run", 1, 1, codeOptions, RunProgram},
     {"update-check", 0, 0, noOptions, UpdateCheck},
     {"hash", 1, 1, noOptions, Hash},
@@ -378,11 +426,6 @@ ExitStatus RunCall(std::span<const std::string> words) {
     if (command == std::end(commands))
         throw UsageError{Concatenate("Unbekannter Befehl: ", words[0])};
     return command->run(ParseArguments(*command, words.subspan(1)));
-}
-
-int Fail(ExitStatus status, std::string_view message) {
-    std::fprintf(stderr, "%.*s\n", static_cast<int>(message.size()), message.data());
-    return status;
 }
 
 } // namespace

@@ -8,7 +8,9 @@
 #include "ui/main/frmMain.h"
 #include "ui/main/OnlineUpdate.h"
 #include "ui/parts/Bitmaps.h"
+#include "ui/parts/FlatStyle.h"
 #include "ui/parts/NetworkModule.h"
+#include "ui/parts/Theme.h"
 
 #include <QApplication>
 #include <QDeadlineTimer>
@@ -43,7 +45,7 @@ void WaitUntilShown(const QWidget& window) {
 } // namespace
 
 int main(int argumentCount, char* arguments[]) {
-    QApplication::setStyle("Fusion");
+    QApplication::setStyle(new pirol::FlatStyle); // the application owns it
     QApplication application(argumentCount, arguments);
     QApplication::setApplicationName("Pirol");
     QApplication::setApplicationVersion(PIROL_VERSION);
@@ -54,7 +56,10 @@ int main(int argumentCount, char* arguments[]) {
 
     pirol::frmCommonDialog dialogs;
     pirol::frmProgramStarter starter;
-    pirol::frmMain mainWindow(dialogs, starter, pirol::Preferences::Load());
+    const pirol::Preferences preferences = pirol::Preferences::Load();
+    pirol::Theme theme(preferences.Look);
+    pirol::frmMain mainWindow(dialogs, starter, preferences);
+    QObject::connect(&mainWindow, &pirol::frmMain::AppearanceChosen, &theme, &pirol::Theme::Choose);
     pirol::DesignKeeper keeper(mainWindow, dialogs, pirol::RecoveryFolder());
     const pirol::EndWatch endWatch([&keeper](const std::string& reason) { keeper.KeepForNextStart(reason); });
     const pirol::UpdateSource source =
@@ -64,6 +69,7 @@ int main(int argumentCount, char* arguments[]) {
                                 .folder = pirol::UpdateFolder(),
                                 .newTransport = [&] { return pirol::NewNetworkTransport(source.authority); },
                                 .keepDesign = [&] { keeper.KeepForNextStart("Neue Version installiert"); }});
+    mainWindow.KeepPlace();
     mainWindow.show();
     if (const std::string path = pirol::ProjectOnCommandLine(Words(argumentCount, arguments)); !path.empty()) {
         WaitUntilShown(mainWindow); // only where a report may come; an empty start waits for nothing

@@ -12,7 +12,7 @@ import pathlib
 import raster
 
 FOLDER = pathlib.Path(__file__).parent
-ICON_SIZES = (16, 24, 32, 48)
+ICON_SIZES = (16, 20, 24, 32, 48)
 PROGRAM_ICON_SIZES = (16, 24, 32, 48, 64, 128, 256)
 TRANSPARENT = (255, 0, 255)
 

@@ -377,6 +377,11 @@ TEST(DownloadFolder, KeepsAPartFromOneRunToTheNext) {
     const fs::path whole = again.Finish();
     EXPECT_EQ(whole, folder / ContentFile().name);
     EXPECT_EQ(ReadFileBytes(whole), "abc");
+    EXPECT_EQ(again.Mark(), "") << "the next part is another file's";
+    again.SetMark("\"y\"");
+    again.Append("d");
+    again.Clear();
+    EXPECT_EQ(again.Mark() + std::to_string(again.Size()), "0");
 
 #ifndef _WIN32 // where a folder stays as long as a file in it is open
     fs::remove_all(folder);

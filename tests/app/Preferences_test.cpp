@@ -100,6 +100,19 @@ TEST_F(PreferencesStore, WrongValuesReadAsDefaults) {
     EXPECT_EQ(test::Deviations("preferences", rule), "");
 }
 
+TEST_F(PreferencesStore, KeepTheAppearanceBesideTheRequiredValues) {
+    for (const Appearance look : {Appearance::Dark, Appearance::Light, Appearance::System}) {
+        Preferences chosen;
+        chosen.Look = look;
+        chosen.Save();
+        EXPECT_EQ(Preferences::Load().Look, look);
+    }
+    for (const char* damaged : {"dword:00000007", "dword:ffffffff", "\"2\""}) {
+        PutFile(std::string("[Software\\Pirol]\n\"Appearance\"=") + damaged + "\n");
+        EXPECT_EQ(Preferences::Load().Look, Appearance::System) << damaged;
+    }
+}
+
 TEST_F(PreferencesStore, BlueJPathIsCheckedByNameAndFile) {
     const auto rule = [this](const test::TableRow& row) {
         const std::string path = TextOf(folder_ / row[0].c_str());

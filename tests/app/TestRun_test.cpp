@@ -221,6 +221,8 @@ TEST_F(TestRunTest, FindsTheLibraryWhereBlueJKeepsIt) {
     fs::create_directories(folder_ / "bluej/lib/userlib");
     surroundings_.blueJ = {folder_ / "bluej"};
     ReplaceFileBytes(folder_ / "bluej/lib/userlib/treiber.jar", Archive("org/Driver.class"));
+    ReplaceFileBytes(folder_ / "bluej/lib/userlib/liesmich.txt", "");
+    fs::create_directory(folder_ / "bluej/lib/userlib/ordner.jar");
     EXPECT_EQ(found(), "none treiber.jar");
     const std::string sum = Archive("sum/ereignis/EBAnwendung.class");
     ReplaceFileBytes(folder_ / "bluej/lib/userlib/sum.jar", sum);

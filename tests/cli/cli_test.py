@@ -163,11 +163,33 @@ class CliTest(unittest.TestCase):
             "Datenbank, Server: Ohne Server fehlt dem Programm die Klasse Datenbank. [missing-server]",
             "Datenbank, Name der Tabelle: Ohne den Namen einer Tabelle ist die Abfrage unvollständig. [missing-table]"])
 
+    def test_compare_tells_differences_and_prints_one_design(self):
+        quiz, damaged = EXAMPLES / "Quiz.prl", self.folder / "damaged.prl"
+        damaged.write_bytes(quiz.read_bytes() + b"0")
+        self.assertEqual(self.assert_call(["compare", quiz, quiz], 0, ""), b"")
+        lines = self.assert_call(["compare", quiz, PROJECT], 1, "").decode().splitlines()
+        self.assertIn("geändert: Fenster, Breite: 800 → 640", lines)
+        self.assertIn("neu: Menüs: Menüzeile »Name« in »Sortieren nach«, Ebene 2", lines)
+        text = self.assert_call(["compare", PROJECT], 0, "").decode()
+        self.assertIn("\nTabelle hatTabelleAdressen\n    Breite: 600\n", text)
+        self.assertIn("\n    Passwort: (wird nicht gezeigt)\n", text)
+        for words in ([damaged], [damaged, quiz], [quiz, damaged]):
+            self.assertEqual(self.assert_call(["compare", *words], 1, REFUSAL), b"")
+
+    def test_many_projects_are_looked_at_whatever_one_of_them_is(self):
+        gone, quiz = self.folder / "gone.prl", EXAMPLES / "Quiz.prl"
+        for command in ("check", "lint"):
+            output = self.assert_call([command, quiz, gone, quiz], 1, f"{gone}: Fehler 53: Datei nicht gefunden "
+                                      "(Main.File.PRL.ReadPRLFile)\n").decode()
+            self.assertEqual(output.count(f"Projekt: {quiz}\n"), 2)
+        self.assert_call(["lint", quiz, quiz, "--menu"], 0, "")
+
     def test_wrong_calls_are_explained(self):
         for words in ([], ["paint"], ["generate"], ["generate", PROJECT, PROJECT], ["generate", PROJECT, "-o"],
                       ["generate", PROJECT, "--fast"], ["import", PROJECT], ["copy", PROJECT],
                       ["update", PROJECT], ["generate", PROJECT, "--dry-run"],
                       ["copy", PROJECT, "x", "--menu"], ["hash"], ["update-check", "x"], ["check"], ["export", PROJECT], ["lint"],
+                      ["compare"], ["compare", PROJECT, PROJECT, PROJECT], ["compare", PROJECT, "--menu"],
                       ["--help", "x"], ["copy", PROJECT, "x", "--all"]):
             result = call(*words)
             self.assertEqual(result.returncode, 2, words)

@@ -1,5 +1,7 @@
 #include "base/Text.h"
 #include "Cases.h"
+#include "codegen/JavaGenerator.h"
+#include "designer/PropertyHelp.h"
 #include "designer/PropertyPanel.h"
 #include "Tables.h"
 
@@ -41,6 +43,24 @@ std::optional<PropertyPanelRow> RowOf(const ProjectModel& model, ComponentRef co
 EditorKind EditorNamed(std::string_view name) {
     constexpr std::string_view names[] = {"Text", "Number", "Flag", "Choice", "Character", "File", "List"};
     return static_cast<EditorKind>(std::find(std::begin(names), std::end(names), name) - std::begin(names));
+}
+
+TEST(PropertyPanel, EveryRowSaysWhatItIs) {
+    for (const KindRow& kind : KindRows()) {
+        ProjectModel model;
+        const ComponentRef component = Place(model, std::string(kind.key));
+        if (kind.kind == ComponentKind::OptionGroup)
+            FindRow(model.Element(component), "optionbuttons")
+                ->set(model.EditElement(component), PropertyText(std::vector<cRadioButton>(1)));
+        for (const PropertyRow& row : model.Element(component).Table().Rows())
+            if (row.isOn != nullptr)
+                row.set(model.EditElement(component), "Wahr");
+        for (const PropertyPanelRow& row : LoadProperties(model, component)) {
+            EXPECT_EQ(RowHelp(row).empty(), row.isCategory) << row.key;
+            const std::size_t line = LineOfHandler(GenerateCode(model, {}), row.handler);
+            EXPECT_EQ(line != 0, !row.handler.empty()) << row.handler;
+        }
+    }
 }
 
 TEST(PropertyPanel, RowsOfEveryKind) {

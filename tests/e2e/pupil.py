@@ -16,29 +16,30 @@ from designer import Designer, Display, Failure  # noqa: E402
 from run_generated import check  # noqa: E402
 
 # The toolbar's buttons from the top.
-LABEL, BUTTON, TEXT, RADIO_GROUP, TABLE = 0, 1, 2, 7, 11
+LABEL, BUTTON, TEXT, SWITCH, RADIO_GROUP, TABLE, PICTURE = 0, 1, 2, 6, 7, 11, 12
 
 
 def place(designer, button, left, top, right, bottom):
     """Chooses a kind in the toolbar and draws a frame on the canvas; the new component is selected then."""
-    designer.click(60, 85 + 30 * button)  # below the pointer
+    lines = (button >= SWITCH) + (button >= PICTURE)  # between the groups of kinds
+    designer.click(60, 133 + 32 * button + 9 * lines)  # below the pointer
     designer.drag(left, top, right, bottom)
 
 
 def place_components(designer):
     """Into the list leads Return, to its first row Home; Down takes over what is typed."""
     designer.use("Neues Projekt")
-    place(designer, BUTTON, 300, 140, 478, 186)
+    place(designer, BUTTON, 300, 198, 478, 244)
     designer.use(r"Neues Projekt\*")
     designer.do("Return Home Down Down Down 150 Down 45 Down Down Down Down Würfeln Down Down space")
-    place(designer, LABEL, 300, 210, 500, 250)
+    place(designer, LABEL, 300, 268, 500, 308)
     designer.do("Return Home Down Down Down Down Down Down Down Down Größe Down")
-    place(designer, TEXT, 300, 270, 500, 300)
+    place(designer, TEXT, 300, 328, 500, 358)
     designer.do("Return Home Down hatEingabe Down End space")
-    place(designer, TABLE, 550, 140, 800, 250)
+    place(designer, TABLE, 550, 198, 800, 308)
     designer.do("Return Home Down Down Down Down Down Down Down Down Down")
     edit_list(designer, "Spalten", "Name")
-    place(designer, RADIO_GROUP, 300, 330, 500, 410)
+    place(designer, RADIO_GROUP, 300, 388, 500, 468)
     designer.do("Return Home Down Down Down Down Down Down Down Down")
     edit_list(designer, "Radioknöpfe", "Insert hatRot Tab Rot Tab 150 Tab 20 Tab 0 Tab 0 Tab "
                                        "Insert hatGruen Tab Grün Tab 150 Tab 20 Tab 0 Tab 40 Tab")

@@ -42,6 +42,13 @@ std::string Answer(MenuEditor& editor, const test::TableRow& row) {
         return std::to_string(editor.MoveDown(number));
     if (row[1] == "level up")
         return std::to_string(editor.LevelUp(argument));
+    if (row[1] == "drop") {
+        const auto place = row[4] == "before"   ? DropPlace::Before
+                           : row[4] == "behind" ? DropPlace::Behind
+                                                : DropPlace::Into;
+        const auto target = static_cast<std::size_t>(row.Number(3));
+        return std::to_string(editor.CanDrop(number, target, place) ? editor.Drop(number, target, place) : 0);
+    }
     row[1] == "delete" ? editor.Delete(number) : editor.SelectRow(number);
     return "";
 }

@@ -8,6 +8,7 @@
 #include <QScreen>
 #include <QScrollBar>
 #include <QSet>
+#include <QToolBar>
 
 namespace pirol::test {
 
@@ -91,8 +92,9 @@ class FrmMainTest : public QObject {
         QFETCH(int, height);
         MainWindow main;
         main.window.resize(width, height);
-        const MainLayout layout =
-            LayOutMainWindow(width, height - main.window.menuBar()->height() - rowHeight, 640, 480);
+        const MainLayout layout = LayOutMainWindow(
+            width, height - main.window.menuBar()->height() - main.Find<QToolBar>("tbMain")->height() - rowHeight, 640,
+            480);
         const std::pair<const char*, Rectangle> places[] = {
             {"tbComponents", layout.toolbar}, {"plProperties", layout.list},      {"picFrame", layout.frame},
             {"vScroll", layout.vertical.box}, {"hScroll", layout.horizontal.box}, {"picContainer", layout.canvas},
@@ -119,7 +121,8 @@ class FrmMainTest : public QObject {
     void ScrollsAndReportsWhatIsPast16Bits() {
         MainWindow main;
         main.Edit([](ProjectModel& model) { model.SetWindowSize(800, 32767); });
-        main.window.resize(600, 60);
+        const int lowest = 60 + main.Find<QToolBar>("tbMain")->height();
+        main.window.resize(600, lowest);
         auto* vertical = main.Find<QScrollBar>("vScroll");
         main.ExpectError();
         vertical->setValue(vertical->maximum());
@@ -127,7 +130,7 @@ class FrmMainTest : public QObject {
         QVERIFY(main.errorText.contains("|Keine Angaben|"));
         vertical->setValue(10);
         QCOMPARE(main.canvas->y(), -80);
-        main.window.resize(600, 61); // shows the beginning again
+        main.window.resize(600, lowest + 1); // shows the beginning again
         QCOMPARE(main.canvas->y(), 0);
         QCOMPARE(vertical->value(), 0);
     }

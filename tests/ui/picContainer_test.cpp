@@ -227,6 +227,35 @@ class PicContainerTest : public QObject {
         }
     }
 
+    /// The box of a picture says where it begins, and the file how far it goes.
+    void PicturesLargerThanTheirBoxesAreShownWhole() {
+        const ScratchFolder folder;
+        const std::filesystem::path file = folder / "bild.ppm";
+        ReplaceFileBytes(file, "P5 200 150 255\n" + std::string(200 * 150, 60));
+        MainWindow main;
+        main.Edit([&file](ProjectModel& model) {
+            const ComponentRef picture = model.PlaceComponent(ComponentKind::Picture, {100, 100, 40, 40});
+            static_cast<dBild&>(model.EditElement(picture)).File = TextOf(file);
+            model.PlaceComponent(ComponentKind::Button, {260, 220, 60, 20});
+        });
+        const auto shows = [&main](int x, int y) {
+            const QImage screen = main.CanvasOnScreen();
+            return screen.pixelColor(QPoint(x, y) * screen.devicePixelRatio()) == QColor(60, 60, 60);
+        };
+        QTRY_VERIFY(shows(298, 218));
+        QVERIFY(!shows(270, 230)); // the button lies above
+        main.Press(104, 104);
+        for (int step = 10; step <= 60; step += 10)
+            main.MoveTo(104 + step, 104 + step);
+        const QImage dragged = main.CanvasOnScreen();
+        QVERIFY(shows(358, 278) && !shows(110, 200));
+        main.canvas->update();
+        QCOMPARE(dragged, main.CanvasOnScreen());
+        main.Release(164, 164);
+        Do(main.window, "Del");
+        QVERIFY(!shows(358, 278));
+    }
+
     /// Whichever button's release another window got, the next click is one of its own.
     void ALostReleaseDoesNotLeadTheNextClick() {
         Editing main;
@@ -235,6 +264,16 @@ class PicContainerTest : public QObject {
         main.Drag(310, 210, 330, 220);
         QCOMPARE(main.SelectedBox(), (Rectangle{320, 210, 80, 60}));
         QCOMPARE(main.Held().Left, 100);
+    }
+
+    void TheListFollowsADrag() {
+        Editing main;
+        main.Press(110, 110);
+        main.MoveTo(130, 140);
+        QTRY_COMPARE(main.Shown("Links"), "120");
+        QCOMPARE(main.Shown("Oben"), "130");
+        Press(Qt::Key_Escape);
+        QCOMPARE(main.Shown("Links"), "100");
     }
 
     void TheListTellsAndAsksInDialogs() {

@@ -21,7 +21,7 @@ class PictureTest : public QObject {
         const std::string path = TextOf(folder / "a.png");
         MainWindow main;
         Draw(main);
-        const QImage design = DesignImage(main.window.Model(), {1000, 1000});
+        const QImage design = DesignImage(main.window.Model(), {1000, 1000}, PicturesOf(main.window.Model()));
         for (const bool framed : {true, false}) {
             main.dialogs.paths = {path};
             main.dialogs.yes = {true};

@@ -1,7 +1,5 @@
 #include "ui/canvas/CanvasLayers.h"
 
-#include "ui/canvas/PaintingFunctions.h"
-
 #include <QPainter>
 #include <QRegion>
 
@@ -27,7 +25,7 @@ void CanvasLayers::Fill(const QRect& visible, std::optional<ComponentRef> moving
     const Rectangle area = view.ToDesign(Rectangle{visible.left(), visible.top(), visible.width(), visible.height()});
     // The moving component may be out of sight, but it is needed to tell what is below it.
     const Rectangle areas[] = {area, moving ? model_.VisibleBox(*moving) : area};
-    const std::vector<ComponentRef> components = canvas_.Intersecting(areas);
+    const std::vector<ComponentRef> components = painted_.On(areas);
     const auto border = moving ? std::find(components.begin(), components.end(), *moving) : components.end();
 
     const auto paint = [&](QPixmap& layer, bool withBackground, auto begin, auto end) {
@@ -38,7 +36,7 @@ void CanvasLayers::Fill(const QRect& visible, std::optional<ComponentRef> moving
         if (withBackground)
             paintBackground_(painter, std::span(&area, 1));
         for (auto component = begin; component != end; ++component)
-            PaintControl(painter, model_.Element(*component), pictures_);
+            painted_.Paint(painter, *component);
     };
     paint(below_, true, components.begin(), border);
     above_ = {};
@@ -60,7 +58,7 @@ void CanvasLayers::Paint(QPainter& painter, const QRegion& region) const {
     if (moving_) {
         painter.save();
         painter.scale(zoom_, zoom_);
-        PaintControl(painter, model_.Element(*moving_), pictures_);
+        painted_.Paint(painter, *moving_);
         painter.restore();
     }
     if (!above_.isNull())

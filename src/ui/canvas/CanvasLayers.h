@@ -1,8 +1,7 @@
 #pragma once
 
 #include "designer/CanvasView.h"
-#include "designer/DesignCanvas.h"
-#include "ui/canvas/PictureFile.h"
+#include "ui/canvas/PaintedComponents.h"
 
 #include <QPixmap>
 #include <QRect>
@@ -21,10 +20,8 @@ class CanvasLayers {
   public:
     using PaintBackground = std::function<void(QPainter&, std::span<const Rectangle>)>;
 
-    CanvasLayers(DesignCanvas& canvas, const ProjectModel& model, PaintBackground paintBackground,
-                 PictureSource pictures)
-        : canvas_(canvas), model_(model), paintBackground_(std::move(paintBackground)), pictures_(std::move(pictures)) {
-    }
+    CanvasLayers(PaintedComponents& painted, const ProjectModel& model, PaintBackground paintBackground)
+        : painted_(painted), model_(model), paintBackground_(std::move(paintBackground)) {}
 
     /// Paints both layers for the visible part of the canvas, in pixels of the screen, around the given component or
     /// with all components below.
@@ -39,10 +36,9 @@ class CanvasLayers {
   private:
     void PaintLayer(QPainter& painter, const QRegion& region, const QPixmap& layer) const;
 
-    DesignCanvas& canvas_;
+    PaintedComponents& painted_;
     const ProjectModel& model_;
     PaintBackground paintBackground_;
-    PictureSource pictures_;
     QRect visible_;
     std::optional<ComponentRef> moving_;
     double zoom_ = 1;

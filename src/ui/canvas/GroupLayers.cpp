@@ -48,7 +48,7 @@ void GroupLayers::Fill(const QRect& visible, double pixelRatio, const CanvasView
     zoom_ = view.Zoom();
     QRect group;
     for (const ComponentRef component : canvas_.AllSelected())
-        group |= ToRect(model_.VisibleBox(component));
+        group |= ToRect(painted_.Covered(component, model_.VisibleBox(component)));
     group_ = ToRect(view.ToScreen(ToRectangle(group.adjusted(-reach, -reach, reach, reach))));
     // As far around as a drag without scrolling can bring into view.
     const QRect around =
@@ -65,9 +65,9 @@ void GroupLayers::Fill(const QRect& visible, double pixelRatio, const CanvasView
         const Rectangle area = view.ToDesign(ToRectangle(screen));
         if (!isDragged)
             paintBackground_(painter, {&area, 1});
-        for (const ComponentRef component : canvas_.Intersecting({&area, 1}))
+        for (const ComponentRef component : painted_.On({&area, 1}))
             if (canvas_.AllSelected().Contains(component) == isDragged)
-                PaintControl(painter, model_.Element(component), pictures_);
+                painted_.Paint(painter, component);
         if (isDragged)
             PaintBorders(painter, area);
     };

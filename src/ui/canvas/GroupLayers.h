@@ -2,7 +2,7 @@
 
 #include "designer/CanvasView.h"
 #include "designer/DesignCanvas.h"
-#include "ui/canvas/PictureFile.h"
+#include "ui/canvas/PaintedComponents.h"
 
 #include <QPixmap>
 #include <QRect>
@@ -20,10 +20,9 @@ class GroupLayers {
   public:
     using PaintBackground = std::function<void(QPainter&, std::span<const Rectangle>)>;
 
-    GroupLayers(DesignCanvas& canvas, const ProjectModel& model, PaintBackground paintBackground,
-                PictureSource pictures)
-        : canvas_(canvas), model_(model), paintBackground_(std::move(paintBackground)), pictures_(std::move(pictures)) {
-    }
+    GroupLayers(DesignCanvas& canvas, PaintedComponents& painted, const ProjectModel& model,
+                PaintBackground paintBackground)
+        : canvas_(canvas), painted_(painted), model_(model), paintBackground_(std::move(paintBackground)) {}
 
     /// Paints the visible part of the canvas with the components where they have been dragged to.
     void Paint(QPainter& painter, const QRect& visible, double pixelRatio, const CanvasView& view);
@@ -41,9 +40,9 @@ class GroupLayers {
     void PaintBorders(QPainter& painter, const Rectangle& area) const;
 
     DesignCanvas& canvas_;
+    PaintedComponents& painted_;
     const ProjectModel& model_;
     PaintBackground paintBackground_;
-    PictureSource pictures_;
     QRect visible_;
     QRect group_;   ///< all dragged components where they lay, on the screen
     QRect covered_; ///< the part of it that is painted

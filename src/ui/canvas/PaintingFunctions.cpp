@@ -55,6 +55,7 @@ constexpr std::size_t bytesPerCharacter = 4; // at most, in UTF-8
 constexpr int scrollBarDepth = 15;
 constexpr int markSize = 13;
 constexpr int markGap = 4;
+constexpr int markMargin = 4;
 constexpr int tableHeaderHeight = 20; // with the border above
 constexpr int tableRowHeight = 16;
 
@@ -165,17 +166,35 @@ std::u16string_view View(const QString& text) {
     return {reinterpret_cast<const char16_t*>(text.utf16()), static_cast<std::size_t>(text.size())};
 }
 
-/// One line of text, cut with dots where it does not fit, in the middle of the box's height.
-void PaintLine(QPainter& painter, const QRect& box, std::string_view text, int alignment, const Lettering& lettering) {
+/// One line of text, cut with dots where it does not fit, in the middle of its room's height.
+struct Line {
+    std::u16string text;
+    QRect box;
+};
+
+Line LineIn(const QRect& room, std::string_view text, int alignment, const Lettering& lettering) {
+    const QString beginning = Beginning(text, Room(room.width()));
+    std::u16string line = FittedText(View(beginning), room.width(), lettering.AdvanceFunction());
+    const int width = lettering.Width(line);
+    const int indent = alignment == centred   ? room.width() / 2 - width / 2
+                       : alignment == atRight ? room.width() - width
+                                              : 0;
+    const int top = room.y() + room.height() / 2 - lettering.Height() / 2;
+    return {std::move(line), {room.x() + indent, top, width, lettering.Height()}};
+}
+
+void PaintLine(QPainter& painter, const QRect& room, std::string_view text, int alignment, const Lettering& lettering) {
     if (text.empty())
         return;
-    const QString beginning = Beginning(text, Room(box.width()));
-    const std::u16string line = FittedText(View(beginning), box.width(), lettering.AdvanceFunction());
-    const int width = lettering.Width(line);
-    const int indent = alignment == centred   ? box.width() / 2 - width / 2
-                       : alignment == atRight ? box.width() - width
-                                              : 0;
-    lettering.Paint(painter, box.x() + indent, box.y() + box.height() / 2 - lettering.Height() / 2, line, ink);
+    const Line line = LineIn(room, text, alignment, lettering);
+    lettering.Paint(painter, line.box.x(), line.box.y(), line.text, ink);
+}
+
+/// White below the letters of a line, so that the grid does not run through them.
+void PaintGround(QPainter& painter, const QRect& room, std::string_view text, int alignment,
+                 const Lettering& lettering) {
+    if (!text.empty())
+        Fill(painter, LineIn(room, text, alignment, lettering).box & room, white);
 }
 
 // Scroll bars.
@@ -242,18 +261,40 @@ void PaintScrollPane(QPainter& painter, const QRect& area, const QColor& backgro
     Fill(painter, {area.x() + 1, area.bottom() - 1, 1, 1}, face);
 }
 
+void PaintDashedFrame(QPainter& painter, const QRect& frame, const QColor& color,
+                      const QList<qreal>& pattern = {4, 2}) {
+    painter.save();
+    const double scale = painter.deviceTransform().m11();
+    const double thickness = LineThickness(scale) / scale;
+    QPen dashes(color, thickness, Qt::CustomDashLine, Qt::FlatCap);
+    dashes.setDashPattern(pattern);
+    painter.setPen(dashes);
+    const double middle = thickness / 2;
+    painter.drawRect(Sharp(painter, frame).adjusted(middle, middle, -middle, -middle));
+    painter.restore();
+}
+
 // The kinds.
 
+const Lettering& TextOf(const QPainter& painter, const dEtikett& label) {
+    return label.FontSize == dEtikett::defaultFontSize ? BoldText(painter)
+                                                       : Lettering::Of(painter, label.FontSize, QFont::Normal);
+}
+
+bool HasLetters(const dEtikett& label) {
+    return !label.Caption.empty() && label.FontSize >= 1;
+}
+
 void Paint(QPainter& painter, const QRect& area, const dEtikett& label) {
-    if (label.Caption.empty()) {
-        PaintFrame(painter, area, hint);
-        return;
-    }
-    const bool usual = label.FontSize == dEtikett::defaultFontSize;
-    if (!usual && label.FontSize < 1)
-        return;
-    PaintLine(painter, area, label.Caption, label.Align,
-              usual ? BoldText(painter) : Lettering::Of(painter, label.FontSize, QFont::Normal));
+    if (HasLetters(label))
+        PaintLine(painter, area, label.Caption, label.Align, TextOf(painter, label));
+}
+
+void PaintAid(QPainter& painter, const QRect& area, const dEtikett& label) {
+    if (label.Caption.empty())
+        PaintDashedFrame(painter, area, hint);
+    else if (HasLetters(label))
+        PaintGround(painter, area, label.Caption, label.Align, TextOf(painter, label));
 }
 
 void Paint(QPainter& painter, const QRect& area, const dButton& button) {
@@ -367,22 +408,31 @@ void Paint(QPainter& painter, const QRect& area, const TextArea& text) {
         PaintLines(painter, view, lines, lettering);
 }
 
+QRect RoomBesideMark(const QRect& area) {
+    return area.adjusted(markMargin + markSize + markGap, 0, -markMargin, 0);
+}
+
 /// A mark with its caption at the right.
 void PaintMark(QPainter& painter, const QRect& area, std::string_view bitmap, std::string_view caption) {
-    constexpr int margin = 4;
-    const int middle = area.y() + margin + (area.height() - 2 * margin) / 2;
-    PaintBitmap(painter, area.x() + margin, middle - markSize / 2, bitmap);
-    const QRect line = area.adjusted(margin + markSize + markGap, 0, -margin, 0);
-    PaintLine(painter, line, caption, atLeft, BoldText(painter));
+    const int middle = area.y() + markMargin + (area.height() - 2 * markMargin) / 2;
+    PaintBitmap(painter, area.x() + markMargin, middle - markSize / 2, bitmap);
+    PaintLine(painter, RoomBesideMark(area), caption, atLeft, BoldText(painter));
 }
 
 void Paint(QPainter& painter, const QRect& area, const dSchalter& box) {
     PaintMark(painter, area, box.Checked ? "CHECKBOX_CHECKED" : "CHECKBOX_UNCHECKED", box.Caption);
 }
 
-void Paint(QPainter& painter, const QRect& area, const dOptionsgruppe& group) {
+void PaintAid(QPainter& painter, const QRect& area, const dSchalter& box) {
+    PaintGround(painter, RoomBesideMark(area), box.Caption, atLeft, BoldText(painter));
+}
+
+void PaintAid(QPainter& painter, const QRect& area, const dOptionsgruppe& group) {
     if (group.OptionButtons.empty())
-        PaintFrame(painter, area, hint);
+        PaintDashedFrame(painter, area, hint);
+}
+
+void Paint(QPainter& painter, const QRect& area, const dOptionsgruppe& group) {
     for (const cRadioButton& row : group.OptionButtons) {
         const QRect place(area.x() + row.Left, area.y() + row.Top, row.Width, row.Height);
         if (!place.intersects(area))
@@ -520,19 +570,6 @@ void PaintSymbol(QPainter& painter, const QRect& area, ComponentKind kind) {
     painter.drawImage(box, IconImage(RowOf(kind).imageKey, asDrawn ? *side : sides[0]));
 }
 
-void PaintDashedFrame(QPainter& painter, const QRect& frame, const QColor& color,
-                      const QList<qreal>& pattern = {4, 2}) {
-    painter.save();
-    const double scale = painter.deviceTransform().m11();
-    const double thickness = LineThickness(scale) / scale;
-    QPen dashes(color, thickness, Qt::CustomDashLine, Qt::FlatCap);
-    dashes.setDashPattern(pattern);
-    painter.setPen(dashes);
-    const double middle = thickness / 2;
-    painter.drawRect(Sharp(painter, frame).adjusted(middle, middle, -middle, -middle));
-    painter.restore();
-}
-
 void PaintPicture(QPainter& painter, const QRect& area, const Control& control, const PictureSource& pictures) {
     const auto& picture = static_cast<const dBild&>(control);
     const QPixmap content = pictures(picture.File, painter.deviceTransform().m11());
@@ -599,9 +636,22 @@ void PaintControl(QPainter& painter, const Control& control, const PictureSource
     if (area.isEmpty())
         return;
     painter.save();
-    painter.setClipRect(area, Qt::IntersectClip);
+    if (control.Kind() != ComponentKind::Picture) // it is shown whole, whatever its box
+        painter.setClipRect(area, Qt::IntersectClip);
     painters[Position(control.Kind())].paint(painter, area, control, pictures);
     painter.restore();
+}
+
+void PaintDesignAid(QPainter& painter, const Control& control) {
+    const QRect area(control.Left, control.Top, control.Width, control.Height);
+    if (area.isEmpty())
+        return;
+    if (control.Kind() == ComponentKind::Label)
+        PaintAid(painter, area, static_cast<const dEtikett&>(control));
+    else if (control.Kind() == ComponentKind::CheckBox)
+        PaintAid(painter, area, static_cast<const dSchalter&>(control));
+    else if (control.Kind() == ComponentKind::OptionGroup)
+        PaintAid(painter, area, static_cast<const dOptionsgruppe&>(control));
 }
 
 namespace {

@@ -21,7 +21,11 @@ void FillSharply(QPainter& painter, const QRect& box, const QColor& colour);
 void FrameSharply(QPainter& painter, const QRect& box, const QColor& colour);
 
 /// Paints the control at its own position and size. `pictures` gives what the components for pictures show.
-void PaintControl(QPainter& painter, const Control& control, const PictureSource& pictures = PictureFile);
+void PaintControl(QPainter& painter, const Control& control, const PictureSource& pictures);
+
+/// What only the designer shows of a component, painted below all components: a white ground under letters that have
+/// none, and a pale outline around what would not be seen.
+void PaintDesignAid(QPainter& painter, const Control& control);
 
 /// The border of the selected component, inside its rectangle.
 void PaintSelectionBorder(QPainter& painter, const Rectangle& component);

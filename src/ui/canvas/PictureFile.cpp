@@ -1,10 +1,13 @@
 #include "ui/canvas/PictureFile.h"
 
+#include "controls/dBild.h"
+#include "ui/parts/RunBeside.h"
+
 #include <QFileInfo>
 #include <QImageReader>
-#include <QPixmapCache>
 
 #include <algorithm>
+#include <unordered_map>
 
 namespace pirol {
 
@@ -26,24 +29,24 @@ QImage DecodedPicture(const std::string& path, double scale) {
     return picture;
 }
 
-QPixmap PictureFile(const std::string& path, double scale) {
-    const QFileInfo file(QString::fromStdString(path));
-    if (path.empty() || !file.isFile())
-        return {};
-    const QString key = QStringLiteral("%1|%2|%3|%4")
-                            .arg(file.absoluteFilePath())
-                            .arg(file.lastModified().toMSecsSinceEpoch())
-                            .arg(file.size())
-                            .arg(scale);
-    const QString failedKey = key + QStringLiteral("|failed");
-    QPixmap picture;
-    if (QPixmapCache::find(key, &picture))
-        return picture;
-    if (QPixmapCache::find(failedKey, &picture))
-        return {};
-    picture = QPixmap::fromImage(DecodedPicture(path, scale));
-    picture.isNull() ? QPixmapCache::insert(failedKey, QPixmap(1, 1)) : QPixmapCache::insert(key, picture);
-    return picture;
+PictureSource PicturesOf(const ProjectModel& model) {
+    std::unordered_map<std::string, QImage> images;
+    RunBeside([&] {
+        qint64 bytes = 0;
+        for (std::size_t index = 1; index < model.ElementCount(ComponentKind::Picture); ++index) {
+            const std::string& path = static_cast<const dBild&>(model.Element({ComponentKind::Picture, index})).File;
+            if (bytes >= mostPictureBytes || images.contains(path))
+                continue;
+            bytes += images.emplace(path, DecodedPicture(path, 1)).first->second.sizeInBytes();
+        }
+    });
+    std::unordered_map<std::string, QPixmap> pictures;
+    for (const auto& [path, image] : images)
+        pictures.emplace(path, QPixmap::fromImage(image));
+    return [pictures = std::move(pictures)](const std::string& path, double) {
+        const auto found = pictures.find(path);
+        return found == pictures.end() ? QPixmap() : found->second;
+    };
 }
 
 } // namespace pirol

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/ProjectModel.h"
+
 #include <QImage>
 #include <QPixmap>
 
@@ -11,6 +13,9 @@ namespace pirol {
 /// No side of a picture is decoded larger than this, in the screen's pixels; larger areas show it stretched.
 constexpr int largestPictureSide = 1024;
 
+/// As many bytes of pictures are held at the same time; others are not shown.
+constexpr qint64 mostPictureBytes = 128 * 1024 * 1024;
+
 /// Where painting gets an image file's picture from, for a screen of that scale. A null picture cannot be shown (yet).
 using PictureSource = std::function<QPixmap(const std::string& path, double scale)>;
 
@@ -19,8 +24,8 @@ using PictureSource = std::function<QPixmap(const std::string& path, double scal
 /// it.
 QImage DecodedPicture(const std::string& path, double scale);
 
-/// The same for painting, from a cache: a file is decoded once for a scale, and its failure is remembered too. Waits
-/// for the disk.
-QPixmap PictureFile(const std::string& path, double scale);
+/// All pictures of a design, each in its own size, at most 128 MB of them. They are read beside the window's thread;
+/// returns when that is done.
+PictureSource PicturesOf(const ProjectModel& model);
 
 } // namespace pirol

@@ -1,7 +1,6 @@
 #include "ui/canvas/PictureLoader.h"
 
 #include "app/ErrorReport.h"
-#include "ui/canvas/PictureFile.h"
 
 #include <QDateTime>
 #include <QFileInfo>
@@ -17,7 +16,6 @@
 namespace pirol {
 namespace {
 
-constexpr qint64 mostBytes = 128 * 1024 * 1024;
 constexpr std::chrono::seconds betweenLooks(1);
 constexpr std::chrono::seconds outOfUse(10);
 
@@ -77,6 +75,15 @@ QPixmap PictureLoader::Picture(const std::string& path, double scale) {
     if (!entry.isAsked && (isForOtherScale || entry.painted - entry.asked >= betweenLooks))
         Ask(path, scale, entry);
     return entry.picture;
+}
+
+PictureSource PictureLoader::Source() {
+    return [this](const std::string& path, double scale) { return Picture(path, scale); };
+}
+
+QSize PictureLoader::KnownSize(const std::string& path) const {
+    const auto found = entries_.find(path);
+    return found == entries_.end() ? QSize() : found->second.picture.deviceIndependentSize().toSize();
 }
 
 /// The first picture starts the thread: most designs have none. Where it cannot be started a later painting tries
@@ -154,7 +161,7 @@ void PictureLoader::Take(const Reading& reading) {
 
 /// What is still shown stays, so that painting does not ask for two pictures in turn for ever.
 bool PictureLoader::MakeRoom(qint64 bytes) {
-    if (bytes_ + bytes <= mostBytes)
+    if (bytes_ + bytes <= mostPictureBytes)
         return true;
     const Clock::time_point now = Clock::now();
     std::erase_if(entries_, [&](const auto& pair) {
@@ -163,7 +170,7 @@ bool PictureLoader::MakeRoom(qint64 bytes) {
         bytes_ -= goes ? BytesOf(entry.picture) : 0;
         return goes;
     });
-    return bytes_ + bytes <= mostBytes;
+    return bytes_ + bytes <= mostPictureBytes;
 }
 
 } // namespace pirol

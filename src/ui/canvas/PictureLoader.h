@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/canvas/PictureFile.h"
+
 #include <QObject>
 #include <QPixmap>
 
@@ -27,6 +29,11 @@ class PictureLoader : public QObject {
     /// where it cannot be shown. At most once a second it is looked whether the file is another one now. Returns at
     /// once.
     QPixmap Picture(const std::string& path, double scale);
+
+    /// The same as a source for painting, as long as the loader lives.
+    PictureSource Source();
+    /// The size that the picture has in its file, as far as it is known. Looks for nothing.
+    QSize KnownSize(const std::string& path) const;
 
   signals:
     /// A picture is another one than before, so what shows it is to be painted anew.

@@ -61,17 +61,17 @@ void PaintFrame(QPainter& painter, const QSize& size) {
         letters.Paint(painter, buttonGap / 2, border + (titleHeight - letters.Height()) / 2, title, signColour);
 }
 
-void PaintWindow(QPainter& painter, const ProjectModel& model, WindowFrame frame) {
+void PaintWindow(QPainter& painter, const ProjectModel& model, WindowFrame frame, const PictureSource& pictures) {
     if (frame == WindowFrame::With)
         PaintFrame(painter, SizeOf(model, frame));
     const QMargins margins = MarginsOf(frame);
     painter.translate(margins.left(), margins.top());
-    PaintDesign(painter, model);
+    PaintDesign(painter, model, pictures);
 }
 
 } // namespace
 
-QImage WindowImage(const ProjectModel& model, WindowFrame frame) {
+QImage WindowImage(const ProjectModel& model, WindowFrame frame, const PictureSource& pictures) {
     const QSize own = SizeOf(model, frame);
     const QSize most(mostPixelsOfASide, mostPixelsOfASide);
     const QSize size = own.boundedTo(most) == own ? own : own.scaled(most, Qt::KeepAspectRatio).expandedTo({1, 1});
@@ -80,20 +80,20 @@ QImage WindowImage(const ProjectModel& model, WindowFrame frame) {
         throw RuntimeError(RuntimeError::OutOfMemory);
     QPainter painter(&image);
     painter.scale(static_cast<double>(size.width()) / own.width(), static_cast<double>(size.height()) / own.height());
-    PaintWindow(painter, model, frame);
+    PaintWindow(painter, model, frame, pictures);
     return image;
 }
 
-QByteArray WindowPng(const ProjectModel& model, WindowFrame frame) {
+QByteArray WindowPng(const ProjectModel& model, WindowFrame frame, const PictureSource& pictures) {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    if (!WindowImage(model, frame).save(&buffer, "PNG"))
+    if (!WindowImage(model, frame, pictures).save(&buffer, "PNG"))
         throw RuntimeError(RuntimeError::OutOfMemory);
     return bytes;
 }
 
-QByteArray WindowPdf(const ProjectModel& model, WindowFrame frame) {
+QByteArray WindowPdf(const ProjectModel& model, WindowFrame frame, const PictureSource& pictures) {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
@@ -107,7 +107,7 @@ QByteArray WindowPdf(const ProjectModel& model, WindowFrame frame) {
     QPainter painter(&writer);
     if (!painter.isActive())
         throw RuntimeError(RuntimeError::OutOfMemory);
-    PaintWindow(painter, model, frame);
+    PaintWindow(painter, model, frame, pictures);
     painter.end();
     return bytes;
 }

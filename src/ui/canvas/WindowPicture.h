@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/ProjectModel.h"
+#include "ui/canvas/PictureFile.h"
 
 #include <QByteArray>
 #include <QImage>
@@ -12,13 +13,13 @@ namespace pirol {
 enum class WindowFrame { Without, With };
 
 /// One pixel for each of the window; the largest windows are made smaller.
-QImage WindowImage(const ProjectModel& model, WindowFrame frame);
+QImage WindowImage(const ProjectModel& model, WindowFrame frame, const PictureSource& pictures);
 
 /// The same as the bytes of a PNG file.
-QByteArray WindowPng(const ProjectModel& model, WindowFrame frame);
+QByteArray WindowPng(const ProjectModel& model, WindowFrame frame, const PictureSource& pictures);
 
 /// The bytes of a PDF file of one page as large as the window, 96 pixels an inch. Letters stay letters, lines stay
 /// lines.
-QByteArray WindowPdf(const ProjectModel& model, WindowFrame frame);
+QByteArray WindowPdf(const ProjectModel& model, WindowFrame frame, const PictureSource& pictures);
 
 } // namespace pirol

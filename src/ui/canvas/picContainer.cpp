@@ -84,18 +84,18 @@ bool IsText(const QKeyEvent& event) {
 } // namespace
 
 picContainer::picContainer(DesignCanvas& canvas, const ProjectModel& model, QWidget* parent)
-    : QWidget(parent), canvas_(canvas), model_(model),
-      pictures_([this](const std::string& path, double scale) { return pictureLoader_.Picture(path, scale); }),
-      layers_(
-          canvas, model,
-          [this](QPainter& painter, std::span<const Rectangle> areas) { PaintBackground(painter, areas); }, pictures_),
-      groupLayers_(
-          canvas, model,
-          [this](QPainter& painter, std::span<const Rectangle> areas) { PaintBackground(painter, areas); }, pictures_) {
+    : QWidget(parent), canvas_(canvas), model_(model), painted_(canvas, model, pictureLoader_),
+      layers_(painted_, model,
+              [this](QPainter& painter, std::span<const Rectangle> areas) { PaintBelow(painter, areas); }),
+      groupLayers_(canvas, painted_, model,
+                   [this](QPainter& painter, std::span<const Rectangle> areas) { PaintBelow(painter, areas); }) {
     setObjectName("picContainer");
     dragTimer_.setSingleShot(true);
     connect(&dragTimer_, &QTimer::timeout, this, [this] { update(std::exchange(dragged_, {})); });
-    connect(&pictureLoader_, &PictureLoader::Loaded, this, &picContainer::Repaint);
+    connect(&pictureLoader_, &PictureLoader::Loaded, this, [this] {
+        painted_.Forget();
+        Repaint();
+    });
     setAccessibleName("Entwurfsfläche");
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
@@ -339,12 +339,12 @@ void picContainer::PlaceInMiddle(int kind) {
 void picContainer::ShowChange(const DocumentChange& change) {
     if (change.design.allComponents || (change.design.Any() && canvas_.AllSelected().IsSeveral()))
         update();
-    for (const ComponentChange& component : change.design.components) {
-        update(OnScreen(component.before));
-        update(OnScreen(component.after));
-    }
-    if (change.design.Any())
+    for (const ComponentChange& component : change.design.components)
+        UpdateChanged(component);
+    if (change.design.Any()) {
         visibleComponentsAreCurrent_ = false;
+        painted_.Forget();
+    }
     const auto isOfGesture = [selected = canvas_.Selected()](const ComponentChange& component) {
         return component.component == selected;
     };
@@ -353,6 +353,14 @@ void picContainer::ShowChange(const DocumentChange& change) {
     if (!canvas_.IsInGesture() || !onlyGesture)
         layers_.Drop();
     ShowSelection();
+}
+
+/// A picture may have covered more than it does now; only while it is dragged it is surely the same.
+void picContainer::UpdateChanged(const ComponentChange& change) {
+    if (change.component.kind == ComponentKind::Picture && !canvas_.IsInGesture())
+        return update();
+    update(OnScreen(painted_.Covered(change.component, change.before)));
+    update(OnScreen(painted_.Covered(change.component, change.after)));
 }
 
 void picContainer::ShowFrame() {
@@ -484,7 +492,9 @@ void picContainer::PaintDesign(QPainter& painter, const QRegion& region) {
     painter.scale(view_.Factor(), view_.Factor());
     PaintBackground(painter, areas);
     for (const ComponentRef component : canvas_.Intersecting(areas))
-        PaintControl(painter, model_.Element(component), pictures_);
+        PaintDesignAid(painter, model_.Element(component));
+    for (const ComponentRef component : painted_.On(areas))
+        painted_.Paint(painter, component);
     painter.restore();
 }
 
@@ -499,7 +509,7 @@ bool picContainer::FillLayersFor(std::span<const Rectangle> areas) {
     const std::optional<ComponentRef> moving = changing ? canvas_.Selected() : std::nullopt;
     if (layers_.AreFilledFor(visible, moving))
         return true;
-    if (canvas_.Intersecting(areas).size() <= mostPaintedEachMove)
+    if (painted_.On(areas).size() <= mostPaintedEachMove)
         return false;
     layers_.Fill(visible, moving, pixelRatio, view_);
     return true;
@@ -515,6 +525,15 @@ void picContainer::PaintBackground(QPainter& painter, std::span<const Rectangle>
         for (const Rectangle& mark :
              GridMarks(isDense ? noGridStyle : gridStyle_, model_.WindowWidth(), model_.WindowHeight(), area))
             FillSharply(painter, ToRect(mark), gridColor_);
+}
+
+/// What lies below all components for a whole gesture: what that takes along has nothing to leave there.
+void picContainer::PaintBelow(QPainter& painter, std::span<const Rectangle> areas) const {
+    PaintBackground(painter, areas);
+    const bool takesAlong = !canvas_.IsDrawing();
+    for (const ComponentRef component : canvas_.Intersecting(areas))
+        if (!takesAlong || !canvas_.AllSelected().Contains(component))
+            PaintDesignAid(painter, model_.Element(component));
 }
 
 /// What lies in the strip can be seen through the hatching.

@@ -6,6 +6,7 @@
 #include "ui/canvas/CanvasLayers.h"
 #include "ui/canvas/GroupLayers.h"
 #include "ui/canvas/InPlaceEditor.h"
+#include "ui/canvas/PaintedComponents.h"
 #include "ui/canvas/PictureLoader.h"
 
 #include <QColor>
@@ -37,6 +38,8 @@ class picContainer : public QWidget {
 
     DesignCanvas& Canvas() const { return canvas_; }
     const ProjectModel& Model() const { return model_; }
+    /// The pictures as far as they are known, for painting.
+    PictureSource Pictures() { return pictureLoader_.Source(); }
     /// All visible components in creation order.
     const std::vector<ComponentRef>& VisibleComponents();
     bool IsVisibleComponent(ComponentRef component) const;
@@ -92,9 +95,11 @@ class picContainer : public QWidget {
     void ShowCursor(const QPoint& position);
     bool FillLayersFor(std::span<const Rectangle> areas);
     void PaintBackground(QPainter& painter, std::span<const Rectangle> areas) const;
+    void PaintBelow(QPainter& painter, std::span<const Rectangle> areas) const;
     void PaintDesign(QPainter& painter, const QRegion& region);
     void PaintLostStrip(QPainter& painter) const;
     void ShowDrag(const QPoint& draggedBefore);
+    void UpdateChanged(const ComponentChange& change);
     void PaintSelection(QPainter& painter, const QRect& area);
     QRect SelectionArea() const;
     void PaintFrame(QPainter& painter);
@@ -127,7 +132,7 @@ class picContainer : public QWidget {
     bool isDoubleClick_ = false; ///< until the button is let go
     QPointer<InPlaceEditor> editor_;
     PictureLoader pictureLoader_{nullptr};
-    PictureSource pictures_;
+    PaintedComponents painted_;
     CanvasLayers layers_;
     GroupLayers groupLayers_;
     QTimer dragTimer_; ///< runs out when the screen shows the next picture of a drag of several

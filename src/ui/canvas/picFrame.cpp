@@ -2,6 +2,7 @@
 
 #include "ui/parts/FormParts.h"
 #include "ui/parts/frmError.h"
+#include "ui/parts/Theme.h"
 
 #include <QKeyEvent>
 #include <QScrollBar>
@@ -47,13 +48,14 @@ void SetUp(QScrollBar* scrollBar, const MainLayout::Bar& bar, int room) {
 } // namespace
 
 picFrame::picFrame(DesignCanvas& canvas, const ProjectModel& model, QWidget* parent)
-    : QWidget(parent), viewport_(new QWidget(this)), picContainer_(new picContainer(canvas, model, viewport_)),
+    : QWidget(parent), viewport_(new CanvasSurround(this)), picContainer_(new picContainer(canvas, model, viewport_)),
       vScroll_(NewBar("vScroll", "Entwurfsfläche senkrecht rollen", Qt::Vertical, this)),
       hScroll_(NewBar("hScroll", "Entwurfsfläche waagerecht rollen", Qt::Horizontal, this)) {
     setObjectName("picFrame");
     setAccessibleName("Rahmen der Entwurfsfläche");
     setAutoFillBackground(true);
-    setBackgroundRole(QPalette::Midlight);
+    setBackgroundRole(roles::surround);
+    viewport_->SetCanvas(picContainer_);
     for (QScrollBar* bar : {vScroll_, hScroll_})
         connect(bar, &QScrollBar::valueChanged, this,
                 [this] { ReportErrors(window(), [this] { ShowScrolledCanvas(); }); });
@@ -258,7 +260,7 @@ void picFrame::ScrollAtEdge() {
 
 /// Without the hand the canvas chooses its cursor by what the pointer meets.
 void picFrame::ShowHand() {
-    for (QWidget* widget : {viewport_, static_cast<QWidget*>(picContainer_)})
+    for (QWidget* const widget : {static_cast<QWidget*>(viewport_), static_cast<QWidget*>(picContainer_)})
         if (panning_ != Qt::NoButton)
             widget->setCursor(Qt::ClosedHandCursor);
         else if (space_)

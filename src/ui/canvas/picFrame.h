@@ -1,7 +1,7 @@
 #pragma once
 
 #include "designer/MainLayout.h"
-#include "ui/canvas/picContainer.h"
+#include "ui/canvas/CanvasSurround.h"
 
 #include <QPoint>
 #include <QTimer>
@@ -24,6 +24,7 @@ class picFrame : public QWidget {
     picFrame(DesignCanvas& canvas, const ProjectModel& model, QWidget* parent);
 
     picContainer* Canvas() const { return picContainer_; }
+    CanvasSurround& Surround() const { return *viewport_; }
     /// The designed window's size on the screen, for which the main window is laid out.
     QSize ShownSize() const;
     /// Places bars and canvas and shows the design's beginning.
@@ -56,7 +57,7 @@ class picFrame : public QWidget {
     void EndPan();
     void ShowHand();
 
-    QWidget* viewport_;
+    CanvasSurround* viewport_;
     picContainer* picContainer_;
     QScrollBar* vScroll_;
     QScrollBar* hScroll_;

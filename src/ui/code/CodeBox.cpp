@@ -2,6 +2,7 @@
 
 #include "ui/parts/FormParts.h"
 #include "ui/parts/RunBeside.h"
+#include "ui/parts/Theme.h"
 
 #include <QFontDatabase>
 #include <QMimeData>
@@ -22,6 +23,7 @@ constexpr qsizetype charactersPerChunk = 50'000;
 
 CodeBox::CodeBox(QWidget* parent) : QPlainTextEdit(parent) {
     setReadOnly(true);
+    setPalette(PaperPalette()); // the colours of the source are those of a white sheet
     // With a caret that shows, so that text can be selected with the keyboard.
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     setLineWrapMode(NoWrap);

@@ -85,6 +85,7 @@ frmKeptDesigns::frmKeptDesigns(std::filesystem::path folder, cCommonDialog& dial
     connect(lstKept_, &QListWidget::currentRowChanged, this, &frmKeptDesigns::ShowButtons);
     painting_.setSingleShot(true);
     connect(&painting_, &QTimer::timeout, this, &frmKeptDesigns::PaintNext);
+    connect(&loader_, &PictureLoader::Loaded, this, &frmKeptDesigns::PaintAll);
     ShowList();
     lstKept_->setFocus();
 }
@@ -98,6 +99,10 @@ void frmKeptDesigns::ShowList() {
         lstKept_->addItem(new QListWidgetItem(EmptyPicture(), TextOfRow(kept)));
     lstKept_->setCurrentRow(std::clamp(row, 0, std::max(lstKept_->count() - 1, 0)));
     ShowButtons();
+    PaintAll();
+}
+
+void frmKeptDesigns::PaintAll() {
     picture_.reset();
     painted_ = 0;
     painting_.start();
@@ -113,7 +118,7 @@ void frmKeptDesigns::PaintNext() {
         if (!picture_) {
             OpenDesign design;
             RunBeside([&] { design = ReadDesign(kept_[painted_]); });
-            picture_.emplace(design.model, pictureSize - QSize(2, 2));
+            picture_.emplace(design.model, pictureSize - QSize(2, 2), loader_.Source());
         }
         hasMore = picture_->PaintMore(std::chrono::milliseconds(10));
         if (!hasMore)

@@ -2,6 +2,7 @@
 
 #include "project/KeptDesigns.h"
 #include "ui/canvas/DesignImage.h"
+#include "ui/canvas/PictureLoader.h"
 
 #include <QDialog>
 #include <QTimer>
@@ -27,6 +28,7 @@ class frmKeptDesigns : public QDialog {
 
   private:
     void ShowList();
+    void PaintAll();
     void PaintNext();
     void ShowButtons();
     void Restore();
@@ -38,6 +40,7 @@ class frmKeptDesigns : public QDialog {
     std::vector<KeptDesign> kept_; ///< as in the list
     std::size_t painted_ = 0;      ///< how many have their picture
     QTimer painting_;
+    PictureLoader loader_{nullptr};
     std::optional<DesignPicture> picture_; ///< of the one that is being painted
     std::optional<OpenDesign> chosen_;
     QListWidget* lstKept_;

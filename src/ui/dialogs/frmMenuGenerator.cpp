@@ -1,10 +1,14 @@
 #include "ui/dialogs/frmMenuGenerator.h"
 
+#include "ui/parts/Bitmaps.h"
+#include "ui/parts/CellDelegate.h"
 #include "ui/parts/FormParts.h"
 #include "ui/parts/RowList.h"
 #include "ui/parts/TextLine.h"
+#include "ui/parts/Theme.h"
 
 #include <QButtonGroup>
+#include <QDragMoveEvent>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -14,6 +18,11 @@
 #include <QSignalBlocker>
 #include <QStatusBar>
 #include <QVBoxLayout>
+
+#include <algorithm>
+#include <functional>
+#include <optional>
+#include <utility>
 
 namespace pirol {
 namespace {
@@ -32,11 +41,102 @@ constexpr OptionRow options[] = {
     {cMenu::Separator, "optType3", "&Trennlinie", "Eine Linie zwischen zwei Einträgen; sie braucht keine Beschriftung"},
 };
 
+const char* IconOf(std::int32_t type) {
+    switch (type) {
+    case cMenu::Menu:
+        return "menu";
+    case cMenu::SubMenu:
+        return "submenu";
+    case cMenu::Separator:
+        return "separator";
+    default:
+        return "entry";
+    }
+}
+
 } // namespace
+
+/// A row's level is in the blanks before its text; they move the icon, too.
+class IndentedRow final : public CellDelegate {
+  public:
+    using CellDelegate::CellDelegate;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        const QString text = index.data().toString();
+        const auto first = std::find_if(text.begin(), text.end(), [](QChar sign) { return sign != ' '; });
+        QStyleOptionViewItem row = option;
+        row.rect.setLeft(row.rect.left() + static_cast<int>(first - text.begin()) * indentPerBlank);
+        CellDelegate::paint(painter, row, index);
+    }
+
+  protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        CellDelegate::initStyleOption(option, index);
+        while (option->text.startsWith(' '))
+            option->text.remove(0, 1);
+    }
+
+  private:
+    static constexpr int indentPerBlank = tokens::unit + 1;
+};
+
+/// The menu bar's rows, which the mouse can drag to other places. It only asks and tells: the owner moves them.
+class MenuRowList final : public RowList {
+  public:
+    using CanDrop = std::function<bool(std::size_t row, std::size_t target, DropPlace place)>;
+    using Drop = std::function<void(std::size_t row, std::size_t target, DropPlace place)>;
+
+    MenuRowList() {
+        setDragDropMode(DragDrop);
+        setDropIndicatorShown(true);
+        setItemDelegate(new IndentedRow(this));
+    }
+    void SetDropping(CanDrop canDrop, Drop drop) {
+        canDrop_ = std::move(canDrop);
+        drop_ = std::move(drop);
+    }
+
+  protected:
+    void startDrag(Qt::DropActions) override {
+        dragged_ = static_cast<std::size_t>(currentRow()) + 1;
+        RowList::startDrag(Qt::CopyAction); // the rows are not Qt's to move
+    }
+    void dragMoveEvent(QDragMoveEvent* event) override {
+        RowList::dragMoveEvent(event); // knows where the pointer is
+        const auto target = Target(event->position().toPoint());
+        event->setAccepted(event->source() == this && target && canDrop_(dragged_, target->first, target->second));
+    }
+    void dropEvent(QDropEvent* event) override {
+        const auto target = Target(event->position().toPoint());
+        event->setDropAction(Qt::CopyAction);
+        event->accept();
+        stopAutoScroll();
+        setState(NoState);
+        viewport()->update();
+        if (event->source() == this && target)
+            drop_(dragged_, target->first, target->second);
+    }
+
+  private:
+    std::optional<std::pair<std::size_t, DropPlace>> Target(const QPoint& position) const {
+        const int row = indexAt(position).row();
+        if (row < 0)
+            return count() == 0 ? std::nullopt
+                                : std::optional(std::pair(static_cast<std::size_t>(count()), DropPlace::Behind));
+        const DropPlace place = dropIndicatorPosition() == AboveItem   ? DropPlace::Before
+                                : dropIndicatorPosition() == BelowItem ? DropPlace::Behind
+                                                                       : DropPlace::Into;
+        return std::pair(static_cast<std::size_t>(row) + 1, place);
+    }
+
+    CanDrop canDrop_;
+    Drop drop_;
+    std::size_t dragged_ = 0;
+};
 
 frmMenuGenerator::frmMenuGenerator(MenuBar& bar, cCommonDialog& dialogs, QWidget* owner)
     : QDialog(owner), editor_(bar), dialogs_(dialogs),
-      lstEntries_(Named(new RowList, "lstEntries", "Alle Zeilen der Menüleiste")),
+      lstEntries_(Named(new MenuRowList, "lstEntries", "Alle Zeilen der Menüleiste")),
       txtCaption_(Named(new TextLine, "txtCaption", "Beschriftung")),
       txtName_(Named(new TextLine, "txtName", "Menüname")), optType_(new QButtonGroup(this)),
       lblDepth_(Named(new QLabel, "lblDepth", "Aktuelle Menütiefe")),
@@ -75,8 +175,17 @@ QLayout* frmMenuGenerator::NewList() {
     auto* const caption = new QLabel("Menüle&iste:");
     caption->setBuddy(lstEntries_);
     lstEntries_->setUniformItemSizes(true);
+    lstEntries_->setPalette(PaperPalette()); // its rows have colours of their own, which are those of a white sheet
     lstEntries_->setMinimumWidth(fontMetrics().averageCharWidth() * 44);
-    lstEntries_->setToolTip("Neue Zeilen kommen in das gewählte Menü oder hinter den gewählten Eintrag");
+    lstEntries_->setToolTip("Neue Zeilen kommen in das gewählte Menü oder hinter den gewählten Eintrag. Zeilen lassen "
+                            "sich mit der Maus an eine andere Stelle ziehen.");
+    lstEntries_->SetDropping(
+        [this](std::size_t row, std::size_t target, DropPlace place) { return editor_.CanDrop(row, target, place); },
+        [this](std::size_t row, std::size_t target, DropPlace place) {
+            editor_.SelectRow(editor_.Drop(row, target, place));
+            ShowOption(editor_.FittingOption(Option()));
+            RefreshList();
+        });
     connect(lstEntries_, &QListWidget::currentRowChanged, this, &frmMenuGenerator::SelectRow);
 
     auto* const layout = new QVBoxLayout;
@@ -200,6 +309,7 @@ void frmMenuGenerator::RefreshList() {
     lstEntries_->clear();
     for (const MenuRow& row : editor_.Rows()) {
         auto* const item = new QListWidgetItem(ToText(row.text), lstEntries_);
+        item->setIcon(PaperIcon(IconOf(row.node->EntryType)));
         if (row.colour)
             item->setForeground(ToColor(*row.colour));
     }

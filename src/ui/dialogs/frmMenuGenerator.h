@@ -13,7 +13,7 @@ class QPushButton;
 
 namespace pirol {
 
-class RowList;
+class MenuRowList;
 
 /// The dialog in which the user builds the menu bar of the designed window. It edits the bar in place; cancelling makes
 /// it what it was.
@@ -47,7 +47,7 @@ class frmMenuGenerator : public QDialog {
 
     MenuEditor editor_;
     cCommonDialog& dialogs_;
-    RowList* lstEntries_;
+    MenuRowList* lstEntries_;
     QLineEdit* txtCaption_;
     QLineEdit* txtName_;
     QButtonGroup* optType_;

@@ -3,7 +3,6 @@
 #include "app/cCommonDialog.h"
 #include "base/FileAccess.h"
 #include "base/RuntimeError.h"
-#include "ui/canvas/WindowPicture.h"
 #include "ui/parts/FormParts.h"
 #include "ui/parts/frmError.h"
 
@@ -52,6 +51,7 @@ frmPicture::frmPicture(ProjectModel model, cCommonDialog& dialogs, QWidget* owne
     all->addLayout(NewButtonRow({cmdPng, cmdPdf, cmdCopy, cmdClose}));
 
     connect(chkFrame_, &QCheckBox::toggled, this, &frmPicture::ShowPicture);
+    connect(&loader_, &PictureLoader::Loaded, this, &frmPicture::ShowPicture);
     connect(cmdPng, &QPushButton::clicked, this, [this] {
         Save(DialogFor("Als PNG speichern", "PNG-Bilder (*.png)|*.png", "SuMAnwendung.png"), WindowPng);
     });
@@ -70,7 +70,7 @@ WindowFrame frmPicture::Frame() const {
 
 void frmPicture::ShowPicture() {
     ReportErrorsLater(this, [this] {
-        QImage image = WindowImage(model_, Frame());
+        QImage image = WindowImage(model_, Frame(), loader_.Source());
         const double scale = devicePixelRatio();
         const QSize room = previewSize * scale;
         if (image.size().boundedTo(room) != image.size())
@@ -80,13 +80,14 @@ void frmPicture::ShowPicture() {
     });
 }
 
-void frmPicture::Save(const FileDialogSetup& setup, QByteArray (*bytes)(const ProjectModel&, WindowFrame)) {
+void frmPicture::Save(const FileDialogSetup& setup,
+                      QByteArray (*bytes)(const ProjectModel&, WindowFrame, const PictureSource&)) {
     const std::string path = dialogs_.ShowSave(setup);
     if (path.empty() || !MayReplaceFile(path, dialogs_))
         return;
     const auto save = [&] {
         UnderLabel("Main.Project.ExportPicture", [&] {
-            const QByteArray picture = bytes(model_, Frame());
+            const QByteArray picture = bytes(model_, Frame(), PicturesOf(model_));
             ReplaceFileBytes(PathOf(path), {picture.constData(), static_cast<std::size_t>(picture.size())});
         });
     };
@@ -100,9 +101,10 @@ void frmPicture::Save(const FileDialogSetup& setup, QByteArray (*bytes)(const Pr
 /// empty there.
 void frmPicture::Copy() {
     ReportErrors(this, [this] {
+        const PictureSource pictures = PicturesOf(model_);
         auto* const data = new QMimeData;
-        data->setImageData(WindowImage(model_, Frame()));
-        data->setData("image/png", WindowPng(model_, Frame()));
+        data->setImageData(WindowImage(model_, Frame(), pictures));
+        data->setData("image/png", WindowPng(model_, Frame(), pictures));
         QApplication::clipboard()->setMimeData(data);
     });
 }

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "model/ProjectModel.h"
+#include "ui/canvas/PictureLoader.h"
+#include "ui/canvas/WindowPicture.h"
 
 #include <QByteArray>
 #include <QDialog>
@@ -12,7 +14,6 @@ namespace pirol {
 
 class cCommonDialog;
 struct FileDialogSetup;
-enum class WindowFrame;
 
 /// Shows the picture of the designed window and saves or copies it, with or without a frame.
 class frmPicture : public QDialog {
@@ -27,11 +28,13 @@ class frmPicture : public QDialog {
   private:
     WindowFrame Frame() const;
     void ShowPicture();
-    void Save(const FileDialogSetup& setup, QByteArray (*bytes)(const ProjectModel&, WindowFrame));
+    void Save(const FileDialogSetup& setup,
+              QByteArray (*bytes)(const ProjectModel&, WindowFrame, const PictureSource&));
     void Copy();
 
     ProjectModel model_;
     cCommonDialog& dialogs_;
+    PictureLoader loader_{nullptr}; ///< for what is shown; what is saved waits for its pictures
     std::string saved_;
     QLabel* lblPicture_;
     QCheckBox* chkFrame_;

@@ -6,6 +6,7 @@
 #include "designer/Grid.h"
 #include "ui/parts/FormParts.h"
 #include "ui/parts/TextLine.h"
+#include "ui/parts/Tokens.h"
 
 #include <QAbstractButton>
 #include <QButtonGroup>
@@ -49,7 +50,20 @@ struct GridStyleRow {
 constexpr GridStyleRow gridStyles[] = {
     {GridStyle::Dots, "optGridStyle0", "&Punkte", "Ein Punkt an jeder Stelle des Rasters"},
     {GridStyle::Crosses, "optGridStyle1", "&Kreuze", "Ein kleines Kreuz an jeder Stelle des Rasters"},
-    {GridStyle::Lines, "optGridStyle2", "&Linien", "Durchgehende Linien"},
+    {GridStyle::Lines, "optGridStyle2", "L&inien", "Durchgehende Linien"},
+};
+
+struct AppearanceRow {
+    Appearance appearance;
+    const char* name;
+    const char* caption;
+    const char* toolTip;
+};
+
+constexpr AppearanceRow appearances[] = {
+    {Appearance::System, "optAppearance0", "&Wie das System", "Hell oder dunkel, wie es das System vorgibt"},
+    {Appearance::Light, "optAppearance1", "&Hell", "Dunkle Schrift auf hellem Grund"},
+    {Appearance::Dark, "optAppearance2", "Dunke&l", "Helle Schrift auf dunklem Grund"},
 };
 
 /// Tabs of one size, larger only where the font needs it.
@@ -166,8 +180,8 @@ class JavaSearch : public QObject {
 };
 
 frmPreferences::frmPreferences(Preferences& preferences, cCommonDialog& dialogs, QWidget* owner)
-    : QDialog(owner), preferences_(preferences), dialogs_(dialogs), optGridStyle_(new QButtonGroup(this)),
-      picGridColor_(Named(new ColorBox, "picGridColor", "Rasterfarbe")),
+    : QDialog(owner), preferences_(preferences), dialogs_(dialogs), optAppearance_(new QButtonGroup(this)),
+      optGridStyle_(new QButtonGroup(this)), picGridColor_(Named(new ColorBox, "picGridColor", "Rasterfarbe")),
       picPreview_(Named(new GridPreview, "picPreview", "Vorschau des Rasters")),
       txtBlueJPath_(Named(new TextLine(ToText(preferences.BlueJPath)), "txtBlueJPath", "BlueJ-Pfad")),
       txtJdkPath_(Named(new TextLine(ToText(preferences.JdkPath)), "txtJdkPath", "Ordner des JDK")),
@@ -204,12 +218,29 @@ frmPreferences::frmPreferences(Preferences& preferences, cCommonDialog& dialogs,
 QWidget* frmPreferences::NewGeneralPage() {
     auto* const page = new QWidget;
     auto* const layout = new QVBoxLayout(page);
+    layout->addWidget(NewAppearanceGroup());
     layout->addWidget(NewGridGroup());
     layout->addWidget(NewBlueJGroup());
     layout->addWidget(NewJavaGroup());
     layout->addWidget(NewUpdateGroup());
     layout->addStretch();
     return page;
+}
+
+/// What is chosen is seen at once, also behind this dialog.
+QWidget* frmPreferences::NewAppearanceGroup() {
+    auto* const group = new QGroupBox("Erscheinungsbild");
+    auto* const layout = new QHBoxLayout(group);
+    layout->setSpacing(2 * tokens::wideGap);
+    for (const AppearanceRow& row : appearances) {
+        auto* const option = NewOption(row.name, row.caption, row.toolTip);
+        option->setChecked(row.appearance == preferences_.Look);
+        optAppearance_->addButton(option, static_cast<int>(row.appearance));
+        layout->addWidget(option);
+    }
+    layout->addStretch();
+    connect(optAppearance_, &QButtonGroup::idClicked, this, [this] { emit AppearanceChosen(Entered().Look); });
+    return group;
 }
 
 QWidget* frmPreferences::NewGridGroup() {
@@ -339,7 +370,8 @@ Preferences frmPreferences::Entered() const {
             .GridColor = picGridColor_->Color(),
             .JdkPath = txtJdkPath_->text().toStdString(),
             .SumPath = txtSumPath_->text().toStdString(),
-            .LooksForUpdates = chkUpdate_->isChecked()};
+            .LooksForUpdates = chkUpdate_->isChecked(),
+            .Look = static_cast<Appearance>(optAppearance_->checkedId())};
 }
 
 void frmPreferences::ShowPreview() {
@@ -360,6 +392,12 @@ void frmPreferences::BrowseBlueJ() {
                                                   .FileName = {},
                                                   .Name = "programDialog"});
     txtBlueJPath_->setText(ToText(BlueJPathAfterBrowsing(txtBlueJPath_->text().toStdString(), chosen)));
+}
+
+void frmPreferences::reject() {
+    if (Entered().Look != preferences_.Look)
+        emit AppearanceChosen(preferences_.Look);
+    QDialog::reject();
 }
 
 void frmPreferences::accept() {

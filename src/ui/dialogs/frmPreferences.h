@@ -28,9 +28,15 @@ class frmPreferences : public QDialog {
     void OfferUpdates(bool offer);
 
     void accept() override;
+    void reject() override;
+
+  signals:
+    /// Another one is to be seen: the one chosen, and the one before when nothing is accepted.
+    void AppearanceChosen(pirol::Appearance appearance);
 
   private:
     QWidget* NewGeneralPage();
+    QWidget* NewAppearanceGroup();
     QWidget* NewGridGroup();
     QWidget* NewBlueJGroup();
     QWidget* NewJavaGroup();
@@ -46,6 +52,7 @@ class frmPreferences : public QDialog {
 
     Preferences& preferences_;
     cCommonDialog& dialogs_;
+    QButtonGroup* optAppearance_;
     QButtonGroup* optGridStyle_;
     ColorBox* picGridColor_;
     GridPreview* picPreview_;

@@ -1,7 +1,9 @@
 #include "ui/dialogs/frmSQLGenerator.h"
 
+#include "ui/dialogs/StepRail.h"
 #include "ui/parts/FormParts.h"
 #include "ui/parts/TextLine.h"
+#include "ui/parts/Tokens.h"
 
 #include <QFormLayout>
 #include <QGroupBox>
@@ -35,6 +37,14 @@ QLabel* NewNotes(const SQLWizardStep& step) {
     return notes;
 }
 
+/// What the steps are called beside their numbers.
+QStringList StepNames() {
+    QStringList names;
+    for (const SQLWizardStep& step : SQLWizard::Steps())
+        names << ToText(step.title).section(" - ", 1);
+    return names;
+}
+
 /// The note that explains a field; a step with one field explains it in its first note.
 QString NoteOn(const SQLWizardStep& step, const QString& fieldName) {
     const QString beginning = "- " + fieldName + ": ";
@@ -48,20 +58,25 @@ QString NoteOn(const SQLWizardStep& step, const QString& fieldName) {
 
 frmSQLGenerator::frmSQLGenerator(SQLSettings& settings, QWidget* owner)
     : QDialog(owner), settings_(settings), wizard_(settings), lblStep_(Named(new QLabel, "lblStep", "Schritt")),
-      steps_(new QStackedWidget), cmdStepBack_(NewButton("cmdStepBack", WithKey(SQLWizard::backCaption))),
+      rail_(Named(new StepRail(StepNames()), "picSteps", "Schritte")), steps_(new QStackedWidget),
+      cmdStepBack_(NewButton("cmdStepBack", WithKey(SQLWizard::backCaption))),
       cmdStepForward_(NewButton("cmdStepForward", WithKey(wizard_.Step().forwardCaption))) {
     setObjectName("frmSQLGenerator");
     setWindowTitle(ToText(SQLWizard::title));
 
-    SetOff(lblStep_, 1.2);
+    SetOff(lblStep_, tokens::headingScale);
     for (const SQLWizardStep& step : SQLWizard::Steps())
         steps_->addWidget(NewStep(step, &step == &SQLWizard::Steps().back()));
     cmdStepForward_->setDefault(true);
     auto* const cmdCancel = NewButton("cmdCancel", "Abbrechen", "Den Assistenten schließen und nichts ändern");
 
+    auto* const columns = new QHBoxLayout;
+    columns->addWidget(rail_, 0, Qt::AlignTop);
+    columns->addWidget(steps_, 1);
     auto* const all = new QVBoxLayout(this);
     all->addWidget(lblStep_);
-    all->addWidget(steps_, 1);
+    all->addSpacing(tokens::gap);
+    all->addLayout(columns, 1);
     all->addLayout(NewButtonRow({cmdStepBack_, cmdStepForward_, cmdCancel}));
 
     connect(cmdStepBack_, &QPushButton::clicked, this, [this] {
@@ -133,6 +148,7 @@ void frmSQLGenerator::Forward() {
 
 void frmSQLGenerator::ShowStep() {
     lblStep_->setText(ToText(wizard_.Step().title));
+    rail_->ShowStep(static_cast<int>(wizard_.StepIndex()));
     steps_->setCurrentIndex(static_cast<int>(wizard_.StepIndex()));
     cmdStepBack_->setEnabled(!wizard_.IsFirstStep());
     const QString caption = WithKey(wizard_.Step().forwardCaption);

@@ -11,6 +11,8 @@ class QTreeWidget;
 
 namespace pirol {
 
+class StepRail;
+
 /// The wizard for the project's database access: three steps, and only the last one's "Fertig" changes the settings.
 class frmSQLGenerator : public QDialog {
     Q_OBJECT
@@ -27,6 +29,7 @@ class frmSQLGenerator : public QDialog {
     SQLSettings& settings_;
     SQLWizard wizard_;
     QLabel* lblStep_;
+    StepRail* rail_;
     QStackedWidget* steps_;
     QPushButton* cmdStepBack_;
     QPushButton* cmdStepForward_;

@@ -1,6 +1,7 @@
 #include "ui/main/frmMain.h"
 
 #include "app/FileCommands.h"
+#include "app/WindowPlace.h"
 #include "codegen/Hints.h"
 #include "designer/MainLayout.h"
 #include "ui/canvas/picFrame.h"
@@ -9,8 +10,8 @@
 #include "ui/main/HintSearch.h"
 #include "ui/main/lstComponents.h"
 #include "ui/main/lstHints.h"
+#include "ui/main/PanelEdge.h"
 #include "ui/main/pnlOutput.h"
-#include "ui/main/tbArrange.h"
 #include "ui/main/tbComponents.h"
 #include "ui/parts/FormParts.h"
 #include "ui/parts/frmError.h"
@@ -36,7 +37,7 @@ namespace {
 constexpr int positionWidth = 150;
 
 /// The first window shows designed windows up to 800 x 600 whole.
-constexpr QSize firstSize(1200, 720);
+constexpr QSize firstSize(1200, 800);
 
 QLabel* NewHeading(const char* name, const QString& text, QWidget* parent) {
     auto* label = Named(new QLabel(text, parent), name, text);
@@ -52,6 +53,9 @@ void SetText(QLabel* panel, const QString& text) {
         panel->setText(shown);
 }
 
+/// Between two looks of the property list at what is dragged.
+constexpr std::chrono::milliseconds liveDelay(40);
+
 } // namespace
 
 frmMain::frmMain(cCommonDialog& dialogs, ProgramStarter& starter, const Preferences& preferences,
@@ -61,10 +65,13 @@ frmMain::frmMain(cCommonDialog& dialogs, ProgramStarter& starter, const Preferen
     BuildSurface();
     BuildStatusBar();
     BuildMenus();
-    BuildArrangeRow();
+    ShowSelectionCommands();
     hintTimer_.setSingleShot(true);
     hintTimer_.setInterval(hintDelay);
     connect(&hintTimer_, &QTimer::timeout, this, &frmMain::ShowHints);
+    liveTimer_.setSingleShot(true);
+    liveTimer_.setInterval(liveDelay);
+    connect(&liveTimer_, &QTimer::timeout, this, &frmMain::LoadProperties);
     connect(new QShortcut(Qt::Key_F6, this), &QShortcut::activated, this, [this] { lstHints_->Open(); });
     FitToScreen(this, firstSize);
     SetPreferences(preferences);
@@ -132,9 +139,13 @@ void frmMain::BuildSurface() {
     connect(picContainer_, &picContainer::TextTyped, this, [this](QKeyEvent* event) { plProperties_->Type(event); });
     connect(picContainer_, &picContainer::EnterPressed, this, [this] { plProperties_->setFocus(Qt::TabFocusReason); });
 
+    BuildPanelEdges(); // over the canvas
     plProperties_ = new plProperties(surface_);
+    propertiesEdge_->raise();
     connect(plProperties_, &plProperties::PropertyEdited, this, &frmMain::ChangeProperty);
     connect(plProperties_, &plProperties::TypedEditEnded, this, &frmMain::GoOnBehindEdit);
+    // Behind the double click, so that no mouse event is left to the list when the viewer opens.
+    connect(plProperties_, &plProperties::HandlerWanted, this, &frmMain::ShowHandler, Qt::QueuedConnection);
     plProperties_->SetFileChooser([this](const std::string& filter, const std::string& path) {
         return dialogs_.ShowOpen({"Datei wählen", filter, FileDialogSetup::FileMustExist, path, "propertyDialog"});
     });
@@ -198,18 +209,88 @@ void frmMain::keyPressEvent(QKeyEvent* event) {
 void frmMain::LayOut() {
     designedSize_ = QSize(Model().WindowWidth(), Model().WindowHeight());
     const QSize shown = picFrame_->ShownSize();
-    const MainLayout layout =
-        LayOutMainWindow(surface_->width(), surface_->height() + rowHeight, shown.width(), shown.height());
+    const MainLayout layout = LayOutMainWindow(surface_->width(), surface_->height() + rowHeight, shown.width(),
+                                               shown.height(), PossibleWidths(panelWidths_, surface_->width()));
     const QRect headings = ToRect(layout.headings);
     lblComponents_->setGeometry(headings.x(), headings.y(), layout.toolbar.width, headings.height());
     lblWindow_->setGeometry(layout.frame.left, headings.y(), layout.frame.width, headings.height());
     lblProperties_->setGeometry(layout.list.left, headings.y(), layout.list.width, headings.height());
     lblWindow_->setText(QString("Fenster: B = %1 / H = %2").arg(designedSize_.width()).arg(designedSize_.height()));
-    if (tbArrange_ != nullptr)
-        tbArrange_->PlaceIn(lblWindow_->geometry(), lblWindow_->sizeHint().width());
     tbComponents_->setGeometry(ToRect(layout.toolbar));
     plProperties_->setGeometry(ToRect(layout.list));
+    toolboxEdge_->PlaceAt({layout.frame.left, layout.frame.top}, layout.frame.height);
+    propertiesEdge_->PlaceAt({layout.list.left, layout.frame.top}, layout.frame.height);
     picFrame_->LayOut(layout);
+}
+
+void frmMain::BuildPanelEdges() {
+    toolboxEdge_ = new PanelEdge("toolboxEdge", surface_);
+    propertiesEdge_ = new PanelEdge("propertiesEdge", surface_);
+    connect(toolboxEdge_, &PanelEdge::Dragged, this, [this](int position) {
+        SetPanelWidths({position, panelWidths_.properties});
+    });
+    connect(propertiesEdge_, &PanelEdge::Dragged, this, [this](int position) {
+        SetPanelWidths({panelWidths_.toolbar, surface_->width() - position});
+    });
+    connect(toolboxEdge_, &PanelEdge::UsualWanted, this, [this] {
+        SetPanelWidths({toolbarWidth, panelWidths_.properties});
+    });
+    connect(propertiesEdge_, &PanelEdge::UsualWanted, this, [this] {
+        SetPanelWidths({panelWidths_.toolbar, propertyColumnWidth});
+    });
+}
+
+void frmMain::SetPanelWidths(const PanelWidths& wanted) {
+    panelWidths_ = PossibleWidths(wanted, surface_->width());
+    const QPoint scrolled = picFrame_->Scrolled();
+    LayOut();
+    picFrame_->ScrollTo(scrolled);
+}
+
+// --- The window's place -----------------------------------------------------------------------------------------
+
+static std::vector<Rectangle> Screens() {
+    std::vector<Rectangle> screens;
+    for (const QScreen* const screen : QGuiApplication::screens()) {
+        const QRect box = screen->availableGeometry();
+        screens.push_back({box.x(), box.y(), box.width(), box.height()});
+    }
+    return screens;
+}
+
+void frmMain::KeepPlace() {
+    keepsPlace_ = true;
+    const std::vector<Rectangle> screens = Screens();
+    const std::optional<WindowPlace> place = WindowPlace::Load(ScreensName(screens));
+    if (!place)
+        return;
+    const PanelWidths usual;
+    panelWidths_ = {place->toolboxWidth == 0 ? usual.toolbar : place->toolboxWidth,
+                    place->propertiesWidth == 0 ? usual.properties : place->propertiesWidth};
+    plProperties_->SetCaptionWidth(place->captionWidth);
+    if (const std::optional<Rectangle> box = OnScreens(place->box, screens))
+        setGeometry(ToRect(*box));
+    if (place->isMaximised)
+        setWindowState(windowState() | Qt::WindowMaximized);
+}
+
+/// What is usual is kept as such, so that another version may have other widths.
+void frmMain::SavePlace() const {
+    const QRect box = isMaximized() || isFullScreen() ? normalGeometry() : geometry();
+    const PanelWidths usual;
+    const auto unlessUsual = [](int width, int usualWidth) { return width == usualWidth ? 0 : width; };
+    const WindowPlace place = {.box = {box.x(), box.y(), box.width(), box.height()},
+                               .isMaximised = isMaximized(),
+                               .toolboxWidth = unlessUsual(panelWidths_.toolbar, usual.toolbar),
+                               .propertiesWidth = unlessUsual(panelWidths_.properties, usual.properties),
+                               .captionWidth = plProperties_->CaptionWidth()};
+    place.Save(ScreensName(Screens()));
+}
+
+void frmMain::hideEvent(QHideEvent* event) {
+    if (keepsPlace_ && !event->spontaneous())
+        SavePlace();
+    QMainWindow::hideEvent(event);
 }
 
 /// A resized window shows the design's beginning; a list of hints that is opened or closed leaves the user where he is.
@@ -342,8 +423,11 @@ void frmMain::DocumentChanged(const DocumentChange& change) {
         hintTimer_.start();
     }
     if (change.properties) {
+        liveTimer_.stop();
         LoadProperties();
         ShowStatus();
+    } else if (change.design.HasComponents() && !liveTimer_.isActive()) {
+        liveTimer_.start();
     }
 }
 
@@ -351,6 +435,7 @@ void frmMain::ShowFileAndHistory() {
     setWindowModified(document_.IsChanged());
     const QString path = ToText(document_.FilePath());
     const QString title = (path.isEmpty() ? "Neues Projekt" : QFileInfo(path).fileName()) + "[*] - Pirol";
+    picFrame_->Surround().ShowTitle(path.isEmpty() ? "Neues Projekt" : QFileInfo(path).completeBaseName());
     if (windowTitle() != title)
         setWindowTitle(title);
     const auto show = [this](const char* command, bool enabled, const QString& caption, const std::string& label) {

@@ -8,6 +8,7 @@
 #include "codegen/JavaGenerator.h"
 #include "designer/DesignCanvas.h"
 #include "designer/Document.h"
+#include "designer/MainLayout.h"
 
 #include <QMainWindow>
 #include <QSize>
@@ -28,6 +29,7 @@ class QMenu;
 namespace pirol {
 
 class HintSearch;
+class PanelEdge;
 class cboZoom;
 class lstComponents;
 class lstHints;
@@ -35,15 +37,15 @@ class picContainer;
 class pnlOutput;
 class picFrame;
 class plProperties;
-class tbArrange;
 class tbComponents;
+class tbMain;
 enum class Arrangement;
 struct Hint;
 
-/// The main window. It owns the design and everything around it: toolbar, canvas with its scroll bars, property list,
-/// list of hints, output of the tested program, status bar and the menu with every command of the program. A command is
-/// a function of the same name. All its parts show the document: it is told of every change and passes on what they
-/// need.
+/// The main window. It owns the design and everything around it: tool bar, toolbox, canvas with its scroll bars,
+/// property list, list of hints, output of the tested program, status bar and the menu with every command of the
+/// program. A command is a function of the same name. All its parts show the document: it is told of every change and
+/// passes on what they need.
 class frmMain : public QMainWindow, private DocumentListener {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(frmMain)
@@ -60,6 +62,10 @@ class frmMain : public QMainWindow, private DocumentListener {
     const ProjectModel& Model() const { return document_.Model(); }
     DesignCanvas& Canvas() { return canvas_; }
     const Preferences& CurrentPreferences() const { return preferences_; }
+
+    /// Stands where it stood when it was closed last, with panels as wide, and keeps that place from now on. Without
+    /// this it has the usual place.
+    void KeepPlace();
 
     /// New versions can be looked for; before this the command says that they cannot.
     void EnableUpdate();
@@ -80,6 +86,8 @@ class frmMain : public QMainWindow, private DocumentListener {
   signals:
     /// The user wants to see the designs that have left the screen unsaved.
     void KeptDesignsWanted();
+    /// The windows shall have other colours.
+    void AppearanceChosen(pirol::Appearance appearance);
     /// The user wants to look for a new version.
     void UpdateWanted();
 
@@ -87,6 +95,7 @@ class frmMain : public QMainWindow, private DocumentListener {
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
   private:
     struct CommandRow;
@@ -102,9 +111,12 @@ class frmMain : public QMainWindow, private DocumentListener {
     void DocumentChanged(const DocumentChange& change) override;
     void AddCommand(QMenu* menu, const CommandRow& row);
     void AddKindCommands(QMenu* menu);
-    void AddTestButton();
+    void BuildToolBar();
     QAction* Command(const QString& name) const;
 
+    void BuildPanelEdges();
+    void SetPanelWidths(const PanelWidths& wanted);
+    void SavePlace() const;
     void LayOut();
     void LayOutAgain();
     void ShowZoom(int percent);
@@ -121,6 +133,7 @@ class frmMain : public QMainWindow, private DocumentListener {
     void ShowHints();
     void GoTo(const Hint& hint);
     void ShowCode(const std::string& source, std::size_t line);
+    void ShowHandler(const std::string& handler);
     void ChangeProperty(const std::string& key, const std::string& value);
 
     void CheckKindEntry(int entry);
@@ -136,7 +149,6 @@ class frmMain : public QMainWindow, private DocumentListener {
     bool UpdateJavaFile(const std::string& path);
     bool CopySelected();
     void ArrangeSelected(Arrangement arrangement);
-    void BuildArrangeRow();
     void ShowSelectionCommands();
     void GoOnBehindEdit(int components);
 
@@ -208,7 +220,7 @@ class frmMain : public QMainWindow, private DocumentListener {
     QLabel* lblPosition_ = nullptr;
     QLabel* lblProperties_ = nullptr;
     tbComponents* tbComponents_ = nullptr;
-    tbArrange* tbArrange_ = nullptr;
+    tbMain* tbMain_ = nullptr;
     picFrame* picFrame_ = nullptr;
     picContainer* picContainer_ = nullptr;
     plProperties* plProperties_ = nullptr;
@@ -218,6 +230,7 @@ class frmMain : public QMainWindow, private DocumentListener {
     cboZoom* cboZoom_ = nullptr;
     QDockWidget* dckComponents_ = nullptr; ///< made when it is shown first
     lstComponents* lstComponents_ = nullptr;
+    QTimer liveTimer_; ///< runs out when the property list follows a drag
     QTimer hintTimer_; ///< runs out when the design has come to rest
     QLabel* panels_[3] = {};
     /// States of the design in which a mark of the code menu was on that went away with its reason.
@@ -226,6 +239,10 @@ class frmMain : public QMainWindow, private DocumentListener {
     std::uint64_t shownState_ = 0; ///< of the design
     /// Milliseconds for which the status bar says what has happened or where to go on.
     static constexpr int messageTime = 10000;
+    PanelEdge* toolboxEdge_ = nullptr;
+    PanelEdge* propertiesEdge_ = nullptr;
+    PanelWidths panelWidths_; ///< as the user wants them
+    bool keepsPlace_ = false;
     QSize designedSize_; ///< for which the window is laid out
     QSize laidOutSize_;  ///< of the whole main window
 };

@@ -11,6 +11,7 @@
 #include "ui/main/lstComponents.h"
 #include "ui/main/pnlOutput.h"
 #include "ui/main/tbComponents.h"
+#include "ui/main/tbMain.h"
 #include "ui/parts/Bitmaps.h"
 #include "ui/parts/FormParts.h"
 #include "ui/properties/plProperties.h"
@@ -21,16 +22,17 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QStatusBar>
-#include <QToolButton>
+
+#include <algorithm>
+#include <iterator>
 
 namespace pirol {
 namespace {
 
-/// A button that makes the menu bar no higher.
-class CornerButton final : public QToolButton {
-  public:
-    QSize sizeHint() const override { return {QToolButton::sizeHint().width(), fontMetrics().height()}; }
-    QSize minimumSizeHint() const override { return sizeHint(); }
+/// What the tool bar offers before the commands that arrange; null for a line.
+constexpr const char* toolCommands[] = {
+    "mnuFileNew",  "mnuFileOpen",  "mnuFileSave", nullptr,       "mnuEditUndo",     "mnuEditRedo", nullptr,
+    "mnuEditCopy", "mnuEditPaste", nullptr,       "mnuCodeTest", "mnuCodeGenerate", nullptr,
 };
 
 } // namespace
@@ -170,21 +172,25 @@ void frmMain::BuildMenus() {
     Command("mnuHelpUpdate")->setStatusTip(ToText(noUpdateSource));
     RefreshCodeMenu();
     tbComponents_->PressButton(canvas_.CurrentKind());
-    AddTestButton();
+    BuildToolBar();
 }
 
-/// In the corner of the menu bar, where it takes no room from the canvas.
-void frmMain::AddTestButton() {
-    QAction* const test = Command("mnuCodeTest");
-    test->setIcon(CommandIcon("run"));
-    auto* const button = Named(new CornerButton, "cmdTestProgram", "Programm testen");
-    button->setDefaultAction(test);
-    button->setText("Testen");
-    button->setToolTip("Übersetzt das Programm und lässt es laufen (F9)");
-    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    button->setAutoRaise(true);
-    button->setFocusPolicy(Qt::NoFocus);
-    menuBar()->setCornerWidget(button);
+void frmMain::BuildToolBar() {
+    tbMain_ = new tbMain(this);
+    addToolBar(tbMain_);
+    for (const char* const name : toolCommands) {
+        QAction* const command = name == nullptr ? nullptr : Command(name);
+        const auto* const row = std::find_if(std::begin(CommandTable::rows), std::end(CommandTable::rows),
+                                             [name](const CommandRow& other) { return name == other.name; });
+        if (command != nullptr)
+            command->setIcon(CommandIcon(row->icon));
+        tbMain_->Add(command);
+    }
+    tbMain_->ShowCaption(Command("mnuCodeTest"), "Testen");
+    for (QAction* const command : findChild<QMenu*>("mnuArrange")->actions())
+        tbMain_->Add(command->isSeparator() ? nullptr : command);
+    // These drawings can wait until the window is there.
+    QTimer::singleShot(0, this, [this] { emit findChild<QMenu*>("mnuArrange")->aboutToShow(); });
 }
 
 void frmMain::AddCommand(QMenu* menu, const CommandRow& row) {
@@ -356,6 +362,7 @@ void frmMain::ChooseCodeMark(const CodeMark& mark) {
     if (!(options_.*mark.option))
         (this->*mark.states).erase(document_.StateNumber());
     picContainer_->SetLostStrip(options_.menu ? MenuBar::runningHeight : 0);
+    picFrame_->Surround().ShowMenus(options_.menu);
 }
 
 void frmMain::mnuCodeGenerate() {
@@ -370,6 +377,12 @@ void frmMain::ShowCode(const std::string& source, std::size_t line) {
     if (line != 0)
         form.ShowLine(line);
     form.exec();
+}
+
+void frmMain::ShowHandler(const std::string& handler) {
+    const std::string source = GenerateCode();
+    if (!source.empty())
+        ShowCode(source, LineOfHandler(source, handler));
 }
 
 void frmMain::mnuCodeTest() {

@@ -60,6 +60,7 @@ void frmMain::mnuFileOptions() {
     Preferences preferences = preferences_;
     frmPreferences form(preferences, dialogs_, this);
     form.OfferUpdates(Command("mnuHelpUpdate")->isEnabled());
+    connect(&form, &frmPreferences::AppearanceChosen, this, &frmMain::AppearanceChosen);
     if (form.exec() == QDialog::Accepted)
         SetPreferences(preferences);
 }

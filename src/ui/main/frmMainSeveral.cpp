@@ -3,7 +3,6 @@
 #include "ui/canvas/DesignImage.h"
 #include "ui/canvas/picContainer.h"
 #include "ui/main/frmMain.h"
-#include "ui/main/tbArrange.h"
 #include "ui/parts/Bitmaps.h"
 #include "ui/parts/FormParts.h"
 
@@ -21,7 +20,7 @@ namespace pirol {
 namespace {
 
 /// The picture of a part alone, as large as what it holds.
-QImage PictureOf(const ProjectModel& part) {
+QImage PictureOf(const ProjectModel& part, const PictureSource& pictures) {
     constexpr QSize largest(2000, 2000);
     QRect area;
     part.ForEachVisible(
@@ -35,7 +34,7 @@ QImage PictureOf(const ProjectModel& part) {
         control.Left = static_cast<std::int16_t>(std::min(control.Left - area.left(), most));
         control.Top = static_cast<std::int16_t>(std::min(control.Top - area.top(), most));
     }
-    return DesignImage(moved, largest);
+    return DesignImage(moved, largest, pictures);
 }
 
 QString TypeName() {
@@ -59,7 +58,7 @@ bool frmMain::CopySelected() {
         auto* const data = new QMimeData;
         data->setData(TypeName(), QByteArray(bytes.data(), static_cast<qsizetype>(bytes.size())));
         data->setText(ToText(JavaLines(part)));
-        data->setImageData(PictureOf(part));
+        data->setImageData(PictureOf(part, picContainer_->Pictures()));
         QGuiApplication::clipboard()->setMimeData(data);
     });
     return copied;
@@ -119,15 +118,6 @@ static constexpr std::array<const char*, arrangementCount> arrangeCommands = {
 void frmMain::ArrangeSelected(Arrangement arrangement) {
     if (!canvas_.IsInGesture())
         Run([this, arrangement] { Arrange(document_, arrangement); });
-}
-
-void frmMain::BuildArrangeRow() {
-    tbArrange_ = new tbArrange(surface_);
-    for (QAction* const action : findChild<QMenu*>("mnuArrange")->actions())
-        tbArrange_->Add(action->isSeparator() ? nullptr : action);
-    // The drawings can wait until the window is there.
-    QTimer::singleShot(0, this, [this] { emit findChild<QMenu*>("mnuArrange")->aboutToShow(); });
-    ShowSelectionCommands();
 }
 
 /// What cannot apply is disabled.

@@ -4,6 +4,7 @@
 #include "base/Text.h"
 #include "designer/MainLayout.h"
 #include "ui/parts/FormParts.h"
+#include "ui/parts/Theme.h"
 
 #include <QDir>
 #include <QHBoxLayout>
@@ -125,12 +126,12 @@ class OutputBox : public QPlainTextEdit {
     }
 
     QTextCharFormat Format(const RunEvent& event) const {
-        const bool isDark = palette().color(QPalette::Base).lightness() < 128;
+        const tokens::Colours& colours = IsDark(palette()) ? tokens::dark : tokens::light;
         QTextCharFormat format;
         if (event.kind == RunEvent::Kind::Error || event.kind == RunEvent::Kind::Complaint)
-            format.setForeground(isDark ? QColor(255, 138, 128) : QColor(176, 0, 32));
+            format.setForeground(ToColor(colours.error));
         if (event.kind == RunEvent::Kind::Call)
-            format.setForeground(isDark ? QColor(140, 190, 255) : QColor(30, 80, 160));
+            format.setForeground(ToColor(colours.note));
         if (event.kind == RunEvent::Kind::Note)
             format.setForeground(palette().color(QPalette::PlaceholderText));
         format.setFontUnderline(event.line != 0);

@@ -6,7 +6,8 @@
 namespace pirol {
 
 /// The toolbar with the pointer and one button for each kind of component, of which one is pressed. The arrow keys go
-/// from button to button. In a low window the buttons move closer together, and scroll when even that is not enough.
+/// from button to button. In a low window the buttons move closer together, their pictures become small, and they
+/// scroll when even that is not enough.
 class tbComponents : public QScrollArea {
     Q_OBJECT
 
@@ -27,6 +28,7 @@ class tbComponents : public QScrollArea {
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
     bool Drag(int index, const QEvent& event);

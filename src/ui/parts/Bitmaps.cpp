@@ -1,5 +1,8 @@
 #include "ui/parts/Bitmaps.h"
 
+#include "ui/parts/Theme.h"
+
+#include <QGuiApplication>
 #include <QIconEngine>
 #include <QPainter>
 
@@ -16,7 +19,7 @@ std::string_view EmbeddedIcon(std::string_view fileName);
 namespace {
 
 constexpr QRgb transparent = qRgb(255, 0, 255);
-constexpr int iconSizes[] = {16, 24, 32, 48};
+constexpr int iconSizes[] = {16, 20, 24, 32, 48};
 constexpr int programIconSizes[] = {16, 24, 32, 48, 64, 128, 256};
 
 QImage Decode(std::string_view bytes, const char* format) {
@@ -57,12 +60,33 @@ const QImage& Icon(const std::string& fileName) {
     return images[fileName];
 }
 
+/// What is dark on light ground becomes as light on dark ground; light colours stay.
+QImage DecodeForDarkGround(std::string_view fileName) {
+    constexpr int half = 128;
+    QImage image = DecodeIcon(fileName).convertToFormat(QImage::Format_ARGB32);
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x) {
+            const QColor colour = image.pixelColor(x, y).toHsl();
+            if (colour.alpha() != 0 && colour.lightness() < half)
+                image.setPixelColor(x, y,
+                                    QColor::fromHsl(colour.hslHue(), colour.hslSaturation(),
+                                                    2 * half - 1 - colour.lightness(), colour.alpha()));
+        }
+    return image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+}
+
+const QImage& IconOnDarkGround(const std::string& fileName) {
+    static DecodedImages images(DecodeForDarkGround);
+    return images[fileName];
+}
+
 /// A picture in several sizes. Each is decoded when it is first shown, as few of the many are needed at the start.
 class EmbeddedIconEngine final : public QIconEngine {
   public:
     /// `smallest` stands for 16 pixels where it is not empty; the other sizes are the icons of that name.
-    EmbeddedIconEngine(std::string name, std::span<const int> sizes, std::string smallest)
-        : name_(std::move(name)), smallest_(std::move(smallest)), sizes_(sizes) {}
+    /// A sign follows the ground that it stands on, light or dark.
+    EmbeddedIconEngine(std::string name, std::span<const int> sizes, std::string smallest, bool isSign)
+        : name_(std::move(name)), smallest_(std::move(smallest)), sizes_(sizes), isSign_(isSign) {}
 
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
         // A plain icon of that one size knows how to look disabled.
@@ -92,19 +116,23 @@ class EmbeddedIconEngine final : public QIconEngine {
         const int length = std::max(wanted.width(), wanted.height());
         const auto found = std::find_if(sizes_.begin(), sizes_.end(), [length](int size) { return size >= length; });
         const int size = found != sizes_.end() ? *found : sizes_.back();
+        if (isSign_ && IsDark(QGuiApplication::palette()))
+            return IconOnDarkGround(name_ + "_" + std::to_string(size) + ".png");
         return size == sizes_.front() && !smallest_.empty() ? Bitmap(smallest_) : IconImage(name_, size);
     }
 
     std::string name_;
     std::string smallest_;
     std::span<const int> sizes_;
+    bool isSign_;
 };
 
 QIcon NewIcon(std::string_view name, std::span<const int> sizes, std::string smallest = {}) {
     const std::string firstFile = std::string(name) + "_" + std::to_string(sizes.front()) + ".png";
     if (smallest.empty() && EmbeddedIcon(firstFile).empty())
         return {};
-    return QIcon(new EmbeddedIconEngine(std::string(name), sizes, std::move(smallest)));
+    const bool isSign = sizes.data() != std::data(programIconSizes);
+    return QIcon(new EmbeddedIconEngine(std::string(name), sizes, std::move(smallest), isSign));
 }
 
 } // namespace
@@ -129,6 +157,10 @@ QIcon KindIcon(ComponentKind kind) {
 
 QIcon CommandIcon(std::string_view name) {
     return NewIcon(name, iconSizes);
+}
+
+QIcon PaperIcon(std::string_view name) {
+    return QIcon(new EmbeddedIconEngine(std::string(name), iconSizes, {}, false));
 }
 
 QIcon ProgramIcon() {

@@ -18,7 +18,8 @@ const QImage& Bitmap(std::string_view name);
 const QImage& LargeBitmap(std::string_view name);
 constexpr int largeBitmapScale = 3;
 
-/// One size (16, 24, 32, 48) of a drawing among the icons, by its name; a null image when there is none. Decoded once.
+/// One size (16, 20, 24, 32, 48) of a drawing among the icons, by its name; a null image when there is none. Decoded
+/// once.
 const QImage& IconImage(std::string_view name, int size);
 
 /// The picture of a kind for the toolbar and the menu.
@@ -26,6 +27,9 @@ QIcon KindIcon(ComponentKind kind);
 
 /// The picture of a command in all its sizes, by the name of its drawing ("open"); an empty icon when there is none.
 QIcon CommandIcon(std::string_view name);
+
+/// The same for what is white paper in every look.
+QIcon PaperIcon(std::string_view name);
 
 /// The program's own picture in all its sizes.
 QIcon ProgramIcon();

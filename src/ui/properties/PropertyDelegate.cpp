@@ -1,6 +1,7 @@
 #include "ui/properties/PropertyDelegate.h"
 
 #include "ui/parts/FormParts.h"
+#include "ui/parts/Theme.h"
 #include "ui/properties/PropertyListModel.h"
 
 #include <QApplication>
@@ -31,7 +32,7 @@ const QStyle& StyleOf(const QStyleOptionViewItem& option) {
 void PaintCategory(QPainter& painter, const QStyleOptionViewItem& option, const QString& caption) {
     const bool selected = option.state.testFlag(QStyle::State_Selected);
     const QPalette& palette = option.palette;
-    painter.fillRect(option.rect, palette.color(selected ? QPalette::Highlight : QPalette::Button));
+    painter.fillRect(option.rect, palette.color(selected ? QPalette::Highlight : QPalette::Window));
 
     QStyleOption arrow;
     arrow.initFrom(option.widget);
@@ -60,10 +61,22 @@ void PaintNotice(QPainter& painter, const QStyleOptionViewItem& option, const QS
 }
 
 void PaintGrid(QPainter& painter, const QStyleOptionViewItem& option, bool hasRightLine) {
-    painter.setPen(option.palette.color(QPalette::Midlight));
+    painter.setPen(option.palette.color(roles::line));
     painter.drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
     if (hasRightLine)
         painter.drawLine(option.rect.topRight(), option.rect.bottomRight());
+}
+
+/// Behind the word of a flag.
+void PaintHandler(QPainter& painter, const QStyleOptionViewItem& option, const QString& word, const QString& handler) {
+    const QStyle& style = StyleOf(option);
+    const int box = style.pixelMetric(QStyle::PM_IndicatorWidth, &option, option.widget);
+    const int begin = box + option.fontMetrics.horizontalAdvance(word) + 6 * textMargin;
+    const QRect room = option.rect.adjusted(begin, 0, -textMargin, 0);
+    painter.setPen(option.palette.color(option.state.testFlag(QStyle::State_Selected) ? QPalette::HighlightedText
+                                                                                      : QPalette::PlaceholderText));
+    painter.drawText(room, Qt::AlignVCenter | Qt::AlignLeft,
+                     option.fontMetrics.elidedText(handler, Qt::ElideRight, room.width()));
 }
 
 void PaintButton(QPainter& painter, const QStyleOptionViewItem& option) {
@@ -118,6 +131,8 @@ void PropertyDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
         if (row.editor == EditorKind::File)
             cell.textElideMode = Qt::ElideMiddle; // the name at the end says more than the folders
         CellDelegate::paint(painter, cell, index);
+        if (!isCaption && !row.handler.empty())
+            PaintHandler(*painter, cell, index.data().toString(), ToText(row.handler));
         PaintGrid(*painter, option, isCaption);
         if (!isCaption && HasButton(row))
             PaintButton(*painter, option);

@@ -1,6 +1,7 @@
 #include "ui/properties/PropertyListModel.h"
 
 #include "base/Conversions.h"
+#include "designer/PropertyHelp.h"
 #include "ui/parts/CellDelegate.h"
 #include "ui/parts/FormParts.h"
 
@@ -103,7 +104,11 @@ QVariant PropertyListModel::data(const QModelIndex& index, int role) const {
             return row.differs ? Qt::PartiallyChecked : ConvertToBoolean(row.value) ? Qt::Checked : Qt::Unchecked;
         return {};
     case Qt::ToolTipRole:
-        return isValue && (row.differs || !row.value.empty()) ? QVariant(ToolTip(Shown(row))) : QVariant();
+        return isValue && (row.differs || !row.value.empty()) ? QVariant(ToolTip(Shown(row)))
+               : row.isCategory                               ? QVariant()
+                                                              : QVariant(ToolTip(ToText(RowHelp(row))));
+    case Qt::AccessibleDescriptionRole:
+        return ToText(RowHelp(row));
     case Qt::AccessibleTextRole:
         // A screen reader on the value says which property it is.
         return isValue ? ToText(row.caption) + ": " + Shown(row) : ToText(row.caption);

@@ -1,7 +1,9 @@
 #include "ui/properties/plProperties.h"
 
+#include "designer/PropertyHelp.h"
 #include "ui/parts/FormParts.h"
 #include "ui/parts/frmError.h"
+#include "ui/parts/Theme.h"
 #include "ui/properties/frmListEditor.h"
 #include "ui/properties/PropertyDelegate.h"
 #include "ui/properties/PropertyListModel.h"
@@ -11,6 +13,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QStyle>
 
@@ -30,8 +33,8 @@ class ColumnCaptions final : public QHeaderView {
 
   private:
     void paintSection(QPainter* painter, const QRect& box, int section) const override {
-        const QColor line = palette().color(QPalette::Mid);
-        painter->fillRect(box, palette().color(QPalette::Button));
+        const QColor line = palette().color(roles::line);
+        painter->fillRect(box, palette().color(QPalette::Window));
         painter->fillRect(box.left(), box.bottom(), box.width(), 1, line);
         painter->fillRect(box.right(), box.top(), 1, box.height(), line);
         const int margin = section == PropertyListModel::CaptionColumn
@@ -44,7 +47,40 @@ class ColumnCaptions final : public QHeaderView {
 
 } // namespace
 
-plProperties::plProperties(QWidget* parent) : QTreeView(parent), model_(new PropertyListModel(this)) {
+/// Tells below the list what the current property is. It stands in the place of the bar that would roll the list
+/// sideways, which it never does: so the list gives it the room.
+class HelpBar final : public QScrollBar {
+  public:
+    explicit HelpBar(QWidget* parent) : QScrollBar(Qt::Horizontal, parent) {
+        Named(this, "lblHelp", "Beschreibung der Eigenschaft");
+        setContextMenuPolicy(Qt::NoContextMenu);
+    }
+
+    QString Text() const { return text_; }
+    void Show(const QString& text) {
+        text_ = text;
+        setAccessibleDescription(text);
+        setToolTip("<qt>" + text.toHtmlEscaped() + "</qt>");
+        update();
+    }
+    QSize sizeHint() const override { return {0, lines * fontMetrics().lineSpacing() + 2 * tokens::gap}; }
+
+  private:
+    static constexpr int lines = 4;
+
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.fillRect(rect(), palette().color(QPalette::Window));
+        painter.fillRect(0, 0, width(), 1, palette().color(roles::line));
+        painter.drawText(rect().adjusted(tokens::gap, tokens::gap, -tokens::gap, 0), Qt::TextWordWrap, text_);
+    }
+    void mousePressEvent(QMouseEvent*) override {}
+
+    QString text_;
+};
+
+plProperties::plProperties(QWidget* parent)
+    : QTreeView(parent), model_(new PropertyListModel(this)), help_(new HelpBar(this)) {
     Named(this, "plProperties", "Eigenschaften");
     setHeader(new ColumnCaptions(this));
     setModel(model_);
@@ -58,15 +94,21 @@ plProperties::plProperties(QWidget* parent) : QTreeView(parent), model_(new Prop
     setAllColumnsShowFocus(true);
     setSelectionBehavior(SelectRows);
     setVerticalScrollMode(ScrollPerPixel);
+    setHorizontalScrollBar(help_);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setTabKeyNavigation(false);
     setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
     header()->setStretchLastSection(false);
     header()->setSectionsMovable(false);
-    // Captions are never cut, and the values have all the room that is left.
-    header()->setSectionResizeMode(PropertyListModel::CaptionColumn, QHeaderView::ResizeToContents);
+    header()->setSectionResizeMode(PropertyListModel::CaptionColumn, QHeaderView::Interactive);
     header()->setSectionResizeMode(PropertyListModel::ValueColumn, QHeaderView::Stretch);
 
+    connect(header(), &QHeaderView::sectionResized, this, [this](int section, int, int width) {
+        if (section == PropertyListModel::CaptionColumn && !isFitting_)
+            captionWidth_ = width;
+    });
+    connect(header(), &QHeaderView::sectionHandleDoubleClicked, this, [this] { SetCaptionWidth(0); });
+    connect(model_, &PropertyListModel::dataChanged, this, &plProperties::ShowHelp);
     connect(model_, &PropertyListModel::PropertyEdited, this, &plProperties::PropertyEdited);
     connect(model_, &PropertyListModel::modelAboutToBeReset, this, &plProperties::RememberPlace);
     connect(model_, &PropertyListModel::modelReset, this, &plProperties::RestorePlace);
@@ -116,6 +158,35 @@ void plProperties::FinishEditing() {
     }
 }
 
+void plProperties::SetCaptionWidth(int width) {
+    captionWidth_ = width;
+    FitCaptions();
+}
+
+/// Captions are not cut unless the user wants it; the values have all the room that is left.
+void plProperties::FitCaptions() {
+    const QScopedValueRollback fitting(isFitting_, true);
+    if (captionWidth_ == 0)
+        resizeColumnToContents(PropertyListModel::CaptionColumn);
+    else
+        header()->resizeSection(PropertyListModel::CaptionColumn, captionWidth_);
+}
+
+/// A low list keeps its room for the rows.
+void plProperties::ShowHelp() {
+    const QModelIndex current = currentIndex();
+    const QString text = current.isValid() ? ToText(RowHelp(model_->RowAt(current))) : QString();
+    if (text != help_->Text())
+        help_->Show(text);
+    const bool isShown = !text.isEmpty() && height() >= 4 * help_->sizeHint().height();
+    setHorizontalScrollBarPolicy(isShown ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+}
+
+void plProperties::resizeEvent(QResizeEvent* event) {
+    QTreeView::resizeEvent(event);
+    ShowHelp();
+}
+
 QSize plProperties::sizeHint() const {
     constexpr int valueCharacters = 27; // the longest name that a component gets when it is placed
     const int captions = header()->sectionSize(PropertyListModel::CaptionColumn);
@@ -145,6 +216,8 @@ void plProperties::RestorePlace() {
     if (!chosen.empty())
         currentKey_ = chosen; // the next component may have the row again
     executeDelayedItemsLayout();
+    FitCaptions();
+    ShowHelp();
     verticalScrollBar()->setValue(scrollPosition_);
     // The editor that had it is gone.
     if (hadFocus_)
@@ -172,6 +245,7 @@ void plProperties::currentChanged(const QModelIndex& current, const QModelIndex&
     QTreeView::currentChanged(current, previous);
     if (current.isValid())
         currentKey_ = model_->RowAt(current).key;
+    ShowHelp();
 }
 
 void plProperties::keyPressEvent(QKeyEvent* event) {
@@ -196,6 +270,15 @@ void plProperties::mouseReleaseEvent(QMouseEvent* event) {
     if (released.isValid() && pressed_ == released)
         Click(pressed_, event->pos());
     pressed_ = QModelIndex();
+}
+
+void plProperties::mouseDoubleClickEvent(QMouseEvent* event) {
+    const QModelIndex index = indexAt(event->pos());
+    const bool isCaption = index.isValid() && index.column() == PropertyListModel::CaptionColumn;
+    if (isCaption && event->button() == Qt::LeftButton && !model_->RowAt(index).handler.empty())
+        emit HandlerWanted(model_->RowAt(index).handler);
+    else
+        QTreeView::mouseDoubleClickEvent(event);
 }
 
 void plProperties::Click(const QModelIndex& index, const QPoint& position) {

@@ -18,6 +18,9 @@ class PropertyListModel;
 /// edit acts at once (Enter, leaving the editor, choosing, ticking) and is only announced: the owner changes the design
 /// and shows the rows anew, or does not.
 ///
+/// The user sets the width of the columns; below the rows stands what the current property is. A double click on the
+/// caption of an event that is on asks for its handler.
+///
 /// Keys: arrows walk the rows, Enter or F2 edits, Space ticks, Alt+Down or F4 opens choices, file chooser and list
 /// editor, letters and digits begin to edit. The row that the user chose last stays the current one whatever component
 /// is selected, unless it has no such row. Escape gives up an edit; without one it is left to the owner.
@@ -42,6 +45,10 @@ class plProperties : public QTreeView {
     /// Takes over what is being typed, for commands that do not move the focus.
     void FinishEditing();
 
+    /// Of the captions, as the user has set it; 0 as long as they have the width that they need.
+    int CaptionWidth() const { return captionWidth_; }
+    void SetCaptionWidth(int width);
+
     QSize sizeHint() const override;
     /// Letters never leave the row: where it takes none they do nothing.
     void keyboardSearch(const QString&) override {}
@@ -52,6 +59,7 @@ class plProperties : public QTreeView {
     /// An edit that Type began is over; the user goes on with the next (1) or previous (-1) component, or with this
     /// (0).
     void TypedEditEnded(int components);
+    void HandlerWanted(const std::string& handler);
 
   protected:
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
@@ -60,8 +68,12 @@ class plProperties : public QTreeView {
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
+    void ShowHelp();
+    void FitCaptions();
     void RememberPlace();
     void RestorePlace();
     void Click(const QModelIndex& index, const QPoint& position);
@@ -73,6 +85,9 @@ class plProperties : public QTreeView {
     void EditList(const PropertyPanelRow& row);
 
     PropertyListModel* model_;
+    class HelpBar* help_;
+    int captionWidth_ = 0;
+    bool isFitting_ = false; ///< the captions' width changes, and not by the user
     FileChooser chooseFile_;
     QSet<QString> folded_;   ///< keys of the categories that the user closed
     std::string currentKey_; ///< of the row that was current last

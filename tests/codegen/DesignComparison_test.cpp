@@ -1,0 +1,118 @@
+#include "base/Text.h"
+#include "codegen/DesignComparison.h"
+#include "codegen/DesignFacts.h"
+#include "controls/dAuswahl.h"
+
+#include <gtest/gtest.h>
+
+namespace pirol {
+namespace {
+
+Control& Edit(ProjectModel& model, ComponentKind kind, std::size_t index) {
+    return model.EditElement({kind, index});
+}
+
+void Set(Control& control, std::string_view key, std::string_view value) {
+    FindRow(control, key)->set(control, value);
+}
+
+ProjectModel Sample() {
+    ProjectModel model;
+    for (int i = 0; i < 3; ++i)
+        model.PlaceComponent(ComponentKind::Button, {10, 40 * i, 100, 30});
+    model.PlaceComponent(ComponentKind::ComboBox, {200, 10, 100, 30});
+    Set(Edit(model, ComponentKind::ComboBox, 1), "combovalues", std::string_view("rot\0blau", 8));
+    model.PlaceComponent(ComponentKind::Label, {200, 80, 100, 30});
+    model.EditMenus().Append("Datei", "hatMenueDatei").AddEntry("Öffnen", cMenu::Entry);
+    return model;
+}
+
+struct Case {
+    void (*change)(ProjectModel&);
+    const char* lines; ///< each with "|" behind it
+};
+
+const Case cases[] = {
+    {[](ProjectModel&) {}, ""},
+    {[](ProjectModel& model) { model.SetWindowSize(800, 480); }, "geändert: Fenster, Breite: 640 → 800|"},
+    {[](ProjectModel& model) { model.SetAuthor("Öz\nB"); }, "geändert: Fenster, Autor: »« → »Öz\\x0AB«|"},
+    {[](ProjectModel& model) {
+         model.PlaceComponent(ComponentKind::Slider, {1, 2, 30, 40});
+     },
+     "neu: Regler hatRegler1 (Links 1, Oben 2, Breite 30, Höhe 40)|"},
+    {[](ProjectModel& model) {
+         model.DeleteComponent({ComponentKind::Button, 2});
+     },
+     "entfernt: Knopf hatKnopf2 (Links 10, Oben 40, Breite 100, Höhe 30)|"},
+    {[](ProjectModel& model) { Edit(model, ComponentKind::Button, 1).ObjectName = "hatStart"; },
+     "umbenannt: Knopf hatKnopf1 in hatStart|"},
+    {[](ProjectModel& model) {
+         Edit(model, ComponentKind::Button, 1).ObjectName = "hatKnopf2";
+         Edit(model, ComponentKind::Button, 2).ObjectName = "hatKnopf1";
+     },
+     "geändert: Knopf hatKnopf1, Oben: 0 → 40|geändert: Knopf hatKnopf2, Oben: 40 → 0|"
+     "geändert: Reihenfolge der Art Knopf|"},
+    {[](ProjectModel& model) {
+         Control& button = Edit(model, ComponentKind::Button, 3);
+         Set(button, "value", "Los");
+         Set(button, "click", "Wahr");
+         Set(Edit(model, ComponentKind::Label, 1), "align", "2");
+     },
+     "geändert: Etikett hatEtikett1, Ausrichtung: Links → Rechts|geändert: Knopf hatKnopf3, Beschriftung: »Knopf« → "
+     "»Los«|geändert: Knopf hatKnopf3, Geklickt: aus → an|"},
+    {[](ProjectModel& model) {
+         Set(Edit(model, ComponentKind::ComboBox, 1), "combovalues", std::string_view("rot\0grün\0blau", 14));
+     },
+     "neu: Auswahl hatAuswahl1, Einträge: »grün«|"},
+    {[](ProjectModel& model) { model.EditMenus().Menus().begin()->AddEntry("Neu", cMenu::Entry); },
+     "neu: Menüs: Menüzeile »Neu« in »Datei«, Ebene 1|"},
+    {[](ProjectModel& model) {
+         model.EditSql().Server = "localhost";
+         model.EditSql().Password = "geheim";
+         model.EditSql().Flags[0] = 1;
+     },
+     "geändert: Datenbank, Server: »« → »localhost«|geändert: Datenbank, Passwort|"
+     "geändert: Datenbank, AnzahlDerTabellen(): aus → an|"},
+};
+
+TEST(DesignComparison, SaysWhatLeadsFromOneDesignToTheOther) {
+    for (const Case& row : cases) {
+        ProjectModel changed = Sample();
+        row.change(changed);
+        std::string lines;
+        for (const std::string& line : CompareDesigns(Sample(), changed))
+            Append(lines, line, "|");
+        EXPECT_EQ(lines, row.lines);
+        EXPECT_EQ(DesignText(changed) == DesignText(Sample()), lines.empty()) << lines;
+        EXPECT_EQ(CompareDesigns(changed, Sample()).empty(), lines.empty()) << lines;
+        EXPECT_EQ(DesignText(changed).find("geheim"), std::string::npos);
+    }
+}
+
+TEST(DesignComparison, ShowsLongTextsWhereTheyDiffer) {
+    ProjectModel before = Sample();
+    ProjectModel after = before;
+    const std::string text(500, 'x');
+    Set(Edit(before, ComponentKind::Button, 1), "value", text + "ä" + text);
+    Set(Edit(after, ComponentKind::Button, 1), "value", text + "ö" + text);
+    const std::vector<std::string> lines = CompareDesigns(before, after);
+    ASSERT_EQ(lines.size(), 1U);
+    EXPECT_NE(lines[0].find("…xxx"), std::string::npos);
+    EXPECT_NE(lines[0].find("xä"), std::string::npos) << lines[0];
+    EXPECT_NE(lines[0].find("xö"), std::string::npos) << lines[0];
+    EXPECT_LT(lines[0].size(), 300U);
+}
+
+TEST(DesignComparison, IsBoundedForDesignsThatShareNothing) {
+    ProjectModel before;
+    ProjectModel after;
+    for (int i = 0; i < 10000; ++i) {
+        before.PlaceComponent(ComponentKind::Button, {0, 0, 30, 30});
+        after.PlaceComponent(ComponentKind::Button, {1, 0, 30, 30});
+        Edit(after, ComponentKind::Button, static_cast<std::size_t>(i) + 1).ObjectName += "neu";
+    }
+    EXPECT_EQ(CompareDesigns(before, after).size(), mostDifferences);
+}
+
+} // namespace
+} // namespace pirol
