@@ -73,8 +73,8 @@ int main(int argumentCount, char* arguments[]) {
                                 .folder = pirol::UpdateFolder(),
                                 .newTransport = [&] { return pirol::NewNetworkTransport(source.authority); },
                                 .keepDesign = [&] { keeper.KeepForNextStart("Neue Version installiert"); }});
-    QPointer<pirol::pnlStart> start;
     mainWindow.KeepPlace();
+    QPointer<pirol::pnlStart> start;
     mainWindow.show();
     if (const std::string path = pirol::ProjectOnCommandLine(Words(argumentCount, arguments)); !path.empty()) {
         WaitUntilShown(mainWindow); // only where a report may come; an empty start waits for nothing
