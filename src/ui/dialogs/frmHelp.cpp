@@ -8,6 +8,7 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QApplication>
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -58,7 +59,9 @@ frmHelp::frmHelp(QWidget* owner)
     setModal(false);
     FitToScreen(this, usualSize);
 
-    txtSearch_->setPlaceholderText("Suchen (Strg+F)");
+    auto* const lblSearch = new QLabel("S&uchen:");
+    lblSearch->setBuddy(txtSearch_);
+    txtSearch_->setPlaceholderText("Strg+F");
     txtSearch_->setToolTip("Die Eingabetaste geht zur nächsten Stelle, mit der Umschalttaste zurück");
     txtSearch_->setClearButtonEnabled(true);
     lblNothing_->setAlignment(Qt::AlignCenter);
@@ -74,8 +77,12 @@ frmHelp::frmHelp(QWidget* owner)
     auto* const left = new QWidget;
     auto* const rows = new QVBoxLayout(left);
     rows->setContentsMargins(0, 0, 0, 0);
-    for (QWidget* const part : std::initializer_list<QWidget*>{txtSearch_, lstChapters_, lblNothing_})
-        rows->addWidget(part);
+    auto* const searching = new QHBoxLayout;
+    searching->addWidget(lblSearch);
+    searching->addWidget(txtSearch_, 1);
+    rows->addLayout(searching);
+    rows->addWidget(lstChapters_, 1);
+    rows->addWidget(lblNothing_);
     columns->addWidget(left);
     columns->addWidget(txtHandbook_);
     columns->setSizes({listWidth, width() - listWidth});
