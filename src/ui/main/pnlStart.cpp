@@ -80,7 +80,7 @@ QImage ExamplePicture(std::string_view name, const QSize& pixels) {
     const std::string_view bytes = EmbeddedExample(Concatenate(name, ".png"));
     const QImage picture =
         QImage::fromData(reinterpret_cast<const uchar*>(bytes.data()), static_cast<int>(bytes.size()), "PNG");
-    return picture.scaled(picture.size().boundedTo(pixels), Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    return picture.scaled(pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation);
 }
 
 bool IsNotThere(const std::error_code& error) {
@@ -215,7 +215,7 @@ void pnlStart::AddSizes() {
         const NewWindowSize& size = newWindowSizes[i];
         StartCard* const card =
             AddCard(section, sizePicture, QString("%1 x %2").arg(size.width).arg(size.height), notes[i]);
-        card->ShowPicture(WindowSketch(size, card->PicturePixels(), palette()));
+        card->ShowPicture(WindowSketch(size, card->PicturePixels(), PaperPalette()));
         connect(card, &StartCard::clicked, this,
                 [this, size] { window_.Run([&] { NewProject(window_.CurrentDocument(), size); }); });
     }
