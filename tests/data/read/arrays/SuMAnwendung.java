@@ -2,7 +2,7 @@ import sum.komponenten.*;
 import sum.ereignis.*;
 
 /** Ein Taschenrechner mit Feldern von Knöpfen */
-public class Rechner extends EBAnwendung
+public class Rechner extends sum.ereignis.EBAnwendung
 {
     private Knopf[] tasten;
     private Etikett x0;
@@ -38,4 +38,9 @@ public class Rechner extends EBAnwendung
         new Etikett(200, 0, 100, 20, "Titel");
         new Etikett(200, 20, 100, 20, "Zeile");
     }
+}
+
+class Helfer
+{
+    Knopf fremd = new Knopf(1, 2, 3, 4, "fremd");
 }
