@@ -5,6 +5,7 @@
 #include "base/Text.h"
 #include "codegen/SourceLines.h"
 #include "codegen/UpdateRefusal.h"
+#include "codegen/WordList.h"
 
 #include <algorithm>
 
@@ -16,10 +17,6 @@ constexpr std::string_view packages[] = {"ereignis", "komponenten", "multimedia"
 constexpr std::string_view textAreas[] = {"Zeichenbereich", "Zeilenbereich"};
 /// Far more than any program has; what a file made for it could ask for ends here.
 constexpr std::size_t mostPieces = std::size_t{1} << 21U;
-template <class Texts>
-bool Contains(const Texts& texts, std::string_view text) {
-    return std::find(std::begin(texts), std::end(texts), text) != std::end(texts);
-}
 
 } // namespace
 
