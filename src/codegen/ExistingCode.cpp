@@ -201,8 +201,9 @@ std::size_t ExistingCode::AddStatement(std::size_t first, const SourceStatement&
     } else if (!statement.assigned.empty()) {
         if (statement.assigned != subMenu || statement.method != "neuesUntermenue" || kinds != "s")
             return first + 1;
-        const std::size_t value = tokens_[first + 2].begin;
-        key.detail = source_.substr(value, tokens_[statement.end - 1].end - value);
+        // As the generator writes it, whatever blanks the pupil put in.
+        key.detail = details_.emplace_back(
+            Concatenate(statement.object, ".", statement.method, "(", tokens_.Text(statement.arguments.First()), ");"));
     } else {
         // The database's calls belong to its block.
         if (statement.object == database || field->form == nullptr)
