@@ -81,6 +81,8 @@ const Case cases[] = {
     {"        hatSchalter1 =",
      "        new Thread(new Runnable() { public void run() { tue(); } });\r\n        hatSchalter1 =", Nothing, "=", "",
      "", ""},
+    {"    Knopf hatKnopf1;", "    SuMAnwendung f = new\r\n        SuMAnwendung();\r\n    Knopf hatKnopf1;", Nothing,
+     "=", "", "", ""},
     // What he changed of the design's values becomes the design's again, and both are named.
     {"10, 20, 80, 30, \"Knopf\");", "11, 20, breite, 30, \"Knopf\"); // hier", Nothing,
      "new Knopf(10, 20, 80, 30, \"Knopf\"); // hier\r\n", "", "breite",
@@ -110,6 +112,10 @@ const Case cases[] = {
      ""},
     // Blocks and their import.
     {"", "", NoDatabase, "", "", "sum.sql", "entfernt: Datenbank hatDatenbank"},
+    {"            hatErgebnisliste =", "            if (x) { tue(7); }\r\n            hatErgebnisliste =", NoDatabase,
+     "            if (x) { tue(7); }\r\n    }", "", "hatDatenbank", "entfernt: }"},
+    {"            hatDatenbank.sendeSQL(\"SELECT * FROM \");\r\n", "", Nothing, "=", "", "",
+     "behalten: Die Anweisungen für die Datenbank sind verändert"},
     {"\r\n}", "\r\n    Datenbank meine;\r\n}", NoDatabase, "import sum.sql.*;", "", "hatDatenbank",
      "behalten: import sum.sql.*; wird noch gebraucht"},
     // New names reach his lines, but neither texts nor comments.
