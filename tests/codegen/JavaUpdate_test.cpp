@@ -43,11 +43,20 @@ void NewName(ProjectModel& model, UpdateOptions& options) {
     Element(model, ComponentKind::Sound).ObjectName = "hatKnopf1"; // the old name goes to another one
     options.renames = {{"hatKnopf1", "hatStart"}, {"hatTon1", "hatKnopf1"}};
 }
-void JustLoaded(ProjectModel& model, UpdateOptions& options) {
-    static_cast<dSchalter&>(Element(model, ComponentKind::CheckBox)).Checked = false;
+void OddName(ProjectModel& model, UpdateOptions&) {
+    Element(model, ComponentKind::Button).ObjectName = "mein Knopf";
+}
+void OtherArea(ProjectModel& model, UpdateOptions& options) {
     model.DeleteComponent({ComponentKind::RowField, 1});
     Control& area = model.EditElement(model.PlaceComponent(ComponentKind::CharField, {10, 99, 80, 30}));
     area.ObjectName = "hatZeilenbereich1";
+    options.isUnknown = [](std::string_view, std::string_view) { return false; };
+}
+void JustLoaded(ProjectModel& model, UpdateOptions& options) {
+    OtherArea(model, options);
+    auto& box = static_cast<dSchalter&>(Element(model, ComponentKind::CheckBox));
+    box.Checked = false;
+    box.Left = 11;
     options.isUnknown = [](std::string_view, std::string_view) { return true; };
 }
 
@@ -81,7 +90,7 @@ const Case cases[] = {
     {"        hatSchalter1 =",
      "        new Thread(new Runnable() { public void run() { tue(); } });\r\n        hatSchalter1 =", Nothing, "=", "",
      "", ""},
-    {"    Knopf hatKnopf1;", "    SuMAnwendung f = new\r\n        SuMAnwendung();\r\n    Knopf hatKnopf1;", Nothing,
+    {"    Knopf hatKnopf1;", "    SuMAnwendung f = new\r\n        SuMAnwendung() { };\r\n    Knopf hatKnopf1;", Nothing,
      "=", "", "", ""},
     // What he changed of the design's values becomes the design's again, and both are named.
     {"10, 20, 80, 30, \"Knopf\");", "11, 20, breite, 30, \"Knopf\"); // hier", Nothing,
@@ -110,6 +119,15 @@ const Case cases[] = {
      "entfernt: Knopf hatKnopf1"},
     {"Knopf hatKnopf1;", "Knopf hatKnopf1;\r\n    Knopf eigener;", NoButton, "    Knopf eigener;\r\n", "", "hatKnopf1",
      ""},
+    {"", "", OddName, "        mein Knopf = new Knopf(10", "", "hatKnopf1", "neu: mein Knopf = new Knopf(10"},
+    {"\"Knopf\");",
+     "\""
+     "ßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßß"
+     "ßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßß"
+     "ßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßß"
+     "ßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßß"
+     "\");",
+     Nothing, "\"Knopf\");", "", "ß", "ß ...\n"},
     // Blocks and their import.
     {"", "", NoDatabase, "", "", "sum.sql", "entfernt: Datenbank hatDatenbank"},
     {"            hatErgebnisliste =", "            if (x) { tue(7); }\r\n            hatErgebnisliste =", NoDatabase,
@@ -124,8 +142,10 @@ const Case cases[] = {
      "hatKnopf1.b();",
      "//hatKnopf1.spieleTon();", "hatTon1", "umbenannt: hatKnopf1 heißt jetzt hatStart"},
     // What a project file does not hold stays as the source has it.
-    {"", "", JustLoaded, "hatSchalter1.schalteAn();", "    Zeilenbereich hatZeilenbereich1;", "Zeichenbereich",
-     "geändert: hatZeilenbereich1: 10, 20"},
+    {"", "", OtherArea, "hatZeilenbereich1 = new Zeichenbereich(10, 99", "    Zeichenbereich hatZeilenbereich1;",
+     "new Zeilenbereich", ""},
+    {"", "", JustLoaded, "new Schalter(11, 20, 80, 30, \"Schalter 1\");\r\n        hatSchalter1.schalteAn();",
+     "    Zeilenbereich hatZeilenbereich1;", "Zeichenbereich", "geändert: hatZeilenbereich1: 10, 20"},
 };
 
 TEST(JavaUpdate, KeepsWhatIsThePupilsAndBringsTheRestUpToDate) {
@@ -147,6 +167,8 @@ TEST(JavaUpdate, KeepsWhatIsThePupilsAndBringsTheRestUpToDate) {
         EXPECT_TRUE(test.notThere.empty() || update.source.find(test.notThere) == std::string::npos)
             << test.notThere << update.source;
         EXPECT_NE(report.find(test.report), std::string::npos) << test.report << "\n" << report;
+        options.renames.clear();
+        EXPECT_EQ(UpdateJava(update.source, model, options).source, update.source);
     }
 }
 
