@@ -110,6 +110,13 @@ const Case cases[] = {
      "hatKnopf1.setzeBearbeiterGeklickt(\"hatKnopf1Geklickt\");\r\n"
      "    }\r\n\r\n    public void hat",
      NoClick, stub, "public void a()", "", "entfernt: hatKnopf1.setzeBearbeiterGeklickt"},
+    {"eingefügt\r\n    }", "eingefügt\r\n        }", NoClick, stub, "", "",
+     "behalten: Methode hatKnopf1Geklickt() gehört zu keinem Ereignis mehr"},
+    // What is half written is his.
+    {"schalteAn();", "schalteAn()", Nothing, "schalteAn()\r\n", "schalteAn();\r\n", "",
+     "neu: hatSchalter1.schalteAn();"},
+    {"Knopf hatKnopf1;", "Knopf hatKnopf1 = new Knopf(1, 2, 3, 4, \"K\");", Nothing, "=", "", "",
+     "gemeldet: hatKnopf1 wird schon bei der Deklaration erzeugt"},
     // A component that is gone: its lines go, his stay and are named.
     {"\r\n}", "\r\n    void a() { hatKnopf1.verstecke(); }\r\n}", NoButton, "void a() { hatKnopf1.verstecke(); }", "",
      "new Knopf", "gemeldet: hatKnopf1 gibt es nicht mehr: void a() { hatKnopf1.verstecke(); }"},
@@ -137,9 +144,14 @@ const Case cases[] = {
     {"\r\n}", "\r\n    Datenbank meine;\r\n}", NoDatabase, "import sum.sql.*;", "", "hatDatenbank",
      "behalten: import sum.sql.*; wird noch gebraucht"},
     // New names reach his lines, but neither texts nor comments.
-    {stub, "        hatKnopf1.a(\"hatKnopf1\"); // hatKnopf1\r\n        hatTon1.b();\r\n", NewName,
+    {stub,
+     "        hatKnopf1.a(\"hatKnopf1\"); // hatKnopf1\r\n        hatTon1.b();\r\n        "
+     "x.setzeBearbeiterGeklickt(\"hatKnopf1\");\r\n        "
+     "hatKnopf1.setzeBearbeiterGeklickt(\"hatKnopf1Geklickt\");\r\n",
+     NewName,
      "public void hatStartGeklickt()\r\n    {\r\n        hatStart.a(\"hatKnopf1\"); // hatKnopf1\r\n        "
-     "hatKnopf1.b();",
+     "hatKnopf1.b();\r\n        x.setzeBearbeiterGeklickt(\"hatKnopf1\");\r\n        "
+     "hatStart.setzeBearbeiterGeklickt(\"hatStartGeklickt\");",
      "//hatKnopf1.spieleTon();", "hatTon1", "umbenannt: hatKnopf1 heißt jetzt hatStart"},
     // What a project file does not hold stays as the source has it.
     {"", "", OtherArea, "hatZeilenbereich1 = new Zeichenbereich(10, 99", "    Zeichenbereich hatZeilenbereich1;",
@@ -187,6 +199,8 @@ constexpr RefusalRow refusals[] = {
      "Zeile 10: Hier ist hatKnopf1 ein eigenes Feld der Klasse int; im Entwurf heißt so ein Objekt der Klasse Knopf."},
     {"Knopf hatKnopf1;", "java.util.Map<String, java.util.List<Knopf>> hatKnopf1;",
      "Hier ist hatKnopf1 ein eigenes Feld der Klasse Map;"},
+    {"Knopf hatKnopf1;", "int a = f(g(1), 2), b[] = {3, 4}, hatKnopf1;",
+     "Hier ist hatKnopf1 ein eigenes Feld der Klasse int;"},
     {"\r\n}", "\r\n    void hatKnopf1Geklickt() { }\r\n}",
      "Die Methode hatKnopf1Geklickt() steht zweimal da, zuerst in Zeile"},
 };
