@@ -93,9 +93,9 @@ const Case cases[] = {
     {"    Knopf hatKnopf1;", "    SuMAnwendung f = new\r\n        SuMAnwendung() { };\r\n    Knopf hatKnopf1;", Nothing,
      "=", "", "", ""},
     // What he changed of the design's values becomes the design's again, and both are named.
-    {"10, 20, 80, 30, \"Knopf\");", "11, 20, breite, 30, \"Knopf\"); // hier", Nothing,
+    {"10, 20, 80, 30, \"Knopf\");", "11, 20, f(breite), 30, \"Knopf\"); // hier", Nothing,
      "new Knopf(10, 20, 80, 30, \"Knopf\"); // hier\r\n", "", "breite",
-     "geändert: hatKnopf1: 11, 20, breite, 30, \"Knopf\" wird 10, 20, 80, 30, \"Knopf\""},
+     "geändert: hatKnopf1: 11, 20, f(breite), 30, \"Knopf\" wird 10, 20, 80, 30, \"Knopf\""},
     {"new Schalter(10", "new Schalter(12", Nothing, "new Schalter(10", "", "", "geändert: hatSchalter1: 12"},
     // Handlers: an empty one goes with its event, a changed one stays.
     {"", "", NoClick, "hatKnopf1 = new", "", "Geklickt", "entfernt: Methode hatKnopf1Geklickt()"},

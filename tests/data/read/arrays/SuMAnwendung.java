@@ -12,6 +12,7 @@ public class Rechner extends sum.ereignis.EBAnwendung
         { new Textfeld(0, 200, 50, 20, "1"), new Textfeld(50, 200, 50, 20, "2") },
         { new Textfeld(0, 220, 50, 20, "3") }
     };
+    Knopf[] paar = { new Knopf(10, 150, 40, 40, "links") { }, new Knopf(60, 150, 40, 40, "rechts") };
     Schalter[] x = new Schalter[2];
 
     public Rechner()
