@@ -71,7 +71,7 @@ class Wine:
 
     def run(self, program, *words, **options):
         """Runs a program to its end."""
-        return subprocess.run(["wine", str(program), *map(self.path, words)], env=self.environment, capture_output=True, timeout=60,
+        return subprocess.run(["wine", str(program), *map(self.path, words)], env=self.environment, capture_output=True, timeout=300,
                               check=False, **options)
 
     def path(self, path):
