@@ -75,12 +75,13 @@ QImage WindowSketch(const NewWindowSize& size, const QSize& pixels, const QPalet
     return image;
 }
 
-/// Painted beforehand: painting designs takes as long as the rest of the start.
+/// Painted beforehand, for two scales of the screen: painting designs takes as long as the rest of the start.
 QImage ExamplePicture(std::string_view name, const QSize& pixels) {
-    const std::string_view bytes = EmbeddedExample(Concatenate(name, ".png"));
+    const bool isUsual = pixels == designPicture;
+    const std::string_view bytes = EmbeddedExample(Concatenate(name, isUsual ? "_128.png" : "_256.png"));
     const QImage picture =
         QImage::fromData(reinterpret_cast<const uchar*>(bytes.data()), static_cast<int>(bytes.size()), "PNG");
-    return picture.scaled(pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    return isUsual ? picture : picture.scaled(pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation);
 }
 
 bool IsNotThere(const std::error_code& error) {
