@@ -172,7 +172,6 @@ void frmMain::BuildMenus() {
     Command("mnuHelpUpdate")->setStatusTip(ToText(noUpdateSource));
     RefreshCodeMenu();
     tbComponents_->PressButton(canvas_.CurrentKind());
-    BuildToolBar();
 }
 
 void frmMain::BuildToolBar() {
@@ -187,10 +186,16 @@ void frmMain::BuildToolBar() {
         tbMain_->Add(command);
     }
     tbMain_->ShowCaption(Command("mnuCodeTest"), "Testen");
-    for (QAction* const command : findChild<QMenu*>("mnuArrange")->actions())
+}
+
+/// With the first selection: before that there is nothing to arrange, and the window is there sooner.
+void frmMain::OfferArranging() {
+    if (std::exchange(offersArranging_, true))
+        return;
+    QMenu* const menu = findChild<QMenu*>("mnuArrange");
+    emit menu->aboutToShow(); // gives its commands their pictures
+    for (QAction* const command : menu->actions())
         tbMain_->Add(command->isSeparator() ? nullptr : command);
-    // These drawings can wait until the window is there.
-    QTimer::singleShot(0, this, [this] { emit findChild<QMenu*>("mnuArrange")->aboutToShow(); });
 }
 
 void frmMain::AddCommand(QMenu* menu, const CommandRow& row) {
