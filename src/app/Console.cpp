@@ -4,11 +4,11 @@
 
 // Here alone, because its macros rename functions of ours.
 #ifdef _WIN32
+#include <windows.h>
 #include <cstdio>
 #include <fcntl.h>
 #include <filesystem>
 #include <io.h>
-#include <windows.h>
 #endif
 
 namespace pirol {

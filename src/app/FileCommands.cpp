@@ -64,9 +64,17 @@ std::string ProjectOnCommandLine(std::span<const std::string> words) {
     return IsExistingFile(PathOf(line)) ? line : PathOfAddress(path).value_or(path);
 }
 
-void NewProject(Document& document) {
-    document.Replace("Neuer Entwurf", [](ProjectModel& model) {
+void NewProject(Document& document, const NewWindowSize& size) {
+    document.Replace("Neuer Entwurf", [&size](ProjectModel& model) {
         model.Reset();
+        model.SetWindowSize(size.width, size.height);
+        return Document::Origin{.path = {}, .isSaved = true};
+    });
+}
+
+void BeginWithTemplate(Document& document, std::string_view bytes) {
+    document.Replace("Vorlage öffnen", [bytes](ProjectModel& model) {
+        ReadPRLBytes(bytes, model);
         return Document::Origin{.path = {}, .isSaved = true};
     });
 }

@@ -4,8 +4,10 @@
 #include "designer/Document.h"
 #include "project/LoadingProgress.h"
 
+#include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 
 namespace pirol {
 
@@ -21,8 +23,22 @@ std::string ProjectOnCommandLine(std::span<const std::string> words);
 /// an empty design. `progress` may be null. Raises what ReadPRLFile raises; what was read until then stays.
 void LoadProject(const std::string& path, Document& document, cCommonDialog& dialogs, LoadingProgress* progress);
 
+/// A size that the designed window of a new project can be given.
+struct NewWindowSize {
+    std::int16_t width;
+    std::int16_t height;
+};
+
+/// Those for which the menu of windows has main windows.
+inline constexpr NewWindowSize newWindowSizes[] = {{320, 240}, {640, 480}, {800, 600}};
+inline constexpr NewWindowSize usualWindowSize = {ProjectModel::defaultWidth, ProjectModel::defaultHeight};
+
 /// Empties the design. The SQL settings stay: a new project goes on with the database of the last one.
-void NewProject(Document& document);
+void NewProject(Document& document, const NewWindowSize& size = usualWindowSize);
+
+/// Puts the design of a project file's bytes in the place of the present one, as a new project without a file.
+/// Raises what ReadPRLBytes raises.
+void BeginWithTemplate(Document& document, std::string_view bytes);
 
 /// Lets the user choose a project file and loads it. True when one was chosen, whatever came of it.
 bool OpenProject(Document& document, cCommonDialog& dialogs, LoadingProgress* progress);

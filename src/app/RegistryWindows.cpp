@@ -3,8 +3,8 @@
 
 #include "app/RegistryStore.h"
 
-#include <cstring>
 #include <windows.h>
+#include <cstring>
 
 namespace pirol::registry {
 namespace {

@@ -4,12 +4,12 @@
 #include "base/ChildProcess.h"
 #include "base/RuntimeError.h"
 
+#include <windows.h>
 #include <algorithm>
 #include <atomic>
 #include <mutex>
 #include <optional>
 #include <utility>
-#include <windows.h>
 
 namespace pirol {
 namespace {

@@ -3,439 +3,47 @@
 #include "base/Conversions.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "codegen/SourceLines.h"
+#include "codegen/UpdateRefusal.h"
 
 #include <algorithm>
 
 namespace pirol {
 namespace {
 
-constexpr std::string_view baseClass = "EBAnwendung";
-constexpr std::string_view menuClass = "Menue";
-constexpr std::string_view databaseClass = "Datenbank";
-constexpr std::string_view resultClass = "SQLErgebnisliste";
 constexpr std::string_view radioButtonClass = "Radioknopf";
 constexpr std::string_view packages[] = {"ereignis", "komponenten", "multimedia", databasePackage, toolsPackage};
-/// Methods that the generator calls and pupils anywhere, too.
-constexpr std::string_view commonMethods[] = {"haengeAn", "schalteAn", "setzeInhalt", "setzeWert"};
 constexpr std::string_view textAreas[] = {"Zeichenbereich", "Zeilenbereich"};
 /// Far more than any program has; what a file made for it could ask for ends here.
 constexpr std::size_t mostPieces = std::size_t{1} << 21U;
-/// A class's head is not longer, and what half-written lines put into a constructor's head.
-constexpr std::size_t longestHead = 40;
-constexpr std::size_t mostTokensBetween = 400;
-
 template <class Texts>
 bool Contains(const Texts& texts, std::string_view text) {
     return std::find(std::begin(texts), std::end(texts), text) != std::end(texts);
 }
 
-std::size_t LineBreaks(std::string_view text) {
-    std::size_t breaks = 0;
-    for (std::size_t position = EndOfLine(text, 0); position < text.size();
-         position = EndOfLine(text, BehindLine(text, position)))
-        ++breaks;
-    return breaks;
-}
-
-/// The database's methods as generated, with "?" for every setting.
-const SourceTokens& Queries() {
-    static const std::string code = [] {
-        SQLSettings settings{"?", "?", "?", "?", "?", {}};
-        settings.Flags.fill(1);
-        return GenerateSQLMethods(settings);
-    }();
-    static const SourceTokens tokens(code, SourceTokens::Comments::WithinLines);
-    return tokens;
-}
-
-/// The token with the name of a query in Queries(), or its count.
-std::size_t FindQuery(std::string_view name) {
-    static const std::unordered_map<std::string_view, std::size_t> names = [] {
-        std::unordered_map<std::string_view, std::size_t> found;
-        for (std::size_t index = 0; index < Queries().Count(); ++index)
-            if (IsMethodHead(Queries(), index, {}))
-                found.emplace(Queries().Text(index), index);
-        return found;
-    }();
-    const auto place = names.find(name);
-    return place == names.end() ? Queries().Count() : place->second;
-}
-
-/// All methods that the generator calls.
-const std::unordered_set<std::string_view>& GeneratedCalls() {
-    static const std::unordered_set<std::string_view> calls = [] {
-        std::unordered_set<std::string_view> all = {"sendeSQL"};
-        for (const auto& [javaClass, form] : ClassForms())
-            for (const auto& [method, kinds] : form.calls)
-                all.insert(method);
-        return all;
-    }();
-    return calls;
-}
-
 } // namespace
 
-UpdateRefusal::UpdateRefusal(std::size_t line, std::string_view message)
-    : std::runtime_error(Concatenate("Zeile ", line, ": ", message)), line_(line) {}
-
-CodeOptions HeldBlocks(const SourceTokens& tokens) {
-    CodeOptions held;
-    for (std::size_t index = 2; index < tokens.Count(); ++index) {
-        if (!tokens.Is(index, ";"))
-            continue;
-        held.menu |= tokens.Are(index - 2, menuClass, subMenu);
-        held.database |= tokens.Are(index - 2, databaseClass, database);
-    }
-    return held;
-}
-
-CodeOptions SeeminglyHeldBlocks(std::string_view source) {
-    constexpr std::size_t mostBlanks = 80;
-    const auto isDeclared = [source](std::string_view javaClass, std::string_view name) {
-        for (std::size_t hit = source.find(javaClass); hit != std::string_view::npos;
-             hit = source.find(javaClass, hit + 1)) {
-            const std::string_view behind = Stripped(source.substr(hit + javaClass.size(), mostBlanks));
-            if (behind.starts_with(name) && Stripped(behind.substr(name.size())).starts_with(';'))
-                return true;
-        }
-        return false;
-    };
-    return {isDeclared(menuClass, subMenu), isDeclared(databaseClass, database)};
-}
-
 ExistingCode::ExistingCode(const SourceTokens& tokens, const GeneratedCode& wanted, CodeOptions blocks)
-    : tokens_(tokens), source_(tokens.Source()), wanted_(wanted), blocks_(blocks) {
+    : frame(tokens, wanted), tokens_(tokens), source_(tokens.Source()), wanted_(wanted), blocks_(blocks) {
     pieces.reserve(wanted.pieces.size() + wanted.pieces.size() / 8);
-    fields.reserve(wanted.fields.size());
-    registered.reserve(wanted.methods.size());
-    methodOf_.reserve(wanted.methods.size());
-    FindClass();
-    FindConstructor();
-    FindConstructorEnd();
-    FindClassEnd();
-    SetRegions();
+    fields.Reserve(wanted.fields.Size());
     ReadImports();
-    ReadFields(classOpen_ + 1, constructor_, CodeSection::Fields);
-    ReadFields(constructorEnd_ + (constructorCloses_ ? 1 : 0), classEnd_, CodeSection::Methods);
+    ReadFields(frame.classOpen + 1, frame.constructor, CodeSection::Fields);
+    ReadFields(frame.Methods(), frame.classEnd, CodeSection::Methods);
     ReadConstructor();
-    runs_.push_back(pieces.size());
-    ReadComments();
-    runs_.push_back(pieces.size());
+    ReadComments(source_.size());
     DecideFields();
-    MergeRuns();
+    PutInOrder();
     KeepOwnedPieces();
     CollectRegistered();
-    runs_.push_back(pieces.size());
     ReadMethods();
-    MergeRuns();
+    PutInOrder();
     DropOverlaps();
 }
 
-// --- where things are ---
-
-void ExistingCode::FindClass() {
-    int balance = 0;
-    bool found = false;
-    for (std::size_t index = 0; index < tokens_.Count(); ++index) {
-        balance += LevelStep(tokens_.Text(index));
-        if (!tokens_.Is(index, "class") || !tokens_.IsWord(index + 1))
-            continue;
-        std::size_t at = index + 2;
-        while (at < index + longestHead && LevelStep(tokens_.Text(at)) == 0 && !tokens_.Is(at, "extends"))
-            ++at;
-        while (tokens_.Is(at + 2, "."))
-            at += 2;
-        if (!tokens_.Is(at + 1, baseClass))
-            continue;
-        if (found)
-            Refuse(index, "Mehr als eine Klasse erweitert EBAnwendung.");
-        found = true;
-        classToken_ = index;
-        className_ = tokens_.Text(index + 1);
-        classOpen_ = at + 1;
-        for (std::size_t ahead = at + 2; ahead < at + longestHead; ++ahead)
-            if (tokens_.Is(ahead, "{")) {
-                classOpen_ = ahead;
-                break;
-            }
-    }
-    if (!found)
-        throw UpdateRefusal(1, "Es gibt keine Klasse, die EBAnwendung erweitert.");
-    bracesMatch_ = balance == 0;
-}
-
-void ExistingCode::FindConstructor() {
-    int level = 1;
-    int foundLevel = 0;
-    for (std::size_t index = classOpen_ + 1; index < tokens_.Count(); ++index) {
-        level += LevelStep(tokens_.Text(index));
-        if (!tokens_.Is(index, className_) || !tokens_.Are(index + 1, "(", ")"))
-            continue;
-        const bool begins = MayBegin(tokens_, index) || IsModifier(tokens_.Text(index - 1));
-        if (!begins || tokens_.Is(index - 1, "new") || tokens_.Is(index + 3, ";") || tokens_.Is(index + 3, "."))
-            continue;
-        if (constructor_ != 0 && level == foundLevel)
-            Refuse(index, Concatenate("Der Konstruktor ", className_, "() steht zweimal da, zuerst in Zeile ",
-                                      LineOf(constructor_), "."));
-        if (constructor_ != 0 && level > foundLevel)
-            continue;
-        constructor_ = index;
-        foundLevel = level;
-    }
-    if (constructor_ == 0)
-        Refuse(classToken_, Concatenate("Die Klasse ", className_, " hat keinen Konstruktor ohne Parameter."));
-    FindConstructorOpen();
-    inOrder_ = foundLevel == 1;
-}
-
-/// The brace behind the head; where lines were put in between, the first one as far left that no other head precedes.
-void ExistingCode::FindConstructorOpen() {
-    constructorOpen_ = constructor_ + 2;
-    const bool hasThrows = tokens_.Is(constructor_ + 3, "throws");
-    for (std::size_t ahead = constructor_ + 3; ahead < constructor_ + mostTokensBetween; ++ahead) {
-        if (tokens_.Are(ahead, superCall, "("))
-            return;
-        if (!tokens_.Is(ahead, "{"))
-            continue;
-        const bool isSure = ahead == constructor_ + 3 || hasThrows;
-        if (isSure || (tokens_[ahead].startsLine != 0 && Indent(ahead) == Indent(constructor_)))
-            constructorOpen_ = ahead;
-        if (isSure || (constructorOpen_ == ahead && !tokens_.Is(ahead - 1, ")")))
-            return;
-    }
-}
-
-/// The brace that closes the constructor's first one, if nothing speaks against it: none of our methods begins before,
-/// no statement of ours stands between it and the next of our methods outside any braces, and the class has one left.
-void ExistingCode::FindConstructorEnd() {
-    int level = 1;
-    std::size_t closing = 0;
-    std::size_t index = constructorOpen_ + 1;
-    std::size_t outerBrace = 0; // another one that stands where the closing one should
-    bool trusted = true;
-    bool isKnown = false;
-    bool isInMethod = false;
-    for (; index < tokens_.Count() && trusted && level >= 0 && !isKnown; ++index) {
-        const int step = LevelStep(tokens_.Text(index));
-        level += step;
-        RememberHandler(index);
-        const auto isStatement = [&] { return LooksLikeStatement(index) || LooksLikeCall(index); };
-        isKnown = IsKnownHead(index);
-        if (closing != 0) {
-            isInMethod = isInMethod || IsMethodHead(tokens_, index, className_);
-            trusted = (level != 0 && isInMethod) || !isStatement();
-            continue;
-        }
-        trusted = !isKnown;
-        if (step < 0 && level == 0)
-            closing = index;
-        else if (step < 0 && tokens_[index].startsLine != 0 && Indent(index) == Indent(constructor_))
-            outerBrace = index;
-        else if (outerBrace != 0 && isStatement())
-            outerBrace = 0;
-    }
-    for (const bool classEnded = level < 0; classEnded && trusted && index < tokens_.Count(); ++index)
-        trusted = !IsKnownHead(index);
-    trusted = trusted && closing != 0 && (level < 0 || isKnown) &&
-              ((bracesMatch_ && inOrder_ && outerBrace == 0) || Indent(closing) == Indent(constructor_));
-    inOrder_ = inOrder_ && trusted;
-    constructorEnd_ = closing;
-    if (!trusted)
-        FindBrokenConstructorEnd();
-}
-
-/// Where braces do not tell: behind the last statement of ours and before the next method, the first brace as far left
-/// as the constructor's head, or else the last one that begins a line.
-void ExistingCode::FindBrokenConstructorEnd() {
-    std::size_t lowest = constructorOpen_;
-    std::size_t limit = constructorOpen_ + 1;
-    std::size_t ownHead = 0;
-    std::size_t outerBrace = 0;
-    std::size_t block = 0; // the database's "if" until it closes
-    std::size_t lastBrace = tokens_.Count();
-    for (; limit < tokens_.Count() && !IsKnownHead(limit); ++limit) {
-        if (tokens_.Is(limit, "}")) {
-            lastBrace = limit;
-            if (tokens_[limit].startsLine != 0 && Indent(limit) == Indent(constructor_))
-                outerBrace = limit;
-        }
-        RememberHandler(limit);
-        if (tokens_.Are(limit, "if", "(", connectMethod))
-            block = limit;
-        const bool closesBlock =
-            block != 0 && tokens_.Is(limit, "}") && tokens_[limit].startsLine != 0 && Indent(limit) == Indent(block);
-        if (closesBlock)
-            block = 0;
-        if (closesBlock || LooksLikeStatement(limit)) {
-            lowest = limit;
-            ownHead = 0; // it stands in the constructor, where no method should
-        } else if (ownHead == 0 && outerBrace > lowest && IsMethodHead(tokens_, limit, className_)) {
-            ownHead = limit;
-        }
-    }
-    limit = ownHead != 0 ? ownHead : limit;
-    limit = limit < tokens_.Count() ? FirstOfHead(limit) : std::max(lastBrace, lowest + 1);
-    constructorEnd_ = limit;
-    constructorCloses_ = false;
-    for (std::size_t index = limit; index-- > lowest + 1;) {
-        if (!tokens_.Is(index, "}") || tokens_[index].startsLine == 0)
-            continue;
-        if (!constructorCloses_ || Indent(index) == Indent(constructor_))
-            constructorEnd_ = index;
-        constructorCloses_ = true;
-    }
-}
-
-void ExistingCode::FindClassEnd() {
-    int level = 1;
-    classEnd_ = tokens_.Count();
-    std::size_t lastBrace = tokens_.Count();
-    for (std::size_t index = constructorEnd_ + (constructorCloses_ ? 1 : 0); index < tokens_.Count(); ++index) {
-        const int step = LevelStep(tokens_.Text(index));
-        level += step;
-        if (step >= 0)
-            continue;
-        lastBrace = index;
-        if (level != 0)
-            continue;
-        std::size_t next = index + 1;
-        while (IsModifier(tokens_.Text(next)))
-            ++next;
-        if (next == tokens_.Count() ||
-            Contains(std::array<std::string_view, 4>{"class", "interface", "enum", "@"}, tokens_.Text(next))) {
-            classEnd_ = index;
-            return;
-        }
-    }
-    inOrder_ = false;
-    classEnd_ = lastBrace;
-}
-
-bool ExistingCode::IsKnownHead(std::size_t index) {
-    if (const GeneratedPiece* const known = KnownPiece(index))
-        return known->section == CodeSection::Methods;
-    if (!tokens_.Is(index + 1, "(") || index < 2 || tokens_.Is(index - 1, "."))
-        return false;
-    const std::string_view name = tokens_.Text(index);
-    if (!tokens_.Is(index - 1, "void"))
-        return tokens_.Is(index - 2, "public") && FindQuery(name) < Queries().Count();
-    return tokens_.Is(index + 2, ")") && !tokens_.Is(index + 3, ";") &&
-           (wanted_.methods.contains(name) || IsNamedHandler(name));
-}
-
-/// Remembers a statement that registers a handler: that one's head ends the constructor.
-void ExistingCode::RememberHandler(std::size_t index) {
-    if (!tokens_.Is(index, "(") || index < 2 || !tokens_.Is(index - 2, "."))
-        return;
-    if (tokens_.Text(index - 1).starts_with(registration))
-        handlerTokens_.push_back(index + 1);
-    else if (tokens_.Is(index - 1, "haengeZeileAn") && tokens_.Is(index + 2, ","))
-        handlerTokens_.push_back(index + 3);
-}
-
-bool ExistingCode::IsNamedHandler(std::string_view name) {
-    for (; !handlerTokens_.empty(); handlerTokens_.pop_back())
-        namedHandlers_.insert(Literal(handlerTokens_.back()));
-    return namedHandlers_.contains(name);
-}
-
-bool ExistingCode::LooksLikeStatement(std::size_t index) const {
-    if (const GeneratedPiece* const known = KnownPiece(index))
-        return known->section == CodeSection::Constructor;
-    if (!MayBegin(tokens_, index))
-        return false;
-    if (tokens_.Are(index + 1, "=", "new"))
-        return ClassForms().contains(tokens_.Text(index + 3));
-    return (LooksLikeCall(index) && !Contains(commonMethods, tokens_.Text(index + 2))) ||
-           tokens_.Are(index, resultList, "=", database) || tokens_.Are(index, subMenu, "=");
-}
-
-/// Whether a statement begins that the generator may have written, or a pupil anywhere.
-bool ExistingCode::LooksLikeCall(std::size_t index) const {
-    if (!MayBegin(tokens_, index))
-        return false;
-    if (tokens_.Is(index + 1, ".") && tokens_.Is(index + 3, "("))
-        return GeneratedCalls().contains(tokens_.Text(index + 2));
-    return tokens_.Are(index, "if", "(", connectMethod) || tokens_.Are(index, superCall, "(");
-}
-
-/// How many blanks and tabs stand before the first word of a head, or before a brace.
-std::size_t ExistingCode::Indent(std::size_t index) const {
-    const std::size_t begin = tokens_[FirstOfHead(index)].begin;
-    return begin - LineStart(begin, 0);
-}
-
-std::size_t ExistingCode::FirstOfHead(std::size_t index) const {
-    while (index > 0 && tokens_[index].startsLine == 0 && tokens_.IsWord(index - 1))
-        --index;
-    return index;
-}
-
-void ExistingCode::SetRegions() {
-    const auto positionOf = [this](std::size_t token) {
-        return token < tokens_.Count() ? tokens_[token].begin : source_.size();
-    };
-    Region& imports = regions[static_cast<std::size_t>(CodeSection::Imports)];
-    imports.end = AboveComments(LineStart(positionOf(FirstOfHead(classToken_)), 0), 0);
-    Region& declarations = regions[static_cast<std::size_t>(CodeSection::Fields)];
-    declarations.begin = BehindToken(classOpen_);
-    declarations.end =
-        AboveComments(LineStart(positionOf(FirstOfHead(constructor_)), declarations.begin), declarations.begin);
-    Region& statements = regions[static_cast<std::size_t>(CodeSection::Constructor)];
-    statements.begin = BehindToken(constructorOpen_);
-    statements.end = LineStart(positionOf(constructorEnd_), statements.begin);
-    Region& methods = regions[static_cast<std::size_t>(CodeSection::Methods)];
-    methods.begin = statements.end;
-    if (constructorCloses_) {
-        methods.begin = BehindToken(constructorEnd_);
-        const std::size_t behind = BehindLine(source_, methods.begin);
-        if (behind <= positionOf(constructorEnd_ + 1) && behind < source_.size() &&
-            IsLineEnd(source_[methods.begin - 1]) && IsBlank(source_.substr(methods.begin, behind - methods.begin)))
-            methods.begin = behind;
-    }
-    methods.end = LineStart(positionOf(classEnd_), methods.begin);
-}
-
-/// Behind a token's line when nothing else stands in it, and directly behind the token otherwise.
-std::size_t ExistingCode::BehindToken(std::size_t index) const {
-    const std::size_t end = tokens_[index].end;
-    const std::size_t endOfLine = EndOfLine(source_, end);
-    const bool isLast = index + 1 >= tokens_.Count() || tokens_[index + 1].begin >= endOfLine;
-    return isLast ? BehindLine(source_, end) : end;
-}
-
-/// The beginning of the line when only blanks stand before the position.
-std::size_t ExistingCode::LineStart(std::size_t position, std::size_t lowest) const {
-    std::size_t start = position;
-    while (start > lowest && (source_[start - 1] == ' ' || source_[start - 1] == '\t'))
-        --start;
-    return start == lowest || IsLineEnd(source_[start - 1]) ? start : position;
-}
-
-/// The empty line above a head, with the comments between them: a new declaration must not come between a comment and
-/// what it is about.
-std::size_t ExistingCode::AboveComments(std::size_t position, std::size_t lowest) const {
-    std::size_t line = position;
-    while (line > lowest && IsLineEnd(source_[line - 1])) {
-        std::size_t before = line - (source_.substr(0, line).ends_with("\r\n") ? 2 : 1);
-        while (before > lowest && !IsLineEnd(source_[before - 1]))
-            --before;
-        const std::string_view text = Stripped(source_.substr(before, line - before));
-        if (text.empty())
-            return before;
-        const bool isOurs = text == fieldsComment || text.starts_with("//import");
-        if (isOurs ||
-            !(text.starts_with("//") || text.starts_with("/*") || text.starts_with('*') || text.starts_with('@')))
-            break;
-        line = before;
-    }
-    return position;
-}
-
-// --- what is Pirol's ---
-
-ExistingPiece& ExistingCode::AddPiece(const CodeKey& key, CodeSection section, std::size_t firstToken,
+ExistingPiece& ExistingCode::AddPiece(const CodeKey* key, CodeSection section, std::size_t firstToken,
                                       std::size_t endToken) {
+    ReadComments(tokens_[firstToken].begin);
     if (pieces.size() == mostPieces)
         throw RuntimeError(RuntimeError::OutOfMemory);
     ExistingPiece& piece = pieces.emplace_back();
@@ -449,88 +57,108 @@ ExistingPiece& ExistingCode::AddPiece(const CodeKey& key, CodeSection section, s
 }
 
 void ExistingCode::ReadImports() {
-    for (std::size_t index = 0; index < classToken_; ++index)
+    for (std::size_t index = 0; index < frame.classToken; ++index)
         if (tokens_.Are(index, "import", "sum", ".") && tokens_.Are(index + 4, ".", "*", ";") &&
             MayBegin(tokens_, index) && Contains(packages, tokens_.Text(index + 3)))
-            AddPiece({{}, members::import, tokens_.Text(index + 3)}, CodeSection::Imports, index, index + 7);
+            AddPiece(Keep({{}, members::import, tokens_.Text(index + 3)}), CodeSection::Imports, index, index + 7);
 }
 
 void ExistingCode::ReadFields(std::size_t first, std::size_t end, CodeSection section) {
     int level = 1;
     for (std::size_t index = first; index < end; ++index) {
         level += LevelStep(tokens_.Text(index));
-        if (!tokens_.IsWord(index) || !MayBegin(tokens_, index))
+        const GeneratedPiece* const known = wanted_.Known(tokens_[index]);
+        const bool mayBegin = known != nullptr ? known->section == CodeSection::Fields
+                                               : tokens_.IsWord(index) && MayBegin(tokens_, index);
+        if (!mayBegin)
             continue;
-        if (level != 1 && (section == CodeSection::Methods || (inOrder_ && Indent(index) != Indent(constructor_))))
+        if (level != 1 && (section == CodeSection::Methods ||
+                           (frame.inOrder && Indent(tokens_, index) != Indent(tokens_, frame.constructor))))
             continue;
         // A half-written line above may end in a word that reads like a modifier.
         if (IsModifier(tokens_.Text(index)) && index + 1 < end && tokens_[index + 1].startsLine != 0)
             continue;
-        std::size_t behind = index;
-        for (const SourceDeclaration& declaration : ReadDeclarations(tokens_, index, behind)) {
-            ExistingField field;
-            field.javaClass = declaration.javaClass;
-            field.depth = level;
-            const auto form = ClassForms().find(declaration.javaClass);
-            field.form = form == ClassForms().end() ? nullptr : &form->second;
-            field.alone = declaration.alone && field.form != nullptr;
-            field.hasValue = declaration.hasValue;
-            field.firstToken = index;
-            field.endToken = behind;
-            field.section = section;
-            AddField(declaration, field);
+        if (known != nullptr) {
+            const std::string_view javaClass = known->code.substr(0, known->code.find(' '));
+            AddField({javaClass, known->key.object, index, true}, level, index, index + 1, &known->key);
+            continue;
         }
+        std::size_t behind = index;
+        for (const SourceDeclaration& declaration : ReadDeclarations(tokens_, index, behind))
+            AddField(declaration, level, index, behind, nullptr);
     }
 }
 
-void ExistingCode::AddField(const SourceDeclaration& declaration, const ExistingField& field) {
-    if (!field.alone && !wanted_.fields.contains(declaration.name))
+/// The key is that of a known declaration, null for another one.
+void ExistingCode::AddField(const SourceDeclaration& declaration, int level, std::size_t firstToken,
+                            std::size_t endToken, const CodeKey* key) {
+    ExistingField field;
+    field.javaClass = declaration.javaClass;
+    field.depth = level;
+    field.form = FormOf(declaration.javaClass);
+    field.alone = declaration.alone && field.form != nullptr;
+    field.hasValue = declaration.hasValue;
+    field.firstToken = firstToken;
+    if (key != nullptr)
+        field.wantedClass = field.javaClass;
+    else if (const std::string_view* const wanted = wanted_.fields.Find(declaration.name))
+        field.wantedClass = *wanted;
+    if (!field.alone && field.wantedClass.empty())
         return;
-    const auto [place, isNew] = fields.emplace(declaration.name, field);
-    if (isNew) {
-        fieldOrder_.push_back(&*place);
-        return;
-    }
-    if (place->second.depth == field.depth && field.depth == 1)
-        Refuse(declaration.token,
+    const auto [entry, isNew] = fields.Add(declaration.name, field);
+    ExistingField& before = entry->value;
+    if (!isNew && before.depth == level && level == 1)
+        Refuse(tokens_, declaration.token,
                Concatenate("Das Feld ", declaration.name, " ist zweimal deklariert, zuerst in Zeile ",
-                           LineOf(place->second.firstToken), "."));
-    if (field.depth < place->second.depth)
-        place->second = field;
+                           LineOf(tokens_, before.firstToken), "."));
+    if (!isNew && level >= before.depth)
+        return;
+    before = field;
+    if (!field.alone)
+        return;
+    ExistingPiece& piece = AddPiece(key != nullptr ? key : Keep({declaration.name, members::field, {}}),
+                                    CodeSection::Fields, firstToken, endToken);
+    piece.field = static_cast<std::uint32_t>(entry - &fields[0]);
+    piece.isKnown = key != nullptr;
+}
+
+/// The form of a class, if that is one of Pirol's; mostly that of the field before.
+const ClassForm* ExistingCode::FormOf(std::string_view javaClass) {
+    if (lastForm_ == nullptr || lastForm_->first != javaClass) {
+        const auto form = ClassForms().find(javaClass);
+        if (form == ClassForms().end())
+            return nullptr;
+        lastForm_ = &*form;
+    }
+    return &lastForm_->second;
 }
 
 void ExistingCode::ReadConstructor() {
     bool mentionsConnection = false;
     bool hasBlock = false;
-    for (std::size_t index = constructorOpen_ + 1; index < constructorEnd_;) {
+    for (std::size_t index = frame.constructorOpen + 1; index < frame.constructorEnd;) {
         mentionsConnection |= tokens_.Is(index, connectMethod);
         const std::size_t before = pieces.size();
         const std::size_t next = MayBegin(tokens_, index) ? ReadConstructorStatement(index) : index + 1;
-        hasBlock |= pieces.size() > before && pieces[before].key.member == members::block;
+        hasBlock |= pieces.size() > before && pieces[before].key->member == members::block;
         index = next;
     }
     ownDatabaseBlock = mentionsConnection && !hasBlock;
 }
 
-/// The wanted piece that a token is word for word, if any.
-const GeneratedPiece* ExistingCode::KnownPiece(std::size_t token) const {
-    const std::uint32_t known = token < tokens_.Count() ? tokens_[token].known : 0;
-    return known == 0 ? nullptr : &wanted_.pieces[wanted_.knownPieces[known - 1]];
-}
-
 void ExistingCode::AddKnown(std::size_t token, const GeneratedPiece& wanted) {
-    ExistingField* const field = FindField(wanted.key.object);
-    if (field == nullptr)
+    const std::uint32_t field = FindField(wanted.key.object);
+    if (field == noField)
         return;
     if (wanted.key.member == members::assignment && wanted.key.detail.empty())
-        field->createdAsForm = true;
-    ExistingPiece& piece = AddPiece(wanted.key, CodeSection::Constructor, token, token + 1);
+        fields[field].value.createdAsForm = true;
+    ExistingPiece& piece = AddPiece(&wanted.key, CodeSection::Constructor, token, token + 1);
     piece.field = field;
     piece.isKnown = true;
 }
 
 std::size_t ExistingCode::ReadConstructorStatement(std::size_t index) {
-    if (const GeneratedPiece* const known = KnownPiece(index)) {
+    if (const GeneratedPiece* const known = wanted_.Known(tokens_[index])) {
         if (known->section == CodeSection::Constructor)
             AddKnown(index, *known);
         return index + 1;
@@ -540,30 +168,29 @@ std::size_t ExistingCode::ReadConstructorStatement(std::size_t index) {
         return index + 1;
     }
     if (tokens_.Are(index, resultList, "=", "null", ";")) {
-        AddPiece({resultList, members::assignment, "null;"}, CodeSection::Constructor, index, index + 4);
+        AddPiece(Keep({resultList, members::assignment, "null;"}), CodeSection::Constructor, index, index + 4);
         return index + 4;
     }
     callsThis |= tokens_.Are(index, "this", "(");
     const bool isSuper = tokens_.Is(index, superCall);
-    ExistingField* const field = isSuper ? nullptr : FindField(tokens_.Text(index));
-    if (isSuper || field != nullptr)
+    const std::uint32_t field = isSuper ? noField : FindField(tokens_.Text(index));
+    if (isSuper || field != noField)
         if (const std::optional<SourceStatement> statement = ReadStatement(tokens_, index))
             return AddStatement(index, *statement, field);
     return index + 1;
 }
 
-/// Mostly the one that the statement before was about.
-ExistingField* ExistingCode::FindField(std::string_view name) {
-    if (lastField_ == nullptr || lastField_->first != name) {
-        const auto found = fields.find(name);
-        if (found == fields.end())
-            return nullptr;
-        lastField_ = &*found;
-    }
-    return &lastField_->second;
+/// Mostly the one that the statement before was about, or the next.
+std::uint32_t ExistingCode::FindField(std::string_view name) {
+    for (const std::uint32_t number : {lastField_, lastField_ + 1})
+        if (number < fields.Size() && fields[number].name == name)
+            return lastField_ = number;
+    const std::uint32_t number = fields.NumberOf(name);
+    return number == noField ? noField : lastField_ = number;
 }
 
-std::size_t ExistingCode::AddStatement(std::size_t first, const SourceStatement& statement, ExistingField* field) {
+std::size_t ExistingCode::AddStatement(std::size_t first, const SourceStatement& statement, std::uint32_t number) {
+    ExistingField* const field = number == noField ? nullptr : &fields[number].value;
     const std::string& kinds = statement.arguments.kinds;
     CodeKey key{statement.assigned, members::assignment, {}};
     bool asForm = true;
@@ -591,8 +218,8 @@ std::size_t ExistingCode::AddStatement(std::size_t first, const SourceStatement&
         if (IsListMethod(statement.method))
             key.detail = tokens_.Text(statement.arguments.Last());
     }
-    ExistingPiece& piece = AddPiece(key, CodeSection::Constructor, first, statement.end);
-    piece.field = field;
+    ExistingPiece& piece = AddPiece(Keep(key), CodeSection::Constructor, first, statement.end);
+    piece.field = number;
     piece.asForm = asForm;
     piece.isOdd = kinds == "?";
     piece.firstArgument = static_cast<std::uint32_t>(statement.arguments.First());
@@ -609,10 +236,10 @@ void ExistingCode::ReadDatabaseBlock(std::size_t first) {
     // Among braces that do not match, ours are those as far left as the "if" and alone in their lines.
     const auto isOurs = [&](std::size_t index) {
         const std::size_t end = tokens_[index].end;
-        return tokens_[index].startsLine != 0 && Indent(index) == Indent(first) &&
+        return tokens_[index].startsLine != 0 && Indent(tokens_, index) == Indent(tokens_, first) &&
                IsBlank(source_.substr(end, EndOfLine(source_, end) - end));
     };
-    for (std::size_t index = first + 7; index < constructorEnd_ && close == 0; ++index) {
+    for (std::size_t index = first + 7; index < frame.constructorEnd && close == 0; ++index) {
         const int step = LevelStep(tokens_.Text(index));
         level += step;
         if (step > 0 && open == 0 && isOurs(index))
@@ -621,67 +248,65 @@ void ExistingCode::ReadDatabaseBlock(std::size_t first) {
             query = index;
         else if (query != 0 && tokens_.Are(index, resultList, "=", database, ".", "ergebnis", "(", ")", ";"))
             result = index;
-        else if (step < 0 && result != 0 && (inOrder_ ? level == 0 : isOurs(index)))
+        else if (step < 0 && result != 0 && (frame.inOrder ? level == 0 : isOurs(index)))
             close = index;
     }
     if (open == 0 || open > query)
         return;
     if (query == 0 || result == 0 || close == 0)
         return;
-    AddPiece({"if", members::block, {}}, CodeSection::Constructor, first, first + 6);
-    AddPiece({"{", members::block, {}}, CodeSection::Constructor, open, open + 1);
-    AddPiece({database, "sendeSQL", {}}, CodeSection::Constructor, query, query + 7);
-    AddPiece({resultList, members::assignment, "hatDatenbank.ergebnis();"}, CodeSection::Constructor, result,
+    AddPiece(Keep({"if", members::block, {}}), CodeSection::Constructor, first, first + 6);
+    AddPiece(Keep({"{", members::block, {}}), CodeSection::Constructor, open, open + 1);
+    AddPiece(Keep({database, "sendeSQL", {}}), CodeSection::Constructor, query, query + 7);
+    AddPiece(Keep({resultList, members::assignment, "hatDatenbank.ergebnis();"}), CodeSection::Constructor, result,
              result + 8);
-    AddPiece({"}", members::block, {}}, CodeSection::Constructor, close, close + 1);
+    AddPiece(Keep({"}", members::block, {}}), CodeSection::Constructor, close, close + 1);
 }
 
-void ExistingCode::ReadComments() {
-    for (const SourceComment& comment : tokens_.LineComments()) {
+/// Takes the comments of ours that begin before a position, so that all pieces come in the order of the source.
+void ExistingCode::ReadComments(std::size_t limit) {
+    const std::vector<SourceComment>& comments = tokens_.LineComments();
+    for (; nextComment_ < comments.size() && comments[nextComment_].begin < limit; ++nextComment_) {
+        const SourceComment& comment = comments[nextComment_];
         const std::string_view text = Stripped(source_.substr(comment.begin, comment.end - comment.begin));
         ExistingPiece piece;
-        piece.key = {text, members::comment, {}};
+        CodeKey key{text, members::comment, {}};
         piece.begin = static_cast<std::uint32_t>(comment.begin);
         piece.end = static_cast<std::uint32_t>(comment.begin + text.size());
         if (text == "//import sum.werkzeuge.*;")
-            piece.key = {{}, members::import, toolsPackage};
+            key = {{}, members::import, toolsPackage};
         else if (text == fieldsComment)
             piece.section = CodeSection::Fields;
         else if (text == superComment)
             piece.section = CodeSection::Constructor;
         else if (text.ends_with(proposalEnd)) {
             piece.section = CodeSection::Constructor;
-            piece.key = {text.substr(2, text.size() - 2 - proposalEnd.size()), members::proposal, {}};
+            key = {text.substr(2, text.size() - 2 - proposalEnd.size()), members::proposal, {}};
         } else
             continue;
-        const Region& region = regions[static_cast<std::size_t>(piece.section)];
+        const ClassFrame::Region& region = frame.regions[static_cast<std::size_t>(piece.section)];
         if (piece.begin < region.begin || piece.end > region.end)
             continue;
         piece.firstToken = piece.endToken = static_cast<std::uint32_t>(tokens_.From(piece.begin));
+        piece.key = Keep(key);
         pieces.push_back(piece);
     }
 }
 
 void ExistingCode::DecideFields() {
-    for (auto* const place : fieldOrder_) {
-        auto& [name, field] = *place;
+    for (auto& [name, field] : fields) {
         field.owned = IsOwned(name, field);
-        const auto wanted = wanted_.fields.find(name);
-        if (wanted == wanted_.fields.end() || wanted->second == field.javaClass || field.owned)
+        if (field.wantedClass.empty() || field.wantedClass == field.javaClass || field.owned)
             continue;
-        Refuse(field.firstToken, Concatenate("Hier ist ", name, " ein eigenes Feld der Klasse ", field.javaClass,
-                                             "; im Entwurf heißt so ein Objekt der Klasse ", wanted->second, "."));
+        Refuse(tokens_, field.firstToken,
+               Concatenate("Hier ist ", name, " ein eigenes Feld der Klasse ", field.javaClass,
+                           "; im Entwurf heißt so ein Objekt der Klasse ", field.wantedClass, "."));
     }
-    for (const auto* const place : fieldOrder_)
-        if (const auto& [name, field] = *place; field.owned && field.alone)
-            AddPiece({name, members::field, {}}, CodeSection::Fields, field.firstToken, field.endToken);
 }
 
 bool ExistingCode::IsOwned(std::string_view name, const ExistingField& field) const {
-    const auto wanted = wanted_.fields.find(name);
-    const bool isWanted = wanted != wanted_.fields.end() &&
-                          (wanted->second == field.javaClass ||
-                           (Contains(textAreas, wanted->second) && Contains(textAreas, field.javaClass)));
+    const bool isWanted = field.wantedClass == field.javaClass ||
+                          (Contains(textAreas, field.wantedClass) && Contains(textAreas, field.javaClass));
     if (field.javaClass == databaseClass || field.javaClass == resultClass)
         return blocks_.database && (isWanted || (field.alone && (name == database || name == resultList)));
     if (field.javaClass == menuClass)
@@ -694,36 +319,37 @@ void ExistingCode::KeepOwnedPieces() {
 }
 
 bool ExistingCode::IsOwned(const ExistingPiece& piece) {
-    const std::string_view member = piece.key.member;
+    const std::string_view member = piece.key->member;
     if (member == members::block)
         return blocks_.database;
-    if (member == members::import || member == members::comment || member == members::field ||
-        piece.key.object == superCall)
+    if (member == members::import || member == members::comment || piece.key->object == superCall)
         return true;
-    if (piece.field == nullptr) {
-        const auto field = fields.find(piece.key.object);
-        return field != fields.end() && field->second.owned;
-    }
-    if (!piece.field->owned || piece.isKnown)
-        return piece.field->owned;
+    const std::uint32_t number = piece.field != noField ? piece.field : fields.NumberOf(piece.key->object);
+    if (number == noField || !fields[number].value.owned)
+        return false;
+    if (member == members::field)
+        return fields[number].value.alone && fields[number].value.firstToken == piece.firstToken;
+    if (piece.isKnown || piece.field == noField)
+        return true;
     if (member == members::assignment || member == members::proposal)
         return !piece.isOdd || IsAsWanted(piece);
     return IsOwnedCall(piece) || IsAsWanted(piece);
 }
 
 bool ExistingCode::IsOwnedCall(const ExistingPiece& piece) const {
-    const std::string_view method = piece.key.member;
+    const std::string_view method = piece.key->member;
     if (!piece.asForm)
         return false;
     if (method.starts_with(registration))
-        return Literal(piece.firstArgument) == Concatenate(piece.key.object, method.substr(registration.size()));
+        return TextOf(tokens_, piece.firstArgument) ==
+               Concatenate(piece.key->object, method.substr(registration.size()));
     if (method == "fuegeEin") {
-        const auto button = fields.find(piece.key.detail);
-        return button != fields.end() && button->second.owned && button->second.javaClass == radioButtonClass;
+        const ExistingField* const button = fields.Find(piece.key->detail);
+        return button != nullptr && button->owned && button->javaClass == radioButtonClass;
     }
     // A line that he put into our menu has a handler that we would not have named so.
     if (method == "haengeZeileAn")
-        return Literal(piece.lastArgument).ends_with(cMenu::CleanString(Literal(piece.firstArgument)));
+        return TextOf(tokens_, piece.lastArgument).ends_with(cMenu::CleanString(TextOf(tokens_, piece.firstArgument)));
     return true;
 }
 
@@ -734,188 +360,41 @@ bool ExistingCode::IsAsWanted(const ExistingPiece& piece) {
     return wantedCodes_.contains(source_.substr(piece.begin, piece.end - piece.begin));
 }
 
-std::string_view ExistingCode::Literal(std::size_t token) const {
-    const std::string_view text = tokens_.Text(token);
-    return text.size() < 2 ? std::string_view() : text.substr(1, text.size() - 2);
-}
-
 void ExistingCode::CollectRegistered() {
     for (const ExistingPiece& piece : pieces) {
-        const bool isMenu = piece.key.member == "haengeZeileAn";
-        if (!isMenu && !piece.key.member.starts_with(registration))
-            continue;
-        std::string_view handler = Literal(piece.lastArgument);
-        if (piece.isKnown) {
-            const std::string_view code = source_.substr(piece.begin, piece.end - piece.begin);
-            const std::size_t end = std::min(code.rfind('"'), code.size() - 1);
-            const std::size_t begin = code.substr(0, end).rfind('"') + 1;
-            handler = code.substr(begin, end - begin);
-        }
+        const bool isMenu = piece.key->member == "haengeZeileAn";
+        if (piece.isKnown || (!isMenu && !piece.key->member.starts_with(registration)))
+            continue; // what is as wanted registers a wanted handler
+        Registration& by = registered.Add(TextOf(tokens_, piece.lastArgument), Registration::Component).first->value;
         if (isMenu)
-            registeredByMenu_.insert(handler);
-        registered.insert(handler);
+            by = Registration::Menu;
     }
 }
-
-// --- methods ---
 
 void ExistingCode::ReadMethods() {
-    ReadMethods(classOpen_ + 1, constructor_);
-    ReadMethods(constructorEnd_ + (constructorCloses_ ? 1 : 0), classEnd_);
-    FindMentions();
-    for (std::size_t index = 0; index < methods_.size(); ++index) {
-        const Method& method = methods_[index];
-        const std::string_view name = method.name;
-        if (methodOf_.find(name)->second != index)
-            continue;
-        const bool wantedOrRegistered = wanted_.methods.contains(name) || registered.contains(name);
-        const bool owned =
-            method.generated && (method.isQuery ? blocks_.database : wantedOrRegistered && !mentioned_.contains(name));
-        if (owned)
-            AddPiece({name, members::method, {}}, CodeSection::Methods, method.firstToken, method.endToken);
-        else
-            ownMethods.emplace(name, tokens_[method.firstToken].begin);
-    }
-}
-
-void ExistingCode::ReadMethods(std::size_t first, std::size_t end) {
-    int level = 1;
-    for (std::size_t index = std::max<std::size_t>(first, 2); index < end; ++index) {
-        level += LevelStep(tokens_.Text(index));
-        const GeneratedPiece* const known = KnownPiece(index);
-        if (known != nullptr && known->section == CodeSection::Methods)
-            AddMethod({known->key.object, index, index + 1, level, false, true});
-        if (known != nullptr || !tokens_.Is(index + 1, "(") || tokens_.Is(index - 1, "."))
-            continue;
-        const std::string_view name = tokens_.Text(index);
-        const std::size_t query = tokens_.Is(index - 1, "void") ? Queries().Count() : FindQuery(name);
-        const bool isQuery = query < Queries().Count();
-        if (!isQuery && !wanted_.methods.contains(name) && !registered.contains(name))
-            continue;
-        Method method{name, index - 2, index, level, isQuery, false};
-        method.generated =
-            isQuery ? IsGeneratedQuery(index, method.endToken) : IsGeneratedHandler(index, method.endToken);
-        if (!method.generated) {
-            const std::size_t parameters = ClosingBracket(tokens_, index + 1) - index;
-            if (!IsHead(index) || parameters != (isQuery ? ClosingBracket(Queries(), query + 1) - query : 2))
-                continue;
+    ExistingMethods methods(tokens_, wanted_, frame, registered);
+    methods.FindMentions(pieces);
+    needsDatabaseImport = methods.MentionsDatabase();
+    methods.ForEach([this](const ExistingMethod& method) {
+        const bool owned = method.generated && (method.isQuery ? blocks_.database : !method.mentioned);
+        if (!owned) {
+            ownMethods.Add(method.name, tokens_[method.firstToken].begin);
+            return;
         }
-        // Deeper ones belong to inner classes, but two half-written lines may only make them look deeper.
-        if (inOrder_ && level != 1 && Indent(index) != Indent(constructor_))
-            continue;
-        AddMethod(method);
-    }
+        const GeneratedPiece* const known = wanted_.Known(tokens_[method.firstToken]);
+        ExistingPiece& piece = AddPiece(known != nullptr ? &known->key : Keep({method.name, members::method, {}}),
+                                        CodeSection::Methods, method.firstToken, method.endToken);
+        piece.isKnown = known != nullptr;
+    });
 }
 
-/// A head whose brace may be missing still.
-bool ExistingCode::IsHead(std::size_t name) const {
-    const std::size_t close = ClosingBracket(tokens_, name + 1);
-    return IsMethodHead(tokens_, name, className_) ||
-           ((tokens_.Is(name - 1, "void") || tokens_.Is(name - 2, "public")) && close < tokens_.Count() &&
-            !tokens_.Is(close + 1, ";"));
-}
-
-void ExistingCode::AddMethod(const Method& method) {
-    methods_.push_back(method);
-    const auto [place, isNew] = methodOf_.emplace(method.name, methods_.size() - 1);
-    if (isNew)
-        return;
-    const Method& other = methods_[place->second];
-    if (other.depth == method.depth)
-        Refuse(method.firstToken, Concatenate("Die Methode ", method.name, "() steht zweimal da, zuerst in Zeile ",
-                                              LineOf(other.firstToken), "."));
-    if (method.depth < other.depth)
-        place->second = methods_.size() - 1;
-}
-
-bool ExistingCode::IsGeneratedHandler(std::size_t name, std::size_t& end) const {
-    if (!tokens_.Are(name - 2, "public", "void") || !tokens_.Are(name + 1, "(", ")", "{", "}") ||
-        !MayBegin(tokens_, name - 2))
-        return false;
-    const auto textBetween = [this](std::size_t left, std::size_t right) {
-        return source_.substr(tokens_[left].end, tokens_[right].begin - tokens_[left].end);
+/// Mostly they are so already.
+void ExistingCode::PutInOrder() {
+    const auto isBefore = [](const ExistingPiece& left, const ExistingPiece& right) {
+        return left.begin < right.begin;
     };
-    const std::string_view body = textBetween(name + 3, name + 4);
-    constexpr std::size_t linesOfBody = 2;
-    if (!IsBlank(textBetween(name - 2, name - 1)) || !IsBlank(textBetween(name + 2, name + 3)) ||
-        LineBreaks(body) > linesOfBody)
-        return false;
-    // A brace of another depth was put in by the pupil.
-    if (tokens_[name + 4].startsLine != 0 && Indent(name + 4) != Indent(name))
-        return false;
-    const auto wanted = wanted_.methods.find(tokens_.Text(name));
-    const std::string_view wantedCode =
-        wanted == wanted_.methods.end() ? std::string_view() : wanted_.pieces[wanted->second].code;
-    const bool wantedByComponent = wantedCode.find("//") != std::string_view::npos;
-    const bool byMenu = registeredByMenu_.contains(tokens_.Text(name));
-    end = name + 5;
-    if (IsBlank(body))
-        return byMenu || (!wantedCode.empty() && !wantedByComponent);
-    return Stripped(body) == handlerComment && (wantedByComponent || registered.contains(tokens_.Text(name)));
-}
-
-bool ExistingCode::IsGeneratedQuery(std::size_t name, std::size_t& end) const {
-    const SourceTokens& queries = Queries();
-    const std::size_t first = FindQuery(tokens_.Text(name)) - 2;
-    std::size_t index = name - 2;
-    std::size_t at = first;
-    if (!MayBegin(tokens_, index))
-        return false;
-    for (int level = 0; at < queries.Count(); ++index, ++at) {
-        const bool isSetting = queries.Is(at, "\"?\"");
-        if (isSetting ? !tokens_.IsLiteral(index, '"') : !tokens_.Is(index, queries.Text(at)))
-            return false;
-        if (at > first &&
-            !IsBlank(source_.substr(tokens_[index - 1].end, tokens_[index].begin - tokens_[index - 1].end)))
-            return false;
-        level += LevelStep(queries.Text(at));
-        if (level == 0 && queries.Is(at, "}"))
-            break;
-    }
-    end = index + 1;
-    // A brace of another depth was put in by the pupil.
-    if (tokens_[index].startsLine != 0 && Indent(index) != Indent(name))
-        return false;
-    const auto lines = [](const SourceTokens& tokens, std::size_t from, std::size_t to) {
-        return LineBreaks(tokens.Source().substr(tokens[from].begin, tokens[to].end - tokens[from].begin));
-    };
-    return lines(tokens_, name - 2, index) <= lines(queries, first, at);
-}
-
-/// Looks in all that is not Pirol's for the names of handlers; the library finds them by text, too.
-void ExistingCode::FindMentions() {
-    using Range = std::pair<std::size_t, std::size_t>;
-    std::vector<Range> ours;
-    ours.reserve(pieces.size() + methods_.size() + 1);
-    for (const ExistingPiece& piece : pieces)
-        ours.emplace_back(piece.firstToken, piece.endToken);
-    const auto behindPieces = static_cast<std::ptrdiff_t>(ours.size());
-    for (const Method& method : methods_)
-        if (method.generated)
-            ours.emplace_back(method.firstToken, method.endToken);
-    std::inplace_merge(ours.begin(), ours.begin() + behindPieces, ours.end());
-    std::size_t index = 0;
-    ours.emplace_back(tokens_.Count(), tokens_.Count());
-    for (const auto& [first, end] : ours) {
-        for (; index < first; ++index) {
-            const std::string_view text = tokens_.IsLiteral(index, '"') ? Literal(index) : tokens_.Text(index);
-            if (methodOf_.contains(text))
-                mentioned_.insert(text);
-            needsDatabaseImport |= text == databaseClass || text == resultClass;
-        }
-        index = std::max(index, end);
-    }
-}
-
-/// Puts the pieces in order; what was read one after another is so already.
-void ExistingCode::MergeRuns() {
-    runs_.push_back(pieces.size());
-    const auto at = [this](std::size_t index) { return pieces.begin() + static_cast<std::ptrdiff_t>(index); };
-    for (std::size_t run = 0; run + 1 < runs_.size(); ++run)
-        std::inplace_merge(
-            at(0), at(runs_[run]), at(runs_[run + 1]),
-            [](const ExistingPiece& left, const ExistingPiece& right) { return left.begin < right.begin; });
-    runs_.clear();
+    if (!std::is_sorted(pieces.begin(), pieces.end(), isBefore))
+        std::stable_sort(pieces.begin(), pieces.end(), isBefore);
 }
 
 /// Of two pieces that a half-written source makes overlap the first counts.
@@ -927,14 +406,6 @@ void ExistingCode::DropOverlaps() {
         end = piece.end;
         return false;
     });
-}
-
-void ExistingCode::Refuse(std::size_t token, std::string_view message) const {
-    throw UpdateRefusal(LineOf(token), message);
-}
-
-std::size_t ExistingCode::LineOf(std::size_t token) const {
-    return LineBreaks(source_.substr(0, tokens_[token].begin)) + 1;
 }
 
 } // namespace pirol

@@ -35,7 +35,7 @@ CodeKey KeyOfImport(std::string_view line) {
 }
 
 CodeKey KeyOfField(std::string_view line) {
-    if (line == fieldsComment)
+    if (line.starts_with("//"))
         return {line, members::comment, {}};
     const std::size_t blank = line.find(' ');
     if (blank == std::string_view::npos || !line.ends_with(';'))
@@ -47,24 +47,26 @@ CodeKey KeyOfAssignment(std::string_view object, std::string_view value) {
     return {object, members::assignment, value.starts_with("new ") ? std::string_view() : value};
 }
 
+CodeKey KeyOfComment(std::string_view line) {
+    if (line.ends_with(proposalEnd))
+        return {line.substr(2, line.size() - 2 - proposalEnd.size()), members::proposal, {}};
+    return {line, members::comment, {}};
+}
+
 CodeKey KeyOfStatement(std::string_view line) {
+    if (line.starts_with("//"))
+        return KeyOfComment(line);
     if (line.starts_with("super("))
         return {superCall, {}, {}};
-    if (line == superComment)
-        return {line, members::comment, {}};
-    if (line.starts_with("//") && line.ends_with(proposalEnd))
-        return {line.substr(2, line.size() - 2 - proposalEnd.size()), members::proposal, {}};
-    if (line.starts_with("if (") || line == "{" || line == "}")
+    if (line.starts_with("if (") || line.size() == 1) // a brace
         return {UpTo(line, " "), members::block, {}};
-    const std::size_t objectEnd = line.find_first_of(" .");
-    if (objectEnd == std::string_view::npos)
-        return {line, members::other, {}};
-    const std::string_view object = line.substr(0, objectEnd);
-    const std::string_view rest = line.substr(objectEnd);
+    const auto* const objectEnd = std::find_if(line.begin(), line.end(), [](char c) { return c == ' ' || c == '.'; });
+    const std::string_view object(line.begin(), objectEnd);
+    const std::string_view rest(objectEnd, line.end());
     if (rest.starts_with(" = "))
         return KeyOfAssignment(object, rest.substr(3));
     const std::size_t bracket = rest.find('(');
-    if (rest.front() != '.' || bracket == std::string_view::npos || !rest.ends_with(");"))
+    if (!rest.starts_with('.') || bracket == std::string_view::npos || !rest.ends_with(");"))
         return {line, members::other, {}};
     const std::string_view method = rest.substr(1, bracket - 1);
     const std::string_view arguments = rest.substr(bracket + 1, rest.size() - bracket - 3);
@@ -170,6 +172,11 @@ const std::map<std::string, ClassForm, std::less<>>& ClassForms() {
     return forms;
 }
 
+GeneratedPiece::GeneratedPiece(CodeSection inSection, std::string_view line)
+    : code(TrimLeft(line)), key(KeyOf(inSection, code)), section(inSection),
+      indent(static_cast<std::uint8_t>(line.size() - code.size())),
+      optional(code.starts_with("//") && key.member != members::proposal) {}
+
 GeneratedCode::GeneratedCode(std::string source) : source_(std::move(source)) {
     TakeApart();
 }
@@ -181,8 +188,8 @@ void GeneratedCode::TakeApart() {
     std::size_t methodBegin = std::string_view::npos; // of a method whose end is not reached yet
     constexpr std::size_t usualLength = 64;           // of a line
     pieces.reserve(source.size() / usualLength);
-    fields.reserve(source.size() / (4 * usualLength));
-    methods.reserve(source.size() / (4 * usualLength));
+    fields.Reserve(pieces.capacity() / 4);
+    methods.Reserve(pieces.capacity() / 4);
     while (position < source.size()) {
         const std::size_t begin = position;
         const std::size_t end = std::min(source.find(lineEnd, position), source.size());
@@ -209,26 +216,6 @@ void GeneratedCode::TakeApart() {
     sections.back() = pieces.size();
 }
 
-void GeneratedCode::ListKnown(std::string_view lineEndOfSource) {
-    knownTexts.reserve(pieces.size());
-    knownPieces.reserve(pieces.size());
-    for (std::size_t index = sections[static_cast<std::size_t>(CodeSection::Constructor)]; index < pieces.size();
-         ++index) {
-        const GeneratedPiece& piece = pieces[index];
-        const CodeKey& key = piece.key;
-        const bool isHandler = piece.section == CodeSection::Methods && piece.code.starts_with("public void ");
-        const bool isStatement = piece.section == CodeSection::Constructor && !piece.code.starts_with("//") &&
-                                 key.member != members::block && key.member != members::other &&
-                                 key.object != superCall && key.object != database && key.object != resultList;
-        if (piece.code.size() < 2 || (!isHandler && !isStatement))
-            continue;
-        const bool asItIs = isStatement || lineEndOfSource == lineEnd;
-        knownTexts.push_back(asItIs ? piece.code
-                                    : texts_.emplace_back(ReplaceAll(piece.code, lineEnd, lineEndOfSource)));
-        knownPieces.push_back(index);
-    }
-}
-
 void GeneratedCode::AddLine(CodeSection section, std::string_view line) {
     const bool behindPiece = pieces.size() > sections[static_cast<std::size_t>(section)];
     if (line.empty()) {
@@ -237,14 +224,11 @@ void GeneratedCode::AddLine(CodeSection section, std::string_view line) {
             pieces.back().blankBehind = true;
         return;
     }
-    const std::string_view code = TrimLeft(line);
-    GeneratedPiece piece{KeyOf(section, code), section, line.substr(0, line.size() - code.size()), code};
-    piece.optional = code.starts_with("//") && piece.key.member != members::proposal;
-    if (piece.key.member == members::field)
-        fields.emplace(piece.key.object, UpTo(code, " "));
+    const GeneratedPiece& piece = pieces.emplace_back(section, line);
+    if (section == CodeSection::Fields && piece.key.member == members::field)
+        fields.Add(piece.key.object, UpTo(piece.code, " "));
     if (section == CodeSection::Methods)
-        methods.emplace(piece.key.object, pieces.size());
-    pieces.push_back(piece);
+        methods.Add(piece.key.object, pieces.size() - 1);
 }
 
 } // namespace pirol

@@ -1,14 +1,15 @@
 #pragma once
 
+#include "codegen/NameMap.h"
+#include "codegen/SourceTokens.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <deque>
 #include <map>
-#include <memory_resource>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -54,25 +55,29 @@ inline constexpr std::string_view registration = "setzeBearbeiter";
 inline constexpr std::string_view connectMethod = "VerbindeMitDatenbank";
 inline constexpr std::string_view toolsPackage = "werkzeuge";
 inline constexpr std::string_view databasePackage = "sql";
+inline constexpr std::string_view menuClass = "Menue";
+inline constexpr std::string_view databaseClass = "Datenbank";
+inline constexpr std::string_view resultClass = "SQLErgebnisliste";
 inline constexpr std::string_view subMenu = "hatMenueTemp";
 inline constexpr std::string_view database = "hatDatenbank";
 inline constexpr std::string_view resultList = "hatErgebnisliste";
 
 /// A statement, declaration, method or comment line that the generator writes.
 struct GeneratedPiece {
+    /// Reads the first line.
+    GeneratedPiece(CodeSection section, std::string_view line);
+
+    std::string_view code; ///< without its indent and its last line end
     CodeKey key;
     CodeSection section;
-    std::string_view indent;
-    std::string_view code; ///< without its indent and its last line end
+    std::uint8_t indent; ///< blanks before it
     bool blankBehind = false;
-    bool optional = false; ///< a comment: not written again when a source lacks it
+    bool optional;           ///< a comment: not written again when a source lacks it
+    bool isReplaced = false; ///< its code is not the generated one
 };
 
 /// The generated source of a design, taken apart. Views point into it, so it neither copies nor moves.
 class GeneratedCode {
-    /// Of what is looked up by name: given back as a whole.
-    std::pmr::monotonic_buffer_resource memory_;
-
   public:
     explicit GeneratedCode(std::string source);
     GeneratedCode(const GeneratedCode&) = delete;
@@ -83,17 +88,19 @@ class GeneratedCode {
     /// Where the pieces of each section begin, and where all end.
     std::array<std::size_t, sectionCount + 1> sections{};
     /// The classes of the fields by their names, and the methods' names with their pieces.
-    std::pmr::unordered_map<std::string_view, std::string_view> fields{&memory_};
-    std::pmr::unordered_map<std::string_view, std::size_t> methods{&memory_};
+    NameMap<std::string_view> fields;
+    NameMap<std::size_t> methods;
 
-    /// The codes of plain statements and handlers, in their order, as a source with the given line ends has them, and
-    /// the piece of each.
-    std::vector<std::string_view> knownTexts;
-    std::vector<std::size_t> knownPieces;
-    void ListKnown(std::string_view lineEnd);
+    /// The piece that a token is word for word; null for another token.
+    const GeneratedPiece* Known(const SourceToken& token) const {
+        return token.known == 0 ? nullptr : &pieces[token.known - 1];
+    }
 
     /// Gives a piece another code, which is kept as long as the pieces.
-    void Replace(GeneratedPiece& piece, std::string code) { piece.code = texts_.emplace_back(std::move(code)); }
+    void Replace(GeneratedPiece& piece, std::string code) {
+        piece.code = texts_.emplace_back(std::move(code));
+        piece.isReplaced = true;
+    }
 
   private:
     void TakeApart();

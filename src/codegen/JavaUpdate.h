@@ -1,8 +1,8 @@
 #pragma once
 
-#include "codegen/ExistingCode.h"
 #include "codegen/JavaGenerator.h"
 #include "codegen/NameChanges.h"
+#include "codegen/UpdateRefusal.h"
 #include "codegen/UpdateReport.h"
 #include "model/ProjectModel.h"
 

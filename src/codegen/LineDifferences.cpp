@@ -1,6 +1,6 @@
 #include "codegen/LineDifferences.h"
 
-#include "codegen/SourceTokens.h"
+#include "codegen/SourceLines.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -1,6 +1,7 @@
 #include "codegen/SourceStatement.h"
 
 #include "codegen/JavaSyntax.h"
+#include "codegen/SourceLines.h"
 
 #include <algorithm>
 
@@ -196,6 +197,22 @@ bool IsMethodHead(const SourceTokens& tokens, std::size_t index, std::string_vie
         return false;
     const std::size_t close = ClosingBracket(tokens, index + 1);
     return tokens.Is(close + 1, "{") || tokens.Is(close + 1, "throws");
+}
+
+std::size_t Indent(const SourceTokens& tokens, std::size_t index) {
+    const std::size_t begin = tokens[FirstOfHead(tokens, index)].begin;
+    return begin - LineStart(tokens.Source(), begin, 0);
+}
+
+std::size_t FirstOfHead(const SourceTokens& tokens, std::size_t index) {
+    while (index > 0 && tokens[index].startsLine == 0 && tokens.IsWord(index - 1))
+        --index;
+    return index;
+}
+
+std::string_view TextOf(const SourceTokens& tokens, std::size_t literal) {
+    const std::string_view text = tokens.Text(literal);
+    return text.size() < 2 ? std::string_view() : text.substr(1, text.size() - 2);
 }
 
 } // namespace pirol

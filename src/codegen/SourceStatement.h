@@ -64,4 +64,12 @@ std::size_t ClosingBracket(const SourceTokens& tokens, std::size_t open);
 
 bool IsModifier(std::string_view word);
 
+/// The first word of the head in which a token stands: words before it in its line.
+std::size_t FirstOfHead(const SourceTokens& tokens, std::size_t index);
+/// How many blanks and tabs stand before the first word of a head, or before a brace.
+std::size_t Indent(const SourceTokens& tokens, std::size_t index);
+
+/// What stands between the quotes of a literal.
+std::string_view TextOf(const SourceTokens& tokens, std::size_t literal);
+
 } // namespace pirol

@@ -1,6 +1,8 @@
 #include "codegen/SourceTokens.h"
 
 #include "base/RuntimeError.h"
+#include "codegen/KnownPieces.h"
+#include "codegen/SourceLines.h"
 
 #include <algorithm>
 #include <array>
@@ -11,8 +13,6 @@ namespace {
 /// Far more than any program has; what a file made for it could ask for ends here.
 constexpr std::size_t mostTokens = std::size_t{1} << 25U;
 constexpr std::size_t longestSource = std::size_t{1} << 30U;
-/// How many known texts may be missing between two that are found.
-constexpr std::size_t farthestKnown = 64;
 /// What a token with the blanks around it usually takes.
 constexpr std::size_t usualLength = 5;
 
@@ -81,35 +81,24 @@ bool IsWholeCode(std::string_view lines) {
 
 } // namespace
 
-SourceTokens::SourceTokens(std::string_view source, Comments comments, std::span<const std::string_view> known)
-    : source_(source) {
+SourceTokens::SourceTokens(std::string_view source, Comments comments, KnownPieces* known) : source_(source) {
     if (source.size() > longestSource)
         throw RuntimeError(RuntimeError::OutOfMemory);
     tokens_.reserve(std::min(source.size() / usualLength, mostTokens));
     Read(comments, known);
 }
 
-/// The end of a known text at the position, which becomes a token; the position when there is none.
-std::size_t SourceTokens::TakeKnown(std::size_t begin, std::span<const std::string_view> known, std::size_t& next) {
-    const char first = source_[begin];
-    const std::size_t last = std::min(next + farthestKnown, known.size());
-    for (std::size_t index = next; index < last; ++index) {
-        const std::string_view text = known[index];
-        if (text.front() != first || source_.compare(begin, text.size(), text) != 0)
-            continue;
-        const std::size_t end = begin + text.size();
-        if (end < source_.size() && !IsLineEnd(source_[end]))
-            continue;
-        Add(begin, end, true);
-        tokens_.back().known = static_cast<std::uint32_t>(index + 1);
-        next = index + 1;
-        return end;
-    }
-    return begin;
+/// Takes a known piece at the position as one token and gives its end, or the position when there is none.
+std::size_t SourceTokens::TakeKnown(std::size_t begin, KnownPieces& known) {
+    const auto [piece, end] = known.Find(begin);
+    if (piece == KnownPieces::none)
+        return begin;
+    Add(begin, end, true);
+    tokens_.back().known = static_cast<std::uint32_t>(piece + 1);
+    return end;
 }
 
-void SourceTokens::Read(Comments comments, std::span<const std::string_view> known) {
-    std::size_t nextKnown = 0;
+void SourceTokens::Read(Comments comments, KnownPieces* known) {
     bool startsLine = true;
     std::size_t position = 0;
     while (position < source_.size()) {
@@ -134,10 +123,10 @@ void SourceTokens::Read(Comments comments, std::span<const std::string_view> kno
             break;
         }
         case ByteClass::Word:
-            if (startsLine && nextKnown < known.size())
-                position = std::max(TakeKnown(begin, known, nextKnown), begin + 1);
+            if (startsLine && known != nullptr)
+                position = std::max(TakeKnown(begin, *known), begin + 1);
             if (position > begin + 1)
-                break; // behind a known text, which is longer than one byte
+                break; // behind a known piece, which is longer than one byte
             while (position < source_.size() && ClassOf(source_[position]) == ByteClass::Word)
                 ++position;
             Add(begin, position, startsLine);
@@ -178,12 +167,9 @@ std::size_t SourceTokens::SkipComment(std::size_t begin, bool startsLine, Commen
 void SourceTokens::Add(std::size_t begin, std::size_t end, bool startsLine, bool closed) {
     if (tokens_.size() == mostTokens)
         throw RuntimeError(RuntimeError::OutOfMemory);
-    SourceToken token{};
-    token.begin = static_cast<std::uint32_t>(begin) & 0x7FFFFFFFU;
-    token.end = static_cast<std::uint32_t>(end) & 0x7FFFFFFFU;
-    token.startsLine = startsLine ? 1U : 0U;
-    token.closed = closed ? 1U : 0U;
-    tokens_.push_back(token);
+    constexpr std::uint32_t position = 0x7FFFFFFF;
+    tokens_.push_back({static_cast<std::uint32_t>(begin) & position, startsLine ? 1U : 0U,
+                       static_cast<std::uint32_t>(end) & position, closed ? 1U : 0U, 0});
 }
 
 bool SourceTokens::IsWord(std::size_t index) const {
@@ -207,46 +193,10 @@ std::size_t SourceTokens::From(std::size_t position) const {
     return static_cast<std::size_t>(found - tokens_.begin());
 }
 
-std::size_t EndOfLine(std::string_view text, std::size_t position) {
-    // Two searches in a window are much faster than a look at each byte; without one, a text that has only one of the
-    // two line ends would be searched to its end for the other, line by line.
-    constexpr std::size_t window = 256;
-    if (position >= text.size())
-        return position;
-    for (; position < text.size(); position += window) {
-        const std::string_view part = text.substr(position, window);
-        const std::size_t feed = part.find('\n');
-        const std::size_t carriage = part.substr(0, feed).find('\r');
-        if (const std::size_t end = std::min(feed, carriage); end != std::string_view::npos)
-            return position + end;
-    }
-    return text.size();
-}
-
-std::size_t BehindLine(std::string_view text, std::size_t position) {
-    position = EndOfLine(text, position);
-    if (position < text.size())
-        position += text.substr(position).starts_with("\r\n") ? 2 : 1;
-    return position;
-}
-
-bool IsBlank(std::string_view text) {
-    return std::all_of(text.begin(), text.end(),
-                       [](char byte) { return ClassOf(byte) == ByteClass::Blank || IsLineEnd(byte); });
-}
-
 int LevelStep(std::string_view token) {
     if (token.size() != 1)
         return 0;
     return (token.front() == '{' ? 1 : 0) - (token.front() == '}' ? 1 : 0);
-}
-
-std::string_view Stripped(std::string_view text) {
-    while (!text.empty() && IsBlank(text.substr(0, 1)))
-        text.remove_prefix(1);
-    while (!text.empty() && IsBlank(text.substr(text.size() - 1)))
-        text.remove_suffix(1);
-    return text;
 }
 
 } // namespace pirol

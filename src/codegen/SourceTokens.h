@@ -2,11 +2,12 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <span>
 #include <string_view>
 #include <vector>
 
 namespace pirol {
+
+class KnownPieces;
 
 /// Where a word, number, literal or sign of a Java source stands.
 struct SourceToken {
@@ -14,7 +15,7 @@ struct SourceToken {
     std::uint32_t startsLine : 1; ///< nothing but blanks and comments stand before it in its line
     std::uint32_t end : 31;
     std::uint32_t closed : 1; ///< false for a literal whose closing quote its line lacks
-    std::uint32_t known;      ///< of a text that was looked for: its number from 1; otherwise 0
+    std::uint32_t known;      ///< of a generated piece, word for word: its number from 1; otherwise 0
 };
 
 /// Where a "//" comment stands that begins its line, up to the line's end.
@@ -34,10 +35,9 @@ class SourceTokens {
                      ///< braces open and close in it that do not match
     };
 
-    /// A text of `known` that stands alone in its lines is one token. The texts should be in the order of the source;
-    /// each is looked for near the last one found, so that some are missed. Large sources are read faster so.
+    /// A known piece that is found becomes one token: large sources are read faster so.
     /// Raises RuntimeError::OutOfMemory for a source of more tokens than any program has.
-    SourceTokens(std::string_view source, Comments comments, std::span<const std::string_view> known = {});
+    SourceTokens(std::string_view source, Comments comments, KnownPieces* known = nullptr);
 
     std::string_view Source() const { return source_; }
     std::size_t Count() const { return tokens_.size(); }
@@ -76,8 +76,8 @@ class SourceTokens {
     bool HasLongComments() const { return hasLongComments_; }
 
   private:
-    void Read(Comments comments, std::span<const std::string_view> known);
-    std::size_t TakeKnown(std::size_t begin, std::span<const std::string_view> known, std::size_t& next);
+    void Read(Comments comments, KnownPieces* known);
+    std::size_t TakeKnown(std::size_t begin, KnownPieces& known);
     std::size_t SkipComment(std::size_t begin, bool startsLine, Comments comments);
     void Add(std::size_t begin, std::size_t end, bool startsLine, bool closed = true);
 
@@ -89,16 +89,5 @@ class SourceTokens {
 
 /// How a token changes the level of braces: 1, -1 or 0.
 int LevelStep(std::string_view token);
-
-/// Lines end in CR LF, LF or CR. The position where the line around a position ends, before its line end or behind it.
-std::size_t EndOfLine(std::string_view text, std::size_t position);
-std::size_t BehindLine(std::string_view text, std::size_t position);
-/// True for a text of nothing but blanks, tabs and line ends.
-bool IsBlank(std::string_view text);
-/// The text without those at both ends.
-std::string_view Stripped(std::string_view text);
-constexpr bool IsLineEnd(char byte) {
-    return byte == '\n' || byte == '\r';
-}
 
 } // namespace pirol

@@ -1,6 +1,6 @@
 #include "codegen/UpdateOutput.h"
 
-#include "codegen/SourceTokens.h"
+#include "codegen/SourceLines.h"
 #include "codegen/UpdateReport.h"
 
 #include <algorithm>
@@ -11,18 +11,18 @@ UpdateOutput::UpdateOutput(std::string_view source, std::string_view lineEnd) : 
     text_.reserve(source.size() + source.size() / 16);
 }
 
-std::size_t UpdateOutput::Copy(std::size_t begin, std::size_t end, std::string_view indent) {
-    if (begin != lastEnd_) {
+std::size_t UpdateOutput::Copy(std::size_t begin, std::size_t end, std::size_t indent) {
+    if (begin != copiedEnd_) {
         BeginLine();
         if (begin > 0 && !IsLineEnd(source_[begin - 1])) {
             while (begin < end && IsBlank(source_.substr(begin, 1)))
                 ++begin;
-            text_ += indent;
+            text_.append(indent, ' ');
         }
+        copiedBegin_ = begin;
     }
-    const std::size_t place = text_.size();
-    text_ += source_.substr(begin, end - begin);
-    lastEnd_ = end;
+    const std::size_t place = text_.size() + (begin - copiedBegin_);
+    copiedEnd_ = end;
     return place;
 }
 
@@ -32,29 +32,33 @@ void UpdateOutput::CopyOwn(std::size_t begin, std::size_t end) {
 }
 
 std::size_t UpdateOutput::Replace(std::string_view code, std::size_t end) {
+    Flush();
     const std::size_t place = text_.size();
     AppendCode(code);
-    lastEnd_ = end;
+    copiedBegin_ = copiedEnd_ = end;
     return place;
 }
 
 std::size_t UpdateOutput::AddLine(const GeneratedPiece& piece) {
     BeginLine();
-    text_ += piece.indent;
+    text_.append(piece.indent, ' ');
     const std::size_t place = text_.size();
     AppendCode(piece.code);
     text_ += lineEnd_;
     if (piece.blankBehind)
         text_ += lineEnd_;
-    lastEnd_ = noPosition;
     return place;
 }
 
 std::size_t UpdateOutput::AddText(std::string_view line) {
     BeginLine();
     text_ += line;
-    lastEnd_ = noPosition;
     return text_.size() - line.size();
+}
+
+const std::string& UpdateOutput::Text() {
+    Flush();
+    return text_;
 }
 
 std::size_t UpdateOutput::NewPosition(std::size_t position) const {
@@ -63,7 +67,16 @@ std::size_t UpdateOutput::NewPosition(std::size_t position) const {
     return own == own_.end() || own->begin > position ? noPosition : own->place + (position - own->begin);
 }
 
+/// Appends the range that was copied last. It waits as long as the next one goes on directly behind it: most of a
+/// source is copied in few pieces so.
+void UpdateOutput::Flush() {
+    if (copiedEnd_ != noPosition)
+        text_ += source_.substr(copiedBegin_, copiedEnd_ - copiedBegin_);
+    copiedBegin_ = copiedEnd_ = noPosition;
+}
+
 void UpdateOutput::BeginLine() {
+    Flush();
     if (!text_.empty() && !IsLineEnd(text_.back()))
         text_ += lineEnd_;
 }

@@ -16,8 +16,8 @@ class UpdateOutput {
     UpdateOutput(std::string_view source, std::string_view lineEnd);
 
     /// Appends a range of the source, at the beginning of a line unless it goes on directly behind the range before;
-    /// there the indent takes the place of its blanks. Gives its place.
-    std::size_t Copy(std::size_t begin, std::size_t end, std::string_view indent = {});
+    /// there so many blanks take the place of its own. Gives its place.
+    std::size_t Copy(std::size_t begin, std::size_t end, std::size_t indent = 0);
     /// The same for what stays untouched and can be found again by NewPosition.
     void CopyOwn(std::size_t begin, std::size_t end);
     /// Appends new code in the place of a range of the source that ends at `end`.
@@ -39,17 +39,20 @@ class UpdateOutput {
     /// Where what stood at a position stands now; noPosition when it is in no untouched range. Logarithmic.
     std::size_t NewPosition(std::size_t position) const;
 
-    const std::string& Text() const { return text_; }
+    /// All that was appended.
+    const std::string& Text();
     std::string Take() { return std::move(text_); }
 
   private:
+    void Flush();
     void BeginLine();
     void AppendCode(std::string_view code);
 
     std::string_view source_;
     std::string_view lineEnd_;
     std::string text_;
-    std::size_t lastEnd_ = 0;
+    std::size_t copiedBegin_ = 0; ///< of the range of the source that is appended next
+    std::size_t copiedEnd_ = 0;
     std::vector<Own> own_;
 };
 

@@ -1,7 +1,7 @@
 #include "codegen/UpdateReport.h"
 
 #include "base/Text.h"
-#include "codegen/SourceTokens.h"
+#include "codegen/SourceLines.h"
 
 #include <algorithm>
 #include <array>
@@ -50,10 +50,10 @@ void NumberLines(std::string_view text, std::vector<PlacedEntry>& entries, std::
         return left->*position < right->*position;
     });
     std::size_t number = 1;
-    std::size_t next = BehindLine(text, 0);
+    std::size_t counted = 0;
     for (PlacedEntry* placed : inOrder) {
-        for (; next <= placed->*position && next < text.size(); next = BehindLine(text, next))
-            ++number;
+        number += LineBreaks(text.substr(counted, placed->*position - counted));
+        counted = placed->*position;
         placed->entry.*line = number;
     }
 }

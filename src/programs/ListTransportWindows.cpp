@@ -1,11 +1,11 @@
 #include "base/Conversions.h"
 #include "programs/ListTransport.h"
 
+#include <windows.h>
 #include <algorithm>
 #include <iterator>
 #include <memory>
 #include <string>
-#include <windows.h>
 #include <winhttp.h>
 
 namespace pirol {

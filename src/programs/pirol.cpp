@@ -7,6 +7,8 @@
 #include "ui/main/EndWatch.h"
 #include "ui/main/frmMain.h"
 #include "ui/main/OnlineUpdate.h"
+#include "ui/main/pnlStart.h"
+#include "ui/main/RecentMenu.h"
 #include "ui/parts/Bitmaps.h"
 #include "ui/parts/FlatStyle.h"
 #include "ui/parts/NetworkModule.h"
@@ -14,6 +16,7 @@
 
 #include <QApplication>
 #include <QDeadlineTimer>
+#include <QPointer>
 #include <QWindow>
 
 #include <algorithm>
@@ -63,6 +66,7 @@ int main(int argumentCount, char* arguments[]) {
     pirol::frmMain mainWindow(dialogs, starter, preferences);
     QObject::connect(&mainWindow, &pirol::frmMain::AppearanceChosen, &theme, &pirol::Theme::Choose);
     pirol::DesignKeeper keeper(mainWindow, dialogs, pirol::RecoveryFolder());
+    pirol::RecentMenu recentMenu(mainWindow, dialogs);
     const pirol::EndWatch endWatch([&keeper](const std::string& reason) { keeper.KeepForNextStart(reason); });
     const pirol::UpdateSource source =
         pirol::ReadUpdateSource(PIROL_UPDATE_ADDRESS, PIROL_UPDATE_KEYS, PIROL_UPDATE_AUTHORITY);
@@ -72,12 +76,19 @@ int main(int argumentCount, char* arguments[]) {
                                 .newTransport = [&] { return pirol::NewNetworkTransport(source.authority); },
                                 .keepDesign = [&] { keeper.KeepForNextStart("Neue Version installiert"); }});
     mainWindow.KeepPlace();
+    QPointer<pirol::pnlStart> start;
     mainWindow.show();
     if (const std::string path = pirol::ProjectOnCommandLine(Words(argumentCount, arguments)); !path.empty()) {
         WaitUntilShown(mainWindow); // only where a report may come; an empty start waits for nothing
         mainWindow.ReadPRLFile(path);
+    } else {
+        start = new pirol::pnlStart(mainWindow, pirol::KeptFolder(pirol::RecoveryFolder()));
+        QObject::connect(start, &pirol::pnlStart::ProjectWanted, &recentMenu, &pirol::RecentMenu::Open);
+        QObject::connect(start, &pirol::pnlStart::KeptDesignWanted, &keeper, &pirol::DesignKeeper::Restore);
     }
     keeper.OfferLeftDesigns();
     update.LookWeekly();
-    return QApplication::exec();
+    const int status = QApplication::exec();
+    delete start; // it listens to the main window's design
+    return status;
 }

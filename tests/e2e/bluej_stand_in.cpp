@@ -1,8 +1,8 @@
 // Stands in for BlueJ's program on Windows: writes how it was started, its window's state and its whole command line,
 // into start.txt beside itself, in UTF-8.
+#include <windows.h>
 #include <filesystem>
 #include <fstream>
-#include <windows.h>
 
 int main() {
     STARTUPINFOW startup = {};

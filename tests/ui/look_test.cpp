@@ -36,12 +36,16 @@ QImage Canvas(const QSize& size = usualSize) {
     return image;
 }
 
+QPixmap Decoded(const std::string& path, double scale) {
+    return QPixmap::fromImage(DecodedPicture(path, scale));
+}
+
 /// The control on a screen with so many pixels for each of the design's in a row.
 QImage Painted(const Control& control, int pixelRatio = 1) {
     QImage image = Canvas(usualSize * pixelRatio);
     image.setDevicePixelRatio(pixelRatio);
     QPainter painter(&image);
-    PaintControl(painter, control);
+    PaintControl(painter, control, Decoded);
     return image;
 }
 
@@ -107,7 +111,7 @@ QString DesignDifference(const QString& project, const QString& picture, int men
     QPainter painter(&painted);
     painter.setRenderHint(QPainter::TextAntialiasing, tolerance.letters == Letters::Smooth);
     painter.translate(content.topLeft());
-    model.ForEachVisible([&painter](const Control& control) { PaintControl(painter, control); });
+    model.ForEachVisible([&painter](const Control& control) { PaintControl(painter, control, Decoded); });
     QString differences;
     model.ForEachVisible([&](const Control& control) {
         const QRect area = BoxOf(control).translated(content.topLeft()).intersected(content);
@@ -194,7 +198,7 @@ class LookTest : public QObject {
         QPicture strokes;
         {
             QPainter painter(&strokes);
-            PaintControl(painter, component.Sized({120, 60}));
+            PaintControl(painter, component.Sized({120, 60}), Decoded);
         }
         QVERIFY2(strokes.size() < 2'000'000, qPrintable(QString("%1 bytes").arg(strokes.size())));
     }

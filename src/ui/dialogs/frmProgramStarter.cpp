@@ -4,8 +4,8 @@
 #include "ui/parts/FormParts.h"
 
 #ifdef _WIN32
-#include <shellapi.h>
 #include <windows.h>
+#include <shellapi.h>
 #else
 #include <QEventLoop>
 #include <QProcess>

@@ -82,12 +82,16 @@ void DesignKeeper::ShowKeptDesigns() {
     TellFailure(thread_.Wait());
     frmKeptDesigns form(KeptFolder(folder_), dialogs_, &window_);
     if (form.exec() == QDialog::Accepted)
-        window_.Run([&] {
-            document_.Replace("Entwurf wiederherstellen", [&](ProjectModel& model) {
-                model = form.Chosen()->model;
-                return Document::Origin{.path = form.Chosen()->filePath};
-            });
+        Restore(*form.Chosen());
+}
+
+void DesignKeeper::Restore(const OpenDesign& design) {
+    window_.Run([&] {
+        document_.Replace("Entwurf wiederherstellen", [&](ProjectModel& model) {
+            model = design.model;
+            return Document::Origin{.path = design.filePath};
         });
+    });
 }
 
 void DesignKeeper::Keep() {
@@ -167,12 +171,7 @@ bool DesignKeeper::Offer(const LeftDesign& left, std::size_t others) {
     form.exec();
     if (form.Chosen() == frmRecovery::Answer::Restore) {
         // The new recovery file first: between the two there is no moment without one.
-        window_.Run([&] {
-            document_.Replace("Entwurf wiederherstellen", [&](ProjectModel& model) {
-                model = design.model;
-                return Document::Origin{.path = design.filePath};
-            });
-        });
+        Restore(design);
         Ask([this] { thread_.KeepShown(Shown()); });
         if (thread_.Wait().empty())
             Discard(left);

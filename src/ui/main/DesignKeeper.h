@@ -48,6 +48,8 @@ class DesignKeeper : public QObject, private DocumentListener {
 
     /// Lets the user fetch a kept design back, as a step of the history, or delete some.
     void ShowKeptDesigns();
+    /// Fetches one back.
+    void Restore(const OpenDesign& design);
 
   private:
     void DocumentChanged(const DocumentChange& change) override;
