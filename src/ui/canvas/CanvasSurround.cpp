@@ -32,7 +32,7 @@ constexpr int menuGap = 5; // on both sides of a caption
 
 constexpr int shadowReach = 3 * tokens::unit;
 constexpr int shadowDrop = tokens::unit; // it lies a little lower
-constexpr double shadowStrength = 60;    // at the window's edge, of 255
+constexpr double shadowStrength = 0.24;  // at the window's edge, of 1
 
 /// The outline of a rectangle, inside it.
 void PaintFrame(QPainter& painter, const QRect& box, const QColor& colour) {
@@ -42,12 +42,15 @@ void PaintFrame(QPainter& painter, const QRect& box, const QColor& colour) {
     painter.fillRect(box.right(), box.top() + 1, 1, box.height() - 2, colour);
 }
 
-/// Line by line, each fainter than the one inside it.
-void PaintShadow(QPainter& painter, const QRect& window) {
+/// Line by line, each fainter than the one inside it. All are opaque: for translucent ones Qt starts threads.
+void PaintShadow(QPainter& painter, const QRect& window, const QColor& ground) {
     for (int reach = 1 - shadowDrop; reach <= shadowReach; ++reach) {
         const double share = 1 - std::max(reach, 0) / (shadowReach + 1.0);
-        const QColor layer(0, 0, 0, static_cast<int>(shadowStrength * share * share));
-        PaintFrame(painter, window.adjusted(-reach, shadowDrop - reach, reach, shadowDrop + reach), layer);
+        const double light = 1 - shadowStrength * share * share;
+        const QColor line =
+            QColor::fromRgbF(static_cast<float>(ground.redF() * light), static_cast<float>(ground.greenF() * light),
+                             static_cast<float>(ground.blueF() * light));
+        PaintFrame(painter, window.adjusted(-reach, shadowDrop - reach, reach, shadowDrop + reach), line);
     }
 }
 
@@ -118,11 +121,12 @@ QRect CanvasSurround::Window() const {
 
 void CanvasSurround::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
-    painter.fillRect(event->rect(), palette().color(roles::surround));
+    const QColor ground = palette().color(roles::surround);
+    painter.fillRect(event->rect(), ground);
     const QRect window = Window().adjusted(-1, 0, 1, 1);
     if (canvas_->geometry().contains(event->rect()))
         return;
-    PaintShadow(painter, window);
+    PaintShadow(painter, window, ground);
     PaintFrame(painter, window.adjusted(0, titleHeight - 1, 0, 0), frameLine);
     PaintBar(painter, {window.left(), window.top(), window.width(), titleHeight}, tokens::radius, frameLine);
     PaintTitle(painter, {window.left() + 1, window.top() + 1, window.width() - 2, titleHeight - 2});

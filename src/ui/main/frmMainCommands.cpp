@@ -31,8 +31,8 @@ namespace {
 
 /// What the tool bar offers before the commands that arrange; null for a line.
 constexpr const char* toolCommands[] = {
-    "mnuFileNew",  "mnuFileOpen",  "mnuFileSave", nullptr,       "mnuEditUndo",     "mnuEditRedo", nullptr,
-    "mnuEditCopy", "mnuEditPaste", nullptr,       "mnuCodeTest", "mnuCodeGenerate", nullptr,
+    "mnuFileNew", "mnuFileOpen", "mnuFileSave",  nullptr, "mnuEditUndo", "mnuEditRedo",
+    nullptr,      "mnuEditCopy", "mnuEditPaste", nullptr, "mnuCodeTest", "mnuCodeGenerate",
 };
 
 } // namespace
@@ -194,6 +194,7 @@ void frmMain::OfferArranging() {
         return;
     QMenu* const menu = findChild<QMenu*>("mnuArrange");
     emit menu->aboutToShow(); // gives its commands their pictures
+    tbMain_->Add(nullptr);
     for (QAction* const command : menu->actions())
         tbMain_->Add(command->isSeparator() ? nullptr : command);
 }
