@@ -105,8 +105,16 @@ void CanvasSurround::UpdateAll() {
 }
 
 bool CanvasSurround::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::Move || event->type() == QEvent::Resize)
+    switch (event->type()) {
+    case QEvent::Move:
+    case QEvent::Resize:
+    case QEvent::FocusIn:
+    case QEvent::FocusOut:
         UpdateAll();
+        break;
+    default:
+        break;
+    }
     return QWidget::eventFilter(watched, event);
 }
 
@@ -126,9 +134,10 @@ void CanvasSurround::paintEvent(QPaintEvent* event) {
     const QRect window = Window().adjusted(-1, 0, 1, 1);
     if (canvas_->geometry().contains(event->rect()))
         return;
+    const QColor line = canvas_->hasFocus() ? palette().color(roles::focus) : frameLine;
     PaintShadow(painter, window, ground);
-    PaintFrame(painter, window.adjusted(0, titleHeight - 1, 0, 0), frameLine);
-    PaintBar(painter, {window.left(), window.top(), window.width(), titleHeight}, tokens::radius, frameLine);
+    PaintFrame(painter, window.adjusted(0, titleHeight - 1, 0, 0), line);
+    PaintBar(painter, {window.left(), window.top(), window.width(), titleHeight}, tokens::radius, line);
     PaintTitle(painter, {window.left() + 1, window.top() + 1, window.width() - 2, titleHeight - 2});
     if (showsMenus_)
         PaintMenus(painter, {canvas_->x(), canvas_->y() - MenuHeight(), canvas_->width(), MenuHeight()});
