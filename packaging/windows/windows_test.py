@@ -69,7 +69,7 @@ class FilesTest(unittest.TestCase):
 
     def test_sizes(self):
         for file in PIROL, CLI, BUILD / "Pirol-Setup.exe", BUILD / "Pirol.zip":
-            self.assertLess(file.stat().st_size, 20 * MEGABYTE, file)
+            self.assertLess(file.stat().st_size, 25 * MEGABYTE, file)
 
     def test_resources(self):
         def resource(kind):
@@ -157,8 +157,8 @@ class DesignerTest(WindowsTest):
         designer = self.designer(project)
         designer.use(r"^Quiz 1\.prl - Pirol$")
         self.set_preferences(designer, wine.path(blue_j / "bluej.exe"))
-        designer.click(60, 133)  # the toolbar's second button
-        designer.drag(700, 290, 880, 350)  # where the quiz has nothing
+        designer.click(60, 165)  # the toolbar's second button
+        designer.drag(700, 300, 880, 370)  # where the quiz has nothing
         designer.key("ctrl+s")
         designer.choose_file("Projekt speichern", saved)
         designer.key("ctrl+b")
@@ -186,8 +186,9 @@ class DesignerTest(WindowsTest):
         designer.key("Return")
         designer.wait_until_gone("Optionen")
         designer.use(self.MAIN)
-        self.assertEqual(wine.registry(KEY), {(KEY, "GridColor"): ("REG_DWORD", "0x0"), (KEY, "GridStyle"): ("REG_DWORD", "0x1"),
-                                              (KEY, "BlueJPath"): ("REG_SZ", blue_j)})
+        held = wine.registry(KEY)
+        self.assertEqual({name: held[KEY, name] for name in ("GridColor", "GridStyle", "BlueJPath")},
+                         {"GridColor": ("REG_DWORD", "0x0"), "GridStyle": ("REG_DWORD", "0x1"), "BlueJPath": ("REG_SZ", blue_j)})
 
     def test_a_colour_that_is_text_is_black(self):
         for name, kind, value in (("GridColor", "REG_SZ", "255"), ("GridStyle", "REG_DWORD", "2")):
@@ -211,8 +212,8 @@ class DesignerTest(WindowsTest):
         kept = wine.user_folder / "AppData" / "Local" / "Pirol" / "Recovery"
         with Designer(PIROL, display, self.folder, project, wine=wine) as designer:
             designer.use(r"^Quiz\.prl - Pirol$")
-            designer.click(60, 133)  # the toolbar's second button
-            designer.drag(700, 290, 880, 350)
+            designer.click(60, 165)  # the toolbar's second button
+            designer.drag(700, 300, 880, 370)
             designer.wait_for(lambda: list(kept.glob("*.design")), "the kept design")
         designer = self.designer()
         designer.use("Wiederherstellung")
@@ -289,6 +290,7 @@ class UpdateTest(WindowsTest):
             setup = subprocess.Popen(["wine", self.newer_setup(), "/UPDATE=" + wine.path(work)], env=wine.environment)
             time.sleep(3)
             self.assertNotEqual((home / "Lizenz.txt").read_text(), "newer", "it waits for the end of Pirol")
+            designer.focus()
             designer.key("ctrl+q")
             designer.wait_for_end()
             self.assertEqual(setup.wait(60), 0)

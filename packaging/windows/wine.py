@@ -70,9 +70,13 @@ class Wine:
             subprocess.run(["wineserver", word], env=self.environment, check=False)
 
     def run(self, program, *words, **options):
-        """Runs a program to its end."""
-        return subprocess.run(["wine", str(program), *map(self.path, words)], env=self.environment, capture_output=True, timeout=60,
-                              check=False, **options)
+        """Runs a program to its end. Files take what it says: Windows' own services may hold on to a pipe."""
+        with tempfile.TemporaryFile() as out, tempfile.TemporaryFile() as errors:
+            done = subprocess.run(["wine", str(program), *map(self.path, words)], env=self.environment, stdout=out,
+                                  stderr=errors, timeout=120, check=False, **options)
+            out.seek(0)
+            errors.seek(0)
+            return subprocess.CompletedProcess(done.args, done.returncode, out.read(), errors.read())
 
     def path(self, path):
         """What Windows calls a file of this machine; mere text stays as it is."""

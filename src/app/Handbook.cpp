@@ -1,6 +1,8 @@
 #include "app/Handbook.h"
 
 #include "base/Conversions.h"
+#include "codegen/Hints.h"
+#include "controls/PropertyTable.h"
 
 namespace pirol {
 namespace {
@@ -58,6 +60,18 @@ std::string ChapterAnchor(std::string_view heading) {
         anchor = ReplaceAll(anchor, capital, small);
     std::erase_if(anchor, [](char sign) { return !BelongsInAnchor(sign); });
     return anchor;
+}
+
+std::string AnchorOf(const HintRule& rule) {
+    return ChapterAnchor(rule.title);
+}
+
+std::string AnchorOf(const PropertyKey& property) {
+    return ChapterAnchor(property.label);
+}
+
+std::string AnchorOf(const KindRow& kind) {
+    return ChapterAnchor(kind.javaClass);
 }
 
 std::string_view ChapterOf(std::string_view window) {

@@ -5,6 +5,7 @@
 #include "codegen/SourceLines.h"
 #include "codegen/SourceStatement.h"
 #include "codegen/UpdateRefusal.h"
+#include "codegen/WordList.h"
 
 #include <algorithm>
 #include <array>
@@ -19,11 +20,6 @@ constexpr std::string_view commonMethods[] = {"haengeAn", "schalteAn", "setzeInh
 /// A class's head is not longer, and what half-written lines put into a constructor's head.
 constexpr std::size_t longestHead = 40;
 constexpr std::size_t mostTokensBetween = 400;
-
-template <class Texts>
-bool Contains(const Texts& texts, std::string_view text) {
-    return std::find(std::begin(texts), std::end(texts), text) != std::end(texts);
-}
 
 /// All methods that the generator calls.
 const std::unordered_set<std::string_view>& GeneratedCalls() {

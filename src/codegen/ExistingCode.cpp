@@ -5,6 +5,7 @@
 #include "base/Text.h"
 #include "codegen/SourceLines.h"
 #include "codegen/UpdateRefusal.h"
+#include "codegen/WordList.h"
 
 #include <algorithm>
 
@@ -16,10 +17,6 @@ constexpr std::string_view packages[] = {"ereignis", "komponenten", "multimedia"
 constexpr std::string_view textAreas[] = {"Zeichenbereich", "Zeilenbereich"};
 /// Far more than any program has; what a file made for it could ask for ends here.
 constexpr std::size_t mostPieces = std::size_t{1} << 21U;
-template <class Texts>
-bool Contains(const Texts& texts, std::string_view text) {
-    return std::find(std::begin(texts), std::end(texts), text) != std::end(texts);
-}
 
 } // namespace
 
@@ -204,8 +201,9 @@ std::size_t ExistingCode::AddStatement(std::size_t first, const SourceStatement&
     } else if (!statement.assigned.empty()) {
         if (statement.assigned != subMenu || statement.method != "neuesUntermenue" || kinds != "s")
             return first + 1;
-        const std::size_t value = tokens_[first + 2].begin;
-        key.detail = source_.substr(value, tokens_[statement.end - 1].end - value);
+        // As the generator writes it, whatever blanks the pupil put in.
+        key.detail = details_.emplace_back(
+            Concatenate(statement.object, ".", statement.method, "(", tokens_.Text(statement.arguments.First()), ");"));
     } else {
         // The database's calls belong to its block.
         if (statement.object == database || field->form == nullptr)

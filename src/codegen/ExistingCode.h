@@ -101,7 +101,8 @@ class ExistingCode {
     std::string_view source_;
     const GeneratedCode& wanted_;
     CodeOptions blocks_;
-    std::deque<CodeKey> keys_;                         ///< of the pieces that are no wanted ones
+    std::deque<CodeKey> keys_; ///< of the pieces that are no wanted ones
+    std::deque<std::string> details_;
     std::unordered_set<std::string_view> wantedCodes_; ///< all of them, when first asked for
     std::uint32_t lastField_ = 0;
     const std::pair<const std::string, ClassForm>* lastForm_ = nullptr;

@@ -3,6 +3,7 @@
 #include "base/Conversions.h"
 #include "codegen/SourceStatement.h"
 #include "codegen/SourceTokens.h"
+#include "codegen/WordList.h"
 #include "model/ProjectModel.h"
 
 #include <algorithm>
@@ -162,7 +163,7 @@ std::size_t CodeKeyHash::operator()(const CodeKey& key) const {
 }
 
 bool IsListMethod(std::string_view method) {
-    return std::find(std::begin(listMethods), std::end(listMethods), method) != std::end(listMethods);
+    return Contains(listMethods, method);
 }
 
 const std::map<std::string, ClassForm, std::less<>>& ClassForms() {

@@ -26,7 +26,8 @@ enum class HintSubject { Program, Window, Component, MenuBar, Database };
 
 /// One reason for hints.
 struct HintRule {
-    std::string_view key; ///< short English name, e.g. "duplicate-name"
+    std::string_view key;   ///< short English name, e.g. "duplicate-name"
+    std::string_view title; ///< what the handbook calls it, German
     HintEffect effect;
     std::string_view message; ///< German; "#" stands for the detail
 };

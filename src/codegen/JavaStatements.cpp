@@ -1,6 +1,7 @@
 #include "codegen/JavaStatements.h"
 
 #include "codegen/JavaSyntax.h"
+#include "codegen/WordList.h"
 
 #include <algorithm>
 
@@ -19,11 +20,6 @@ constexpr std::size_t mostScopes = 1000;
 constexpr std::string_view modifiers[] = {
     "abstract", "final", "native", "private", "protected", "public", "static", "strictfp", "synchronized",
 };
-
-template <class List>
-bool Holds(const List& list, std::string_view word) {
-    return std::find(std::begin(list), std::end(list), word) != std::end(list);
-}
 
 JavaHead ClassHead(const JavaStatement& statement, std::size_t keyword) {
     JavaHead head{.kind = JavaHead::Class, .name = statement[keyword + 1].text};
@@ -59,7 +55,7 @@ std::optional<JavaHead> ElementsHead(const JavaStatement& statement) {
 /// Whether a type stands among a method's modifiers and annotations.
 bool HasType(JavaTokens before) {
     for (std::size_t index = 0; index < before.size(); ++index)
-        if (before[index].IsWord() && !Holds(modifiers, before[index].text) &&
+        if (before[index].IsWord() && !Contains(modifiers, before[index].text) &&
             (index == 0 || !before[index - 1].IsSign("@")))
             return true;
     return false;

@@ -2,6 +2,7 @@
 
 #include "base/Text.h"
 #include "base/Windows1252.h"
+#include "codegen/JavaCharacters.h"
 
 #include <algorithm>
 #include <array>
@@ -10,10 +11,6 @@
 
 namespace pirol {
 namespace {
-
-constexpr bool IsDigit(char character) {
-    return character >= '0' && character <= '9';
-}
 
 constexpr bool IsOctalDigit(char character) {
     return character >= '0' && character <= '7';

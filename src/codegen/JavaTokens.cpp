@@ -1,6 +1,8 @@
 #include "codegen/JavaTokens.h"
 
 #include "base/Windows1252.h"
+#include "codegen/JavaCharacters.h"
+#include "codegen/SourceLines.h"
 
 #include <algorithm>
 
@@ -13,16 +15,6 @@ constexpr std::string_view textBlockQuotes = "\"\"\"";
 constexpr std::string_view longSigns[] = {
     "<<=", ">>=", "==", "!=", "<=", ">=", "+=", "-=", "*=", "/=", "%=", "&=", "|=", "^=", "++", "--", "&&", "||", "->",
 };
-
-constexpr bool IsDigit(char character) {
-    return character >= '0' && character <= '9';
-}
-
-/// Letters outside ASCII are not told apart here: whether a name is one is asked where it is used.
-constexpr bool ContinuesWord(char character) {
-    return IsDigit(character) || (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z') ||
-           character == '_' || character == '$' || (static_cast<unsigned char>(character) & 0x80u) != 0;
-}
 
 constexpr bool IsBlank(char character) {
     return (character >= 0 && character <= ' ') || character == '\x7F';
@@ -79,7 +71,7 @@ std::optional<JavaToken> JavaTokenizer::Next() {
     if (rest.starts_with(textBlockQuotes)) {
         const std::string_view behind = rest.substr(textBlockQuotes.size());
         const std::size_t blanks = std::min(behind.find_first_not_of(" \t"), behind.size());
-        if (blanks < behind.size() && (behind[blanks] == '\r' || behind[blanks] == '\n'))
+        if (blanks < behind.size() && IsLineEnd(behind[blanks]))
             return TakeTextBlock();
     }
     if (first == '"' || first == '\'')
@@ -132,17 +124,11 @@ JavaToken JavaTokenizer::Take(TokenKind kind, std::size_t length) {
 }
 
 JavaToken JavaTokenizer::TakeLiteral(TokenKind kind) {
-    const std::string_view rest = Rest();
-    std::size_t end = 1;
-    while (end < rest.size() && rest[end] != rest.front() && rest[end] != '\r' && rest[end] != '\n') {
-        const bool escapes =
-            rest[end] == '\\' && end + 1 < rest.size() && rest[end + 1] != '\r' && rest[end + 1] != '\n';
-        end += escapes ? 2 : 1;
-    }
-    if (end >= rest.size() || rest[end] != rest.front())
-        return Take(TokenKind::Other, end);
-    JavaToken token = Take(kind, end + 1);
-    token.text = token.text.substr(1, end - 1);
+    const auto [end, closed] = EndOfLiteral(source_, position_);
+    if (!closed)
+        return Take(TokenKind::Other, end - position_);
+    JavaToken token = Take(kind, end - position_);
+    token.text = token.text.substr(1, token.text.size() - 2);
     return token;
 }
 

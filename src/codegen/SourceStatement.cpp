@@ -2,6 +2,7 @@
 
 #include "codegen/JavaSyntax.h"
 #include "codegen/SourceLines.h"
+#include "codegen/WordList.h"
 
 #include <algorithm>
 
@@ -15,11 +16,6 @@ constexpr std::string_view modifiers[] = {"abstract", "final",        "private",
                                           "static",   "synchronized", "transient", "volatile"};
 constexpr std::string_view primitiveTypes[] = {"boolean", "byte", "char",  "double", "float",
                                                "int",     "long", "short", "void"};
-
-template <class Words>
-bool Contains(const Words& words, std::string_view word) {
-    return std::find(std::begin(words), std::end(words), word) != std::end(words);
-}
 
 bool IsOneOf(std::string_view sign, std::string_view signs) {
     return sign.size() == 1 && signs.find(sign.front()) != std::string_view::npos;

@@ -1,6 +1,7 @@
 #include "codegen/SourceTokens.h"
 
 #include "base/RuntimeError.h"
+#include "codegen/JavaCharacters.h"
 #include "codegen/KnownPieces.h"
 #include "codegen/SourceLines.h"
 
@@ -18,13 +19,10 @@ constexpr std::size_t usualLength = 5;
 
 enum class ByteClass : std::uint8_t { Sign, Word, Blank, LineEnd, Quote, Slash };
 
-/// Every byte beyond ASCII counts as a letter: which of them Java takes does not matter for finding names.
 constexpr std::array<ByteClass, 256> ByteClasses() {
     std::array<ByteClass, 256> classes{};
     for (std::size_t byte = 0; byte < classes.size(); ++byte) {
-        const bool isWord = (byte >= '0' && byte <= '9') || (byte >= 'A' && byte <= 'Z') ||
-                            (byte >= 'a' && byte <= 'z') || byte == '_' || byte == '$' || byte >= 0x80;
-        classes[byte] = isWord ? ByteClass::Word : ByteClass::Sign;
+        classes[byte] = ContinuesWord(static_cast<char>(byte)) ? ByteClass::Word : ByteClass::Sign;
     }
     for (const unsigned char byte : {' ', '\t', '\f', '\v'})
         classes[byte] = ByteClass::Blank;
@@ -38,28 +36,6 @@ constexpr std::array<ByteClass, 256> byteClasses = ByteClasses();
 
 ByteClass ClassOf(char byte) {
     return byteClasses[static_cast<unsigned char>(byte)];
-}
-
-bool IsDigit(char byte) {
-    return byte >= '0' && byte <= '9';
-}
-
-/// Behind the closing quote, or the end of the line when there is none.
-std::size_t EndOfLiteral(std::string_view source, std::size_t begin, bool& closed) {
-    const char quote = source[begin];
-    std::size_t position = begin + 1;
-    closed = false;
-    while (position < source.size() && !IsLineEnd(source[position])) {
-        const char byte = source[position];
-        if (byte == '\\' && position + 1 < source.size() && !IsLineEnd(source[position + 1]))
-            ++position;
-        ++position;
-        if (byte == quote) {
-            closed = true;
-            break;
-        }
-    }
-    return position;
 }
 
 /// Whether the lines of a comment may have been commented out as a whole: braces match, and a constructor's call of its
@@ -117,9 +93,9 @@ void SourceTokens::Read(Comments comments, KnownPieces* known) {
             Add(begin, position, startsLine);
             break;
         case ByteClass::Quote: {
-            bool closed = false;
-            position = EndOfLiteral(source_, begin, closed);
-            Add(begin, position, startsLine, closed);
+            const LiteralEnd literal = EndOfLiteral(source_, begin);
+            position = literal.end;
+            Add(begin, position, startsLine, literal.closed);
             break;
         }
         case ByteClass::Word:

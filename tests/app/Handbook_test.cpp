@@ -1,4 +1,7 @@
 #include "app/Handbook.h"
+#include "base/Text.h"
+#include "codegen/Hints.h"
+#include "model/ProjectModel.h"
 #include "Tables.h"
 
 #include <gtest/gtest.h>
@@ -19,7 +22,7 @@ std::set<std::string> Anchors() {
     std::set<std::string> anchors;
     const std::string text = Handbook();
     for (const std::string_view line : Split(text, '\n'))
-        if (line.starts_with("## ") || line.starts_with("### ")) {
+        if (line.starts_with("## ") || line.starts_with("### ") || line.starts_with("#### ")) {
             EXPECT_TRUE(anchors.insert(ChapterAnchor(line.substr(line.find(' ') + 1))).second) << line;
         }
     return anchors;
@@ -38,6 +41,31 @@ TEST(Handbook, EveryWindowHasItsChapter) {
     const std::set<std::string> anchors = Anchors();
     for (const test::TableRow& row : test::Table("handbook-chapters"))
         EXPECT_TRUE(anchors.contains(row[1])) << row.line;
+}
+
+TEST(Handbook, EveryHintHasItsPlace) {
+    const std::set<std::string> anchors = Anchors();
+    for (const HintRule& rule : HintRules())
+        EXPECT_TRUE(anchors.contains(AnchorOf(rule))) << rule.title;
+}
+
+/// Each kind's page leads to all its properties and events, and each of these has its place.
+TEST(Handbook, EveryPropertyOfEveryKindHasItsPlace) {
+    const std::set<std::string> anchors = Anchors();
+    const ProjectModel model;
+    for (const KindRow& kind : KindRows()) {
+        const std::string text = Handbook();
+        const std::size_t begin = text.find(Concatenate("\n### ", kind.javaClass, "\n"));
+        ASSERT_NE(begin, std::string::npos) << kind.javaClass;
+        const std::string page = text.substr(begin, text.find("\n#", begin + 1) - begin);
+        EXPECT_NE(page.find("```java\n"), std::string::npos) << kind.javaClass;
+        for (const PropertyRow& row : model.Element({kind.kind, 0}).Table().Rows()) {
+            EXPECT_NE(page.find("(#" + AnchorOf(*row.key) + ")"), std::string::npos) << page << row.key->label;
+            EXPECT_TRUE(anchors.contains(AnchorOf(*row.key))) << row.key->label;
+        }
+    }
+    for (const PropertyRow& row : CommonRows())
+        EXPECT_TRUE(anchors.contains(AnchorOf(*row.key))) << row.key->label;
 }
 
 TEST(Handbook, LinksAndPicturesLeadSomewhere) {

@@ -117,7 +117,7 @@ TEST_F(UpdateCommandsTest, TenVersionsStayAndNothingIsWrittenWithoutNeed) {
     EXPECT_TRUE(ReadFileBytes(path_).starts_with("\xEF\xBB\xBFimport ")) << "the mark stays";
     EXPECT_EQ(FilesIn(folder_ / "").size(), 11U);
     for (std::size_t age = 0; age < 10; ++age)
-        EXPECT_EQ(ReadFileBytes(TextOf(path_) + ".bak" + (age == 0 ? "" : std::to_string(age))),
+        EXPECT_EQ(ReadFileBytes(PathOf(TextOf(path_) + ".bak" + (age == 0 ? "" : std::to_string(age)))),
                   versions[versions.size() - 1 - age]);
 }
 

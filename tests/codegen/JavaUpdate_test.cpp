@@ -43,11 +43,20 @@ void NewName(ProjectModel& model, UpdateOptions& options) {
     Element(model, ComponentKind::Sound).ObjectName = "hatKnopf1"; // the old name goes to another one
     options.renames = {{"hatKnopf1", "hatStart"}, {"hatTon1", "hatKnopf1"}};
 }
-void JustLoaded(ProjectModel& model, UpdateOptions& options) {
-    static_cast<dSchalter&>(Element(model, ComponentKind::CheckBox)).Checked = false;
+void OddName(ProjectModel& model, UpdateOptions&) {
+    Element(model, ComponentKind::Button).ObjectName = "mein Knopf";
+}
+void OtherArea(ProjectModel& model, UpdateOptions& options) {
     model.DeleteComponent({ComponentKind::RowField, 1});
     Control& area = model.EditElement(model.PlaceComponent(ComponentKind::CharField, {10, 99, 80, 30}));
     area.ObjectName = "hatZeilenbereich1";
+    options.isUnknown = [](std::string_view, std::string_view) { return false; };
+}
+void JustLoaded(ProjectModel& model, UpdateOptions& options) {
+    OtherArea(model, options);
+    auto& box = static_cast<dSchalter&>(Element(model, ComponentKind::CheckBox));
+    box.Checked = false;
+    box.Left = 11;
     options.isUnknown = [](std::string_view, std::string_view) { return true; };
 }
 
@@ -69,6 +78,7 @@ const Case cases[] = {
     {"    Knopf hatKnopf1;", "    private Knopf hatKnopf1; // meiner", Nothing, "=", "", "", ""},
     {"Knopf hatKnopf1;", "Knopf hatKnopf1, zweiter;", Nothing, "=", "", "", ""},
     {"super(640, 480)", "super(5, 6, 640, 480)", Nothing, "=", "", "", ""},
+    {"extends EBAnwendung", "extends sum.ereignis.EBAnwendung implements Runnable", Nothing, "=", "", "", ""},
     {"//import sum.werkzeuge.*;", "import sum.werkzeuge.*;", Nothing, "=", "", "", ""},
     {"//hatTon1.spieleTon();", "hatTon1.spieleTon();", Nothing, "=", "", "", ""},
     {"}\r\n\r\n    public void",
@@ -80,36 +90,74 @@ const Case cases[] = {
     {"        hatSchalter1 =",
      "        new Thread(new Runnable() { public void run() { tue(); } });\r\n        hatSchalter1 =", Nothing, "=", "",
      "", ""},
+    {"    Knopf hatKnopf1;", "    SuMAnwendung f = new\r\n        SuMAnwendung() { };\r\n    Knopf hatKnopf1;", Nothing,
+     "=", "", "", ""},
     // What he changed of the design's values becomes the design's again, and both are named.
-    {"10, 20, 80, 30, \"Knopf\");", "11, 20, breite, 30, \"Knopf\"); // hier", Nothing,
+    {"10, 20, 80, 30, \"Knopf\");", "11, 20, f(breite), 30, \"Knopf\"); // hier", Nothing,
      "new Knopf(10, 20, 80, 30, \"Knopf\"); // hier\r\n", "", "breite",
-     "geändert: hatKnopf1: 11, 20, breite, 30, \"Knopf\" wird 10, 20, 80, 30, \"Knopf\""},
+     "geändert: hatKnopf1: 11, 20, f(breite), 30, \"Knopf\" wird 10, 20, 80, 30, \"Knopf\""},
     {"new Schalter(10", "new Schalter(12", Nothing, "new Schalter(10", "", "", "geändert: hatSchalter1: 12"},
     // Handlers: an empty one goes with its event, a changed one stays.
     {"", "", NoClick, "hatKnopf1 = new", "", "Geklickt", "entfernt: Methode hatKnopf1Geklickt()"},
     {stub, "        tue();\r\n", NoClick, "hatKnopf1Geklickt()\r\n    {\r\n        tue();", "", "setzeBearbeiter",
      "behalten: Methode hatKnopf1Geklickt() gehört zu keinem Ereignis mehr"},
-    {"\r\n}", "\r\n    void a() { hatKnopf1Geklickt(); }\r\n}", NoClick, stub, "void a() { hatKnopf1Geklickt(); }", "",
-     ""},
+    {"\r\n}", "\r\n    void a() { tue(\"\\\" /*\"); hatKnopf1Geklickt(); }\r\n}", NoClick, stub,
+     "hatKnopf1Geklickt(); }", "", ""},
+    {"    public void hat", "    final public void hat", NoClick, "    final public void hatKnopf1Geklickt()", "", "",
+     "behalten: Methode hatKnopf1Geklickt() gehört zu keinem Ereignis mehr"},
+    {"    }\r\n\r\n    public void hat",
+     "    }\r\n\r\n    public void a()\r\n    {\r\n        "
+     "hatKnopf1.setzeBearbeiterGeklickt(\"hatKnopf1Geklickt\");\r\n"
+     "    }\r\n\r\n    public void hat",
+     NoClick, stub, "public void a()", "", "entfernt: hatKnopf1.setzeBearbeiterGeklickt"},
+    {"eingefügt\r\n    }", "eingefügt\r\n        }", NoClick, stub, "", "",
+     "behalten: Methode hatKnopf1Geklickt() gehört zu keinem Ereignis mehr"},
+    // What is half written is his.
+    {"schalteAn();", "schalteAn()", Nothing, "schalteAn()\r\n", "schalteAn();\r\n", "",
+     "neu: hatSchalter1.schalteAn();"},
+    {"Knopf hatKnopf1;", "Knopf hatKnopf1 = new Knopf(1, 2, 3, 4, \"K\");", Nothing, "=", "", "",
+     "gemeldet: hatKnopf1 wird schon bei der Deklaration erzeugt"},
     // A component that is gone: its lines go, his stay and are named.
     {"\r\n}", "\r\n    void a() { hatKnopf1.verstecke(); }\r\n}", NoButton, "void a() { hatKnopf1.verstecke(); }", "",
      "new Knopf", "gemeldet: hatKnopf1 gibt es nicht mehr: void a() { hatKnopf1.verstecke(); }"},
+    {"        hat", "        /* auf */ /* offen\r\n        hat", NoButton,
+     "        /* auf */ /* offen\r\n        hatTon1", "", "new Knopf", "entfernt: Knopf hatKnopf1"},
     {"Geklickt\");", "Geklickt\"); // Start", NoButton, "        // Start\r\n", "", "hatKnopf1",
      "entfernt: Knopf hatKnopf1"},
     {"Knopf hatKnopf1;", "Knopf hatKnopf1;\r\n    Knopf eigener;", NoButton, "    Knopf eigener;\r\n", "", "hatKnopf1",
      ""},
+    {"", "", OddName, "        mein Knopf = new Knopf(10", "", "hatKnopf1", "neu: mein Knopf = new Knopf(10"},
+    {"\"Knopf\");",
+     "\""
+     "ßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßß"
+     "ßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßß"
+     "ßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßß"
+     "ßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßß"
+     "\");",
+     Nothing, "\"Knopf\");", "", "ß", "ß ...\n"},
     // Blocks and their import.
     {"", "", NoDatabase, "", "", "sum.sql", "entfernt: Datenbank hatDatenbank"},
+    {"            hatErgebnisliste =", "            if (x) { tue(7); }\r\n            hatErgebnisliste =", NoDatabase,
+     "            if (x) { tue(7); }\r\n    }", "", "hatDatenbank", "entfernt: }"},
+    {"            hatDatenbank.sendeSQL(\"SELECT * FROM \");\r\n", "", Nothing, "=", "", "",
+     "behalten: Die Anweisungen für die Datenbank sind verändert"},
     {"\r\n}", "\r\n    Datenbank meine;\r\n}", NoDatabase, "import sum.sql.*;", "", "hatDatenbank",
      "behalten: import sum.sql.*; wird noch gebraucht"},
     // New names reach his lines, but neither texts nor comments.
-    {stub, "        hatKnopf1.a(\"hatKnopf1\"); // hatKnopf1\r\n        hatTon1.b();\r\n", NewName,
+    {stub,
+     "        hatKnopf1.a(\"hatKnopf1\"); // hatKnopf1\r\n        hatTon1.b();\r\n        "
+     "x.setzeBearbeiterGeklickt(\"hatKnopf1\");\r\n        "
+     "hatKnopf1.setzeBearbeiterGeklickt(\"hatKnopf1Geklickt\");\r\n",
+     NewName,
      "public void hatStartGeklickt()\r\n    {\r\n        hatStart.a(\"hatKnopf1\"); // hatKnopf1\r\n        "
-     "hatKnopf1.b();",
+     "hatKnopf1.b();\r\n        x.setzeBearbeiterGeklickt(\"hatKnopf1\");\r\n        "
+     "hatStart.setzeBearbeiterGeklickt(\"hatStartGeklickt\");",
      "//hatKnopf1.spieleTon();", "hatTon1", "umbenannt: hatKnopf1 heißt jetzt hatStart"},
     // What a project file does not hold stays as the source has it.
-    {"", "", JustLoaded, "hatSchalter1.schalteAn();", "    Zeilenbereich hatZeilenbereich1;", "Zeichenbereich",
-     "geändert: hatZeilenbereich1: 10, 20"},
+    {"", "", OtherArea, "hatZeilenbereich1 = new Zeichenbereich(10, 99", "    Zeichenbereich hatZeilenbereich1;",
+     "new Zeilenbereich", ""},
+    {"", "", JustLoaded, "new Schalter(11, 20, 80, 30, \"Schalter 1\");\r\n        hatSchalter1.schalteAn();",
+     "    Zeilenbereich hatZeilenbereich1;", "Zeichenbereich", "geändert: hatZeilenbereich1: 10, 20"},
 };
 
 TEST(JavaUpdate, KeepsWhatIsThePupilsAndBringsTheRestUpToDate) {
@@ -131,6 +179,8 @@ TEST(JavaUpdate, KeepsWhatIsThePupilsAndBringsTheRestUpToDate) {
         EXPECT_TRUE(test.notThere.empty() || update.source.find(test.notThere) == std::string::npos)
             << test.notThere << update.source;
         EXPECT_NE(report.find(test.report), std::string::npos) << test.report << "\n" << report;
+        options.renames.clear();
+        EXPECT_EQ(UpdateJava(update.source, model, options).source, update.source);
     }
 }
 
@@ -147,6 +197,10 @@ constexpr RefusalRow refusals[] = {
      "Zeile 11: Das Feld hatKnopf1 ist zweimal deklariert, zuerst in Zeile 10."},
     {"Knopf hatKnopf1;", "int hatKnopf1;",
      "Zeile 10: Hier ist hatKnopf1 ein eigenes Feld der Klasse int; im Entwurf heißt so ein Objekt der Klasse Knopf."},
+    {"Knopf hatKnopf1;", "java.util.Map<String, java.util.List<Knopf>> hatKnopf1;",
+     "Hier ist hatKnopf1 ein eigenes Feld der Klasse Map;"},
+    {"Knopf hatKnopf1;", "int a = f(g(1), 2), b[] = {3, 4}, hatKnopf1;",
+     "Hier ist hatKnopf1 ein eigenes Feld der Klasse int;"},
     {"\r\n}", "\r\n    void hatKnopf1Geklickt() { }\r\n}",
      "Die Methode hatKnopf1Geklickt() steht zweimal da, zuerst in Zeile"},
 };

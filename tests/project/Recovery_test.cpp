@@ -69,8 +69,10 @@ TEST_F(Recovery, LeftDesignsAreOfferedToOneProgramTheNewestFirst) {
     const auto time = fs::last_write_time(folder_ / "1-0.design");
     fs::last_write_time(folder_ / "2-0.design", time + std::chrono::hours(1));
     fs::last_write_time(folder_ / "30-0.design", time - std::chrono::hours(1));
-    for (const char* rest : {".pirol-4711.tmp", "1-0.lock", ".pirol-1.tmp", "98-0.lock"})
+    for (const char* rest : {".pirol-4711.tmp", "1-0.lock", ".pirol-1.tmp", "98-0.lock"}) {
         CreateFileBytes(folder_ / rest, "x");
+        fs::last_write_time(folder_ / rest, time - std::chrono::hours(2)); // by which Windows knows what is abandoned
+    }
     const std::vector<LeftDesign> left = LeftDesigns(folder_);
     EXPECT_EQ(AuthorsOf(left), "2-0 1-0 30-0 ");
     EXPECT_EQ(FilesIn(folder_).size(), 3U) << "without what was half written, and locks";

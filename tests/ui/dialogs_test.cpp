@@ -1,9 +1,12 @@
+#include "app/Handbook.h"
 #include "Cases.h"
 #include "ui/dialogs/frmCommonDialog.h"
 #include "ui/dialogs/frmHelp.h"
 #include "ui/dialogs/frmLoading.h"
 #include "ui/dialogs/frmProjectSettings.h"
 #include "ui/MainWindow.h"
+#include "ui/parts/HelpAnchor.h"
+#include "ui/properties/plProperties.h"
 
 #include <QClipboard>
 #include <QColorDialog>
@@ -13,6 +16,7 @@
 #include <QFileDialog>
 #include <QFontDialog>
 #include <QFontInfo>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
@@ -275,6 +279,55 @@ class DialogsTest : public QObject {
         main.Command("mnuProjectSettings")->trigger();
         QCOMPARE(chapter, QString("Projekteinstellungen"));
         QCOMPARE(main.window.Model().Author(), std::string("Anna"));
+    }
+
+    void HelpLeadsFromPropertiesToTheirPlace() {
+        MainWindow main;
+        main.Drag(20, 20, 130, 60);
+        auto* const properties = main.Find<plProperties>("plProperties");
+        for (const auto* const key : {"fontsize", "width"}) {
+            properties->ShowProperty(key);
+            properties->setFocus();
+            const PropertyRow& row = *FindRow(main.window.Model().Element(main.Selected()), key);
+            QCOMPARE(QString::fromStdString(HelpAnchorOf(QApplication::focusWidget())),
+                     QString::fromStdString(AnchorOf(*row.key)));
+            Do(main.window, "F1");
+            auto* const help = main.Find<frmHelp>("frmHelp");
+            QCOMPARE(Chapter(*help), QString("Eigenschaften"));
+            Click(*help, "cmdClose");
+            Show(main.window);
+        }
+        QVERIFY(properties->actions().contains(main.Command("mnuHelpHandbook")));
+    }
+
+    void HelpSearches() {
+        QWidget owner;
+        frmHelp::ShowFor(&owner);
+        auto* const help = owner.findChild<frmHelp*>();
+        Show(*help);
+        const auto* const list = Part<QListWidget>(*help, "lstChapters");
+        auto* const browser = Part<QTextBrowser>(*help, "txtHandbook");
+        const auto shown = [list] {
+            int rows = 0;
+            for (int row = 0; row < list->count(); ++row)
+                rows += list->item(row)->isHidden() ? 0 : 1;
+            return rows;
+        };
+        Do(*help, "Ctrl+F menü-generator");
+        QVERIFY(shown() > 0 && shown() < 10);
+        QCOMPARE(browser->textCursor().selectedText().toLower(), QString("menü-generator"));
+        const int first = browser->textCursor().position();
+        Do(*help, "Return");
+        QVERIFY(browser->textCursor().position() > first);
+        Do(*help, "Shift+Return");
+        QCOMPARE(browser->textCursor().position(), first);
+        QVERIFY(help->isVisible());
+        Do(*help, "qq");
+        QCOMPARE(shown(), 0);
+        QVERIFY(Part<QLabel>(*help, "lblNothing")->isVisible());
+        emit browser->anchorClicked(QUrl("#optionen"));
+        QCOMPARE(shown(), list->count());
+        QCOMPARE(Chapter(*help), QString("Optionen"));
     }
 
     void HelpFollowsLinksAndShowsPictures() {

@@ -1,18 +1,14 @@
 #include "ui/main/StartCard.h"
 
+#include "ui/parts/Theme.h"
+
 #include <QKeyEvent>
 #include <QPainter>
 
 namespace pirol {
 namespace {
 
-constexpr int margin = 8;
-constexpr int rounding = 4;
-
-/// Of two colours of the palette the one in between, for lines and texts that shall not stand out.
-QColor Between(const QColor& one, const QColor& other) {
-    return QColor((one.red() + other.red()) / 2, (one.green() + other.green()) / 2, (one.blue() + other.blue()) / 2);
-}
+constexpr int margin = tokens::gap;
 
 } // namespace
 
@@ -50,12 +46,11 @@ QSize StartCard::sizeHint() const {
 void StartCard::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-    const bool isMarked = hasFocus() || underMouse() || isDown();
-    const QColor line = Between(palette().color(QPalette::Window), palette().color(QPalette::WindowText));
-    painter.setPen(isMarked ? QPen(palette().color(QPalette::Highlight), 2)
-                            : QPen(Between(line, palette().color(QPalette::Window)), 1));
-    painter.setBrush(palette().color(isDown() ? QPalette::AlternateBase : QPalette::Base));
-    painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), rounding, rounding);
+    const double thickness = hasFocus() ? tokens::focusWidth : tokens::hairline;
+    painter.setPen(QPen(palette().color(hasFocus() ? roles::focus : roles::line), thickness));
+    painter.setBrush(palette().color(isDown() ? roles::pressed : underMouse() ? roles::hover : QPalette::Base));
+    const double edge = thickness / 2;
+    painter.drawRoundedRect(QRectF(rect()).adjusted(edge, edge, -edge, -edge), tokens::radius, tokens::radius);
 
     QRect place(QPoint(margin, margin), pictureSize_);
     if (picture_.isNull()) {
@@ -67,7 +62,7 @@ void StartCard::paintEvent(QPaintEvent*) {
         shown.moveCenter(place.center());
         painter.drawImage(shown, picture_);
         painter.setBrush(Qt::NoBrush);
-        painter.setPen(line);
+        painter.setPen(palette().color(roles::outline));
         painter.drawRect(QRectF(shown).adjusted(-0.5, -0.5, 0.5, 0.5));
     }
 
@@ -80,7 +75,7 @@ void StartCard::paintEvent(QPaintEvent*) {
         place.translate(0, place.height());
     };
     write(text(), palette().color(QPalette::Text), Qt::ElideRight);
-    write(note_, Between(line, palette().color(QPalette::Text)), Qt::ElideMiddle);
+    write(note_, palette().color(QPalette::PlaceholderText), Qt::ElideMiddle);
 }
 
 void StartCard::keyPressEvent(QKeyEvent* event) {

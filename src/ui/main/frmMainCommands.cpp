@@ -9,6 +9,7 @@
 #include "ui/dialogs/frmLoading.h"
 #include "ui/main/frmMain.h"
 #include "ui/main/lstComponents.h"
+#include "ui/main/lstHints.h"
 #include "ui/main/pnlOutput.h"
 #include "ui/main/tbComponents.h"
 #include "ui/main/tbMain.h"
@@ -172,6 +173,11 @@ void frmMain::BuildMenus() {
     Command("mnuHelpUpdate")->setStatusTip(ToText(noUpdateSource));
     RefreshCodeMenu();
     tbComponents_->PressButton(canvas_.CurrentKind());
+    // By right click; F1 is there already.
+    for (QWidget* const list : {static_cast<QWidget*>(lstHints_), static_cast<QWidget*>(plProperties_)}) {
+        list->addAction(Command("mnuHelpHandbook"));
+        list->setContextMenuPolicy(Qt::ActionsContextMenu);
+    }
 }
 
 void frmMain::BuildToolBar() {

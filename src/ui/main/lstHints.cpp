@@ -1,7 +1,9 @@
 #include "ui/main/lstHints.h"
 
+#include "app/Handbook.h"
 #include "designer/MainLayout.h"
 #include "ui/parts/FormParts.h"
+#include "ui/parts/HelpAnchor.h"
 
 #include <QIcon>
 #include <QListWidget>
@@ -65,6 +67,9 @@ lstHints::lstHints(QWidget* parent)
     list_->setTextElideMode(Qt::ElideRight);
     connect(list_, &QListWidget::clicked, this, [this](const QModelIndex& line) { Choose(line.row()); });
     connect(list_, &QListWidget::activated, this, [this](const QModelIndex& line) { Choose(line.row()); });
+    connect(list_, &QListWidget::currentRowChanged, this, [this](int row) {
+        SetHelpAnchor(list_, row < 0 ? std::string() : AnchorOf(*hints_[static_cast<std::size_t>(row)].rule));
+    });
 
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(0, 0, 0, 0);

@@ -13,6 +13,7 @@
 #include "ui/main/StartCard.h"
 #include "ui/parts/FormParts.h"
 #include "ui/parts/RunBeside.h"
+#include "ui/parts/Theme.h"
 
 #include <QAction>
 #include <QApplication>
@@ -33,8 +34,8 @@ namespace {
 
 constexpr QSize designPicture(128, 96);
 constexpr QSize sizePicture(64, 48);
-constexpr int margin = 16;
-constexpr int gap = 8;
+constexpr int margin = tokens::wideGap;
+constexpr int gap = tokens::gap;
 
 /// Larger projects open as ever, but painting them here would take longer than the start. This one holds some 1,500
 /// components.
@@ -70,7 +71,7 @@ QImage WindowSketch(const NewWindowSize& size, const QSize& pixels, const QPalet
     const QSize largest(std::rbegin(newWindowSizes)->width, std::rbegin(newWindowSizes)->height);
     QImage image(QSize(size.width, size.height) * pixels.width() / largest.width(), QImage::Format_RGB32);
     image.fill(palette.color(QPalette::Base));
-    QPainter(&image).fillRect(0, 0, image.width(), pixels.height() / 8, palette.color(QPalette::Midlight));
+    QPainter(&image).fillRect(0, 0, image.width(), pixels.height() / 8, palette.color(roles::surround));
     return image;
 }
 

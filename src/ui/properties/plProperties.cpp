@@ -1,8 +1,10 @@
 #include "ui/properties/plProperties.h"
 
+#include "app/Handbook.h"
 #include "designer/PropertyHelp.h"
 #include "ui/parts/FormParts.h"
 #include "ui/parts/frmError.h"
+#include "ui/parts/HelpAnchor.h"
 #include "ui/parts/Theme.h"
 #include "ui/properties/frmListEditor.h"
 #include "ui/properties/PropertyDelegate.h"
@@ -253,8 +255,14 @@ bool plProperties::edit(const QModelIndex& index, EditTrigger trigger, QEvent* e
 
 void plProperties::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     QTreeView::currentChanged(current, previous);
-    if (current.isValid())
-        currentKey_ = model_->RowAt(current).key;
+    std::string anchor;
+    if (current.isValid()) {
+        const PropertyPanelRow& row = model_->RowAt(current);
+        currentKey_ = row.key;
+        if (!row.isCategory)
+            anchor = ChapterAnchor(row.caption);
+    }
+    SetHelpAnchor(this, anchor);
     ShowHelp();
 }
 

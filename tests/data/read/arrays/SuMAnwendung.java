@@ -2,7 +2,7 @@ import sum.komponenten.*;
 import sum.ereignis.*;
 
 /** Ein Taschenrechner mit Feldern von Knöpfen */
-public class Rechner extends EBAnwendung
+public class Rechner extends sum.ereignis.EBAnwendung
 {
     private Knopf[] tasten;
     private Etikett x0;
@@ -12,6 +12,7 @@ public class Rechner extends EBAnwendung
         { new Textfeld(0, 200, 50, 20, "1"), new Textfeld(50, 200, 50, 20, "2") },
         { new Textfeld(0, 220, 50, 20, "3") }
     };
+    Knopf[] paar = { new Knopf(10, 150, 40, 40, "links") { }, new Knopf(60, 150, 40, 40, "rechts") };
     Schalter[] x = new Schalter[2];
 
     public Rechner()
@@ -38,4 +39,9 @@ public class Rechner extends EBAnwendung
         new Etikett(200, 0, 100, 20, "Titel");
         new Etikett(200, 20, 100, 20, "Zeile");
     }
+}
+
+class Helfer
+{
+    Knopf fremd = new Knopf(1, 2, 3, 4, "fremd");
 }

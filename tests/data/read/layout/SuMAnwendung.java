@@ -37,6 +37,9 @@ public class SuMAnwendung
 		ton = new Ton(); ton.ladeTon("klang.wav"); ton.spieleTon();
 		film = new Film("c:\\film.mov");
 		bereich = new Zeichenbereich(440, 240, 100, 100, "Zeile 1\nZeile 2");
+		String block = """
+			hatTitel = new Etikett(1, 2, 3, 4, "Text"); \"""
+			hatTitel.setzeSchriftgroesse(99); """;
 		bereich.setzeInhalt("neu\tin " + "zwei Teilen");
 	}
 }

@@ -15,6 +15,10 @@ public class Etikett extends Komponente<JLabel> {
         onClick(view, clicked);
     }
 
+    public void setzeInhalt(String text) {
+        view.setText(text);
+    }
+
     public void setzeAusrichtung(int alignment) {
         view.setHorizontalAlignment(ALIGNMENTS[alignment]);
     }

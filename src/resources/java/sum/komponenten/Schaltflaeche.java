@@ -11,6 +11,10 @@ public abstract class Schaltflaeche extends FokusKomponente<AbstractButton> {
         button.addActionListener(e -> raise("Geklickt"));
     }
 
+    public void setzeInhalt(String text) {
+        input.setText(text);
+    }
+
     public void setzeBearbeiterGeklickt(String method) {
         handlers.put("Geklickt", method);
     }
