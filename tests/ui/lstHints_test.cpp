@@ -1,6 +1,8 @@
+#include "app/Handbook.h"
 #include "codegen/Hints.h"
 #include "project/ProjectFile.h"
 #include "ui/MainWindow.h"
+#include "ui/parts/HelpAnchor.h"
 #include "ui/properties/plProperties.h"
 #include "ui/properties/PropertyListModel.h"
 
@@ -71,6 +73,7 @@ class LstHintsTest : public QObject {
             main.window.CurrentDocument().Select(std::nullopt);
             Do(main.window, "F6");
             main.list->setCurrentRow(row);
+            QCOMPARE(HelpAnchorOf(QApplication::focusWidget()), AnchorOf(*hint.rule));
             Do(main.window, "Return");
             QCOMPARE(main.Selected(), hint.component.value());
             QCOMPARE(main.CurrentProperty(), std::string(hint.property));

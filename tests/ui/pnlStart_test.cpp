@@ -86,19 +86,21 @@ class PnlStartTest : public QObject {
 
     /// The pictures were painted beforehand, so they must be painted anew when an example or the painting changes.
     void ShowsTheExamplesAsTheyAre() {
-        for (const char* const name : {"Adressbuch", "Medienspieler", "Quiz", "Taschenrechner", "Vokabeltrainer"}) {
-            ProjectModel model;
-            ReadPRLBytes(EmbeddedExample(std::string(name) + ".prl"), model);
-            const QImage design = DesignImage(model, {256, 192}, PicturesOf(model));
-            const std::string_view bytes = EmbeddedExample(std::string(name) + ".png");
-            const QImage shown = QImage::fromData(QByteArray::fromRawData(bytes.data(), qsizetype(bytes.size())));
-            QCOMPARE(shown.size(), design.size());
-            double difference = 0;
-            for (int y = 0; y < design.height(); ++y)
-                for (int x = 0; x < design.width(); ++x)
-                    difference += std::abs(qGray(design.pixel(x, y)) - qGray(shown.pixel(x, y)));
-            QVERIFY2(difference / (design.width() * design.height()) < 6, name);
-        }
+        for (const char* const name : {"Adressbuch", "Medienspieler", "Quiz", "Taschenrechner", "Vokabeltrainer"})
+            for (const QSize size : {QSize(128, 96), QSize(256, 192)}) {
+                ProjectModel model;
+                ReadPRLBytes(EmbeddedExample(std::string(name) + ".prl"), model);
+                const QImage design = DesignImage(model, size, PicturesOf(model));
+                const std::string picture = name + ("_" + std::to_string(size.width())) + ".png";
+                const std::string_view bytes = EmbeddedExample(picture);
+                const QImage shown = QImage::fromData(QByteArray::fromRawData(bytes.data(), qsizetype(bytes.size())));
+                QCOMPARE(shown.size(), design.size());
+                double difference = 0;
+                for (int y = 0; y < design.height(); ++y)
+                    for (int x = 0; x < design.width(); ++x)
+                        difference += std::abs(qGray(design.pixel(x, y)) - qGray(shown.pixel(x, y)));
+                QVERIFY2(difference / (design.width() * design.height()) < 6, picture.c_str());
+            }
     }
 
     void FetchesKeptDesignsBack() {

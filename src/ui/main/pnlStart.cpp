@@ -75,12 +75,13 @@ QImage WindowSketch(const NewWindowSize& size, const QSize& pixels, const QPalet
     return image;
 }
 
-/// Painted beforehand: painting designs takes as long as the rest of the start.
+/// Painted beforehand, for two scales of the screen: painting designs takes as long as the rest of the start.
 QImage ExamplePicture(std::string_view name, const QSize& pixels) {
-    const std::string_view bytes = EmbeddedExample(Concatenate(name, ".png"));
+    const bool isUsual = pixels == designPicture;
+    const std::string_view bytes = EmbeddedExample(Concatenate(name, isUsual ? "_128.png" : "_256.png"));
     const QImage picture =
         QImage::fromData(reinterpret_cast<const uchar*>(bytes.data()), static_cast<int>(bytes.size()), "PNG");
-    return picture.scaled(picture.size().boundedTo(pixels), Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    return isUsual ? picture : picture.scaled(pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation);
 }
 
 bool IsNotThere(const std::error_code& error) {
@@ -215,7 +216,7 @@ void pnlStart::AddSizes() {
         const NewWindowSize& size = newWindowSizes[i];
         StartCard* const card =
             AddCard(section, sizePicture, QString("%1 x %2").arg(size.width).arg(size.height), notes[i]);
-        card->ShowPicture(WindowSketch(size, card->PicturePixels(), palette()));
+        card->ShowPicture(WindowSketch(size, card->PicturePixels(), PaperPalette()));
         connect(card, &StartCard::clicked, this,
                 [this, size] { window_.Run([&] { NewProject(window_.CurrentDocument(), size); }); });
     }
