@@ -48,6 +48,8 @@ void WaitUntilShown(const QWidget& window) {
 } // namespace
 
 int main(int argumentCount, char* arguments[]) {
+    // The menus stand in the window on every system; looking for a desktop's own bar would delay the start.
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
     QApplication::setStyle(new pirol::FlatStyle); // the application owns it
     QApplication application(argumentCount, arguments);
     QApplication::setApplicationName("Pirol");

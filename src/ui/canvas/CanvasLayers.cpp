@@ -8,10 +8,11 @@
 namespace pirol {
 namespace {
 
-QPixmap NewLayer(const QRect& visible, double pixelRatio) {
+/// An opaque layer is copied; one with holes is blended, for which Qt starts threads.
+QPixmap NewLayer(const QRect& visible, double pixelRatio, bool isOpaque) {
     QPixmap layer(visible.size() * pixelRatio);
     layer.setDevicePixelRatio(pixelRatio);
-    layer.fill(Qt::transparent);
+    layer.fill(isOpaque ? Qt::white : Qt::transparent);
     return layer;
 }
 
@@ -29,7 +30,7 @@ void CanvasLayers::Fill(const QRect& visible, std::optional<ComponentRef> moving
     const auto border = moving ? std::find(components.begin(), components.end(), *moving) : components.end();
 
     const auto paint = [&](QPixmap& layer, bool withBackground, auto begin, auto end) {
-        layer = NewLayer(visible, pixelRatio);
+        layer = NewLayer(visible, pixelRatio, withBackground);
         QPainter painter(&layer);
         painter.translate(-visible.topLeft());
         painter.scale(zoom_, zoom_);

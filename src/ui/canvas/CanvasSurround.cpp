@@ -2,11 +2,11 @@
 
 #include "menu/MenuBar.h"
 #include "ui/canvas/Lettering.h"
+#include "ui/canvas/PaintingFunctions.h"
 #include "ui/parts/FormParts.h"
 #include "ui/parts/Theme.h"
 
 #include <QEvent>
-#include <QLinearGradient>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPaintEvent>
@@ -15,17 +15,15 @@ namespace pirol {
 namespace {
 
 // The designed window is light in every look, and so is its frame.
-constexpr QColor titleTop(250, 250, 249);
-constexpr QColor titleBottom(236, 236, 233);
+constexpr QColor titleFace(240, 240, 237);
 constexpr QColor titleInk(60, 66, 74);
 constexpr QColor frameLine(168, 172, 178);
 constexpr int titleHeight = 7 * tokens::unit;
 constexpr int signSize = 9;
 constexpr int signGap = 20;
 
-// The menu bar as Swing draws it.
-constexpr QColor menuTop(255, 255, 255);
-constexpr QColor menuBottom(218, 218, 218);
+// The menu bar as Swing draws it: from white to this, line by line, as Qt starts threads for a gradient.
+constexpr int menuBottom = 218;
 constexpr QColor menuLine(204, 204, 204);
 constexpr QColor menuInk(51, 51, 51);
 constexpr int menuTextSize = 12;
@@ -34,15 +32,37 @@ constexpr int menuGap = 5; // on both sides of a caption
 
 constexpr int shadowReach = 3 * tokens::unit;
 constexpr int shadowDrop = tokens::unit; // it lies a little lower
-constexpr int shadowStrength = 7;        // of each of its layers, of 255
+constexpr double shadowStrength = 0.24;  // at the window's edge, of 1
 
-void PaintShadow(QPainter& painter, const QRect& window) {
-    const QColor layer(0, 0, 0, shadowStrength);
-    for (int reach = 2; reach <= shadowReach; reach += 2) {
-        QPainterPath path;
-        path.addRoundedRect(window.adjusted(-reach, shadowDrop - reach, reach, shadowDrop + reach), reach, reach);
-        painter.fillPath(path, layer);
+/// The outline of a rectangle, inside it.
+void PaintFrame(QPainter& painter, const QRect& box, const QColor& colour) {
+    painter.fillRect(box.left(), box.top(), box.width(), 1, colour);
+    painter.fillRect(box.left(), box.bottom(), box.width(), 1, colour);
+    painter.fillRect(box.left(), box.top() + 1, 1, box.height() - 2, colour);
+    painter.fillRect(box.right(), box.top() + 1, 1, box.height() - 2, colour);
+}
+
+/// Line by line, each fainter than the one inside it. All are opaque: for translucent ones Qt starts threads.
+void PaintShadow(QPainter& painter, const QRect& window, const QColor& ground) {
+    for (int reach = 1 - shadowDrop; reach <= shadowReach; ++reach) {
+        const double share = 1 - std::max(reach, 0) / (shadowReach + 1.0);
+        const double light = 1 - shadowStrength * share * share;
+        const QColor line =
+            QColor::fromRgbF(static_cast<float>(ground.redF() * light), static_cast<float>(ground.greenF() * light),
+                             static_cast<float>(ground.blueF() * light));
+        PaintFrame(painter, window.adjusted(-reach, shadowDrop - reach, reach, shadowDrop + reach), line);
     }
+}
+
+/// A bar with round corners above, which stand on what is painted around it already.
+void PaintBar(QPainter& painter, const QRect& bar, double radius, const QColor& colour) {
+    QPainterPath shape;
+    shape.addRoundedRect(QRectF(bar).adjusted(0, 0, 0, radius), radius, radius);
+    painter.save();
+    painter.setClipRect(bar, Qt::IntersectClip);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillPath(shape, colour);
+    painter.restore();
 }
 
 /// The signs for making a window small and large and for closing it.
@@ -85,8 +105,16 @@ void CanvasSurround::UpdateAll() {
 }
 
 bool CanvasSurround::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::Move || event->type() == QEvent::Resize)
+    switch (event->type()) {
+    case QEvent::Move:
+    case QEvent::Resize:
+    case QEvent::FocusIn:
+    case QEvent::FocusOut:
         UpdateAll();
+        break;
+    default:
+        break;
+    }
     return QWidget::eventFilter(watched, event);
 }
 
@@ -101,34 +129,22 @@ QRect CanvasSurround::Window() const {
 
 void CanvasSurround::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
-    painter.fillRect(event->rect(), palette().color(roles::surround));
+    const QColor ground = palette().color(roles::surround);
+    painter.fillRect(event->rect(), ground);
     const QRect window = Window().adjusted(-1, 0, 1, 1);
     if (canvas_->geometry().contains(event->rect()))
         return;
-    painter.setRenderHint(QPainter::Antialiasing);
-    PaintShadow(painter, window);
-    QPainterPath frame;
-    frame.addRoundedRect(window, tokens::radius, tokens::radius);
-    frame.addRect(window.adjusted(0, titleHeight, 0, 0));
-    frame.setFillRule(Qt::WindingFill);
-    painter.fillPath(frame, frameLine);
-    painter.setRenderHint(QPainter::Antialiasing, false);
+    const QColor line = canvas_->hasFocus() ? palette().color(roles::focus) : frameLine;
+    PaintShadow(painter, window, ground);
+    PaintFrame(painter, window.adjusted(0, titleHeight - 1, 0, 0), line);
+    PaintBar(painter, {window.left(), window.top(), window.width(), titleHeight}, tokens::radius, line);
     PaintTitle(painter, {window.left() + 1, window.top() + 1, window.width() - 2, titleHeight - 2});
     if (showsMenus_)
         PaintMenus(painter, {canvas_->x(), canvas_->y() - MenuHeight(), canvas_->width(), MenuHeight()});
 }
 
 void CanvasSurround::PaintTitle(QPainter& painter, const QRect& bar) const {
-    QLinearGradient face(bar.topLeft(), bar.bottomLeft());
-    face.setColorAt(0, titleTop);
-    face.setColorAt(1, titleBottom);
-    QPainterPath shape;
-    shape.addRoundedRect(bar.adjusted(0, 0, 0, tokens::radius), tokens::radius - 1, tokens::radius - 1);
-    painter.save();
-    painter.setClipRect(bar, Qt::IntersectClip);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillPath(shape, face);
-    painter.setRenderHint(QPainter::Antialiasing, false);
+    PaintBar(painter, bar, tokens::radius - 1, titleFace);
     const int signs = 3 * signGap + tokens::gap;
     const QRect room = bar.adjusted(tokens::gap, 0, -signs, 0);
     if (bar.width() > signs)
@@ -139,7 +155,6 @@ void CanvasSurround::PaintTitle(QPainter& painter, const QRect& bar) const {
     painter.setPen(titleInk);
     painter.drawText(room, Qt::AlignVCenter | Qt::AlignLeft,
                      QFontMetrics(bold).elidedText(title_, Qt::ElideRight, room.width()));
-    painter.restore();
 }
 
 void CanvasSurround::PaintMenus(QPainter& painter, const QRect& bar) const {
@@ -150,11 +165,13 @@ void CanvasSurround::PaintMenus(QPainter& painter, const QRect& bar) const {
     painter.scale(factor, factor);
     const int width = canvas_->Model().WindowWidth();
     constexpr int height = MenuBar::runningHeight;
-    QLinearGradient face(0, 0, 0, height);
-    face.setColorAt(0, menuTop);
-    face.setColorAt(1, menuBottom);
-    painter.fillRect(0, 0, width, height, face);
-    painter.fillRect(0, height - 1, width, 1, menuLine);
+    constexpr int white = 255;
+    painter.fillRect(0, 0, width, height, QColor(menuBottom, menuBottom, menuBottom));
+    for (int y = 0; y < height - 1; ++y) {
+        const int shade = white - (white - menuBottom) * y / height;
+        FillSharply(painter, {0, y, width, 1}, QColor(shade, shade, shade));
+    }
+    FillSharply(painter, {0, height - 1, width, 1}, menuLine);
     const Lettering& letters = Lettering::Of(painter, menuTextSize, QFont::Bold);
     int left = 0;
     for (const cMenu& menu : canvas_->Model().Menus().Menus()) {

@@ -491,9 +491,10 @@ void picContainer::PaintDesign(QPainter& painter, const QRegion& region) {
     painter.save();
     painter.scale(view_.Factor(), view_.Factor());
     PaintBackground(painter, areas);
-    for (const ComponentRef component : canvas_.Intersecting(areas))
+    const std::vector<ComponentRef> components = painted_.On(areas); // looked up once: among thousands it takes a while
+    for (const ComponentRef component : components)
         PaintDesignAid(painter, model_.Element(component));
-    for (const ComponentRef component : painted_.On(areas))
+    for (const ComponentRef component : components)
         painted_.Paint(painter, component);
     painter.restore();
 }

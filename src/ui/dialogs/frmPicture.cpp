@@ -73,8 +73,10 @@ void frmPicture::ShowPicture() {
         QImage image = WindowImage(model_, Frame(), loader_.Source());
         const double scale = devicePixelRatio();
         const QSize room = previewSize * scale;
-        if (image.size().boundedTo(room) != image.size())
-            image = image.scaled(room, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+        const QSize own = image.size() * scale;
+        const QSize shown = own.boundedTo(room) == own ? own : own.scaled(room, Qt::KeepAspectRatio);
+        if (shown != image.size())
+            image = image.scaled(shown, Qt::KeepAspectRatio, Qt::SmoothTransformation);
         image.setDevicePixelRatio(scale);
         lblPicture_->setPixmap(QPixmap::fromImage(image));
     });

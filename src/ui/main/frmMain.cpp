@@ -81,6 +81,7 @@ frmMain::frmMain(cCommonDialog& dialogs, ProgramStarter& starter, const Preferen
     LoadProperties();
     LayOut();
     ShowFileAndHistory();
+    BuildToolBar(); // when all its commands are as they will be shown
     ShowStatus();
 }
 

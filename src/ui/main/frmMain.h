@@ -112,6 +112,7 @@ class frmMain : public QMainWindow, private DocumentListener {
     void AddCommand(QMenu* menu, const CommandRow& row);
     void AddKindCommands(QMenu* menu);
     void BuildToolBar();
+    void OfferArranging();
     QAction* Command(const QString& name) const;
 
     void BuildPanelEdges();
@@ -243,6 +244,7 @@ class frmMain : public QMainWindow, private DocumentListener {
     PanelEdge* propertiesEdge_ = nullptr;
     PanelWidths panelWidths_; ///< as the user wants them
     bool keepsPlace_ = false;
+    bool offersArranging_ = false;
     QSize designedSize_; ///< for which the window is laid out
     QSize laidOutSize_;  ///< of the whole main window
 };

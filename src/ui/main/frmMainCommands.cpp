@@ -32,8 +32,8 @@ namespace {
 
 /// What the tool bar offers before the commands that arrange; null for a line.
 constexpr const char* toolCommands[] = {
-    "mnuFileNew",  "mnuFileOpen",  "mnuFileSave", nullptr,       "mnuEditUndo",     "mnuEditRedo", nullptr,
-    "mnuEditCopy", "mnuEditPaste", nullptr,       "mnuCodeTest", "mnuCodeGenerate", nullptr,
+    "mnuFileNew", "mnuFileOpen", "mnuFileSave",  nullptr, "mnuEditUndo", "mnuEditRedo",
+    nullptr,      "mnuEditCopy", "mnuEditPaste", nullptr, "mnuCodeTest", "mnuCodeGenerate",
 };
 
 } // namespace
@@ -178,7 +178,6 @@ void frmMain::BuildMenus() {
         list->addAction(Command("mnuHelpHandbook"));
         list->setContextMenuPolicy(Qt::ActionsContextMenu);
     }
-    BuildToolBar();
 }
 
 void frmMain::BuildToolBar() {
@@ -193,10 +192,17 @@ void frmMain::BuildToolBar() {
         tbMain_->Add(command);
     }
     tbMain_->ShowCaption(Command("mnuCodeTest"), "Testen");
-    for (QAction* const command : findChild<QMenu*>("mnuArrange")->actions())
+}
+
+/// With the first selection: before that there is nothing to arrange, and the window is there sooner.
+void frmMain::OfferArranging() {
+    if (std::exchange(offersArranging_, true))
+        return;
+    QMenu* const menu = findChild<QMenu*>("mnuArrange");
+    emit menu->aboutToShow(); // gives its commands their pictures
+    tbMain_->Add(nullptr);
+    for (QAction* const command : menu->actions())
         tbMain_->Add(command->isSeparator() ? nullptr : command);
-    // These drawings can wait until the window is there.
-    QTimer::singleShot(0, this, [this] { emit findChild<QMenu*>("mnuArrange")->aboutToShow(); });
 }
 
 void frmMain::AddCommand(QMenu* menu, const CommandRow& row) {

@@ -123,6 +123,8 @@ void frmMain::ArrangeSelected(Arrangement arrangement) {
 /// What cannot apply is disabled.
 void frmMain::ShowSelectionCommands() {
     const Selection& selected = document_.AllSelected();
+    if (!selected.IsEmpty())
+        OfferArranging();
     for (const char* command : {"mnuEditCut", "mnuEditCopy", "mnuEditDuplicate", "mnuEditDelete"})
         Command(command)->setEnabled(!selected.IsEmpty());
     for (std::size_t i = 0; i < arrangeCommands.size(); ++i)

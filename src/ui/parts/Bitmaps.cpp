@@ -89,6 +89,8 @@ class EmbeddedIconEngine final : public QIconEngine {
         : name_(std::move(name)), smallest_(std::move(smallest)), sizes_(sizes), isSign_(isSign) {}
 
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        if (mode == QIcon::Normal)
+            return QPixmap::fromImage(ImageFor(size));
         // A plain icon of that one size knows how to look disabled.
         return QIcon(QPixmap::fromImage(ImageFor(size))).pixmap(size, 1.0, mode, state);
     }

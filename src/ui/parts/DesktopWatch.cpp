@@ -63,8 +63,10 @@ constexpr const char* contrastKey = "contrast";
 
 /// Without a bus that is there already, asking would start one, and the window would wait.
 bool HasBus() {
-    return qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS") ||
-           QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + "/bus");
+    const QString address = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
+    if (!address.isEmpty())
+        return !address.startsWith("disabled:");
+    return QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + "/bus");
 }
 
 } // namespace

@@ -45,6 +45,14 @@ void PaintBox(QPainter& painter, const QRectF& box, const QColor& fill, const QC
 
 const QColor nothing(Qt::transparent);
 
+/// The outline of a rectangle. Not as a path: for those as high as a list Qt starts threads.
+void PaintEdges(QPainter& painter, const QRect& box, const QColor& line) {
+    painter.fillRect(box.left(), box.top(), box.width(), 1, line);
+    painter.fillRect(box.left(), box.bottom(), box.width(), 1, line);
+    painter.fillRect(box.left(), box.top() + 1, 1, box.height() - 2, line);
+    painter.fillRect(box.right(), box.top() + 1, 1, box.height() - 2, line);
+}
+
 void PaintFocus(QPainter& painter, const QStyleOption& option, const QRect& box) {
     PaintBox(painter, box, nothing, ColourOf(option, roles::focus), tokens::focusWidth);
 }
@@ -241,12 +249,11 @@ void FlatStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
         return PaintFieldFrame(*painter, *option, nothing);
     case PE_Frame: {
         const bool hasFocus = Has(*option, State_HasFocus);
-        return PaintBox(*painter, option->rect, nothing, ColourOf(*option, hasFocus ? roles::focus : roles::line), 1,
-                        0);
+        return PaintEdges(*painter, option->rect, ColourOf(*option, hasFocus ? roles::focus : roles::line));
     }
     case PE_FrameTabWidget:
     case PE_FrameMenu:
-        return PaintBox(*painter, option->rect, nothing, ColourOf(*option, roles::line), 1, 0);
+        return PaintEdges(*painter, option->rect, ColourOf(*option, roles::line));
     case PE_PanelTipLabel:
         painter->fillRect(option->rect, ColourOf(*option, QPalette::ToolTipBase));
         return;

@@ -3,10 +3,13 @@
 #include "app/Registry.h"
 #include "ui/parts/DesktopWatch.h"
 #include "ui/parts/FormParts.h"
+#include "ui/parts/TitleBar.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QTimer>
 #include <QToolTip>
+#include <QWidget>
 
 #include <string_view>
 
@@ -85,8 +88,18 @@ QColor AccentText(const QPalette& palette) {
 Theme::Theme(Appearance appearance) : appearance_(appearance), systemPalette_(QGuiApplication::palette()) {
     desktop_.isDark = appearance == Appearance::System && registry::ReadNumber(storeKey, storedName) == 1;
     Apply();
+#ifdef _WIN32
+    qApp->installEventFilter(this); // each window that comes
+#endif
     if (appearance == Appearance::System)
         QTimer::singleShot(0, this, &Theme::AskDesktop); // the window comes first
+}
+
+bool Theme::eventFilter(QObject* watched, QEvent* event) {
+    if (const auto* const window = qobject_cast<QWidget*>(watched);
+        event->type() == QEvent::Show && window != nullptr && window->isWindow())
+        ShowTitleDark(*window, IsDark(QApplication::palette()));
+    return QObject::eventFilter(watched, event);
 }
 
 void Theme::Choose(Appearance appearance) {
@@ -117,6 +130,9 @@ void Theme::Apply() {
         return;
     QApplication::setPalette(palette);
     QToolTip::setPalette(palette);
+    for (const QWidget* const window : QApplication::topLevelWidgets())
+        if (window->isVisible())
+            ShowTitleDark(*window, IsDark(palette));
 }
 
 } // namespace pirol

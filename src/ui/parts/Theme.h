@@ -53,6 +53,9 @@ class Theme : public QObject {
     /// The desktop is asked only when it has the choice.
     void Choose(Appearance appearance);
 
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
     void AskDesktop();
     void Apply();

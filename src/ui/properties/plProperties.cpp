@@ -33,6 +33,16 @@ class ColumnCaptions final : public QHeaderView {
   public:
     explicit ColumnCaptions(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {}
 
+    /// Known without laying out the captions, which the list asks for many times while it is made.
+    QSize sizeHint() const override { return {0, fontMetrics().height() + tokens::unit}; }
+
+  protected:
+    QSize sectionSizeFromContents(int section) const override {
+        const QString caption = model()->headerData(section, Qt::Horizontal).toString();
+        return {PropertyDelegate::captionMargin + fontMetrics().horizontalAdvance(caption) + tokens::gap,
+                sizeHint().height()};
+    }
+
   private:
     void paintSection(QPainter* painter, const QRect& box, int section) const override {
         const QColor line = palette().color(roles::line);
