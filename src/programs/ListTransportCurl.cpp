@@ -1,10 +1,12 @@
 #include "base/Conversions.h"
+#include "base/RuntimeError.h"
 #include "base/Signature.h"
 #include "base/Text.h"
 #include "programs/ListTransport.h"
 
 #include <algorithm>
 #include <curl/curl.h>
+#include <dlfcn.h>
 #include <iterator>
 #include <memory>
 
@@ -32,16 +34,49 @@ UpdateFault FaultOf(CURLcode error) {
     return row == std::end(errors) ? UpdateFault::ConnectionLost : row->fault;
 }
 
+/// libcurl brings thirty more libraries, so it is loaded when a server shall be asked, and not at every start.
+class Library {
+  public:
+    Library() : library_(dlopen("libcurl.so.4", RTLD_NOW)) {
+        if (library_ == nullptr)
+            throw RuntimeError(RuntimeError::FileNotFound);
+        Find(init, "curl_easy_init");
+        Find(cleanup, "curl_easy_cleanup");
+        Find(setopt, "curl_easy_setopt");
+        Find(perform, "curl_easy_perform");
+        Find(getinfo, "curl_easy_getinfo");
+        Find(header, "curl_easy_header");
+    }
+
+    decltype(&curl_easy_init) init = nullptr;
+    decltype(&curl_easy_cleanup) cleanup = nullptr;
+    decltype(&curl_easy_setopt) setopt = nullptr;
+    decltype(&curl_easy_perform) perform = nullptr;
+    decltype(&curl_easy_getinfo) getinfo = nullptr;
+    decltype(&curl_easy_header) header = nullptr;
+
+  private:
+    template <class Function>
+    void Find(Function& function, const char* name) {
+        function = reinterpret_cast<Function>(dlsym(library_, name));
+        if (function == nullptr)
+            throw RuntimeError(RuntimeError::FileNotFound);
+    }
+
+    void* library_; ///< stays until the end of the program
+};
+
 struct Call {
+    const Library& library;
     CURL* curl;
     const ListTransport& transport;
     TransportListener& listener;
     bool hasAnswered = false;
 };
 
-std::string Header(CURL* curl, const char* name) {
+std::string Header(const Call& call, const char* name) {
     curl_header* header = nullptr;
-    return curl_easy_header(curl, name, 0, CURLH_HEADER, -1, &header) == CURLHE_OK ? header->value : "";
+    return call.library.header(call.curl, name, 0, CURLH_HEADER, -1, &header) == CURLHE_OK ? header->value : "";
 }
 
 void Tell(Call& call) {
@@ -51,13 +86,13 @@ void Tell(Call& call) {
     WebAnswer answer;
     long status = 0;
     curl_off_t length = -1;
-    curl_easy_getinfo(call.curl, CURLINFO_RESPONSE_CODE, &status);
-    curl_easy_getinfo(call.curl, CURLINFO_CONTENT_LENGTH_DOWNLOAD_T, &length);
+    call.library.getinfo(call.curl, CURLINFO_RESPONSE_CODE, &status);
+    call.library.getinfo(call.curl, CURLINFO_CONTENT_LENGTH_DOWNLOAD_T, &length);
     answer.status = static_cast<int>(status);
     if (length >= 0)
         answer.length = static_cast<std::uint64_t>(length);
-    answer.type = LowerCase(Header(call.curl, "Content-Type"));
-    answer.encoding = LowerCase(Header(call.curl, "Content-Encoding"));
+    answer.type = LowerCase(Header(call, "Content-Type"));
+    answer.encoding = LowerCase(Header(call, "Content-Encoding"));
     call.listener.Answered(answer);
 }
 
@@ -79,35 +114,31 @@ std::string PemOf(std::string_view certificate) {
     return pem + "-----END CERTIFICATE-----\n";
 }
 
-template <class Value>
-void Set(CURL* curl, CURLoption option, Value value) {
-    curl_easy_setopt(curl, option, value);
-}
-
 } // namespace
 
 void ListTransport::Start(const WebRequest& request, TransportListener& listener) {
-    const std::unique_ptr<CURL, decltype(&curl_easy_cleanup)> handle(curl_easy_init(), curl_easy_cleanup);
-    CURL* const curl = handle.get();
-    Call call{curl, *this, listener};
+    const Library library;
+    const std::unique_ptr<CURL, decltype(&curl_easy_cleanup)> curl(library.init(), library.cleanup);
+    Call call{library, curl.get(), *this, listener};
+    const auto set = [&](CURLoption option, auto value) { library.setopt(curl.get(), option, value); };
     std::string pem = authority_.empty() ? std::string() : PemOf(authority_);
     curl_blob authority{pem.data(), pem.size(), CURL_BLOB_NOCOPY};
-    Set(curl, CURLOPT_URL, request.url.c_str());
-    Set(curl, CURLOPT_PROTOCOLS_STR, "http,https");
-    Set(curl, CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_1_1));
-    Set(curl, CURLOPT_USERAGENT, "Pirol");
-    Set(curl, CURLOPT_CONNECTTIMEOUT, static_cast<long>(patience));
-    Set(curl, CURLOPT_LOW_SPEED_LIMIT, 1L);
-    Set(curl, CURLOPT_LOW_SPEED_TIME, static_cast<long>(patience));
-    Set(curl, CURLOPT_NOSIGNAL, 1L);
-    Set(curl, CURLOPT_WRITEFUNCTION, &Take);
-    Set(curl, CURLOPT_WRITEDATA, &call);
+    set(CURLOPT_URL, request.url.c_str());
+    set(CURLOPT_PROTOCOLS_STR, "http,https");
+    set(CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_1_1));
+    set(CURLOPT_USERAGENT, "Pirol");
+    set(CURLOPT_CONNECTTIMEOUT, static_cast<long>(patience));
+    set(CURLOPT_LOW_SPEED_LIMIT, 1L);
+    set(CURLOPT_LOW_SPEED_TIME, static_cast<long>(patience));
+    set(CURLOPT_NOSIGNAL, 1L);
+    set(CURLOPT_WRITEFUNCTION, &Take);
+    set(CURLOPT_WRITEDATA, &call);
     if (!pem.empty()) {
-        Set(curl, CURLOPT_CAINFO_BLOB, &authority);
-        Set(curl, CURLOPT_CAPATH, static_cast<const char*>(nullptr));
+        set(CURLOPT_CAINFO_BLOB, &authority);
+        set(CURLOPT_CAPATH, static_cast<const char*>(nullptr));
     }
     isRunning_ = true;
-    const CURLcode error = curl_easy_perform(curl);
+    const CURLcode error = library.perform(curl.get());
     if (error == CURLE_OK)
         Tell(call); // an empty body, too, has a beginning
     if (!isRunning_)
