@@ -341,10 +341,13 @@ void picContainer::ShowChange(const DocumentChange& change) {
         update();
     for (const ComponentChange& component : change.design.components)
         UpdateChanged(component);
-    if (change.design.Any()) {
+    if (change.design.Any())
         visibleComponentsAreCurrent_ = false;
+    const auto isPicture = [](const ComponentChange& changed) {
+        return changed.component.kind == ComponentKind::Picture;
+    };
+    if (change.design.allComponents || std::ranges::any_of(change.design.components, isPicture))
         painted_.Forget();
-    }
     const auto isOfGesture = [selected = canvas_.Selected()](const ComponentChange& component) {
         return component.component == selected;
     };
