@@ -12,6 +12,7 @@
 #include "ui/main/frmMain.h"
 #include "ui/main/StartCard.h"
 #include "ui/parts/FormParts.h"
+#include "ui/parts/PackedPicture.h"
 #include "ui/parts/RunBeside.h"
 #include "ui/parts/Theme.h"
 
@@ -78,9 +79,7 @@ QImage WindowSketch(const NewWindowSize& size, const QSize& pixels, const QPalet
 /// Painted beforehand, for two scales of the screen: painting designs takes as long as the rest of the start.
 QImage ExamplePicture(std::string_view name, const QSize& pixels) {
     const bool isUsual = pixels == designPicture;
-    const std::string_view bytes = EmbeddedExample(Concatenate(name, isUsual ? "_128.png" : "_256.png"));
-    const QImage picture =
-        QImage::fromData(reinterpret_cast<const uchar*>(bytes.data()), static_cast<int>(bytes.size()), "PNG");
+    const QImage picture = UnpackedPicture(EmbeddedExample(Concatenate(name, isUsual ? "_128.packed" : "_256.packed")));
     return isUsual ? picture : picture.scaled(pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation);
 }
 
