@@ -132,8 +132,9 @@ pnlStart::pnlStart(frmMain& window, std::filesystem::path keptFolder)
     setFocusPolicy(Qt::NoFocus);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     viewport()->setBackgroundRole(QPalette::Window);
-    viewport()->setAutoFillBackground(true);
+    setAutoFillBackground(true); // so that the canvas below is not painted
     page_->setObjectName("pnlStartPage");
+    page_->resize(0, 0); // a scroll bar that comes and goes would have the page painted twice
     setWidget(page_);
     painting_.setSingleShot(true);
     connect(&painting_, &QTimer::timeout, this, &pnlStart::PaintNext);
@@ -142,6 +143,7 @@ pnlStart::pnlStart(frmMain& window, std::filesystem::path keptFolder)
     window_.CurrentDocument().AddListener(*this);
     qApp->installEventFilter(this);
     PlaceOverCanvas();
+    Fill();
     show();
 }
 
@@ -171,18 +173,11 @@ void pnlStart::Leave() {
 
 // --- What it shows ----------------------------------------------------------------------------------------------
 
-void pnlStart::paintEvent(QPaintEvent* event) {
-    QScrollArea::paintEvent(event);
-    if (!std::exchange(isFilled_, true))
-        QTimer::singleShot(0, this, &pnlStart::Fill);
-}
-
 void pnlStart::Fill() {
     AddSizes();
     AddProjects();
     AddExamples();
     AddKept();
-    Arrange();
     QWidget* before = picFrame_->Canvas();
     for (const Section& section : sections_)
         for (StartCard* card : section.cards) {
@@ -194,7 +189,6 @@ void pnlStart::Fill() {
 pnlStart::Section& pnlStart::AddSection(const char* name, const QString& caption) {
     auto* const heading = Named(new QLabel(caption, page_), name, caption);
     SetOff(heading);
-    heading->show();
     sections_.push_back({heading, {}});
     return sections_.back();
 }
@@ -203,7 +197,6 @@ StartCard* pnlStart::AddCard(Section& section, const QSize& pictureSize, const Q
     const QString name = section.heading->objectName() + QString::number(section.cards.size());
     auto* const card = new StartCard(name, pictureSize, caption, note, page_);
     section.cards.push_back(card);
-    card->show();
     return card;
 }
 
@@ -292,6 +285,9 @@ void pnlStart::ShowKept(const std::vector<std::pair<KeptDesign, Found>>& kept) {
         Paint(card, found);
     }
     Arrange();
+    section.heading->show();
+    for (StartCard* const card : section.cards)
+        card->show();
 }
 
 void pnlStart::Paint(StartCard* card, const Found& found) {
