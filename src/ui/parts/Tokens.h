@@ -7,7 +7,8 @@ namespace pirol::tokens {
 /// What all windows are made of: lengths, sizes of type and colours. Forms use these instead of numbers of their own.
 /// Lengths are pixels at 100 percent.
 
-constexpr int unit = 4; ///< all distances are multiples of it
+constexpr int unit = 4; ///< all distances are multiples of it, but the smallest
+constexpr int hairGap = unit / 2;
 constexpr int gap = 2 * unit;
 constexpr int margin = 3 * unit;
 constexpr int wideGap = 4 * unit;
