@@ -1,7 +1,10 @@
+#include "base/Conversions.h"
+#include "base/Text.h"
 #include "base/Windows1252.h"
 #include "Cases.h"
 #include "codegen/Hints.h"
 #include "project/ProjectFile.h"
+#include "Tables.h"
 
 #include <gtest/gtest.h>
 
@@ -84,6 +87,26 @@ TEST(Hints, SayWhatToSelect) {
     EXPECT_EQ(FindHints(model, {}, {}).size(), 3U);
     model.DeleteComponent(second);
     EXPECT_EQ(Lines(FindHints(model, {}, {})), "");
+}
+
+TEST(Hints, BeginExactlyWhereSomethingGoesWrong) {
+    const auto rule = [](const test::TableRow& row) {
+        ProjectModel model;
+        Control& control = model.EditElement(model.PlaceComponent(KindByKey(row[0]).value(), {0, 0, 50, 50}));
+        for (const std::string_view setting : Split(row[1], ';')) {
+            const std::size_t equals = setting.find('=');
+            if (equals != std::string_view::npos)
+                FindRow(control, Trim(setting.substr(0, equals)))
+                    ->set(control, ReplaceAll(setting.substr(equals + 1), ",", std::string(1, fieldSeparator)));
+        }
+        model.EditMenus().Append("Menü", "hatMenue");
+        model.EditSql() = {"s", "u", "p", "d", "t", {}};
+        std::string hints;
+        for (const Hint& hint : FindHints(model, {}, {row[2] == "menu", row[2] == "sql"}))
+            Append(hints, hints.empty() ? "" : " / ", hint.text.substr(hint.text.find("«") + 4));
+        return test::Answer(hints);
+    };
+    EXPECT_EQ(test::Deviations("hint-bounds", rule), "");
 }
 
 TEST(Hints, StayShortForAnyDesign) {
