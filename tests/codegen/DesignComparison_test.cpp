@@ -184,7 +184,7 @@ TEST(DesignComparison, IsBoundedForDesignsThatShareNothing) {
         after.PlaceComponent(ComponentKind::Button, {1, 0, 30, 30});
         Edit(after, ComponentKind::Button, static_cast<std::size_t>(i) + 1).ObjectName += "neu";
     }
-    EXPECT_EQ(CompareDesigns(before, after).size(), mostDifferences);
+    EXPECT_EQ(CompareDesigns(before, after).size(), 1000U);
 }
 
 } // namespace

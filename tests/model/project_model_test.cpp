@@ -127,9 +127,12 @@ TEST(ProjectModel, DifferencesListWhatIsNotAlike) {
     EXPECT_EQ(change.components[2].before, Rectangle{});
     EXPECT_GT(after.UnsharedBytes(before), sizeof(dButton));
     EXPECT_LT(after.UnsharedBytes(before), std::size_t{100'000});
-    for (std::size_t index = 1; index <= 65; ++index)
+    for (std::size_t index = 1; index <= 61; ++index)
         after.EditElement({Label, index}).Top = 1;
+    EXPECT_EQ(Differences(before, after).components.size(), 64U);
+    after.EditElement({Label, 62}).Top = 1;
     EXPECT_TRUE(Differences(before, after).allComponents);
+    EXPECT_TRUE(Differences(before, after).components.empty());
 }
 
 TEST(ProjectModel, EqualityLooksAtEveryPart) {
