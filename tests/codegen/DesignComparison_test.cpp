@@ -97,6 +97,18 @@ TEST(DesignComparison, SaysWhatLeadsFromOneDesignToTheOther) {
     }
 }
 
+TEST(DesignComparison, OfSeveralInOnePlaceEachFindsItsOwn) {
+    const auto named = [](const std::vector<std::string>& names) {
+        ProjectModel model;
+        for (const std::string& name : names)
+            model.EditElement(model.PlaceComponent(ComponentKind::Button, {1, 2, 30, 40})).ObjectName = name;
+        return model;
+    };
+    EXPECT_EQ(CompareDesigns(named({"a", "b", "b"}), named({"c", "d", "b"})),
+              (std::vector<std::string>{"umbenannt: Knopf a in c", "umbenannt: Knopf b in d",
+                                        "geändert: Reihenfolge der Art Knopf"}));
+}
+
 TEST(DesignComparison, ShowsTextsWhereTheyDiffer) {
     const auto rule = [](const test::TableRow& row) {
         ProjectModel before = Sample();
