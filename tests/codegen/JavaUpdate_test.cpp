@@ -72,12 +72,17 @@ void Take(std::string_view step, ProjectModel& model, UpdateOptions& options) {
         model.SetWindowSize(ToInt16(second), ToInt16(third));
     } else if (what == "entry") {
         model.EditMenus().Menus().begin()->AddEntry(second, cMenu::Entry);
+    } else if (what == "separator") {
+        model.EditMenus().Menus().begin()->AddEntry({}, cMenu::Separator);
     } else if (what == "sql") {
         model.EditSql().*sqlFields.at(std::stoul(second)).text = third;
     } else if (what == "query") {
         model.EditSql().Flags.at(std::stoul(second)) = ToInt16(third);
     } else if (what == "without") {
         (second == "menu" ? options.withoutMenu : options.withoutDatabase) = true;
+    } else if (what == "mark") {
+        (second == "menu" ? options.withoutMenu : options.withoutDatabase) = false;
+        (second == "menu" ? options.marks.menu : options.marks.database) = true;
     } else if (what == "unknown") {
         options.isUnknown = [second](std::string_view name, std::string_view) {
             return second.empty() || name == second;
@@ -147,7 +152,7 @@ std::string ResultOf(const Case& test) {
     UpdateOptions options;
     for (const std::string& step : test.both)
         Take(step, model, options);
-    std::string source = GenerateCode(model, {.menu = true, .database = true});
+    std::string source = GenerateCode(model, {.menu = !options.withoutMenu, .database = !options.withoutDatabase});
     for (const auto& [before, after] : test.changes) {
         EXPECT_NE(source.find(before), std::string::npos) << test.title << ": " << before;
         source = ReplaceAll(source, before, after);
