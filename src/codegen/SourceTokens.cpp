@@ -149,10 +149,9 @@ void SourceTokens::Add(std::size_t begin, std::size_t end, bool startsLine, bool
 }
 
 bool SourceTokens::IsWord(std::size_t index) const {
-    if (index >= tokens_.size() || tokens_[index].known != 0)
-        return false;
-    const char first = source_[tokens_[index].begin];
-    return ClassOf(first) == ByteClass::Word && !IsDigit(first);
+    const std::string_view text = Text(index);
+    return !text.empty() && ClassOf(text.front()) == ByteClass::Word && !IsDigit(text.front()) &&
+           tokens_[index].known == 0;
 }
 
 bool SourceTokens::IsNumber(std::size_t index) const {

@@ -176,7 +176,7 @@ std::string ResultOf(const Case& test) {
     }
 }
 
-TEST(JavaUpdate, KeepsWhatIsThePupilsAndBringsTheRestUpToDate) {
+TEST(JavaUpdate, ChangesWhatIsPirolsAndKeepsWhatIsThePupils) {
     for (const auto& file : std::filesystem::directory_iterator(std::filesystem::path(PIROL_TEST_DATA) / "update"))
         for (const Case& test : CasesIn(file))
             if (const std::string result = ResultOf(test); result != test.result)

@@ -78,7 +78,7 @@ std::optional<std::size_t> MostKept(std::string_view before, std::string_view af
 
 /// Applying the differences gives the new text, rows hold each line once and in order, equal lines stand together, and
 /// no more differs than must.
-TEST(LineDifferences, LeadFromOneTextToTheOtherWhateverTheyHold) {
+TEST(LineDifferences, LeadFromOneTextToTheOtherByAsFewAsMust) {
     std::mt19937 random(7); // the same texts in every run
     for (int round = 0; round < 2000; ++round) {
         const auto letters = [&](std::size_t length) {
