@@ -104,7 +104,7 @@ std::optional<SourceStatement> ReadStatement(const SourceTokens& tokens, std::si
             statement.assigned = tokens.Text(first);
             bracket += 2;
         }
-        if (tokens.Is(bracket, "new") && bracket > first && tokens.IsWord(bracket + 1)) {
+        if (tokens.Is(bracket, "new")) {
             statement.createdClass = tokens.Text(bracket + 1);
             bracket += 2;
         } else if (tokens.IsWord(bracket) && tokens.Is(bracket + 1, ".") && tokens.IsWord(bracket + 2)) {

@@ -54,6 +54,7 @@ TEST(NameMap, KeepsTheFirstValueOfEachNameInTheirOrder) {
     std::vector<std::string> names(2000);
     for (std::size_t number = 0; number < names.size(); ++number)
         names[number] = "hat" + std::to_string(number * number % 1777);
+    names.insert(names.end(), {"hat23124", "hat42159", "hat62506", "hat103029"}); // two and two of one hash here
     for (const std::size_t room : {0U, 5U, 8U, 3000U}) {
         NameMap<std::size_t> map;
         EXPECT_TRUE(map.Empty() && !map.Contains("hat0"));
