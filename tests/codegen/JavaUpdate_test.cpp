@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <span>
 #include <stdexcept>
 
 namespace pirol {
@@ -96,12 +97,12 @@ void Take(std::string_view step, ProjectModel& model, UpdateOptions& options) {
 }
 
 /// A case of tests/data/update: what a pupil makes of a generated source, what becomes of the design, and the update.
+/// "|" stands for the end of a line.
 struct Case {
     std::string title;              ///< behind "="
     std::vector<std::string> both;  ///< behind "?": steps for the design that the source is of, and the new one
     std::vector<std::string> edits; ///< behind "!": steps for the new one only
-    std::vector<std::pair<std::string, std::string>>
-        changes;        ///< behind "<" and ">": text in place of text, "|" ends lines
+    std::vector<std::pair<std::string, std::string>> changes; ///< behind "~": a text, "~" and what comes in its place
     std::string result; ///< all else: lines gone and come with the numbers of their places, and the report
 };
 
@@ -111,22 +112,32 @@ std::vector<Case> CasesIn(const std::filesystem::path& file) {
     for (const std::string_view line : Split(text, '\n')) {
         if (line.empty() || line.starts_with('#'))
             continue;
-        const std::string rest(TrimLeft(line.substr(1)));
-        const std::string code = ReplaceAll(line.substr(1), "|", "\r\n");
-        if (line.starts_with('='))
-            cases.push_back({rest, {}, {}, {}, {}});
-        else if (line.starts_with('?'))
-            cases.back().both.push_back(rest);
-        else if (line.starts_with('!'))
-            cases.back().edits.push_back(rest);
-        else if (line.starts_with('<'))
-            cases.back().changes.emplace_back(code, "");
-        else if (line.starts_with('>'))
-            cases.back().changes.back().second = code;
-        else
+        const auto addSteps = [rest = line.substr(1)](std::vector<std::string>& steps) {
+            for (const std::string_view step : Split(rest, ';'))
+                steps.emplace_back(Trim(step));
+        };
+        if (line.starts_with('=')) {
+            cases.push_back({std::string(Trim(line.substr(1))), {}, {}, {}, {}});
+        } else if (line.starts_with('?')) {
+            addSteps(cases.back().both);
+        } else if (line.starts_with('!')) {
+            addSteps(cases.back().edits);
+        } else if (line.starts_with('~')) {
+            const std::size_t middle = line.find('~', 1);
+            cases.back().changes.emplace_back(ReplaceAll(line.substr(1, middle - 1), "|", "\r\n"),
+                                              ReplaceAll(line.substr(middle + 1), "|", "\r\n"));
+        } else {
             Append(cases.back().result, line, "\n");
+        }
     }
     return cases;
+}
+
+std::string Joined(const auto& lines) {
+    std::string text;
+    for (const std::string_view line : lines)
+        Append(text, line, "|");
+    return text.substr(0, text.size() - 1);
 }
 
 /// "12-gone|and gone" and "12+come": the lines of each difference, with the number of its first old one.
@@ -134,15 +145,11 @@ std::string Difference(const std::string& before, const std::string& after) {
     std::string shown;
     const auto oldLines = LinesOf(before);
     const auto newLines = LinesOf(after);
-    const auto add = [&shown](std::size_t number, char sign, const auto& lines, std::size_t begin, std::size_t end) {
-        for (std::size_t line = begin; line < end; ++line)
-            line == begin ? Append(shown, number, std::string_view(&sign, 1), lines[line])
-                          : Append(shown, "|", lines[line]);
-        shown += begin < end ? "\n" : "";
-    };
-    for (const DifferentLines& lines : LineDifferences(oldLines, newLines)) {
-        add(lines.oldBegin + 1, '-', oldLines, lines.oldBegin, lines.oldEnd);
-        add(lines.oldBegin + 1, '+', newLines, lines.newBegin, lines.newEnd);
+    for (const auto& [oldBegin, oldEnd, newBegin, newEnd] : LineDifferences(oldLines, newLines)) {
+        if (oldBegin < oldEnd)
+            Append(shown, oldBegin + 1, "-", Joined(std::span(oldLines).subspan(oldBegin, oldEnd - oldBegin)), "\n");
+        if (newBegin < newEnd)
+            Append(shown, oldBegin + 1, "+", Joined(std::span(newLines).subspan(newBegin, newEnd - newBegin)), "\n");
     }
     return shown;
 }
@@ -167,10 +174,11 @@ std::string ResultOf(const Case& test) {
                 << test.title;
         options.renames.clear();
         EXPECT_EQ(UpdateJava(update.source, model, options).source, update.source) << test.title;
-        std::string result = Difference(source, update.source);
+        const std::string result = Difference(source, update.source);
+        std::vector<std::string> report;
         for (const UpdateEntry& entry : update.entries)
-            Append(result, LineOf(entry), "\n");
-        return result;
+            report.push_back(LineOf(entry));
+        return report.empty() ? result : Concatenate(result, Joined(report), "\n");
     } catch (const UpdateRefusal& refusal) {
         return Concatenate(refusal.what(), "\n");
     }
