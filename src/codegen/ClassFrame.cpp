@@ -166,7 +166,7 @@ void ClassFrame::FindBrokenConstructorEnd() {
     std::size_t ownHead = 0;
     std::size_t outerBrace = 0;
     std::size_t block = 0; // the database's "if" until it closes
-    std::size_t lastBrace = tokens_.Count();
+    std::size_t lastBrace = tokens_.Count(); // behind the last statement of ours
     for (; limit < tokens_.Count() && !IsKnownHead(limit); ++limit) {
         if (tokens_.Is(limit, "}")) {
             lastBrace = limit;
@@ -182,13 +182,14 @@ void ClassFrame::FindBrokenConstructorEnd() {
             block = 0;
         if (closesBlock || LooksLikeStatement(limit)) {
             lowest = limit;
+            lastBrace = tokens_.Count();
             ownHead = 0; // it stands in the constructor, where no method should
         } else if (ownHead == 0 && outerBrace > lowest && IsMethodHead(tokens_, limit, className)) {
             ownHead = limit;
         }
     }
     limit = ownHead != 0 ? ownHead : limit;
-    limit = limit < tokens_.Count() ? FirstOfHead(tokens_, limit) : std::max(lastBrace, lowest + 1);
+    limit = limit < tokens_.Count() ? FirstOfHead(tokens_, limit) : lastBrace;
     constructorEnd = limit;
     constructorCloses = false;
     for (std::size_t index = limit; index-- > lowest + 1;) {
