@@ -165,10 +165,10 @@ void ClassFrame::FindBrokenConstructorEnd() {
     std::size_t limit = constructorOpen + 1;
     std::size_t ownHead = 0;
     std::size_t outerBrace = 0;
-    std::size_t block = 0; // the database's "if" until it closes
+    std::size_t block = 0;                   // the database's "if" until it closes
     std::size_t lastBrace = tokens_.Count(); // behind the last statement of ours
     for (; limit < tokens_.Count() && !IsKnownHead(limit); ++limit) {
-        if (tokens_.Is(limit, "}")) {
+        if (tokens_.Is(limit, "}") && tokens_.StartsLine(limit)) {
             lastBrace = limit;
             if (StandsAsConstructor(limit))
                 outerBrace = limit;
@@ -208,9 +208,12 @@ void ClassFrame::FindClassEnd() {
     for (std::size_t index = constructorEnd + (constructorCloses ? 1 : 0); index < tokens_.Count(); ++index) {
         const int step = LevelStep(tokens_.Text(index));
         level += step;
+        if (wanted_.Known(tokens_[index]) != nullptr)
+            lastBrace = tokens_.Count(); // its braces are no tokens, so the class's must come behind
         if (step >= 0)
             continue;
-        lastBrace = index;
+        if (tokens_.StartsLine(index))
+            lastBrace = index;
         if (level != 0)
             continue;
         std::size_t next = index + 1;
@@ -222,7 +225,10 @@ void ClassFrame::FindClassEnd() {
         }
     }
     inOrder = false;
-    classEnd = lastBrace;
+    // As far left as the constructor it closes a method, and the class's is missing.
+    const bool closesMethod =
+        StandsAsConstructor(lastBrace) && Indent(tokens_, classToken) < Indent(tokens_, constructor);
+    classEnd = closesMethod ? tokens_.Count() : lastBrace;
 }
 
 /// Whether a token begins its line as far left as the constructor's head.
