@@ -79,7 +79,7 @@ class SourceTokens {
 
   private:
     void Read(Comments comments, KnownPieces* known);
-    std::size_t TakeKnown(std::size_t begin, KnownPieces& known);
+    bool TakeKnown(std::size_t begin, KnownPieces& known);
     std::size_t SkipComment(std::size_t begin, bool startsLine, Comments comments);
     void Add(std::size_t begin, std::size_t end, bool startsLine, bool closed = true);
 
