@@ -175,6 +175,11 @@ const Rule rules[] = {
     {"wrapped-texts", [](auto& row) { return Answer(WrapPoint(Wide(row[0]), row.Number(1), TestAdvance)); }},
     {"main-layouts", Layout},
     {"canvas-places", CanvasPlace},
+    {"panel-widths",
+     [](auto& row) {
+         const PanelWidths panels = PossibleWidths({row.Number(0), row.Number(1)}, row.Number(2));
+         return Answer(panels.toolbar, panels.properties);
+     }},
     {"scrolled-positions", [](auto& row) { return Answer(ScrolledPosition(row.Number(0))); }},
     {"bars-to-show",
      [](auto& row) { return Answer(BarValueToShow(row.Number(0), row.Number(1), 100, row.Number(2), 40)); }},
@@ -188,7 +193,11 @@ const Rule rules[] = {
     {"registry-values", [](auto& row) { return Answer(Shown(FindRegistryValue(row[0], "Software\\Pirol", "N"))); }},
     {"registry-changes", [](auto& row) { return Answer(WithRegistryN(row)); }},
     {"java-encodings", [](auto& row) { return Answer(static_cast<int>(EncodingOf(row[0]))); }},
-    {"file-filters", [](auto& row) { return Answer(Shown(FileFilters(row[0]))); }},
+    {"file-filters",
+     [](auto& row) {
+         const std::vector<FileFilter> filters = FileFilters(row[0]);
+         return Answer(Shown(filters), filters.empty() ? "" : ExtensionOf(filters.front()));
+     }},
     {"window-sizes", WindowSizes},
     {"error-reports", [](auto& row) { return Answer(ErrorReportText(row.Number(0), row[1], row[2])); }},
     {"error-advice", [](auto&) { return Answer(ErrorAdvice()); }},

@@ -150,6 +150,23 @@ TEST(FileCommands, ChangesByAnotherProgram) {
     EXPECT_EQ(ReadFileBytes(path), good);
 }
 
+TEST(FileCommands, ATemplateBeginsANewProject) {
+    ChangedDocument document("mine");
+    document.MarkSaved("mine.prl");
+    BeginWithTemplate(document, GeneratePRLCode(DesignOf("template")));
+    EXPECT_EQ(document.Model().Author(), "template");
+    EXPECT_EQ(document.FilePath(), "");
+    EXPECT_FALSE(document.IsChanged());
+    EXPECT_EQ(document.UndoLabel(), "Vorlage öffnen");
+    std::string sizes;
+    for (const NewWindowSize& size : newWindowSizes) {
+        NewProject(document, size);
+        sizes += std::to_string(document.Model().WindowWidth()) + "x" +
+                 std::to_string(document.Model().WindowHeight()) + " ";
+    }
+    EXPECT_EQ(sizes, "320x240 640x480 800x600 ");
+}
+
 constexpr std::string_view damaged =
     "critical Fehler: Die .prl - Datei ist fehlerhaft oder wurde manuell verändert.\r\n"
     "Der Ladevorgang wird abgebrochen!\n";

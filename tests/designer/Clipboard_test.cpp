@@ -104,6 +104,22 @@ TEST(Clipboard, MissingFilesAreReported) {
     Designer other;
     EXPECT_EQ(PasteComponents(other.document, designer.Copied()),
               "Hier fehlen Dateien eingefügter Komponenten: »gibt-es-nicht.bmp«.");
+    for (char name = 'a'; name <= 'k'; ++name)
+        designer.Place(Picture, {0, 0, 0, 0});
+    designer.Place(Sound, {0, 0, 0, 0});
+    designer.document.Edit("", [](ProjectModel& model) {
+        for (std::size_t i = 1; i <= 10; ++i)
+            static_cast<dBild&>(model.EditElement({Picture, i})).File = std::string(i, 'x');
+    });
+    designer.document.Select(AllComponents(designer.document.Model()));
+    const std::string ten = PasteComponents(other.document, designer.Copied());
+    EXPECT_TRUE(ten.ends_with(", »xxxxxxxxxx«.")) << ten;
+    designer.document.Edit("", [](ProjectModel& model) {
+        static_cast<dBild&>(model.EditElement({Picture, 11})).File = "y";
+        static_cast<dBild&>(model.EditElement({Picture, 12})).File = "z";
+    });
+    const std::string twelve = PasteComponents(other.document, designer.Copied());
+    EXPECT_TRUE(twelve.ends_with(", »xxxxxxxxxx« und 2 weitere.")) << twelve;
 }
 
 TEST(Clipboard, WhatIsBrokenChangesNothingOrObeysTheRules) {

@@ -304,6 +304,28 @@ TEST_F(DesignCanvasTest, FindsWhatLinearSearchFinds) {
     }
 }
 
+/// Of so many not all are looked up at the first question, but all are found.
+TEST_F(DesignCanvasTest, FindsWhatItHasNotTakenInYet) {
+    Edit([](ProjectModel& changed) {
+        for (int i = 0; i < 10'005; ++i)
+            changed.PlaceComponent(Button, {i, 10, 20, i == 10'002 ? 0 : 10});
+    });
+    EXPECT_EQ(canvas.HitTest(10'021, 12).component, (ComponentRef{Button, 10'005}));
+    NewProject(document);
+    Edit([](ProjectModel& changed) {
+        for (int i = 0; i < 10'005; ++i)
+            changed.PlaceComponent(Button, {i % 100 * 300, i / 100 * 300, 20, 10});
+        changed.DeleteComponent({Button, 10'004});
+    });
+    const Rectangle areas[] = {{-5, 30'000, 910, 10}, {600, 29'000, 10, 1200}, {0, 0, 0, 5}};
+    const std::vector<ComponentRef> expected = {{Button, 9'703},  {Button, 9'803},  {Button, 9'903},
+                                                {Button, 10'001}, {Button, 10'002}, {Button, 10'003}};
+    for (int question = 0; question < 2; ++question)
+        EXPECT_EQ(canvas.Intersecting(areas), expected) << question;
+    EXPECT_EQ(canvas.HitTest(1205, 30'005).component, (ComponentRef{Button, 10'005}));
+    EXPECT_EQ(canvas.HitTest(905, 30'005).area, CanvasHit::Area::Canvas) << "deleted";
+}
+
 TEST_F(DesignCanvasTest, OverflowEndsTheGestureAndLosesNothing) {
     const ComponentRef button = Add(Button, {32700, 0, 60, 30});
     const ProjectModel before = model;
