@@ -7,9 +7,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
+#include <cctype>
 #include <csignal>
 #include <cstdlib>
 #include <deque>
+#include <optional>
 
 namespace pirol {
 namespace {
@@ -401,6 +404,13 @@ TEST(ReportingSource, ReportsHandlersAndKeepsLines) {
     EXPECT_EQ(ReportingSource(head + method("hatAGeklickt", "") + method("a\"b", "") + method("x", "") + "}"),
               head + method("hatAGeklickt", " pirol_run.Report.called(\"hatAGeklickt\");") + method("a\"b", "") +
                   method("x", " pirol_run.Report.called(\"x\");") + "}");
+    for (int code = 1; code < 256; ++code) {
+        const char sign = static_cast<char>(code);
+        const bool isPlain = code >= 0x80 || sign == '_' || sign == '$' || (code < 0x80 && std::isalnum(code) != 0);
+        const std::string name = std::string("x") + sign;
+        const std::string report = isPlain ? " pirol_run.Report.called(\"" + name + "\");" : "";
+        EXPECT_EQ(ReportingSource(head + method(name, "")), head + method(name, report)) << code;
+    }
     for (const char* odd :
          {"", "    public void ", "    public void x(", "    public void x()", "    public void x()\r\n    "})
         EXPECT_EQ(ReportingSource(odd), odd);
@@ -420,6 +430,51 @@ std::string Printed(const std::string& script, const std::vector<std::string>& w
     return text + "|" + std::to_string(process->Status());
 }
 
+TEST(ChildProcess, LeavesTheDescriptorsOfThisProgramAsTheyAre) {
+    const auto open = [] { return std::distance(fs::directory_iterator("/proc/self/fd"), {}); };
+    const auto before = open();
+    Printed("exit", {});
+    EXPECT_EQ(open(), before);
+}
+
+TEST(ChildProcess, HasNeitherTheSignalsNorTheLocaleOfThisProgram) {
+    sigset_t term;
+    sigset_t before;
+    sigemptyset(&term);
+    sigaddset(&term, SIGTERM);
+    pthread_sigmask(SIG_BLOCK, &term, &before);
+    EXPECT_EQ(Printed("kill -TERM $$; echo alive", {}), "|-1") << "blocked";
+    pthread_sigmask(SIG_SETMASK, &before, nullptr);
+    const auto handler = std::signal(SIGTERM, SIG_IGN);
+    EXPECT_EQ(Printed("kill -TERM $$; echo alive", {}), "|-1") << "ignored";
+    std::signal(SIGTERM, handler);
+
+    // The one that decides is the first that is not empty; where it is none of UTF-8, another one is set.
+    const char* const names[] = {"LC_ALL", "LC_CTYPE", "LANG"};
+    const std::pair<std::array<const char*, 3>, const char*> cases[] = {
+        {{"C", "", "de_DE.UTF-8"}, "C.UTF-8"},
+        {{nullptr, nullptr, "de_DE.UTF-8"}, ""},
+        {{"", "de_DE.utf8", "C"}, ""},
+        {{nullptr, "C", "de_DE.UTF-8"}, "C.UTF-8"},
+        {{nullptr, nullptr, nullptr}, "C.UTF-8"},
+        {{"de_DE.UTF-8", "C", "C"}, "de_DE.UTF-8"},
+        {{"de_DE.ISO-8859-1", "C", "C"}, "C.UTF-8"},
+    };
+    std::array<std::optional<std::string>, 3> old;
+    for (std::size_t i = 0; i < old.size(); ++i)
+        if (const char* const value = std::getenv(names[i]))
+            old[i] = value;
+    for (const auto& [values, seen] : cases) {
+        for (std::size_t i = 0; i < old.size(); ++i)
+            values[i] != nullptr ? setenv(names[i], values[i], 1) : unsetenv(names[i]);
+        EXPECT_EQ(
+            Printed("echo \"$LC_ALL\"; env | grep -c ^LC_ALL= || true", {}).substr(0, std::string(seen).size() + 1),
+            std::string(seen) + "\n");
+    }
+    for (std::size_t i = 0; i < old.size(); ++i)
+        old[i] ? setenv(names[i], old[i]->c_str(), 1) : unsetenv(names[i]);
+}
+
 TEST(ChildProcess, IsARealOne) {
     EXPECT_EQ(Printed("pwd; for w; do echo \"<$w>\"; done; echo wrong >&2; exit 3", {"a b", "\"ü'\\", ""}),
               "/\n<a b>\n<\"ü'\\>\n<>\nwrong\n|3");
@@ -434,6 +489,13 @@ TEST(ChildProcess, IsARealOne) {
                   SystemProcessStarter().Start({"/no/such", {}, {}});
               }),
               "Fehler 53: Datei nicht gefunden");
+
+    const std::unique_ptr<ChildProcess> mute = SystemProcessStarter().Start({"/bin/sleep", {"1000"}, {}});
+    std::string nothing;
+    for (const int milliseconds : {0, 1, 120})
+        EXPECT_EQ(mute->Read(nothing, std::chrono::milliseconds(milliseconds)), ChildProcess::Reading::Nothing);
+    mute->End();
+    EXPECT_EQ(mute->Read(nothing, std::chrono::seconds(20)), ChildProcess::Reading::End);
 
     const std::unique_ptr<ChildProcess> deaf = SystemProcessStarter().Start({"/bin/sleep", {"1000"}, {}});
     std::thread end([&deaf] { deaf->End(); });

@@ -114,6 +114,7 @@ TEST(UnheldValues, AreUnknownUntilTheUserSetsThem) {
     EXPECT_TRUE(isUnknown("hatZeilenbereich1", textAreaKind));
     EXPECT_TRUE(isUnknown("hatOptionsgruppe1", keys::click.key));
     EXPECT_FALSE(isUnknown("hatSchalter1", keys::name.key));
+    EXPECT_TRUE(UnheldValues(document).Now()("hatSchalter1", keys::checked.key)) << "it was there before one looked";
     document.Edit("", [&](ProjectModel& model) { model.EditElement(light).Left = 99; });
     EXPECT_TRUE(isUnknown("hatSchalter1")) << "moved only";
     set(true);

@@ -1,3 +1,4 @@
+#include "base/Conversions.h"
 #include "base/HashFunction.h"
 #include "base/RuntimeError.h"
 #include "base/Windows1252.h"
@@ -66,6 +67,13 @@ TEST(Windows1252, OtherCharactersAreFoundAtEveryPlace) {
             EXPECT_EQ(FromWindows1252(before + '\x80' + behind), before + "€" + behind);
             EXPECT_EQ(ToWindows1252(before + "€" + behind), before + '\x80' + behind);
         }
+}
+
+TEST(Conversions, AnExcerptIsOneShortLine) {
+    EXPECT_EQ(Excerpt(std::string(60, 'x')), std::string(60, 'x'));
+    EXPECT_EQ(Excerpt(std::string(61, 'x')), std::string(60, 'x') + "…");
+    EXPECT_EQ(Excerpt(std::string(59, 'x') + "ä"), std::string(59, 'x') + "…");
+    EXPECT_EQ(Excerpt("\1a\nb\x1F \x7F~ä"), " a b   ~ä");
 }
 
 TEST(RuntimeErrors, KeepTheInnermostLabel) {
