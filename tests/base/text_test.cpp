@@ -76,6 +76,21 @@ TEST(Conversions, AnExcerptIsOneShortLine) {
     EXPECT_EQ(Excerpt("\1a\nb\x1F \x7F~ä"), " a b   ~ä");
 }
 
+TEST(RuntimeErrors, HaveTheirNumbersAndTexts) {
+    std::string all;
+    for (const auto number :
+         {RuntimeError::InvalidCall, RuntimeError::Overflow, RuntimeError::OutOfMemory, RuntimeError::IndexOutOfRange,
+          RuntimeError::TypeMismatch, RuntimeError::BadFileName, RuntimeError::FileNotFound, RuntimeError::DeviceError,
+          RuntimeError::DiskFull, RuntimeError::TooManyFiles, RuntimeError::PermissionDenied, RuntimeError::PathAccess,
+          RuntimeError::PathNotFound})
+        all += std::string(RuntimeError(number).what()).substr(7) + "\n";
+    EXPECT_EQ(all, "5: Ungültiger Prozeduraufruf\n6: Überlauf\n7: Nicht genügend Speicher\n"
+                   "9: Index außerhalb des gültigen Bereichs\n13: Typen unverträglich\n"
+                   "52: Dateiname oder -nummer falsch\n53: Datei nicht gefunden\n57: E/A-Gerätefehler\n"
+                   "61: Datenträger voll\n67: Zu viele Dateien\n70: Zugriff verweigert\n"
+                   "75: Fehler beim Zugriff auf Pfad/Datei\n76: Pfad nicht gefunden\n");
+}
+
 TEST(RuntimeErrors, KeepTheInnermostLabel) {
     const auto overflow = [] { throw RuntimeError(RuntimeError::Overflow); };
     EXPECT_EQ(test::ErrorOf([&] { UnderLabel("Outer", [&] { UnderLabel("Inner", overflow); }); }),
