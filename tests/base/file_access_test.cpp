@@ -153,6 +153,10 @@ TEST(FileAccess, AFolderThatForbidsReplacingDoesNotForbidSaving) {
         EXPECT_EQ(ReadFileBytes(folder / "a.prl"), bytes);
     }
     EXPECT_EQ(ErrorNumberOf([&] { ReplaceFileBytes(folder / "new.prl", "x"); }), 70);
+    fs::permissions(folder, fs::perms::owner_write | fs::perms::owner_exec);
+    ReplaceFileBytes(folder / "a.prl", "in a folder that nobody may read");
+    fs::permissions(folder, fs::perms::owner_all);
+    EXPECT_EQ(ReadFileBytes(folder / "a.prl"), "in a folder that nobody may read");
     EXPECT_EQ(CountIn(folder), 1U);
     EXPECT_EQ(CountIn(scratch / "state" / "pirol" / "saving"), 0U);
     unsetenv("XDG_STATE_HOME");
