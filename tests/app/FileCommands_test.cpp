@@ -167,6 +167,11 @@ TEST(FileCommands, ATemplateBeginsANewProject) {
     EXPECT_EQ(sizes, "320x240 640x480 800x600 ");
 }
 
+TEST(Dialogs, BeginWithWhatIsUsual) {
+    EXPECT_EQ(PrintJob(), (PrintJob{"", "", "", false, 1, 0, 0})) << "one copy of all pages";
+    EXPECT_EQ(FontChoice(), (FontChoice{"", "", 10}));
+}
+
 constexpr std::string_view damaged =
     "critical Fehler: Die .prl - Datei ist fehlerhaft oder wurde manuell verändert.\r\n"
     "Der Ladevorgang wird abgebrochen!\n";

@@ -583,6 +583,54 @@ TEST(VersionLookup, SaysWhatItFound) {
     }
 }
 
+TEST(VersionLookup, EndsAtItsLimitsAndWhenItIsStopped) {
+    using State = VersionLookup::State;
+    const UpdateSource source{"http://h/", {Author().PublicKey()}, ""};
+    QuietServer server;
+    std::chrono::steady_clock::time_point now;
+    {
+        int changes = 0;
+        VersionLookup lookup(
+            server, source, {"1.10.0", "debian", 7, in2026}, [&now] { return now; }, [&changes] { ++changes; });
+        EXPECT_EQ(lookup.CurrentState(), State::Idle);
+        EXPECT_EQ(lookup.Serial(), 0U);
+        lookup.Start();
+        EXPECT_EQ(changes, 1);
+        EXPECT_EQ(lookup.CurrentState(), State::Looking);
+        lookup.Stop();
+        EXPECT_EQ(server.told, nullptr);
+        EXPECT_EQ(lookup.CurrentState(), State::Idle);
+        const auto outcome = [&](std::optional<std::uint64_t> length, std::size_t bytes,
+                                 std::chrono::milliseconds after) {
+            lookup.Start();
+            WebAnswer answer;
+            answer.status = 200;
+            answer.length = length;
+            server.told->Answered(answer);
+            now += after;
+            if (server.told != nullptr)
+                server.told->Received(std::string(bytes, '#'));
+            return lookup.CurrentState() == State::Looking ? "" : MessageOf(lookup.Fault());
+        };
+        EXPECT_EQ(outcome(longestList, longestList, std::chrono::seconds(60)), "");
+        EXPECT_EQ(outcome(longestList + 1, 1, {}), MessageOf(UpdateFault::ListTooLong));
+        EXPECT_EQ(server.told, nullptr);
+        EXPECT_EQ(outcome({}, longestList + 1, {}), MessageOf(UpdateFault::ListTooLong));
+        EXPECT_EQ(outcome({}, 1, std::chrono::milliseconds(60'001)), MessageOf(UpdateFault::TimedOut));
+        for (const auto& [text, state] : {std::pair{ListText(), State::UpToDate},
+                                          {ReplaceAll(ListText(), "serial: 7", "serial: 9"), State::UpToDate},
+                                          {ReplaceAll(ListText(), "serial: 7", "serial: 8"), State::Failed}}) {
+            lookup.Start();
+            server.told->Received(Author().Signed(text));
+            server.told->Ended({});
+            EXPECT_EQ(lookup.CurrentState(), state) << text;
+        }
+        EXPECT_EQ(lookup.Serial(), 9U);
+        lookup.Start();
+    }
+    EXPECT_EQ(server.told, nullptr) << "the end stops it";
+}
+
 TEST(UpdateSource, IsWholeOrNone) {
     const std::string key = ToBase64(Author().PublicKey());
     EXPECT_EQ(ReadUpdateSource("https://h/p", key, "").UrlOf("x"), "https://h/p/x");

@@ -213,6 +213,8 @@ TEST_F(TestRunTest, StoppingAndReplacingTellNothingMoreOfTheFormer) {
             shown.notify_all();
         },
         true);
+    EXPECT_EQ(RunTimes().patience, std::chrono::minutes(1));
+    EXPECT_EQ(RunTimes().idle, std::chrono::minutes(10));
     run.Stop(); // nothing runs
     run.Start({"class", folder_ / "jdk", {}});
     {
