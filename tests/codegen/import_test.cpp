@@ -3,6 +3,7 @@
 #include "base/Windows1252.h"
 #include "Cases.h"
 #include "codegen/CallIndex.h"
+#include "codegen/JavaGenerator.h"
 #include "codegen/JavaImport.h"
 #include "project/ProjectFile.h"
 
@@ -19,6 +20,7 @@ TEST(JavaImport, Cases) {
         ProjectModel model;
         AnalyseCode(FromWindows1252(ReadFileBytes(folder / "SuMAnwendung.java")), model);
         EXPECT_EQ(GeneratePRLCode(model), ReadFileBytes(folder / "expected.prl")) << folder;
+        EXPECT_EQ(GenerateCode(model, {}).find("setzeBearbeiter"), std::string::npos) << "events are not read";
     }
 }
 
