@@ -109,6 +109,28 @@ TEST(Hints, BeginExactlyWhereSomethingGoesWrong) {
     EXPECT_EQ(test::Deviations("hint-bounds", rule), "");
 }
 
+TEST(Hints, WhatFollowsFromAnotherHintIsNone) {
+    const std::string entry = "?"; // no name of a method
+    ProjectModel model;
+    cMenu& unnamed = model.EditMenus().Append("A", "1");
+    unnamed.AddEntry(entry, cMenu::Entry);
+    unnamed.AddEntry("B", cMenu::SubMenu)->AddEntry(entry, cMenu::Entry);
+    cMenu* sub = model.EditMenus().Append("C", "c").AddEntry("D", cMenu::SubMenu);
+    sub->AddEntry("E", cMenu::SubMenu)->AddEntry(entry, cMenu::Entry);
+    std::string keys;
+    for (const Hint& hint : FindHints(model, {}, {.menu = true}))
+        Append(keys, hint.rule->key, " ");
+    EXPECT_EQ(keys, "invalid-name nested-submenu ");
+}
+
+TEST(Hints, AWindowNeedsAPixel) {
+    for (const auto& [width, height] : {std::pair(0, 1), {1, 0}, {1, 1}}) {
+        ProjectModel model;
+        model.SetWindowSize(static_cast<std::int16_t>(width), static_cast<std::int16_t>(height));
+        EXPECT_EQ(FindHints(model, {}, {}).empty(), width == 1 && height == 1);
+    }
+}
+
 TEST(Hints, StayShortForAnyDesign) {
     ProjectModel model;
     for (std::size_t i = 0; i < 3000; ++i)

@@ -50,7 +50,7 @@ TEST(JavaImport, SourcesMadeToEatMemoryAreRefused) {
     for (int count = 0; count < 20000; ++count)
         overlapping += "x = new Knopf( ";
     std::string wide;
-    for (int count = 0; count < 100; ++count)
+    for (int count = 0; count < 31; ++count)
         wide += "t = new Tabelle(0, 0, 0, 0, 1, 32767);";
     std::string groups;
     for (int count = 0; count < 10000; ++count)
