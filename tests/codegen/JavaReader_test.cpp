@@ -266,8 +266,7 @@ TEST(JavaReader, CalculatesNumbers) {
 
 TEST(JavaReader, TheQuestionCountsWhatTheSimpleImportLacks) {
     for (const test::TableRow& row : test::Table("import-questions")) {
-        const std::string source =
-            "class SuMAnwendung extends EBAnwendung { SuMAnwendung() { super(1, 2); " + row[0] + "}}";
+        const std::string source = SourceOf(row[0]);
         ProjectModel simple;
         AnalyseCode(source, simple);
         EXPECT_EQ(QuestionForAll(simple, ReadJava(source).model), row[1]) << row.line;
