@@ -224,7 +224,8 @@ TEST(JavaReader, WhatIsTooLargeKeepsTheRest) {
         return ReplaceAll(std::string(count, '#'), "#", text);
     };
     const std::string text = times(65535, "t");
-    const std::string longName = times(1500, "n");
+    const std::string longName = times(1001, "n");
+    const std::string longest = times(1000, "m");
     const std::string shortName = times(500, "n");
     const std::string button = "new Knopf(1, 2, 3, 4, \"x\");";
     const struct {
@@ -249,9 +250,11 @@ TEST(JavaReader, WhatIsTooLargeKeepsTheRest) {
     EXPECT_EQ(remarks.size(), 1000U);
     EXPECT_NE(remarks[998].text, remarks.back().text);
     EXPECT_EQ(remarks.back().text, "Weitere Bemerkungen werden nicht gezeigt.");
-    const ProjectModel named = ReadJava(longName + " = " + button + shortName + " = " + button).model;
+    const ProjectModel named =
+        ReadJava(longName + " = " + button + shortName + " = " + button + longest + " = " + button).model;
     EXPECT_EQ(named.Element({ComponentKind::Button, 1}).ObjectName, shortName + "2");
     EXPECT_EQ(named.Element({ComponentKind::Button, 2}).ObjectName, shortName);
+    EXPECT_EQ(named.Element({ComponentKind::Button, 3}).ObjectName, longest);
 }
 
 TEST(JavaReader, CalculatesNumbers) {
