@@ -68,13 +68,14 @@ TEST(JavaGenerator, WritesWhatTheProjectFileDoesNotHoldAndNothingThatIsDeleted) 
 
 TEST(JavaGenerator, ARadioButtonOutsideSixteenBitsIsAnError) {
     ProjectModel model;
+    model.PlaceComponent(ComponentKind::OptionGroup, {0, 0, 100, 100});
     Control& group = model.EditElement(model.PlaceComponent(ComponentKind::OptionGroup, {32000, 0, 100, 100}));
     static_cast<dOptionsgruppe&>(group).OptionButtons.emplace_back().Left = 1000;
     std::string written;
     EXPECT_EQ(test::ErrorOf([&] { WriteCode(model, {}, [&](std::string_view piece) { written += piece; }); }),
               "Fehler 6: Überlauf (Main.File.Java.GenerateCode)");
     EXPECT_EQ(written, "") << "nobody may be left with half a source";
-    model.DeleteComponent({ComponentKind::OptionGroup, 1});
+    model.DeleteComponent({ComponentKind::OptionGroup, 2});
     EXPECT_EQ(test::ErrorOf([&] { GenerateCode(model, {}); }), "");
 }
 
