@@ -160,6 +160,24 @@ TEST(Hints, TextsMayBeAsLongAsTheCompilerTakesThem) {
     }
 }
 
+TEST(Hints, MenusMayBeAsLongAsTheCompilerTakesThem) {
+    const auto keysOf = [](std::size_t name, std::size_t caption, int entries) {
+        ProjectModel model;
+        cMenu& menu = model.EditMenus().Append("M", std::string(name, 'm'));
+        menu.AddEntry(std::string(caption, 'x'), cMenu::Entry);
+        for (int entry = 0; entry < entries; ++entry)
+            menu.AddEntry(std::to_string(entry), cMenu::Entry);
+        std::string keys;
+        for (const Hint& hint : FindHints(model, {}, {.menu = true}))
+            Append(keys, hint.rule->key, " ");
+        return keys;
+    };
+    EXPECT_EQ(keysOf(60000, 5535, 0), "");
+    EXPECT_EQ(keysOf(60000, 5536, 0), "text-too-long ");
+    EXPECT_EQ(keysOf(1, 1, 3000), "");
+    EXPECT_EQ(keysOf(1, 1, 8000), "program-too-large ");
+}
+
 /// Every line of a menu repeats the menu's name, so a small file can ask for more text than any memory holds.
 TEST(Hints, AMenuTooLargeToGenerateIsOneHint) {
     ProjectModel model;
