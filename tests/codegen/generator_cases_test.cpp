@@ -67,8 +67,11 @@ TEST(JavaGenerator, WritesWhatTheProjectFileDoesNotHoldAndNothingThatIsDeleted) 
 }
 
 TEST(JavaGenerator, ARadioButtonOutsideSixteenBitsIsAnError) {
+    ProjectModel large; // than what is written at once
+    for (int placed = 0; placed < 3000; ++placed)
+        large.PlaceComponent(ComponentKind::Button, {0, 0, 50, 50});
     for (const std::size_t bad : {1U, 2U}) {
-        ProjectModel model;
+        ProjectModel model = large;
         for (int placed = 0; placed < 2; ++placed)
             model.PlaceComponent(ComponentKind::OptionGroup, {32000, 0, 100, 100});
         Control& group = model.EditElement({ComponentKind::OptionGroup, bad});
