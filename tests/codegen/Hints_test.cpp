@@ -115,12 +115,12 @@ TEST(Hints, WhatFollowsFromAnotherHintIsNone) {
     cMenu& unnamed = model.EditMenus().Append("A", "1");
     unnamed.AddEntry(entry, cMenu::Entry);
     unnamed.AddEntry("B", cMenu::SubMenu)->AddEntry(entry, cMenu::Entry);
-    cMenu* sub = model.EditMenus().Append("C", "c").AddEntry("D", cMenu::SubMenu);
+    cMenu* sub = model.EditMenus().Append("C", "c").AddEntry("D\"", cMenu::SubMenu);
     sub->AddEntry("E", cMenu::SubMenu)->AddEntry(entry, cMenu::Entry);
     std::string keys;
     for (const Hint& hint : FindHints(model, {}, {.menu = true}))
         Append(keys, hint.rule->key, " ");
-    EXPECT_EQ(keys, "invalid-name nested-submenu ");
+    EXPECT_EQ(keys, "invalid-name unescaped-quote nested-submenu ");
 }
 
 TEST(Hints, AWindowNeedsAPixel) {
