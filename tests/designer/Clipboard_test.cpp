@@ -169,7 +169,8 @@ TEST(Clipboard, ACopyTakesTheNextFreeName) {
     for (const auto& [name, copies] : cases) {
         Designer designer;
         const ComponentRef first = designer.Place(Label, {10, 10, 60, 30});
-        designer.document.Edit("", [&](ProjectModel& model) { model.EditElement(first).ObjectName = name; });
+        designer.document.Edit(
+            "", [&, wanted = name](ProjectModel& model) { model.EditElement(first).ObjectName = wanted; });
         EXPECT_EQ(JavaLines(SelectedPart(designer.document)).find("\r\n\r\n\r\n"), std::string::npos);
         std::string names;
         for (int i = 0; i < 2; ++i) {
