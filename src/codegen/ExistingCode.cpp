@@ -249,9 +249,7 @@ void ExistingCode::ReadDatabaseBlock(std::size_t first) {
         else if (step < 0 && result != 0 && (frame.inOrder ? level == 0 : isOurs(index)))
             close = index;
     }
-    if (open == 0 || open > query)
-        return;
-    if (query == 0 || result == 0 || close == 0)
+    if (open == 0 || open > query || close == 0)
         return;
     AddPiece(Keep({"if", members::block, {}}), CodeSection::Constructor, first, first + 6);
     AddPiece(Keep({"{", members::block, {}}), CodeSection::Constructor, open, open + 1);

@@ -92,7 +92,9 @@ void Take(std::string_view step, ProjectModel& model, UpdateOptions& options) {
         options.windows1252 = true;
     } else {
         Control& element = Element(model, what);
-        FindRow(element, second)->set(element, ReplaceAll(third, "|", std::string_view("", 1)));
+        const PropertyRow& row = *FindRow(element, second);
+        row.set(element,
+                ReplaceAll(third, "|", row.key->editor == EditorKind::List ? std::string_view("", 1) : "\r\n"));
     }
 }
 
