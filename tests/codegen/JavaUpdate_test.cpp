@@ -92,9 +92,7 @@ void Take(std::string_view step, ProjectModel& model, UpdateOptions& options) {
         options.windows1252 = true;
     } else {
         Control& element = Element(model, what);
-        const PropertyRow& row = *FindRow(element, second);
-        row.set(element,
-                ReplaceAll(third, "|", row.key->editor == EditorKind::List ? std::string_view("", 1) : "\r\n"));
+        FindRow(element, second)->set(element, ReplaceAll(third, "|", std::string_view("", 1)));
     }
 }
 
@@ -191,6 +189,12 @@ TEST(JavaUpdate, ChangesWhatIsPirolsAndKeepsWhatIsThePupils) {
         for (const Case& test : CasesIn(file))
             if (const std::string result = ResultOf(test); result != test.result)
                 ADD_FAILURE() << "= " << test.title << "\n" << result << "instead of\n" << test.result;
+}
+
+TEST(UpdateReport, CountsWhatWasDone) {
+    EXPECT_EQ(SummaryOf({}), "");
+    EXPECT_EQ(SummaryOf({{UpdateAction::Reported, ""}, {UpdateAction::New, ""}, {UpdateAction::Reported, ""}}),
+              "1 neu, 2 gemeldet");
 }
 
 } // namespace
