@@ -101,6 +101,20 @@ TEST(KeepingThread, TheDesignOnTheScreenHasItsFileAsLongAsItNeedsOne) {
     EXPECT_EQ(KeptDesigns(KeptFolder(folder))[0].reason, "Pirol wurde nicht richtig beendet");
 }
 
+TEST(KeepingThread, TellsWhatCannotBeWritten) {
+    const test::ScratchFolder scratch;
+    CreateFileBytes(scratch / "file", "");
+    std::string told;
+    {
+        KeepingThread keeping(scratch / "file", [&told](const std::string& failure) { told += failure; });
+        keeping.KeepShown(Design("a"));
+        EXPECT_FALSE(keeping.Wait().empty());
+        keeping.ForgetShown();
+        EXPECT_EQ(keeping.Wait(), "") << "there is nothing to write";
+    }
+    EXPECT_FALSE(told.empty());
+}
+
 /// The oldest of too many that wait is left in its file.
 TEST(KeepingThread, NoMoreWaitThanAreKept) {
     const test::ScratchFolder scratch;

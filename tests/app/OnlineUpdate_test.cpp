@@ -126,6 +126,10 @@ TEST(Signature, HasOneFormOnly) {
                       static_cast<unsigned char>(other[at]) < static_cast<unsigned char>(order[at]))
                 << at;
         }
+    const std::string good = Author().Signature(text);
+    EXPECT_FALSE(IsSignedBy(Author().PublicKey() + "x", text, good));
+    EXPECT_FALSE(IsSignedBy(Author().PublicKey().substr(1), text, good));
+    EXPECT_FALSE(IsSignedBy(Author().PublicKey(), text, good + "x"));
     for (const char* const key : {"", "\0", "\1", "\xEC\xFF"}) { // for which the library would end the program
         std::string point(publicKeySize, key[0] == '\xEC' ? '\xFF' : '\0');
         point[0] = key[0];
@@ -483,6 +487,13 @@ TEST(DownloadFolder, KeepsAPartFromOneRunToTheNext) {
     EXPECT_EQ(whole, folder / ContentFile().name);
     EXPECT_EQ(ReadFileBytes(whole), "abc");
     EXPECT_EQ(again.Mark(), "") << "the next part is another file's";
+    fs::remove(folder / "lock"); // as if that program had ended
+    DownloadFolder third(folder, ContentFile());
+    third.Hold();
+    EXPECT_EQ(third.Size(), 3U) << "what was whole is looked at again";
+    third.SetMark("x");
+    third.SetMark("");
+    EXPECT_EQ(third.Mark(), "");
     again.SetMark("\"y\"");
     again.Append("d");
     again.Clear();

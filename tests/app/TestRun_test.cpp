@@ -481,6 +481,11 @@ TEST(ChildProcess, IsARealOne) {
     EXPECT_EQ(Printed("pwd; for w; do echo \"<$w>\"; done; echo wrong >&2; exit 3", {"a b", "\"ü'\\", ""}),
               "/\n<a b>\n<\"ü'\\>\n<>\nwrong\n|3");
     EXPECT_EQ(Printed("read line; echo got $line", {}, "it\n"), "got it\n|0");
+    // One that takes its time before it reads, and one that never does, whose input a stranger holds.
+    EXPECT_EQ(Printed("sleep 0.15; head -c 1000000 | wc -c", {}, std::string(1'000'000, 'x')), "1000000\n|0");
+    const std::unique_ptr<ChildProcess> gone =
+        SystemProcessStarter().Start({"/bin/sh", {"-c", "setsid sleep 1 &"}, {}});
+    EXPECT_FALSE(gone->Write(std::string(10'000'000, 'x')));
     // What it leaves behind goes with it, though that holds its output open.
     const std::string left = Printed("sleep 1000 & echo $!", {});
     const int leftProcess = std::stoi(left);

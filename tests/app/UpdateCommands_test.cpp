@@ -176,6 +176,17 @@ TEST_F(UpdateCommandsTest, TheEncodingStays) {
     }
 }
 
+TEST_F(UpdateCommandsTest, NothingIsWrittenWhenAVersionCannotBeKept) {
+    const std::string before = ReadFileBytes(path_);
+    fs::create_directories(PathOf(TextOf(path_) + ".bak9/x"));
+    CreateFileBytes(PathOf(TextOf(path_) + ".bak8"), "old");
+    EXPECT_NE(test::ErrorOf([&] { EXPECT_TRUE(WriteUpdate(Prepared(50))); }), "");
+    EXPECT_EQ(ReadFileBytes(path_), before);
+    EXPECT_EQ(FilesIn(folder_ / "").size(), 3U) << "no copy is left half-way";
+    test::FakeDialogs dialogs;
+    EXPECT_EQ(ChooseJavaFile({}, dialogs), "") << "cancelled";
+}
+
 TEST_F(UpdateCommandsTest, AFileThatChangedOrWentIsLeftAlone) {
     const FileUpdate update = Prepared(50);
     ReplaceFileBytes(path_, "von BlueJ");

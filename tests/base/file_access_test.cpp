@@ -29,6 +29,14 @@ TEST(FileAccess, ReplacingLeavesNoRemainderAndNoOtherFile) {
     ReplaceFileBytes(file, std::string_view("x\0y", 3));
     EXPECT_EQ(ReadFileBytes(file), std::string("x\0y", 3));
     EXPECT_EQ(CountIn(file.parent_path()), 1U);
+    std::string all;
+    ReplaceFile(file, [&all](const ByteSink& write) {
+        for (char piece = 'a'; piece <= 'g'; ++piece) {
+            write(std::string(90'000, piece));
+            all.append(90'000, piece);
+        }
+    });
+    EXPECT_EQ(ReadFileBytes(file), all);
 }
 
 TEST(FileAccess, WhatFailsHalfWayLeavesTheOldFile) {
@@ -94,6 +102,7 @@ TEST(FileLock, MovesItsFileAlong) {
     EXPECT_FALSE(kept->IsInPlace());
     kept.reset();
     EXPECT_EQ(ReadFileBytes(scratch / "b"), "another one");
+    EXPECT_EQ(ErrorNumberOf([&] { FileLock::TryLock(scratch / "nowhere/a"); }), 53);
 }
 
 TEST(FileAccess, PipesAndDevicesAreRefusedAtOnce) {

@@ -31,6 +31,11 @@ TEST(CanvasView, PixelsBelongTogether) {
         }
     }
     EXPECT_EQ(At(200).ToScreen(Rectangle{10, 20, 0, 5}), Rectangle{});
+    EXPECT_EQ(At(200).ToScreen(Rectangle{10, 20, 5, 0}), Rectangle{});
+    EXPECT_EQ(At(25).ToScreen(Rectangle{10, 20, 1, 1}), (Rectangle{3, 5, 1, 1})) << "never nothing";
+    EXPECT_EQ(At(200).ToScreen(Rectangle{10, 20, 1, 1}), (Rectangle{20, 40, 2, 2}));
+    EXPECT_EQ(At(24).Zoom() + At(401).Zoom() + CanvasView().Zoom(), 25 + 400 + 100);
+    EXPECT_EQ(At(150).Factor(), 1.5);
 }
 
 TEST(CanvasView, StepsAndTypedZooms) {

@@ -107,6 +107,7 @@ TEST(Clipboard, MissingFilesAreReported) {
     for (char name = 'a'; name <= 'k'; ++name)
         designer.Place(Picture, {0, 0, 0, 0});
     designer.Place(Sound, {0, 0, 0, 0});
+    designer.Place(Label, {0, 0, 50, 20});
     designer.document.Edit("", [](ProjectModel& model) {
         for (std::size_t i = 1; i <= 10; ++i)
             static_cast<dBild&>(model.EditElement({Picture, i})).File = std::string(i, 'x');
@@ -169,7 +170,8 @@ TEST(Clipboard, ACopyTakesTheNextFreeName) {
     for (const auto& [name, copies] : cases) {
         Designer designer;
         const ComponentRef first = designer.Place(Label, {10, 10, 60, 30});
-        designer.document.Edit("", [&](ProjectModel& model) { model.EditElement(first).ObjectName = name; });
+        designer.document.Edit(
+            "", [&, wanted = name](ProjectModel& model) { model.EditElement(first).ObjectName = wanted; });
         EXPECT_EQ(JavaLines(SelectedPart(designer.document)).find("\r\n\r\n\r\n"), std::string::npos);
         std::string names;
         for (int i = 0; i < 2; ++i) {
