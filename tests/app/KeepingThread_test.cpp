@@ -74,10 +74,12 @@ TEST(KeepingThread, TheDesignOnTheScreenHasItsFileAsLongAsItNeedsOne) {
         keeping.CheckFiles();
         keeping.Wait();
         EXPECT_EQ(fs::last_write_time(file), fs::file_time_type{}) << "in place";
+#ifndef _WIN32 // where a folder stays as long as a file in it is open
         fs::remove_all(folder);
         keeping.CheckFiles();
         keeping.Wait();
         EXPECT_EQ(Left(folder), "a") << "written again";
+#endif
         keeping.ForgetShown();
         keeping.Wait();
         EXPECT_EQ(Left(folder), "none");

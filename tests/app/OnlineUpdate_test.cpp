@@ -136,10 +136,6 @@ TEST(Signature, HasOneFormOnly) {
         EXPECT_FALSE(IsSignedBy(point, text, signature));
     }
     EXPECT_EQ(HashOf("abc"), "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad");
-    for (std::size_t size = 0; size < Content().size(); size += 1 + size * size / 2) {
-        const std::string bytes = FromBase64(ToBase64(Content().substr(0, size))).value();
-        EXPECT_EQ(bytes, Content().substr(0, size));
-    }
     std::string all;
     for (int i = 0; i < 256; ++i)
         all += static_cast<char>(i * 7);
@@ -487,19 +483,19 @@ TEST(DownloadFolder, KeepsAPartFromOneRunToTheNext) {
     EXPECT_EQ(whole, folder / ContentFile().name);
     EXPECT_EQ(ReadFileBytes(whole), "abc");
     EXPECT_EQ(again.Mark(), "") << "the next part is another file's";
-    fs::remove(folder / "lock"); // as if that program had ended
-    DownloadFolder third(folder, ContentFile());
-    third.Hold();
-    EXPECT_EQ(third.Size(), 3U) << "what was whole is looked at again";
-    third.SetMark("x");
-    third.SetMark("");
-    EXPECT_EQ(third.Mark(), "");
     again.SetMark("\"y\"");
     again.Append("d");
     again.Clear();
     EXPECT_EQ(again.Mark() + std::to_string(again.Size()), "0");
 
 #ifndef _WIN32 // where a folder stays as long as a file in it is open
+    CreateFileBytes(whole, "abcd");
+    fs::remove(folder / "lock");
+    again.Hold();
+    EXPECT_EQ(again.Size(), 4U) << "what was whole is looked at again";
+    again.SetMark("x");
+    again.SetMark("");
+    EXPECT_EQ(again.Mark(), "");
     fs::remove_all(folder);
     again.Hold();
     EXPECT_EQ(again.Size(), 0U) << "the folder may vanish";
