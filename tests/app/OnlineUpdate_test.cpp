@@ -489,7 +489,7 @@ TEST(DownloadFolder, KeepsAPartFromOneRunToTheNext) {
     EXPECT_EQ(again.Mark() + std::to_string(again.Size()), "0");
 
 #ifndef _WIN32 // where a folder stays as long as a file in it is open
-    CreateFileBytes(whole, "abcd");
+    ReplaceFileBytes(whole, "abcd");
     fs::remove(folder / "lock");
     again.Hold();
     EXPECT_EQ(again.Size(), 4U) << "what was whole is looked at again";
