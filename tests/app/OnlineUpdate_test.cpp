@@ -638,6 +638,27 @@ TEST(VersionLookup, EndsAtItsLimitsAndWhenItIsStopped) {
     EXPECT_EQ(server.told, nullptr) << "the end stops it";
 }
 
+/// Each letter is what the statuses from there on mean, "-" for those that bring what was asked for.
+TEST(UpdateFaults, BelongToTheirStatuses) {
+    const auto letter = [](int status) {
+        const std::optional<UpdateFault> fault = FaultOfStatus(status);
+        return !fault                                     ? '-'
+               : fault == UpdateFault::Redirected         ? 'r'
+               : fault == UpdateFault::ProxyWantsPassword ? 'p'
+               : fault == UpdateFault::NotOnServer        ? 'n'
+               : fault == UpdateFault::WebPage            ? 'w'
+               : fault == UpdateFault::ServerBusy         ? 'b'
+               : fault == UpdateFault::BadAnswer          ? '?'
+                                                          : '!';
+    };
+    std::string changes;
+    for (int status = 0; status < 1000; ++status)
+        if (status == 0 || letter(status) != letter(status - 1))
+            Append(changes, status, std::string(1, letter(status)), " ");
+    EXPECT_EQ(changes, "0? 200- 201? 206- 207? 300r 400? 404n 405? 407p 408? 410n 411? 416- 417? 429b 430? 500b 511w "
+                       "512b 600? ");
+}
+
 TEST(UpdateSource, IsWholeOrNone) {
     const std::string key = ToBase64(Author().PublicKey());
     EXPECT_EQ(ReadUpdateSource("https://h/p", key, "").UrlOf("x"), "https://h/p/x");
