@@ -69,6 +69,8 @@ TEST(ComponentList, TellsTextsAndFindsCapitals) {
     list.Rebuild(plain);
     EXPECT_EQ(Shown(list, plain), "(Fenster 640 x 480(hatRegler1, hatBild1, hatTabelle1))");
     EXPECT_EQ(list.TextOf(plain, 2) + "/" + list.TextOf(plain, 3), "/a.bmp");
+    plain.EditElement({ComponentKind::Table, 1}).ObjectName = std::string(1001, 'x');
+    EXPECT_EQ(list.NameOf(plain, 4), std::string(1000, 'x') + "…");
     // The letters from À to ß and from à to ÿ are 32 apart; × and ÷ are none, and ß and ÿ no pair.
     for (int code = 0x80; code <= 0x9F; ++code) {
         const std::string large = {'\xC3', static_cast<char>(code)};
