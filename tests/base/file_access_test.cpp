@@ -90,7 +90,9 @@ TEST(FileLock, MovesItsFileAlong) {
     const test::ScratchFolder scratch;
     std::optional<FileLock> kept = FileLock::TryLock(scratch / "a");
     std::optional<FileLock> other = FileLock::TryLock(scratch / "b");
+    const std::size_t open = CountIn("/proc/self/fd");
     EXPECT_FALSE(FileLock::TryLock(scratch / "a"));
+    EXPECT_EQ(CountIn("/proc/self/fd"), open);
     *kept = std::move(*other);
     other.reset();
     EXPECT_EQ(CountIn(scratch / ""), 1U);
