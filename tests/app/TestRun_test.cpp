@@ -186,6 +186,24 @@ TEST_F(TestRunTest, ARejectedSourceLeavesJavaWaiting) {
               "*1\n*0\n*1\n" + substitute + "*2\n:Das Programm ist beendet.\n*0\n");
 }
 
+TEST_F(TestRunTest, AWaitingJavaIsForTheSameProgramOnly) {
+    for (const bool keepsReady : {false, true}) {
+        const std::string shown = "\1R17\tcompiler\n\1S\n\1W\n";
+        starter_.scripts = {shown, keepsReady ? "~" : shown, shown, "~"};
+        starter_.calls.clear();
+        std::string told;
+        TestRun run(
+            starter_, surroundings_, [&told](const RunEvent& event) { told += Text(event); }, keepsReady);
+        for (const char* const folder : {"jdk", "jdk/bin"}) {
+            run.Start({"class", folder_ / folder, {}});
+            run.Wait();
+        }
+        EXPECT_EQ(starter_.calls, keepsReady ? (std::vector<std::string>{"cold", "warm", "cold", "warm"})
+                                             : (std::vector<std::string>{"cold", "cold"}));
+        EXPECT_EQ(std::count(told.begin(), told.end(), '3'), 2) << told;
+    }
+}
+
 TEST_F(TestRunTest, SaysWhyAProgramCannotRun) {
     EXPECT_EQ(Told({"\1R17\t\n~"}), "*1\nE:Dieses Java (17) hat keinen Compiler. Zum Testen braucht Pirol ein JDK.\n"
                                     "E:Java hat sich beendet, bevor das Programm laufen konnte.\n*0\n");
