@@ -128,6 +128,17 @@ std::string Fitted(const TableRow& row) {
     return {shown.begin(), shown.end()};
 }
 
+/// The line of the project file and the statements of a component as the user has placed it.
+Fields NewComponent(const TableRow& row) {
+    ProjectModel model;
+    const Control& placed = model.Element(model.PlaceComponent(KindByKey(row[0]).value(), {1, 2, 30, 40}));
+    std::string line = placed.CreatePRLString(3, 4);
+    std::replace(line.begin(), line.end(), fieldSeparator, ' ');
+    std::replace(line.begin(), line.end(), itemSeparator, '/');
+    return Answer(model.VisibleBox({placed.Kind(), 1}), Trim(ReplaceAll(line, lineEnd, "")),
+                  Trim(ReplaceAll(placed.CreateInitText(5, 6), "\r\n", "")));
+}
+
 std::string ImportError(const std::string& java) {
     ProjectModel model;
     return ErrorOf([&] { AnalyseCode("good = new Etikett(1, 2, 3, 4, \"x\"); " + java, model); });
@@ -161,6 +172,7 @@ const Rule rules[] = {
     {"method-bytes", [](auto& row) { return Answer(MethodBytes(row[0])); }},
     {"import-lines", [](auto& row) { return Answer(GetAllLines(row[0], "Knopf")); }},
     {"import-values", [](auto& row) { return Answer(GetValue(row[0], row[1], "f", "default")); }},
+    {"new-components", NewComponent},
     {"import-errors", [](auto& row) { return Answer(ImportError(row[0])); }},
     // The look of components and windows
     {"snap-to-grid",

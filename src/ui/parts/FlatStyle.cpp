@@ -1,5 +1,6 @@
 #include "ui/parts/FlatStyle.h"
 
+#include "ui/parts/Bitmaps.h"
 #include "ui/parts/Theme.h"
 
 #include <QAbstractItemView>
@@ -332,6 +333,12 @@ QRect FlatStyle::subElementRect(SubElement element, const QStyleOption* option, 
     if (element == SE_CheckBoxFocusRect || element == SE_RadioButtonFocusRect)
         return box.adjusted(-1, 0, tokens::unit, 0).intersected(option->rect);
     return box;
+}
+
+QIcon FlatStyle::standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const {
+    if (icon == SP_ToolBarHorizontalExtensionButton)
+        return CommandIcon("right"); // menu bars ask for it at once, and Qt's own is a file that is read at once
+    return QProxyStyle::standardIcon(icon, option, widget);
 }
 
 int FlatStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
