@@ -682,6 +682,7 @@ TEST(UpdateRecord, RemembersTheHighestSerialAndTheWeek) {
     constexpr std::time_t day = 86400;
     EXPECT_TRUE(updaterecord::IsLookDue(in2026));
     updaterecord::AddLook(in2026);
+    EXPECT_FALSE(updaterecord::IsLookDue(in2026));
     EXPECT_FALSE(updaterecord::IsLookDue(in2026 + 6 * day));
     EXPECT_TRUE(updaterecord::IsLookDue(in2026 + 7 * day));
     EXPECT_TRUE(updaterecord::IsLookDue(in2026 - day)) << "a clock that was set back";
