@@ -1,9 +1,12 @@
 """A Windows of its own under Wine, for the programs that the cross compiler makes."""
 
+import hashlib
 import os
 import pathlib
 import re
 import shutil
+import ssl
+import struct
 import subprocess
 import tempfile
 
@@ -98,3 +101,15 @@ class Wine:
             elif found := re.fullmatch(r"    (.+?)    (REG_\w+)    ?(.*)", line):
                 values[current, found[1]] = found[2], found[3]
         return values
+
+    def trust(self, authority):
+        """Has this Windows believe servers for which the authority vouches, given by its certificate (PEM).
+
+        Wine needs that also for an authority that a program brings: Qt hands it over as a PKCS #12 store, and Wine
+        reads none that holds no key.
+        """
+        certificate = ssl.PEM_cert_to_DER_cert(authority.read_text())
+        # A certificate is property 32 of itself.
+        blob = struct.pack("<III", 32, 1, len(certificate)) + certificate
+        key = "HKLM\\Software\\Microsoft\\SystemCertificates\\Root\\Certificates\\" + hashlib.sha1(certificate).hexdigest().upper()
+        self.run("reg", "add", key, "/v", "Blob", "/t", "REG_BINARY", "/d", blob.hex(), "/f")
