@@ -13,7 +13,7 @@ import tempfile
 
 # Wine has none of the fonts that Windows and Java take for windows; these here have the same or nearly the same widths.
 # Windows smooths letters unless told otherwise; unsmoothed, Wine loses the thin capital I.
-FONTS = r"""Windows Registry Editor Version 5.00
+SCREEN = r"""Windows Registry Editor Version 5.00
 
 [HKEY_CURRENT_USER\Software\Wine\Fonts\Replacements]
 "Arial"="Liberation Sans"
@@ -27,15 +27,16 @@ FONTS = r"""Windows Registry Editor Version 5.00
 "FontSmoothingType"=dword:00000002
 "FontSmoothingGamma"=dword:00000578
 "FontSmoothingOrientation"=dword:00000001
+"LogPixels"=dword:{:08x}
 """
 
 
 class Wine:
-    """A fresh Windows with one German user, below a folder that is removed at the end."""
+    """A fresh Windows with one German user, below a folder that is removed at the end. It enlarges all it shows by `scale`."""
 
     USER = "Änne Groß"
 
-    def __init__(self, display):
+    def __init__(self, display, scale=1):
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="pirol-wine-"))
         locales = self.folder / "locales"
         locales.mkdir()
@@ -50,9 +51,9 @@ class Wine:
         # Signs that the keyboard lacks would not arrive.
         subprocess.run(["setxkbmap", "de"], env=self.environment, check=True, stderr=subprocess.DEVNULL)
         subprocess.run(["wineboot", "-i"], env=self.environment, check=True, capture_output=True)
-        fonts = self.folder / "fonts.reg"
-        fonts.write_text(FONTS)
-        subprocess.run(["wine", "regedit", "/S", fonts], env=self.environment, check=True, capture_output=True)
+        screen = self.folder / "screen.reg"
+        screen.write_text(SCREEN.format(round(96 * scale)))
+        subprocess.run(["wine", "regedit", "/S", screen], env=self.environment, check=True, capture_output=True)
         self.end_windows()
         # While a program runs, Windows stays up, and its own services' complaints go here instead of to our programs.
         self.shell = subprocess.Popen(["wine", "cmd"], env=self.environment, stdin=subprocess.PIPE,
