@@ -63,7 +63,10 @@ const FormRow forms[] = {
     {"frmPrint", "cmdPrinter", [](Program& p) { return new frmPrint(p.source, p.dialogs, p.owner); }},
     {"frmError", "cmdClose", [](Program& p) { return new frmError(RuntimeError(RuntimeError::DiskFull), p.owner); }},
     {"frmHelp", "cmdClose", [](Program& p) { return new frmHelp(p.owner); }},
-    {"frmRecovery", "cmdRestore", [](Program& p) { return new frmRecovery("/home/anna/Quiz.prl", 0, 2, p.owner); }},
+    {"frmRecovery", "cmdRestore",
+     [](Program& p) {
+         return new frmRecovery({{}, "/home/anna/Quiz.prl"}, 0, 2, p.owner);
+     }},
     {"frmAbout", "cmdClose", [](Program& p) { return new frmAbout(p.owner); }},
     {"frmDonation", "cmdClose", [](Program& p) { return new frmDonation(p.owner); }},
 };

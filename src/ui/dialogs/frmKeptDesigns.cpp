@@ -5,6 +5,7 @@
 #include "ui/parts/FormParts.h"
 #include "ui/parts/frmError.h"
 #include "ui/parts/RunBeside.h"
+#include "ui/parts/Theme.h"
 
 #include <QDateTime>
 #include <QFileInfo>
@@ -35,14 +36,14 @@ QIcon IconOf(const QPixmap& picture) {
 }
 
 /// In the middle of a picture that is as large as all others, with a frame.
-QPixmap Framed(const QImage& image) {
+QPixmap Framed(const QImage& image, const QPalette& palette) {
     QPixmap picture(pictureSize);
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
     QRect box(QPoint(0, 0), image.size());
     box.moveCenter(picture.rect().center());
     painter.drawImage(box, image);
-    painter.setPen(Qt::gray);
+    painter.setPen(palette.color(roles::outline));
     painter.drawRect(box.adjusted(-1, -1, 0, 0));
     return picture;
 }
@@ -65,7 +66,7 @@ frmKeptDesigns::frmKeptDesigns(std::filesystem::path folder, cCommonDialog& dial
     setWindowTitle("Pirol - Frühere Entwürfe");
     resize(firstSize);
     lstKept_->setIconSize(pictureSize);
-    lstKept_->setSpacing(2);
+    lstKept_->setSpacing(tokens::hairGap);
     auto* const note = NewNote("Was ungespeichert aus dem Fenster verschwindet, bleibt 30 Tage hier, höchstens 50 "
                                "Entwürfe und zusammen 100 MB. Die ältesten gehen zuerst.",
                                80);
@@ -122,7 +123,7 @@ void frmKeptDesigns::PaintNext() {
         }
         hasMore = picture_->PaintMore(std::chrono::milliseconds(10));
         if (!hasMore)
-            lstKept_->item(static_cast<int>(painted_))->setIcon(IconOf(Framed(picture_->Image())));
+            lstKept_->item(static_cast<int>(painted_))->setIcon(IconOf(Framed(picture_->Image(), palette())));
     }));
     if (!hasMore) {
         picture_.reset();

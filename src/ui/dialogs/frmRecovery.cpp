@@ -1,19 +1,21 @@
 #include "ui/dialogs/frmRecovery.h"
 
+#include "ui/canvas/DesignLabel.h"
 #include "ui/parts/FormParts.h"
+#include "ui/parts/Tokens.h"
 
 #include <QDateTime>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QStyle>
 #include <QVBoxLayout>
 
 namespace pirol {
 namespace {
 
-constexpr int charactersPerLine = 60;
+constexpr int charactersPerLine = 45;
+constexpr QSize largestPicture(240, 180);
 
 QString Question(const std::string& project, std::time_t written, std::size_t others) {
     const QString name = project.empty() ? "ein Entwurf, der noch nicht gespeichert war"
@@ -29,13 +31,13 @@ QString Question(const std::string& project, std::time_t written, std::size_t ot
 
 } // namespace
 
-frmRecovery::frmRecovery(const std::string& project, std::time_t written, std::size_t others, QWidget* owner)
+frmRecovery::frmRecovery(const OpenDesign& design, std::time_t written, std::size_t others, QWidget* owner)
     : QDialog(owner) {
     setObjectName("frmRecovery");
     setWindowTitle("Pirol - Wiederherstellung");
 
-    auto* const lblQuestion =
-        Named(NewNote(Question(project, written, others), charactersPerLine), "lblQuestion", "Was erhalten ist");
+    auto* const lblQuestion = Named(NewNote(Question(design.filePath, written, others), charactersPerLine),
+                                    "lblQuestion", "Was erhalten ist");
     lblQuestion->setMinimumHeight(lblQuestion->heightForWidth(lblQuestion->minimumWidth()));
 
     auto* const cmdRestore = NewButton("cmdRestore", "&Wiederherstellen", "Den Entwurf in das Fenster holen");
@@ -45,7 +47,8 @@ frmRecovery::frmRecovery(const std::string& project, std::time_t written, std::s
     cmdRestore->setDefault(true);
 
     auto* const question = new QHBoxLayout;
-    question->addWidget(NewPicture(style()->standardIcon(QStyle::SP_MessageBoxQuestion).pixmap(32, 32)));
+    question->setSpacing(tokens::wideGap);
+    question->addWidget(Named(new DesignLabel(design.model, largestPicture), "picDesign", "Bild des Entwurfs"));
     question->addWidget(lblQuestion, 1);
     auto* const all = new QVBoxLayout(this);
     all->addLayout(question, 1);

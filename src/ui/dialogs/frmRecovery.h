@@ -1,9 +1,10 @@
 #pragma once
 
+#include "project/Snapshot.h"
+
 #include <QDialog>
 
 #include <ctime>
-#include <string>
 
 namespace pirol {
 
@@ -14,8 +15,8 @@ class frmRecovery : public QDialog {
   public:
     enum class Answer { Restore, Discard, Later };
 
-    /// Path of the project, UTF-8, empty for one without; when the design was kept last; how many older ones there are.
-    frmRecovery(const std::string& project, std::time_t written, std::size_t others, QWidget* owner);
+    /// The design, which is shown as a picture; when it was kept last; how many older ones there are.
+    frmRecovery(const OpenDesign& design, std::time_t written, std::size_t others, QWidget* owner);
 
     /// What the user wants; closing the form means Later.
     Answer Chosen() const { return chosen_; }

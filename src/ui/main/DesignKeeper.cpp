@@ -167,7 +167,7 @@ bool DesignKeeper::Offer(const LeftDesign& left, std::size_t others) {
         SetAsideDamaged(left);
         return true;
     }
-    frmRecovery form(design.filePath, left.written, others, &window_);
+    frmRecovery form(design, left.written, others, &window_);
     form.exec();
     if (form.Chosen() == frmRecovery::Answer::Restore) {
         // The new recovery file first: between the two there is no moment without one.

@@ -16,6 +16,7 @@
 #include "ui/parts/FormParts.h"
 #include "ui/parts/frmError.h"
 #include "ui/parts/RunBeside.h"
+#include "ui/parts/Tokens.h"
 #include "ui/properties/plProperties.h"
 
 #include <QAction>
@@ -156,7 +157,7 @@ void frmMain::BuildStatusBar() {
     statusBar()->setObjectName("sbStatus");
     statusBar()->setFixedHeight(rowHeight);
     statusBar()->setSizeGripEnabled(false);
-    statusBar()->setContentsMargins(6, 0, 0, 0);
+    statusBar()->setContentsMargins(tokens::gap, 0, 0, 0);
     constexpr int widths[] = {0, 240, 140};
     for (int i = 0; i < 3; ++i) {
         panels_[i] = new QLabel;

@@ -2,6 +2,7 @@
 
 #include "ui/main/ComponentTree.h"
 #include "ui/parts/FormParts.h"
+#include "ui/parts/Tokens.h"
 
 #include <QComboBox>
 #include <QHeaderView>
@@ -46,8 +47,8 @@ lstComponents::lstComponents(Document& document, QWidget* parent)
     rows_->header()->setStretchLastSection(true);
 
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(4, 4, 4, 4);
-    column->setSpacing(4);
+    column->setContentsMargins(tokens::unit, tokens::unit, tokens::unit, tokens::unit);
+    column->setSpacing(tokens::unit);
     column->addWidget(txtFind_);
     column->addWidget(cboOrder_);
     column->addWidget(rows_, 1);

@@ -162,7 +162,7 @@ pnlOutput::pnlOutput(std::unique_ptr<ProcessStarter> starter, QWidget* parent)
 
     auto* const head = new QHBoxLayout;
     head->setContentsMargins(0, 0, 0, 0);
-    head->setSpacing(2);
+    head->setSpacing(tokens::hairGap);
     head->addWidget(heading_, 1);
     for (QWidget* widget : std::initializer_list<QWidget*>{cmdTest_, cmdStop_})
         head->addWidget(widget);

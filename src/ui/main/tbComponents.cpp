@@ -92,12 +92,12 @@ tbComponents::tbComponents(QWidget* parent) : QScrollArea(parent) {
     setWidgetResizable(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     // A slim bar, so that the longest caption stays whole beside it.
-    verticalScrollBar()->setFixedWidth(8);
+    verticalScrollBar()->setFixedWidth(tokens::gap);
     setFocusPolicy(Qt::NoFocus);
 
     auto* column = new QWidget;
     auto* rows = new QVBoxLayout(column);
-    rows->setContentsMargins(2, 2, 2, 2);
+    rows->setContentsMargins(tokens::hairGap, tokens::hairGap, tokens::hairGap, tokens::hairGap);
     rows->setSpacing(0);
     const auto add = [&](QToolButton* button, int index) {
         rows->addWidget(button, 1);

@@ -22,6 +22,14 @@ constexpr std::string_view storedName = "DesktopIsDark";
 
 constexpr int darkBelow = 128; // of 255
 
+/// Windows brings palettes with high contrast that the user chose among; elsewhere the desktop only says that it wants
+/// one.
+#ifdef _WIN32
+constexpr bool bringsContrastPalette = true;
+#else
+constexpr bool bringsContrastPalette = false;
+#endif
+
 /// A palette with high contrast has no colours to spare: what marks something does so with the colours of its text.
 QPalette WithRoles(QPalette palette) {
     const QBrush text = palette.brush(QPalette::WindowText);
@@ -124,8 +132,10 @@ void Theme::AskDesktop() {
 
 void Theme::Apply() {
     const bool isDark = appearance_ == Appearance::Dark || (appearance_ == Appearance::System && desktop_.isDark);
-    const bool isSystems = appearance_ == Appearance::System && desktop_.hasHighContrast;
-    const QPalette palette = isSystems ? WithRoles(systemPalette_) : PaletteOf(isDark ? tokens::dark : tokens::light);
+    const bool hasContrast = appearance_ == Appearance::System && desktop_.hasHighContrast;
+    const tokens::Colours& colours =
+        hasContrast ? (isDark ? tokens::contrastDark : tokens::contrastLight) : (isDark ? tokens::dark : tokens::light);
+    const QPalette palette = hasContrast && bringsContrastPalette ? WithRoles(systemPalette_) : PaletteOf(colours);
     if (palette == QApplication::palette())
         return;
     QApplication::setPalette(palette);

@@ -43,7 +43,8 @@ struct DesktopLook {
 };
 
 /// Gives all windows their colours, at once and whenever the choice or the desktop's changes. Where the desktop asks
-/// for high contrast its own palette stays. There is one, made after the application and before the first window.
+/// for high contrast all windows have it; a palette that the system brings for it stays. There is one, made after the
+/// application and before the first window.
 class Theme : public QObject {
     Q_OBJECT
 

@@ -7,7 +7,8 @@ namespace pirol::tokens {
 /// What all windows are made of: lengths, sizes of type and colours. Forms use these instead of numbers of their own.
 /// Lengths are pixels at 100 percent.
 
-constexpr int unit = 4; ///< all distances are multiples of it
+constexpr int unit = 4; ///< all distances are multiples of it, but the smallest
+constexpr int hairGap = unit / 2;
 constexpr int gap = 2 * unit;
 constexpr int margin = 3 * unit;
 constexpr int wideGap = 4 * unit;
@@ -97,6 +98,57 @@ constexpr Colours dark = {
     .tipText = {245, 245, 243},
     .error = {255, 138, 128},
     .note = {140, 190, 255},
+};
+
+/// For who asks the desktop for high contrast: text at least 7 to 1, outlines and rings at least 4.5 to 1.
+constexpr Colours contrastLight = {
+    .window = {255, 255, 255},
+    .base = {255, 255, 255},
+    .row = {255, 255, 255},
+    .text = {0, 0, 0},
+    .quiet = {50, 50, 50},
+    .disabled = {105, 105, 105},
+    .button = {255, 255, 255},
+    .hover = {230, 230, 230},
+    .pressed = {205, 205, 205},
+    .line = {90, 90, 90},
+    .outline = {0, 0, 0},
+    .selection = {255, 214, 90},
+    .selectionText = {0, 0, 0},
+    .accent = {242, 176, 30},
+    .accentText = {0, 0, 0},
+    .focus = {0, 70, 190},
+    .link = {0, 50, 160},
+    .surround = {210, 210, 210},
+    .tip = {0, 0, 0},
+    .tipText = {255, 255, 255},
+    .error = {150, 0, 20},
+    .note = {0, 55, 130},
+};
+
+constexpr Colours contrastDark = {
+    .window = {0, 0, 0},
+    .base = {0, 0, 0},
+    .row = {0, 0, 0},
+    .text = {255, 255, 255},
+    .quiet = {215, 215, 215},
+    .disabled = {150, 150, 150},
+    .button = {0, 0, 0},
+    .hover = {45, 45, 45},
+    .pressed = {70, 70, 70},
+    .line = {190, 190, 190},
+    .outline = {255, 255, 255},
+    .selection = {96, 74, 0},
+    .selectionText = {255, 255, 255},
+    .accent = {255, 200, 60},
+    .accentText = {0, 0, 0},
+    .focus = {255, 214, 90},
+    .link = {150, 195, 255},
+    .surround = {40, 40, 40},
+    .tip = {255, 255, 255},
+    .tipText = {0, 0, 0},
+    .error = {255, 160, 150},
+    .note = {160, 205, 255},
 };
 
 } // namespace pirol::tokens
