@@ -38,7 +38,7 @@ class Wine:
 
     def __init__(self, display, scale=1):
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="pirol-wine-"))
-        locales = self.folder / "locales"
+        locales = self.folder / ".locales"  # hidden: the folder is the desktop that file dialogs show
         locales.mkdir()
         subprocess.run(["localedef", "-i", "de_DE", "-f", "UTF-8", locales / "de_DE.UTF-8"], check=True)
         self.settings = {

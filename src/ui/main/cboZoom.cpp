@@ -10,7 +10,7 @@ namespace pirol {
 namespace {
 
 constexpr int fieldWidth = 84;
-constexpr int fieldHeight = rowHeight - 5; // what the status bar leaves for what it holds, so that all its texts stand level
+constexpr int fieldHeight = rowHeight - 5; // what the status bar leaves, so that all its texts stand level
 
 QString TextOf(int percent) {
     return QString("%1 %").arg(percent);

@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyleOption>
+#include <QToolButton>
 
 #include <algorithm>
 
@@ -90,16 +91,6 @@ void PaintToolButton(QPainter& painter, const QStyleOption& option) {
     } else if (IsEnabled(option) && (Has(option, QStyle::State_MouseOver) || Has(option, QStyle::State_Sunken))) {
         PaintBox(painter, box, Face(option, roles::hover), nothing);
     }
-    if (Has(option, QStyle::State_HasFocus))
-        PaintFocus(painter, option, box);
-}
-
-void PaintTick(QPainter& painter, const QRectF& box, const QColor& colour) {
-    const double side = box.width();
-    QPainterPath tick(box.topLeft() + QPointF(side * 0.24, side * 0.52));
-    tick.lineTo(box.topLeft() + QPointF(side * 0.43, side * 0.71));
-    tick.lineTo(box.topLeft() + QPointF(side * 0.77, side * 0.30));
-    painter.strokePath(tick, QPen(colour, side / 7, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
 }
 
 void PaintMark(QPainter& painter, const QStyleOption& option, bool isRound) {
@@ -231,6 +222,14 @@ void PaintComboBox(QPainter& painter, const QStyle& style, const QStyleOptionCom
 
 } // namespace
 
+void PaintTick(QPainter& painter, const QRectF& box, const QColor& colour) {
+    const double side = box.width();
+    QPainterPath tick(box.topLeft() + QPointF(side * 0.24, side * 0.52));
+    tick.lineTo(box.topLeft() + QPointF(side * 0.43, side * 0.71));
+    tick.lineTo(box.topLeft() + QPointF(side * 0.77, side * 0.30));
+    painter.strokePath(tick, QPen(colour, side / 7, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+}
+
 FlatStyle::FlatStyle() : QProxyStyle("Fusion") {}
 
 void FlatStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
@@ -241,6 +240,9 @@ void FlatStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
     case PE_PanelButtonTool:
         return PaintToolButton(*painter, *option);
     case PE_FrameFocusRect: {
+        // Qt keeps three pixels off the edge of tool buttons, which would run through the text of low ones.
+        if (qobject_cast<const QToolButton*>(widget) != nullptr)
+            return PaintFocus(*painter, *option, widget->rect().adjusted(1, 0, -1, 0));
         const bool isRow = qobject_cast<const QAbstractItemView*>(widget) != nullptr;
         return PaintBox(*painter, option->rect, nothing, ColourOf(*option, roles::focus),
                         isRow ? 1 : tokens::focusWidth, isRow ? 0 : tokens::radius);

@@ -4,6 +4,9 @@
 
 namespace pirol {
 
+/// Paints a tick into a square.
+void PaintTick(QPainter& painter, const QRectF& box, const QColor& colour);
+
 /// How all controls are drawn: flat areas, thin outlines, a ring around what has the keyboard. All colours come from
 /// the palette. What it leaves out is drawn as Fusion does.
 class FlatStyle final : public QProxyStyle {
