@@ -1,7 +1,6 @@
 #include "ui/main/cboZoom.h"
 
 #include "designer/CanvasView.h"
-#include "designer/MainLayout.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -10,7 +9,6 @@ namespace pirol {
 namespace {
 
 constexpr int fieldWidth = 84;
-constexpr int fieldHeight = rowHeight - 5; // what the status bar leaves, so that all its texts stand level
 
 QString TextOf(int percent) {
     return QString("%1 %").arg(percent);
@@ -26,7 +24,7 @@ cboZoom::cboZoom(QWidget* parent) : QComboBox(parent) {
     setInsertPolicy(NoInsert);
     setCompleter(nullptr);
     setFrame(false);
-    setFixedSize(fieldWidth, fieldHeight);
+    setFixedSize(fieldWidth, fontMetrics().height());
     for (const int percent : zoomSteps)
         addItem(TextOf(percent));
     ShowZoom(CanvasView::usualZoom);

@@ -336,6 +336,18 @@ QRect FlatStyle::subElementRect(SubElement element, const QStyleOption* option, 
     return box;
 }
 
+/// The field of a box without a frame is as high as the box, so that its text stands as high as a label's.
+QRect FlatStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                                const QWidget* widget) const {
+    QRect rect = QProxyStyle::subControlRect(control, option, part, widget);
+    const auto* const box = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+    if (part == SC_ComboBoxEditField && box != nullptr && !box->frame) {
+        rect.setTop(box->rect.top());
+        rect.setBottom(box->rect.bottom());
+    }
+    return rect;
+}
+
 int FlatStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
     switch (metric) {
     case PM_LayoutLeftMargin:
