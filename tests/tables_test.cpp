@@ -11,6 +11,7 @@
 #include "codegen/JavaSyntax.h"
 #include "designer/ComponentLook.h"
 #include "designer/Grid.h"
+#include "designer/InPlaceText.h"
 #include "designer/ListEditorModel.h"
 #include "designer/MainLayout.h"
 #include "menu/MenuEditor.h"
@@ -127,6 +128,17 @@ std::string Fitted(const TableRow& row) {
     return {shown.begin(), shown.end()};
 }
 
+/// The line of the project file and the statements of a component as the user has placed it.
+Fields NewComponent(const TableRow& row) {
+    ProjectModel model;
+    const Control& placed = model.Element(model.PlaceComponent(KindByKey(row[0]).value(), {1, 2, 30, 40}));
+    std::string line = placed.CreatePRLString(3, 4);
+    std::replace(line.begin(), line.end(), fieldSeparator, ' ');
+    std::replace(line.begin(), line.end(), itemSeparator, '/');
+    return Answer(model.VisibleBox({placed.Kind(), 1}), Trim(ReplaceAll(line, lineEnd, "")),
+                  Trim(ReplaceAll(placed.CreateInitText(5, 6), "\r\n", "")));
+}
+
 std::string ImportError(const std::string& java) {
     ProjectModel model;
     return ErrorOf([&] { AnalyseCode("good = new Etikett(1, 2, 3, 4, \"x\"); " + java, model); });
@@ -160,6 +172,7 @@ const Rule rules[] = {
     {"method-bytes", [](auto& row) { return Answer(MethodBytes(row[0])); }},
     {"import-lines", [](auto& row) { return Answer(GetAllLines(row[0], "Knopf")); }},
     {"import-values", [](auto& row) { return Answer(GetValue(row[0], row[1], "f", "default")); }},
+    {"new-components", NewComponent},
     {"import-errors", [](auto& row) { return Answer(ImportError(row[0])); }},
     // The look of components and windows
     {"snap-to-grid",
@@ -175,7 +188,33 @@ const Rule rules[] = {
     {"wrapped-texts", [](auto& row) { return Answer(WrapPoint(Wide(row[0]), row.Number(1), TestAdvance)); }},
     {"main-layouts", Layout},
     {"canvas-places", CanvasPlace},
+    {"panel-widths",
+     [](auto& row) {
+         const PanelWidths panels = PossibleWidths({row.Number(0), row.Number(1)}, row.Number(2));
+         return Answer(panels.toolbar, panels.properties);
+     }},
     {"scrolled-positions", [](auto& row) { return Answer(ScrolledPosition(row.Number(0))); }},
+    {"baselines",
+     [](auto& row) {
+         ProjectModel model;
+         const ComponentRef component = model.PlaceComponent(*KindByKey(row[0]), {0, row.Number(1), 90, row.Number(2)});
+         if (!row[3].empty())
+             static_cast<dEtikett&>(model.EditElement(component)).FontSize = row.Short(3);
+         const std::optional<int> baseline = BaselineOf(model.Element(component));
+         return Answer(baseline ? std::to_string(*baseline) : "none");
+     }},
+    {"in-place-texts",
+     [](auto& row) {
+         ProjectModel model;
+         Control& control = model.EditElement(model.PlaceComponent(*KindByKey(row[0]), {0, 0, 90, 30}));
+         if (!row[1].empty())
+             FindRow(control, row[1])->set(control, row[2]);
+         const std::optional<InPlaceText> text = InPlaceTextOf(control);
+         const std::string shown =
+             text ? (text->hasLines ? "lines of " : "") + std::string(text->key) + ":" + text->text : "none";
+         return Answer(ReplaceAll(shown, "\n", "/"),
+                       ReplaceAll(InPlaceValue(control, row[3]), std::string_view("\0", 1), "/"));
+     }},
     {"bars-to-show",
      [](auto& row) { return Answer(BarValueToShow(row.Number(0), row.Number(1), 100, row.Number(2), 40)); }},
     {"window-presets",
@@ -188,7 +227,11 @@ const Rule rules[] = {
     {"registry-values", [](auto& row) { return Answer(Shown(FindRegistryValue(row[0], "Software\\Pirol", "N"))); }},
     {"registry-changes", [](auto& row) { return Answer(WithRegistryN(row)); }},
     {"java-encodings", [](auto& row) { return Answer(static_cast<int>(EncodingOf(row[0]))); }},
-    {"file-filters", [](auto& row) { return Answer(Shown(FileFilters(row[0]))); }},
+    {"file-filters",
+     [](auto& row) {
+         const std::vector<FileFilter> filters = FileFilters(row[0]);
+         return Answer(Shown(filters), filters.empty() ? "" : ExtensionOf(filters.front()));
+     }},
     {"window-sizes", WindowSizes},
     {"error-reports", [](auto& row) { return Answer(ErrorReportText(row.Number(0), row[1], row[2])); }},
     {"error-advice", [](auto&) { return Answer(ErrorAdvice()); }},

@@ -130,11 +130,12 @@ std::string PropertyValue(std::string_view written) {
     constexpr std::size_t digitCount = 4;
     std::string value;
     for (std::size_t i = 0; i < written.size(); ++i) {
-        if (written[i] == '\\' && i + 1 < written.size())
+        const bool isEscape = written[i] == '\\' && i + 1 < written.size();
+        if (isEscape)
             ++i;
         const std::string_view digits = written.substr(i + 1, digitCount);
         unsigned code = 0;
-        if (i > 0 && written[i - 1] == '\\' && written[i] == 'u' && digits.size() == digitCount &&
+        if (isEscape && written[i] == 'u' && digits.size() == digitCount &&
             std::from_chars(digits.data(), digits.data() + digitCount, code, 16).ptr == digits.data() + digitCount) {
             value += code < 0x100 ? FromWindows1252(std::string(1, static_cast<char>(code))) : std::string("?");
             i += digitCount;

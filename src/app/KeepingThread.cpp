@@ -23,16 +23,13 @@ KeepingThread::~KeepingThread() {
     {
         const std::lock_guard lock(mutex_);
         retries_ = true;
-    }
-    changed_.notify_all();
-    Wait();
-    {
-        const std::lock_guard lock(mutex_);
         ends_ = true;
     }
     changed_.notify_all();
     if (thread_.joinable())
         thread_.join();
+    else
+        Wait();
     file_.StayBehind(staysBehind_);
 }
 

@@ -27,7 +27,7 @@ void AddSerial(std::uint32_t serial) {
 bool IsLookDue(std::time_t now) {
     const std::time_t today = now / secondsPerDay;
     const std::time_t last = registry::ReadNumber(key, lookName);
-    return last == 0 || today < last || today - last >= daysBetweenLooks;
+    return today < last || today - last >= daysBetweenLooks;
 }
 
 void AddLook(std::time_t now) {

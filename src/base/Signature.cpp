@@ -43,17 +43,10 @@ class Expression {
     gcry_sexp_t expression_ = nullptr;
 };
 
-/// The order of the curve's group, lowest byte first. Adding it to a signature's number gives another one that the
-/// library takes as well.
+/// Lowest byte first.
 constexpr std::array<unsigned char, signatureSize / 2> groupOrder = {
     0xED, 0xD3, 0xF5, 0x5C, 0x1A, 0x63, 0x12, 0x58, 0xD6, 0x9C, 0xF7, 0xA2, 0xDE, 0xF9, 0xDE, 0x14,
     0,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0x10};
-
-bool IsBelowGroupOrder(std::string_view number) {
-    return std::lexicographical_compare(
-        number.rbegin(), number.rend(), groupOrder.rbegin(), groupOrder.rend(),
-        [](auto a, auto b) { return static_cast<unsigned char>(a) < static_cast<unsigned char>(b); });
-}
 
 /// The curve has a few points, 0, 1 and -1, that are nobody's key and for which the library ends the program.
 bool IsKey(std::string_view publicKey) {
@@ -95,6 +88,12 @@ std::optional<std::string> FromBase64(std::string_view text) {
     }
     // Stray bits and missing or superfluous signs at the end show here.
     return ToBase64(bytes) == text ? std::optional(bytes) : std::nullopt;
+}
+
+bool IsBelowGroupOrder(std::string_view number) {
+    return std::lexicographical_compare(
+        number.rbegin(), number.rend(), groupOrder.rbegin(), groupOrder.rend(),
+        [](auto a, auto b) { return static_cast<unsigned char>(a) < static_cast<unsigned char>(b); });
 }
 
 bool IsSignedBy(std::string_view publicKey, std::string_view bytes, std::string_view signature) {

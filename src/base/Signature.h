@@ -17,6 +17,10 @@ constexpr std::size_t publicKeySize = 32;
 /// and for a second form of a right signature, of which there is only one that counts.
 bool IsSignedBy(std::string_view publicKey, std::string_view bytes, std::string_view signature);
 
+/// Whether a number (32 bytes, the lowest first) is less than the order of the curve's group, as the second half of a
+/// signature must be: adding the order to it gives another one that the library takes as well.
+bool IsBelowGroupOrder(std::string_view number);
+
 /// The SHA-256 of bytes that come piece by piece. Raises RuntimeError::OutOfMemory when it cannot be made.
 class Sha256 {
   public:

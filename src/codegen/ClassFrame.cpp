@@ -8,7 +8,6 @@
 #include "codegen/WordList.h"
 
 #include <algorithm>
-#include <array>
 #include <iterator>
 
 namespace pirol {
@@ -17,6 +16,8 @@ namespace {
 constexpr std::string_view baseClass = "EBAnwendung";
 /// Methods that the generator calls and pupils anywhere, too.
 constexpr std::string_view commonMethods[] = {"haengeAn", "schalteAn", "setzeInhalt", "setzeWert"};
+/// What a type declared behind the class begins with, modifiers aside.
+constexpr std::string_view typeBegins[] = {"class", "interface", "enum", "@"};
 /// A class's head is not longer, and what half-written lines put into a constructor's head.
 constexpr std::size_t longestHead = 40;
 constexpr std::size_t mostTokensBetween = 400;
@@ -110,7 +111,7 @@ void ClassFrame::FindConstructorOpen() {
         if (!tokens_.Is(ahead, "{"))
             continue;
         const bool isSure = ahead == constructor + 3 || hasThrows;
-        if (isSure || (tokens_[ahead].startsLine != 0 && Indent(tokens_, ahead) == Indent(tokens_, constructor)))
+        if (isSure || StandsAsConstructor(ahead))
             constructorOpen = ahead;
         if (isSure || (constructorOpen == ahead && !tokens_.Is(ahead - 1, ")")))
             return;
@@ -141,7 +142,7 @@ void ClassFrame::FindConstructorEnd() {
         trusted = !isKnown;
         if (step < 0 && level == 0)
             closing = index;
-        else if (step < 0 && tokens_[index].startsLine != 0 && Indent(tokens_, index) == Indent(tokens_, constructor))
+        else if (step < 0 && StandsAsConstructor(index))
             outerBrace = index;
         else if (outerBrace != 0 && isStatement())
             outerBrace = 0;
@@ -164,34 +165,35 @@ void ClassFrame::FindBrokenConstructorEnd() {
     std::size_t limit = constructorOpen + 1;
     std::size_t ownHead = 0;
     std::size_t outerBrace = 0;
-    std::size_t block = 0; // the database's "if" until it closes
-    std::size_t lastBrace = tokens_.Count();
+    std::size_t block = 0;                   // the database's "if" until it closes
+    std::size_t lastBrace = tokens_.Count(); // behind the last statement of ours
     for (; limit < tokens_.Count() && !IsKnownHead(limit); ++limit) {
-        if (tokens_.Is(limit, "}")) {
+        if (tokens_.Is(limit, "}") && tokens_.StartsLine(limit)) {
             lastBrace = limit;
-            if (tokens_[limit].startsLine != 0 && Indent(tokens_, limit) == Indent(tokens_, constructor))
+            if (StandsAsConstructor(limit))
                 outerBrace = limit;
         }
         RememberHandler(limit);
         if (tokens_.Are(limit, "if", "(", connectMethod))
             block = limit;
-        const bool closesBlock = block != 0 && tokens_.Is(limit, "}") && tokens_[limit].startsLine != 0 &&
+        const bool closesBlock = block != 0 && tokens_.Is(limit, "}") && tokens_.StartsLine(limit) &&
                                  Indent(tokens_, limit) == Indent(tokens_, block);
         if (closesBlock)
             block = 0;
         if (closesBlock || LooksLikeStatement(limit)) {
             lowest = limit;
+            lastBrace = tokens_.Count();
             ownHead = 0; // it stands in the constructor, where no method should
         } else if (ownHead == 0 && outerBrace > lowest && IsMethodHead(tokens_, limit, className)) {
             ownHead = limit;
         }
     }
     limit = ownHead != 0 ? ownHead : limit;
-    limit = limit < tokens_.Count() ? FirstOfHead(tokens_, limit) : std::max(lastBrace, lowest + 1);
+    limit = limit < tokens_.Count() ? FirstOfHead(tokens_, limit) : lastBrace;
     constructorEnd = limit;
     constructorCloses = false;
     for (std::size_t index = limit; index-- > lowest + 1;) {
-        if (!tokens_.Is(index, "}") || tokens_[index].startsLine == 0)
+        if (!tokens_.Is(index, "}") || !tokens_.StartsLine(index))
             continue;
         if (!constructorCloses || Indent(tokens_, index) == Indent(tokens_, constructor))
             constructorEnd = index;
@@ -206,28 +208,38 @@ void ClassFrame::FindClassEnd() {
     for (std::size_t index = constructorEnd + (constructorCloses ? 1 : 0); index < tokens_.Count(); ++index) {
         const int step = LevelStep(tokens_.Text(index));
         level += step;
+        if (wanted_.Known(tokens_[index]) != nullptr)
+            lastBrace = tokens_.Count(); // its braces are no tokens, so the class's must come behind
         if (step >= 0)
             continue;
-        lastBrace = index;
+        if (tokens_.StartsLine(index))
+            lastBrace = index;
         if (level != 0)
             continue;
         std::size_t next = index + 1;
         while (IsModifier(tokens_.Text(next)))
             ++next;
-        if (next == tokens_.Count() ||
-            Contains(std::array<std::string_view, 4>{"class", "interface", "enum", "@"}, tokens_.Text(next))) {
+        if (next == tokens_.Count() || Contains(typeBegins, tokens_.Text(next))) {
             classEnd = index;
             return;
         }
     }
     inOrder = false;
-    classEnd = lastBrace;
+    // As far left as the constructor it closes a method, and the class's is missing.
+    const bool closesMethod =
+        StandsAsConstructor(lastBrace) && Indent(tokens_, classToken) < Indent(tokens_, constructor);
+    classEnd = closesMethod ? tokens_.Count() : lastBrace;
+}
+
+/// Whether a token begins its line as far left as the constructor's head.
+bool ClassFrame::StandsAsConstructor(std::size_t index) const {
+    return tokens_.StartsLine(index) && Indent(tokens_, index) == Indent(tokens_, constructor);
 }
 
 bool ClassFrame::IsKnownHead(std::size_t index) {
     if (const GeneratedPiece* const known = wanted_.Known(tokens_[index]))
         return known->section == CodeSection::Methods;
-    if (!tokens_.Is(index + 1, "(") || index < 2 || tokens_.Is(index - 1, "."))
+    if (!tokens_.Is(index + 1, "(") || tokens_.Is(index - 1, "."))
         return false;
     const std::string_view name = tokens_.Text(index);
     if (!tokens_.Is(index - 1, "void"))
@@ -238,7 +250,7 @@ bool ClassFrame::IsKnownHead(std::size_t index) {
 
 /// Remembers a statement that registers a handler: that one's head ends the constructor.
 void ClassFrame::RememberHandler(std::size_t index) {
-    if (!tokens_.Is(index, "(") || index < 2 || !tokens_.Is(index - 2, "."))
+    if (!tokens_.Is(index, "(") || !tokens_.Is(index - 2, "."))
         return;
     if (tokens_.Text(index - 1).starts_with(registration))
         handlerTokens_.push_back(index + 1);

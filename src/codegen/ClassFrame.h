@@ -47,6 +47,7 @@ class ClassFrame {
     void FindBrokenConstructorEnd();
     void FindClassEnd();
     void SetRegions();
+    bool StandsAsConstructor(std::size_t index) const;
     bool IsKnownHead(std::size_t index);
     void RememberHandler(std::size_t index);
     bool IsNamedHandler(std::string_view name);

@@ -73,7 +73,7 @@ void ExistingCode::ReadFields(std::size_t first, std::size_t end, CodeSection se
                            (frame.inOrder && Indent(tokens_, index) != Indent(tokens_, frame.constructor))))
             continue;
         // A half-written line above may end in a word that reads like a modifier.
-        if (IsModifier(tokens_.Text(index)) && index + 1 < end && tokens_[index + 1].startsLine != 0)
+        if (IsModifier(tokens_.Text(index)) && tokens_.StartsLine(index + 1))
             continue;
         if (known != nullptr) {
             const std::string_view javaClass = known->code.substr(0, known->code.find(' '));
@@ -234,7 +234,7 @@ void ExistingCode::ReadDatabaseBlock(std::size_t first) {
     // Among braces that do not match, ours are those as far left as the "if" and alone in their lines.
     const auto isOurs = [&](std::size_t index) {
         const std::size_t end = tokens_[index].end;
-        return tokens_[index].startsLine != 0 && Indent(tokens_, index) == Indent(tokens_, first) &&
+        return tokens_.StartsLine(index) && Indent(tokens_, index) == Indent(tokens_, first) &&
                IsBlank(source_.substr(end, EndOfLine(source_, end) - end));
     };
     for (std::size_t index = first + 7; index < frame.constructorEnd && close == 0; ++index) {

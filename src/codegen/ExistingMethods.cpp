@@ -22,7 +22,7 @@ ExistingMethods::ExistingMethods(const SourceTokens& tokens, const GeneratedCode
 
 void ExistingMethods::Read(std::size_t first, std::size_t end) {
     int level = 1;
-    for (std::size_t index = std::max<std::size_t>(first, 2); index < end; ++index) {
+    for (std::size_t index = first; index < end; ++index) {
         level += LevelStep(tokens_.Text(index));
         const GeneratedPiece* const known = wanted_.Known(tokens_[index]);
         if (known != nullptr && known->section == CodeSection::Methods)
@@ -84,7 +84,7 @@ bool ExistingMethods::IsGeneratedHandler(std::size_t name, std::size_t& end) con
         LineBreaks(body) > linesOfBody)
         return false;
     // A brace of another depth was put in by the pupil.
-    if (tokens_[name + 4].startsLine != 0 && Indent(tokens_, name + 4) != Indent(tokens_, name))
+    if (tokens_.StartsLine(name + 4) && Indent(tokens_, name + 4) != Indent(tokens_, name))
         return false;
     const std::size_t* const wanted = wanted_.methods.Find(tokens_.Text(name));
     const std::string_view wantedCode = wanted == nullptr ? std::string_view() : wanted_.pieces[*wanted].code;
@@ -117,7 +117,7 @@ bool ExistingMethods::IsGeneratedQuery(std::size_t name, std::size_t& end) const
     }
     end = index + 1;
     // A brace of another depth was put in by the pupil.
-    if (tokens_[index].startsLine != 0 && Indent(tokens_, index) != Indent(tokens_, name))
+    if (tokens_.StartsLine(index) && Indent(tokens_, index) != Indent(tokens_, name))
         return false;
     const auto lines = [](const SourceTokens& tokens, std::size_t from, std::size_t to) {
         return LineBreaks(tokens.Source().substr(tokens[from].begin, tokens[to].end - tokens[from].begin));

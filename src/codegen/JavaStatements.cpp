@@ -81,7 +81,7 @@ std::optional<JavaHead> MethodHead(const JavaStatement& statement) {
         return std::nullopt;
     return JavaHead{.kind = HasType(before) ? JavaHead::Method : JavaHead::Constructor,
                     .name = statement[open - 1].text,
-                    .parameters = end - open == 2 ? 0 : statement.Arguments(open).size(),
+                    .parameters = statement.Arguments(open).size(),
                     .nameToken = open - 1};
 }
 

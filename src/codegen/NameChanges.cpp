@@ -14,7 +14,7 @@ namespace {
 using NewNames = std::map<std::string, std::string, std::less<>>;
 
 bool IsField(const SourceTokens& tokens, std::size_t name) {
-    return name > 0 && tokens.Is(name + 1, ";") && ClassForms().contains(tokens.Text(name - 1));
+    return tokens.Is(name + 1, ";") && ClassForms().contains(tokens.Text(name - 1));
 }
 
 /// Only what the source has under the old name is renamed, and only to a name that is free there by then.
@@ -78,7 +78,7 @@ std::string Renamed(const SourceTokens& tokens, const NewNames& names) {
     };
     for (std::size_t index = 0; index < tokens.Count(); ++index) {
         renameProposals(tokens[index].begin);
-        const bool isRegistration = index >= 4 && tokens.IsLiteral(index, '"') && tokens.Is(index - 1, "(") &&
+        const bool isRegistration = tokens.IsLiteral(index, '"') && tokens.Is(index - 1, "(") &&
                                     tokens.Text(index - 2).starts_with(registration) && tokens.Is(index - 3, ".") &&
                                     names.contains(tokens.Text(index - 4));
         if (isRegistration)

@@ -74,7 +74,7 @@ std::optional<SourceArguments> ReadArguments(const SourceTokens& tokens, std::si
 /// The end of a line that ends in ");" though its literals are not what they should be.
 std::size_t EndOfOddLine(const SourceTokens& tokens, std::size_t first) {
     const std::string_view source = tokens.Source();
-    if (tokens[first].startsLine == 0)
+    if (!tokens.StartsLine(first))
         return first;
     const std::size_t end = EndOfLine(source, tokens[first].begin);
     if (!source.substr(0, end).ends_with(");"))
@@ -89,8 +89,7 @@ bool IsModifier(std::string_view word) {
 }
 
 bool MayBegin(const SourceTokens& tokens, std::size_t index) {
-    return index == 0 || (index < tokens.Count() && tokens[index].startsLine != 0) ||
-           IsOneOf(tokens.Text(index - 1), ";{}");
+    return tokens.StartsLine(index) || IsOneOf(tokens.Text(index - 1), ";{}");
 }
 
 std::optional<SourceStatement> ReadStatement(const SourceTokens& tokens, std::size_t first) {
@@ -105,7 +104,7 @@ std::optional<SourceStatement> ReadStatement(const SourceTokens& tokens, std::si
             statement.assigned = tokens.Text(first);
             bracket += 2;
         }
-        if (tokens.Is(bracket, "new") && bracket > first && tokens.IsWord(bracket + 1)) {
+        if (tokens.Is(bracket, "new")) {
             statement.createdClass = tokens.Text(bracket + 1);
             bracket += 2;
         } else if (tokens.IsWord(bracket) && tokens.Is(bracket + 1, ".") && tokens.IsWord(bracket + 2)) {
@@ -137,7 +136,7 @@ std::vector<SourceDeclaration> ReadDeclarations(const SourceTokens& tokens, std:
     if (!IsType(tokens, index))
         return declarations;
     for (; tokens.Is(index + 1, ".") && tokens.IsWord(index + 2) && index < first + mostTokensAhead; index += 2)
-        if (tokens[index + 2].startsLine != 0)
+        if (tokens.StartsLine(index + 2))
             return declarations; // a half-written line
     const std::string_view javaClass = tokens.Text(index++);
     if (tokens.Is(index, "<"))
@@ -201,7 +200,7 @@ std::size_t Indent(const SourceTokens& tokens, std::size_t index) {
 }
 
 std::size_t FirstOfHead(const SourceTokens& tokens, std::size_t index) {
-    while (index > 0 && tokens[index].startsLine == 0 && tokens.IsWord(index - 1))
+    while (!tokens.StartsLine(index) && tokens.IsWord(index - 1))
         --index;
     return index;
 }

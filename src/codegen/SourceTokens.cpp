@@ -64,14 +64,14 @@ SourceTokens::SourceTokens(std::string_view source, Comments comments, KnownPiec
     Read(comments, known);
 }
 
-/// Takes a known piece at the position as one token and gives its end, or the position when there is none.
-std::size_t SourceTokens::TakeKnown(std::size_t begin, KnownPieces& known) {
+/// Takes a known piece at the position as one token, if there is one.
+bool SourceTokens::TakeKnown(std::size_t begin, KnownPieces& known) {
     const auto [piece, end] = known.Find(begin);
     if (piece == KnownPieces::none)
-        return begin;
+        return false;
     Add(begin, end, true);
     tokens_.back().known = static_cast<std::uint32_t>(piece + 1);
-    return end;
+    return true;
 }
 
 void SourceTokens::Read(Comments comments, KnownPieces* known) {
@@ -99,10 +99,10 @@ void SourceTokens::Read(Comments comments, KnownPieces* known) {
             break;
         }
         case ByteClass::Word:
-            if (startsLine && known != nullptr)
-                position = std::max(TakeKnown(begin, *known), begin + 1);
-            if (position > begin + 1)
-                break; // behind a known piece, which is longer than one byte
+            if (startsLine && known != nullptr && TakeKnown(begin, *known)) {
+                position = tokens_.back().end;
+                break;
+            }
             while (position < source_.size() && ClassOf(source_[position]) == ByteClass::Word)
                 ++position;
             Add(begin, position, startsLine);
@@ -149,10 +149,9 @@ void SourceTokens::Add(std::size_t begin, std::size_t end, bool startsLine, bool
 }
 
 bool SourceTokens::IsWord(std::size_t index) const {
-    if (index >= tokens_.size() || tokens_[index].known != 0)
-        return false;
-    const char first = source_[tokens_[index].begin];
-    return ClassOf(first) == ByteClass::Word && !IsDigit(first);
+    const std::string_view text = Text(index);
+    return !text.empty() && ClassOf(text.front()) == ByteClass::Word && !IsDigit(text.front()) &&
+           tokens_[index].known == 0;
 }
 
 bool SourceTokens::IsNumber(std::size_t index) const {

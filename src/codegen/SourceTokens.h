@@ -12,7 +12,7 @@ class KnownPieces;
 /// Where a word, number, literal or sign of a Java source stands.
 struct SourceToken {
     std::uint32_t begin : 31;
-    std::uint32_t startsLine : 1; ///< nothing but blanks and comments stand before it in its line
+    std::uint32_t startsLine : 1;
     std::uint32_t end : 31;
     std::uint32_t closed : 1; ///< false for a literal whose closing quote its line lacks
     std::uint32_t known;      ///< of a generated piece, word for word: its number from 1; otherwise 0
@@ -56,6 +56,8 @@ class SourceTokens {
         const char* const begin = source_.data() + tokens_[index].begin;
         return *begin == text.front() && std::string_view(begin, text.size()) == text;
     }
+    /// Nothing but blanks and comments stand before it in its line.
+    bool StartsLine(std::size_t index) const { return index < tokens_.size() && tokens_[index].startsLine != 0; }
     /// A name or keyword.
     bool IsWord(std::size_t index) const;
     bool IsNumber(std::size_t index) const;
@@ -77,7 +79,7 @@ class SourceTokens {
 
   private:
     void Read(Comments comments, KnownPieces* known);
-    std::size_t TakeKnown(std::size_t begin, KnownPieces& known);
+    bool TakeKnown(std::size_t begin, KnownPieces& known);
     std::size_t SkipComment(std::size_t begin, bool startsLine, Comments comments);
     void Add(std::size_t begin, std::size_t end, bool startsLine, bool closed = true);
 

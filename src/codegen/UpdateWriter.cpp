@@ -23,7 +23,7 @@ void UpdateWriter::FindLost(const UpdateBasis& basis) {
     if (basis.original.empty())
         return;
     const GeneratedCode original(basis.original);
-    for (std::size_t index = 0; index < wanted_.pieces.size() && index < original.pieces.size(); ++index)
+    for (std::size_t index = 0; index < wanted_.pieces.size(); ++index)
         if (wanted_.pieces[index].code != original.pieces[index].code)
             lost_.insert(index);
 }

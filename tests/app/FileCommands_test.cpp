@@ -150,6 +150,28 @@ TEST(FileCommands, ChangesByAnotherProgram) {
     EXPECT_EQ(ReadFileBytes(path), good);
 }
 
+TEST(FileCommands, ATemplateBeginsANewProject) {
+    ChangedDocument document("mine");
+    document.MarkSaved("mine.prl");
+    BeginWithTemplate(document, GeneratePRLCode(DesignOf("template")));
+    EXPECT_EQ(document.Model().Author(), "template");
+    EXPECT_EQ(document.FilePath(), "");
+    EXPECT_FALSE(document.IsChanged());
+    EXPECT_EQ(document.UndoLabel(), "Vorlage öffnen");
+    std::string sizes;
+    for (const NewWindowSize& size : newWindowSizes) {
+        NewProject(document, size);
+        sizes += std::to_string(document.Model().WindowWidth()) + "x" +
+                 std::to_string(document.Model().WindowHeight()) + " ";
+    }
+    EXPECT_EQ(sizes, "320x240 640x480 800x600 ");
+}
+
+TEST(Dialogs, BeginWithWhatIsUsual) {
+    EXPECT_EQ(PrintJob(), (PrintJob{"", "", "", false, 1, 0, 0})) << "one copy of all pages";
+    EXPECT_EQ(FontChoice(), (FontChoice{"", "", 10}));
+}
+
 constexpr std::string_view damaged =
     "critical Fehler: Die .prl - Datei ist fehlerhaft oder wurde manuell verändert.\r\n"
     "Der Ladevorgang wird abgebrochen!\n";

@@ -38,5 +38,95 @@ TEST(KeepingThread, WaitsForAPlaceAndTriesOnceMoreAtTheEnd) {
     EXPECT_TRUE(fs::is_empty(folder)) << "no recovery file is left";
 }
 
+std::size_t FilesBeside(const fs::path& folder) {
+    return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder), {}));
+}
+
+/// The file of the one design in the recovery folder; beside it lies its lock, which is empty.
+fs::path LeftFile(const fs::path& folder) {
+    EXPECT_LE(FilesBeside(folder), 2U);
+    for (const auto& entry : fs::directory_iterator(folder))
+        if (entry.file_size() != 0)
+            return entry.path();
+    return {};
+}
+
+std::string Left(const fs::path& folder) {
+    const fs::path file = LeftFile(folder);
+    return file.empty() ? "none" : ReadDesign(LeftDesign{file, 0}).model.Author();
+}
+
+TEST(KeepingThread, TheDesignOnTheScreenHasItsFileAsLongAsItNeedsOne) {
+    const test::ScratchFolder scratch;
+    const fs::path folder = scratch / "recovery";
+    fs::create_directories(folder);
+    std::string told;
+    {
+        KeepingThread keeping(folder, [&told](const std::string& failure) { told += "<" + failure + ">"; });
+        keeping.CheckFiles();
+        EXPECT_EQ(keeping.Wait(), "");
+        EXPECT_EQ(Left(folder), "none") << "nothing was shown";
+        keeping.KeepShown(Design("a"));
+        EXPECT_EQ(keeping.Wait(), "");
+        EXPECT_EQ(Left(folder), "a");
+        const fs::path file = LeftFile(folder);
+        fs::last_write_time(file, fs::file_time_type{});
+        keeping.CheckFiles();
+        keeping.Wait();
+        EXPECT_EQ(fs::last_write_time(file), fs::file_time_type{}) << "in place";
+        fs::remove_all(folder);
+        keeping.CheckFiles();
+        keeping.Wait();
+        EXPECT_EQ(Left(folder), "a") << "written again";
+        keeping.ForgetShown();
+        keeping.Wait();
+        EXPECT_EQ(Left(folder), "none");
+        keeping.CheckFiles();
+        keeping.Wait();
+        EXPECT_EQ(Left(folder), "none") << "there is no need of it";
+        keeping.KeepShown(Design("b"));
+        keeping.Wait();
+        keeping.StayBehind(true);
+    }
+    EXPECT_GE(told.size(), 2U);
+    EXPECT_EQ(told.find_first_not_of("<>"), std::string::npos) << told;
+    EXPECT_EQ(Left(folder), "b");
+    {
+        KeepingThread next(folder, [](const std::string&) {});
+        next.KeepLeft();
+        EXPECT_EQ(next.Wait(), "");
+    }
+    EXPECT_EQ(Left(folder), "b") << "it is offered";
+    ASSERT_EQ(KeptDesigns(KeptFolder(folder)).size(), 1U) << "and kept";
+    EXPECT_EQ(KeptDesigns(KeptFolder(folder))[0].reason, "Pirol wurde nicht richtig beendet");
+}
+
+/// The oldest of too many that wait is left in its file.
+TEST(KeepingThread, NoMoreWaitThanAreKept) {
+    const test::ScratchFolder scratch;
+    const fs::path folder = scratch / "recovery";
+    fs::create_directories(folder);
+    KeepingThread idle(scratch / "other", [](const std::string&) {}); // long asleep when it ends
+    idle.ForgetShown();
+    idle.Wait();
+    CreateFileBytes(KeptFolder(folder), "a file where the folder should be");
+    std::string told;
+    {
+        KeepingThread keeping(folder, [&told](const std::string& failure) { told = failure; });
+        for (std::size_t i = 0; i <= mostKept; ++i) {
+            keeping.KeepFormer({Design(std::to_string(i)), "Neuer Entwurf", static_cast<std::time_t>(100 + i)});
+            EXPECT_FALSE(keeping.Wait().empty());
+        }
+        fs::remove(KeptFolder(folder));
+        EXPECT_FALSE(keeping.Wait().empty()) << "nothing was asked for";
+        keeping.CheckFiles();
+        EXPECT_EQ(keeping.Wait(), "");
+        EXPECT_EQ(FilesBeside(folder), 1U);
+        EXPECT_EQ(KeptDesigns(KeptFolder(folder)).size(), mostKept);
+    }
+    EXPECT_EQ(Left(folder), "0");
+    EXPECT_EQ(told, "");
+}
+
 } // namespace
 } // namespace pirol

@@ -117,12 +117,31 @@ TEST(Signature, HasOneFormOnly) {
         carry = sum >> 8U;
     }
     EXPECT_FALSE(IsSignedBy(Author().PublicKey(), text, signature));
+    EXPECT_FALSE(IsBelowGroupOrder(order));
+    for (std::size_t at = 0; at < order.size(); ++at)
+        for (const char change : {'\1', '\xFF'}) {
+            std::string other = order;
+            other[at] = static_cast<char>(other[at] + change);
+            EXPECT_EQ(IsBelowGroupOrder(other),
+                      static_cast<unsigned char>(other[at]) < static_cast<unsigned char>(order[at]))
+                << at;
+        }
     for (const char* const key : {"", "\0", "\1", "\xEC\xFF"}) { // for which the library would end the program
         std::string point(publicKeySize, key[0] == '\xEC' ? '\xFF' : '\0');
         point[0] = key[0];
         EXPECT_FALSE(IsSignedBy(point, text, signature));
     }
     EXPECT_EQ(HashOf("abc"), "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad");
+    for (std::size_t size = 0; size < Content().size(); size += 1 + size * size / 2) {
+        const std::string bytes = FromBase64(ToBase64(Content().substr(0, size))).value();
+        EXPECT_EQ(bytes, Content().substr(0, size));
+    }
+    std::string all;
+    for (int i = 0; i < 256; ++i)
+        all += static_cast<char>(i * 7);
+    EXPECT_EQ(HashOf(ToBase64(all)), "ecbd1e394e7d3f83afc3bbea5f07a70985dc9d28c773b85c0f508fa0955c6dea")
+        << "Python's base64";
+    EXPECT_EQ(FromBase64(ToBase64(all)), all);
     EXPECT_EQ(FromBase64("TWE="), "Ma");
     for (const char* const text64 : {"TWF=", "TWE", "TW E=", "TWE=\n", "TWE==", "T"})
         EXPECT_FALSE(FromBase64(text64)) << text64;
@@ -179,8 +198,9 @@ class FakeTarget : public DownloadTarget {
     }
 };
 
-/// Answers each request by the next of its scripts, by the last one for ever. A script's words: a status; "tag=X";
-/// "size=N" and "range=X" for what the answer says of itself; "gzip", "html"; "from=N" and "bytes=N" for what is sent
+/// Answers each request by the next of its scripts, by the last one for ever. A script's words: a status; "tag=X" and
+/// "changed=X"; "size=N" and "range=X" for what the answer says of itself; "gzip", "identity", "html"; "from=N" and
+/// "bytes=N" for what is sent
 /// ("bytes=all" by default); "other" for another file; and how it ends: "cut", "timeout", "noconnection", "hangs".
 class FakeServer : public Transport {
   public:
@@ -226,7 +246,8 @@ class FakeServer : public Transport {
         answer.range = Word(script, "range").value_or(answer.range);
         answer.range = ReplaceAll(answer.range, "_", " ");
         answer.tag = Word(script, "tag").value_or("");
-        answer.encoding = Has(script, "gzip") ? "gzip" : "";
+        answer.changed = Word(script, "changed").value_or("");
+        answer.encoding = Has(script, "gzip") ? "gzip" : Has(script, "identity") ? "identity" : "";
         answer.type = Has(script, "html") ? "text/html; charset=utf-8" : "application/octet-stream";
         listener.Answered(answer);
         Send(script, request, listener, start);
@@ -291,6 +312,7 @@ TEST(Download, ComesToTheEndThatTheTableSays) {
                                        loading.target.bytes += Content();
                                    loading.target.mark = row[1];
                                    loading.download.Start();
+                                   EXPECT_EQ(loading.download.Loaded(), loading.target.bytes.size()) << row.line;
                                    std::string requests = loading.server.requests;
                                    if (!requests.empty())
                                        requests.pop_back();
@@ -318,6 +340,88 @@ TEST(Download, IsPausedAndGoesOn) {
     cancelled.download.Cancel();
     EXPECT_EQ(cancelled.target.bytes, "");
     EXPECT_EQ(cancelled.Outcome(), "waits");
+}
+
+TEST(Download, BeginsWithWhatIsThere) {
+    const std::tuple<std::size_t, const char*, std::size_t> cases[] = {{0, "waits", 0},
+                                                                       {200'000, "waits", 200'000},
+                                                                       {300'000, "complete", 300'000},
+                                                                       {300'001, "Die geladene Datei", 0}};
+    for (const auto& [there, outcome, loaded] : cases) {
+        Loading loading("500");
+        loading.target.bytes = (Content() + Content()).substr(0, there);
+        loading.download.Prepare();
+        EXPECT_TRUE(loading.Outcome().starts_with(outcome)) << there;
+        EXPECT_EQ(loading.download.Loaded(), loaded);
+        EXPECT_EQ(loading.server.requests, "");
+    }
+    Loading cut("200 bytes=100000 hangs");
+    cut.download.Start();
+    cut.download.Start();
+    EXPECT_EQ(cut.server.requests, "0 ") << "it is loading";
+    cut.download.Cancel();
+    EXPECT_EQ(cut.download.Loaded(), 0U);
+    Loading whole("200");
+    whole.download.Start();
+    EXPECT_EQ(whole.download.File(), "whole");
+    whole.download.Pause();
+    whole.download.Start();
+    EXPECT_EQ(whole.server.requests, "0 ") << "it is complete";
+    // No mark is longer than 200, or has other signs than these.
+    for (const auto& [mark, kept] : {std::pair{std::string(198, 'x'), true},
+                                     {std::string(199, 'x'), false},
+                                     {std::string(" ~"), true},
+                                     {std::string("\x7F"), false},
+                                     {std::string("\x1F"), false},
+                                     {std::string("ä"), false}}) {
+        Loading loading("200 hangs tag=\"" + ReplaceAll(mark, " ", "!") + "\"");
+        loading.download.Start();
+        EXPECT_EQ(loading.target.mark.empty(), !kept) << mark;
+    }
+}
+
+/// A server whose bytes the test sends.
+struct QuietServer : Transport {
+    void Start(const WebRequest&, TransportListener& listener) override { told = &listener; }
+    void Stop() override { told = nullptr; }
+    TransportListener* told = nullptr;
+};
+
+/// When, in milliseconds, how many bytes came, and how many a second were said at the end.
+TEST(Download, TellsTheSpeedOfTheLastSeconds) {
+    const std::pair<const char*, double> cases[] = {
+        {"", 0},
+        {"0:100", 0},
+        {"0:100,249:100", 0},
+        {"0:100,250:100", 400},
+        {"0:100,250:100,499:100", 400},
+        {"0:100,250:100,499:100,500:100", 600},
+        {"0:1000,1000:1000,2000:1000,4000:1000", 750},
+        {"0:1000,1000:2000,4000:1000,4001:9", 1000. / 3},
+        {"0:1000,9000:900", 100},
+        {"0:1000,9000:1000,9500:1000", 2000},
+    };
+    for (const auto& [pieces, speed] : cases) {
+        QuietServer server;
+        FakeTarget target;
+        std::chrono::steady_clock::time_point now;
+        int changes = 0;
+        {
+            cDownload download(
+                server, target, ContentFile(), "", [&now] { return now; }, [&changes] { ++changes; });
+            download.Start();
+            ASSERT_EQ(changes, 1);
+            for (const std::string_view piece : Split(*pieces != 0 ? pieces : "0:0", ',')) {
+                const std::size_t colon = piece.find(':');
+                now = std::chrono::steady_clock::time_point(
+                    std::chrono::milliseconds(std::stoi(std::string(piece.substr(0, colon)))));
+                server.told->Received(std::string(std::stoul(std::string(piece.substr(colon + 1))), 'x'));
+            }
+            EXPECT_NEAR(download.BytesPerSecond(), speed, 0.01) << pieces;
+            EXPECT_GT(changes, 1) << pieces;
+        }
+        EXPECT_EQ(server.told, nullptr) << "the end stops it";
+    }
 }
 
 TEST(Download, GoesOnWhenTheDiskWasFullAtAnyByte) {
@@ -375,6 +479,7 @@ TEST(DownloadFolder, KeepsAPartFromOneRunToTheNext) {
     EXPECT_EQ(again.Mark(), "\"x\"");
     again.Append("c");
     EXPECT_EQ(again.Size(), 3U);
+    EXPECT_EQ(ReadFileBytes(folder / (ContentFile().hash.substr(0, 16) + ".part").c_str()), "abc") << "as before";
     EXPECT_EQ(again.Hash(), HashOf("abc"));
     const fs::path whole = again.Finish();
     EXPECT_EQ(whole, folder / ContentFile().name);
@@ -478,6 +583,54 @@ TEST(VersionLookup, SaysWhatItFound) {
             EXPECT_EQ(lookup.Serial(), 7U);
         }
     }
+}
+
+TEST(VersionLookup, EndsAtItsLimitsAndWhenItIsStopped) {
+    using State = VersionLookup::State;
+    const UpdateSource source{"http://h/", {Author().PublicKey()}, ""};
+    QuietServer server;
+    std::chrono::steady_clock::time_point now;
+    {
+        int changes = 0;
+        VersionLookup lookup(
+            server, source, {"1.10.0", "debian", 7, in2026}, [&now] { return now; }, [&changes] { ++changes; });
+        EXPECT_EQ(lookup.CurrentState(), State::Idle);
+        EXPECT_EQ(lookup.Serial(), 0U);
+        lookup.Start();
+        EXPECT_EQ(changes, 1);
+        EXPECT_EQ(lookup.CurrentState(), State::Looking);
+        lookup.Stop();
+        EXPECT_EQ(server.told, nullptr);
+        EXPECT_EQ(lookup.CurrentState(), State::Idle);
+        const auto outcome = [&](std::optional<std::uint64_t> length, std::size_t bytes,
+                                 std::chrono::milliseconds after) {
+            lookup.Start();
+            WebAnswer answer;
+            answer.status = 200;
+            answer.length = length;
+            server.told->Answered(answer);
+            now += after;
+            if (server.told != nullptr)
+                server.told->Received(std::string(bytes, '#'));
+            return lookup.CurrentState() == State::Looking ? "" : MessageOf(lookup.Fault());
+        };
+        EXPECT_EQ(outcome(longestList, longestList, std::chrono::seconds(60)), "");
+        EXPECT_EQ(outcome(longestList + 1, 1, {}), MessageOf(UpdateFault::ListTooLong));
+        EXPECT_EQ(server.told, nullptr);
+        EXPECT_EQ(outcome({}, longestList + 1, {}), MessageOf(UpdateFault::ListTooLong));
+        EXPECT_EQ(outcome({}, 1, std::chrono::milliseconds(60'001)), MessageOf(UpdateFault::TimedOut));
+        for (const auto& [text, state] : {std::pair{ListText(), State::UpToDate},
+                                          {ReplaceAll(ListText(), "serial: 7", "serial: 9"), State::UpToDate},
+                                          {ReplaceAll(ListText(), "serial: 7", "serial: 8"), State::Failed}}) {
+            lookup.Start();
+            server.told->Received(Author().Signed(text));
+            server.told->Ended({});
+            EXPECT_EQ(lookup.CurrentState(), state) << text;
+        }
+        EXPECT_EQ(lookup.Serial(), 9U);
+        lookup.Start();
+    }
+    EXPECT_EQ(server.told, nullptr) << "the end stops it";
 }
 
 TEST(UpdateSource, IsWholeOrNone) {

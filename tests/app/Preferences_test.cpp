@@ -91,6 +91,23 @@ TEST_F(PreferencesStore, AreStoredUnderTheirNames) {
                                      "\"BlueJPath\"=\"/opt/Blue J/bluej\"\n");
 }
 
+TEST_F(PreferencesStore, WhatNobodyChoseIsNotStoredAndWhatIsTakenBackIs) {
+    Preferences preferences;
+    preferences.Save();
+    EXPECT_EQ(ReadFileBytes(File()).find("Path\"=\"/"), std::string::npos);
+    for (const char* name : {"JdkPath", "SumPath", "UpdateWeekly", "Appearance"})
+        EXPECT_EQ(ReadFileBytes(File()).find(name), std::string::npos) << name;
+    preferences.JdkPath = "/jdk";
+    preferences.SumPath = "/sum";
+    preferences.LooksForUpdates = true;
+    preferences.Save();
+    EXPECT_EQ(Preferences::Load(), preferences);
+    preferences = {};
+    preferences.Save();
+    EXPECT_EQ(Preferences::Load(), preferences);
+    EXPECT_NE(ReadFileBytes(File()).find("\"UpdateWeekly\"=dword:00000000"), std::string::npos);
+}
+
 TEST_F(PreferencesStore, WrongValuesReadAsDefaults) {
     const auto rule = [this](const test::TableRow& row) {
         PutFile("[Software\\Pirol]\n" + row[0]);

@@ -7,9 +7,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
+#include <cctype>
 #include <csignal>
 #include <cstdlib>
 #include <deque>
+#include <optional>
 
 namespace pirol {
 namespace {
@@ -19,9 +22,13 @@ namespace fs = std::filesystem;
 /// A Java that says what was written down for it, and then ends, or waits until it is ended.
 class ScriptedProcess final : public ChildProcess {
   public:
-    ScriptedProcess(std::string said, bool waits) : said_(std::move(said)), waits_(waits) {}
+    ScriptedProcess(std::string said, bool waits, int status, std::string& written)
+        : said_(std::move(said)), waits_(waits), status_(status), written_(written) {}
 
-    bool Write(std::string_view) override { return true; }
+    bool Write(std::string_view bytes) override {
+        written_ = bytes;
+        return true;
+    }
     Reading Read(std::string& out, std::chrono::milliseconds) override {
         // In small pieces, as lines may come.
         out += said_.substr(0, 7);
@@ -33,11 +40,13 @@ class ScriptedProcess final : public ChildProcess {
         return waits_ && !isEnded_ ? Reading::Nothing : Reading::End;
     }
     void End() override { isEnded_ = true; }
-    int Status() override { return isEnded_ ? -1 : 0; }
+    int Status() override { return isEnded_ ? -1 : status_; }
 
   private:
     std::string said_;
     const bool waits_;
+    const int status_;
+    std::string& written_;
     std::atomic<bool> isEnded_ = false;
 };
 
@@ -46,15 +55,21 @@ class ScriptedStarter final : public ProcessStarter {
     std::unique_ptr<ChildProcess> Start(const ProcessCall& call) override {
         const std::scoped_lock lock(mutex_);
         calls.push_back(call.arguments.back() == "warm" ? "warm" : "cold");
+        lastCall = call;
         std::string said = scripts.empty() ? "" : scripts.front();
         if (!scripts.empty())
             scripts.pop_front();
         const bool waits = said.ends_with('~');
-        return std::make_unique<ScriptedProcess>(said.substr(0, said.size() - (waits ? 1 : 0)), waits);
+        const bool fails = said.ends_with('!');
+        return std::make_unique<ScriptedProcess>(said.substr(0, said.size() - (waits || fails ? 1 : 0)), waits,
+                                                 fails ? 3 : 0, written);
     }
 
-    std::deque<std::string> scripts; ///< of the Javas in the order of their start; one that ends in "~" stays
+    /// Of the Javas in the order of their start; one that ends in "~" stays, one that ends in "!" ends with status 3.
+    std::deque<std::string> scripts;
     std::vector<std::string> calls;
+    ProcessCall lastCall;
+    std::string written; ///< to the last one that something was written to
 
   private:
     std::mutex mutex_;
@@ -94,7 +109,7 @@ class TestRunTest : public testing::Test {
         TestRun run(starter_, surroundings_, [&told](const RunEvent& event) { told += Text(event) + "\n"; }, true,
                     {std::chrono::minutes(10), patience});
         for (int i = 0; i < tests; ++i) {
-            run.Start({"class", folder_ / "jdk", preferences_});
+            run.Start({source_, folder_ / "jdk", preferences_});
             run.Wait();
         }
         return told;
@@ -103,6 +118,7 @@ class TestRunTest : public testing::Test {
     test::ScratchFolder folder_;
     JavaSurroundings surroundings_;
     Preferences preferences_;
+    std::string source_ = "class";
     ScriptedStarter starter_;
 };
 
@@ -116,6 +132,48 @@ TEST_F(TestRunTest, TellsWhatTheProgramDoes) {
             "*2\n*3\nc:hatKnopfGeklickt\no:Name_\no:: a\tb\\\nf12:at SuMAnwendung.x(SuMAnwendung.java:12)\n"
             "E7:Eine Variable hat noch kein Objekt (null). (NullPointerException)\n:Das Programm ist beendet.\n*0\n");
     EXPECT_EQ(starter_.calls, (std::vector<std::string>{"cold", "warm"}));
+}
+
+TEST_F(TestRunTest, TellsEveryLineAsItStands) {
+    EXPECT_EQ(Told({"\1R17\tcompiler\r\n\1S\n\1f(SuMAnwendung.java:8)\n\1oa\\n\\r\\x\\\n\1\n\1Zx\n\nx\r\nlast!"}),
+              "*1\n" + substitute +
+                  "*2\nf8:(SuMAnwendung.java:8)_\no:a\n\rx\\_\nf:\1\nf:\nf:x\nf:last\n"
+                  ":Das Programm ist beendet (Status 3).\n*0\n");
+    // It comes by sevens, and a line is told in pieces as soon as it is longer than 16384.
+    for (const auto& [blanks, first] : {std::pair<std::size_t, std::size_t>{2, 16385}, {3, 16391}}) {
+        const std::string told = Told({(std::string(blanks, '\n') + std::string(20'000, 'y')).c_str()});
+        EXPECT_EQ(told.find_first_not_of('y', told.find('y')) - told.find('y'), first);
+    }
+}
+
+TEST_F(TestRunTest, GivesJavaWhatItNeeds) {
+    fs::create_directories(folder_ / "sum/sum/ereignis");
+    ReplaceFileBytes(folder_ / "sum/sum/ereignis/EBAnwendung.class", "");
+    ReplaceFileBytes(folder_ / "sum/treiber.JAR", "");
+    preferences_.SumPath = TextOf(folder_ / "sum");
+    const std::string sum = preferences_.SumPath;
+    EXPECT_EQ(Told({"\1R17\tc\n\1S\n"}),
+              "*1\n:Das Programm läuft mit SuM aus »" + sum + "«.\n*2\n:Das Programm ist beendet.\n*0\n");
+    const std::string archives = sum + "\n" + sum + "/treiber.JAR\n";
+    const auto field = [](const std::string& text) {
+        return std::string("\0\0\0", 3) + static_cast<char>(text.size()) + text;
+    };
+    EXPECT_EQ(starter_.written, field("library") + field(archives) + field("class"));
+    EXPECT_EQ(starter_.lastCall.program, folder_ / "jdk/bin/java");
+    EXPECT_EQ(starter_.lastCall.folder, folder_ / "jdk");
+    const std::vector<std::string>& words = starter_.lastCall.arguments;
+    ASSERT_GT(words.size(), 4U);
+    EXPECT_EQ(words.end()[-3] + " " + words.end()[-2] + " " + words.end()[-1], "pirol_run.Server 600000 warm");
+    const fs::path archive = PathOf(words.end()[-4]);
+    EXPECT_EQ(archive.parent_path(), folder_ / "state/pirol/java");
+    EXPECT_TRUE(ReadFileBytes(archive).starts_with("PK"));
+    ReplaceFileBytes(archive, "spoilt");
+    source_ = std::string(70'000, 'a') + "€Ł"; // which Windows-1252 lacks
+    preferences_.SumPath.clear();
+    Told({""});
+    EXPECT_TRUE(ReadFileBytes(archive).starts_with("PK"));
+    EXPECT_EQ(starter_.written.substr(0, 12), std::string("\0\0\0\0\0\0\0\0\0\1\x11\x74", 12)) << "70004 bytes";
+    EXPECT_TRUE(starter_.written.ends_with("aa€?"));
 }
 
 TEST_F(TestRunTest, ARejectedSourceLeavesJavaWaiting) {
@@ -155,6 +213,8 @@ TEST_F(TestRunTest, StoppingAndReplacingTellNothingMoreOfTheFormer) {
             shown.notify_all();
         },
         true);
+    EXPECT_EQ(RunTimes().patience, std::chrono::minutes(1));
+    EXPECT_EQ(RunTimes().idle, std::chrono::minutes(10));
     run.Stop(); // nothing runs
     run.Start({"class", folder_ / "jdk", {}});
     {
@@ -192,10 +252,70 @@ TEST_F(TestRunTest, ChoosesTheFirstJavaThatCompiles) {
     EXPECT_TRUE(chosen({}).starts_with("Es ist kein JDK zu finden."));
     preferences_.BlueJPath = TextOf(folder_ / "Blue J/bluej");
     EXPECT_EQ(chosen({.javaHome = folder_ / "jvm/a"}), "jdk 17") << "BlueJ's own";
+    AddJava("link/jdk", "18", all);
+    fs::create_symlink(folder_ / "Blue J/bluej", folder_ / "link/bluej");
+    preferences_.BlueJPath = TextOf(folder_ / "link/bluej");
+    EXPECT_EQ(chosen({}), "jdk 18") << "beside the link";
+    fs::remove_all(folder_ / "link/jdk");
+    EXPECT_EQ(chosen({}), "jdk 17") << "behind the link";
+    fs::create_directories(folder_ / "other/jdk");
+    EXPECT_EQ(chosen({.path = {folder_ / "jvm/a/bin"}, .blueJ = {folder_ / "other"}}), "jdk 17");
+    preferences_.BlueJPath.clear();
+    AddJava("other/jdk", "19", all);
+    EXPECT_EQ(chosen({.javaHome = folder_ / "jvm/a", .blueJ = {folder_ / "other"}}), "jdk 19") << "where it usually is";
+    AddJava("alt/jre8", "8", "");
+    EXPECT_TRUE(chosen({.path = {old / "bin"}, .parents = {folder_ / "alt"}}).starts_with("Java 1.7.0_80 in »"))
+        << "of the first one";
+    ReplaceFileBytes(folder_ / "alt/jre8/bin/javac", "");
+    EXPECT_EQ(chosen({.parents = {folder_ / "alt"}}), "jre8 8") << "just new enough";
     preferences_.JdkPath = TextOf(folder_ / "jvm/a/bin/java");
     EXPECT_EQ(chosen({}), "a 11") << "the user's choice";
     preferences_.JdkPath = TextOf(runtime);
     EXPECT_TRUE(chosen({}).find("JRE") != std::string::npos) << "no other one behind the user's back";
+}
+
+/// What a folder with these files and this file "release" is: where a Java begins, its version, whether it compiles.
+TEST_F(TestRunTest, KnowsAJavaByItsFiles) {
+    int number = 0;
+    EXPECT_EQ(test::Deviations("javas",
+                               [&](const test::TableRow& row) {
+                                   const fs::path root = folder_ / ("java" + std::to_string(++number)).c_str();
+                                   for (const std::string_view file : Split(row[0], ' ')) {
+                                       fs::create_directories((root / file).parent_path());
+                                       CreateFileBytes(root / file, file.ends_with("release") ? row[1] : "");
+                                   }
+                                   const std::optional<Jdk> jdk = JdkAt(row[2] == "none" ? fs::path() : root / row[2]);
+                                   if (!jdk)
+                                       return test::Answer("none");
+                                   return test::Answer(Concatenate(TextOf(fs::relative(jdk->home, root)), " ",
+                                                                   jdk->version, " ", jdk->Major(),
+                                                                   jdk->compiles ? " compiles" : ""));
+                               }),
+              "");
+}
+
+TEST_F(TestRunTest, LooksAroundInTheSystem) {
+    const std::pair<const char*, std::string> variables[] = {
+        {"JAVA_HOME", "/a/jdk"}, {"PATH", "/a/bin:b::/c d"}, {"HOME", TextOf(folder_ / "")}};
+    std::vector<std::optional<std::string>> before;
+    for (const auto& [name, value] : variables) {
+        const char* const old = std::getenv(name);
+        before.push_back(old != nullptr ? std::optional<std::string>(old) : std::nullopt);
+        setenv(name, value.c_str(), 1);
+    }
+    const JavaSurroundings system = JavaSurroundings::OfSystem();
+    for (std::size_t i = 0; i < before.size(); ++i)
+        before[i] ? setenv(variables[i].first, before[i]->c_str(), 1) : unsetenv(variables[i].first);
+    EXPECT_EQ(system.javaHome, "/a/jdk");
+    EXPECT_EQ(system.path, (std::vector<fs::path>{"/a/bin", "/c d"}));
+    EXPECT_EQ(system.home, folder_ / "");
+    EXPECT_EQ(system.parents.back(), folder_ / ".jdks");
+    EXPECT_EQ(system.blueJ.front(), "/usr/share/bluej");
+
+    EXPECT_EQ(JdkText({Jdk{"/j", "17.0.1", true}, ""}), "Verwendet wird Java 17.0.1 in »/j«.");
+    EXPECT_EQ(JdkText({{}, "keines"}), "keines");
+    EXPECT_EQ(LibraryText({true, "/s", {}}), "SuM gefunden: »/s«.");
+    EXPECT_EQ(LibraryText({}), "SuM ist nicht zu finden; Programme laufen mit Pirols Ersatzklassen.");
 }
 
 /// An archive with one empty file in its table of contents.
@@ -232,8 +352,32 @@ TEST_F(TestRunTest, FindsTheLibraryWhereBlueJKeepsIt) {
         ReplaceFileBytes(folder_ / "broken.jar", sum.substr(0, size) + (size % 2 == 0 ? "" : std::string(30, '\xFF')));
         EXPECT_FALSE(ArchiveHolds(folder_ / "broken.jar", "sum/ereignis/EBAnwendung.class")) << size;
     }
+    // What stands before and behind does not matter, as long as it is no second end.
+    const auto holds = [this](const std::string& bytes) {
+        ReplaceFileBytes(folder_ / "odd.jar", bytes);
+        return ArchiveHolds(folder_ / "odd.jar", "sum/ereignis/EBAnwendung.class");
+    };
+    EXPECT_TRUE(holds(sum + std::string(65535, ' ')));
+    EXPECT_FALSE(holds(sum + std::string(65536, ' '))) << "no comment is so long";
+    std::string far = std::string(0x010203, ' ') + sum.substr(5);
+    far.replace(far.size() - 6, 4, std::string("\3\2\1\0", 4));
+    EXPECT_TRUE(holds(far)) << "numbers of several bytes";
+    far.replace(far.size() - 6, 4, std::string("\3\2\1\1", 4));
+    EXPECT_FALSE(holds(far)) << "a table behind the file's end";
+    EXPECT_TRUE(holds(Archive(std::string(300, ' ') + "sum/ereignis/EBAnwendung.class")));
+    EXPECT_FALSE(holds(std::string("PK\5\6", 4) + std::string(18, '\0'))) << "an empty one";
+
     surroundings_ = {.home = folder_ / "home"};
     fs::create_directories(folder_ / "home/.bluej");
+    EXPECT_EQ(test::Deviations("bluej-libraries",
+                               [&](const test::TableRow& row) {
+                                   ReplaceFileBytes(folder_ / "home/.bluej/bluej.properties", row[0]);
+                                   std::string paths;
+                                   for (const fs::path& path : FindLibraries(preferences_, surroundings_).archives)
+                                       paths += TextOf(path) + ";";
+                                   return test::Answer(paths);
+                               }),
+              "");
     fs::create_directories(folder_ / "S\xC3\xBC M/sum/ereignis");
     ReplaceFileBytes(folder_ / "S\xC3\xBC M/sum/ereignis/EBAnwendung.class", "");
     ReplaceFileBytes(folder_ / "home/.bluej/bluej.properties",
@@ -262,6 +406,13 @@ TEST(ReportingSource, ReportsHandlersAndKeepsLines) {
     EXPECT_EQ(ReportingSource(head + method("hatAGeklickt", "") + method("a\"b", "") + method("x", "") + "}"),
               head + method("hatAGeklickt", " pirol_run.Report.called(\"hatAGeklickt\");") + method("a\"b", "") +
                   method("x", " pirol_run.Report.called(\"x\");") + "}");
+    for (int code = 1; code < 256; ++code) {
+        const char sign = static_cast<char>(code);
+        const bool isPlain = code >= 0x80 || sign == '_' || sign == '$' || (code < 0x80 && std::isalnum(code) != 0);
+        const std::string name = std::string("x") + sign;
+        const std::string report = isPlain ? " pirol_run.Report.called(\"" + name + "\");" : "";
+        EXPECT_EQ(ReportingSource(head + method(name, "")), head + method(name, report)) << code;
+    }
     for (const char* odd :
          {"", "    public void ", "    public void x(", "    public void x()", "    public void x()\r\n    "})
         EXPECT_EQ(ReportingSource(odd), odd);
@@ -281,6 +432,51 @@ std::string Printed(const std::string& script, const std::vector<std::string>& w
     return text + "|" + std::to_string(process->Status());
 }
 
+TEST(ChildProcess, LeavesTheDescriptorsOfThisProgramAsTheyAre) {
+    const auto open = [] { return std::distance(fs::directory_iterator("/proc/self/fd"), {}); };
+    const auto before = open();
+    Printed("exit", {});
+    EXPECT_EQ(open(), before);
+}
+
+TEST(ChildProcess, HasNeitherTheSignalsNorTheLocaleOfThisProgram) {
+    sigset_t term;
+    sigset_t before;
+    sigemptyset(&term);
+    sigaddset(&term, SIGTERM);
+    pthread_sigmask(SIG_BLOCK, &term, &before);
+    EXPECT_EQ(Printed("kill -TERM $$; echo alive", {}), "|-1") << "blocked";
+    pthread_sigmask(SIG_SETMASK, &before, nullptr);
+    const auto handler = std::signal(SIGTERM, SIG_IGN);
+    EXPECT_EQ(Printed("kill -TERM $$; echo alive", {}), "|-1") << "ignored";
+    std::signal(SIGTERM, handler);
+
+    // The one that decides is the first that is not empty; where it is none of UTF-8, another one is set.
+    const char* const names[] = {"LC_ALL", "LC_CTYPE", "LANG"};
+    const std::pair<std::array<const char*, 3>, const char*> cases[] = {
+        {{"C", "", "de_DE.UTF-8"}, "C.UTF-8"},
+        {{nullptr, nullptr, "de_DE.UTF-8"}, ""},
+        {{"", "de_DE.utf8", "C"}, ""},
+        {{nullptr, "C", "de_DE.UTF-8"}, "C.UTF-8"},
+        {{nullptr, nullptr, nullptr}, "C.UTF-8"},
+        {{"de_DE.UTF-8", "C", "C"}, "de_DE.UTF-8"},
+        {{"de_DE.ISO-8859-1", "C", "C"}, "C.UTF-8"},
+    };
+    std::array<std::optional<std::string>, 3> old;
+    for (std::size_t i = 0; i < old.size(); ++i)
+        if (const char* const value = std::getenv(names[i]))
+            old[i] = value;
+    for (const auto& [values, seen] : cases) {
+        for (std::size_t i = 0; i < old.size(); ++i)
+            values[i] != nullptr ? setenv(names[i], values[i], 1) : unsetenv(names[i]);
+        EXPECT_EQ(
+            Printed("echo \"$LC_ALL\"; env | grep -c ^LC_ALL= || true", {}).substr(0, std::string(seen).size() + 1),
+            std::string(seen) + "\n");
+    }
+    for (std::size_t i = 0; i < old.size(); ++i)
+        old[i] ? setenv(names[i], old[i]->c_str(), 1) : unsetenv(names[i]);
+}
+
 TEST(ChildProcess, IsARealOne) {
     EXPECT_EQ(Printed("pwd; for w; do echo \"<$w>\"; done; echo wrong >&2; exit 3", {"a b", "\"ü'\\", ""}),
               "/\n<a b>\n<\"ü'\\>\n<>\nwrong\n|3");
@@ -295,6 +491,13 @@ TEST(ChildProcess, IsARealOne) {
                   SystemProcessStarter().Start({"/no/such", {}, {}});
               }),
               "Fehler 53: Datei nicht gefunden");
+
+    const std::unique_ptr<ChildProcess> mute = SystemProcessStarter().Start({"/bin/sleep", {"1000"}, {}});
+    std::string nothing;
+    for (const int milliseconds : {0, 1, 120})
+        EXPECT_EQ(mute->Read(nothing, std::chrono::milliseconds(milliseconds)), ChildProcess::Reading::Nothing);
+    mute->End();
+    EXPECT_EQ(mute->Read(nothing, std::chrono::seconds(20)), ChildProcess::Reading::End);
 
     const std::unique_ptr<ChildProcess> deaf = SystemProcessStarter().Start({"/bin/sleep", {"1000"}, {}});
     std::thread end([&deaf] { deaf->End(); });

@@ -1,11 +1,14 @@
 #include "app/JavaFiles.h"
 #include "app/UnheldValues.h"
 #include "app/UpdateCommands.h"
+#include "base/Conversions.h"
 #include "base/Text.h"
 #include "Cases.h"
 #include "FakeDialogs.h"
 
 #include <gtest/gtest.h>
+
+#include <tuple>
 
 namespace pirol {
 namespace {
@@ -52,6 +55,45 @@ TEST(JavaFiles, KnowADesignByItsComponentsAndTheNamesOfEachFile) {
     EXPECT_EQ(Shown(files.RenamesIn("b.java", model)), "");
 }
 
+/// The names of a group's buttons when its file was written, those that it has now, and what was renamed.
+TEST(JavaFiles, AButtonIsRenamedWhereNothingElseExplainsItsName) {
+    const std::tuple<const char*, const char*, const char*> cases[] = {
+        {"a,b", "a,c", "b>c "}, {"a,b", "b,a", ""}, {"a,b", "a,a", ""}, {"a,b", "b,c", ""},         {"a", "a,b", ""},
+        {"a,b", "c", "a>c "},   {"a,b", "c,a", ""}, {"a,b", "a", ""},   {"a,b", "c,d", "a>c b>d "}, {"a,b", "a,b", ""},
+    };
+    for (const auto& [before, now, renamed] : cases) {
+        ProjectModel model = Design();
+        const auto name = [&model](std::string_view names) {
+            Control& group = model.EditElement({ComponentKind::OptionGroup, 1});
+            auto& buttons = static_cast<dOptionsgruppe&>(group).OptionButtons;
+            buttons.clear();
+            for (const std::string_view one : Split(names, ','))
+                buttons.emplace_back().Name = one;
+        };
+        JavaFiles files;
+        name(before);
+        files.Remember("a.java", model);
+        name(now);
+        EXPECT_EQ(Shown(files.RenamesIn("a.java", model)), renamed) << before << " " << now;
+    }
+}
+
+TEST(JavaFiles, RememberTwenty) {
+    JavaFiles files;
+    std::vector<ProjectModel> models;
+    for (int i = 0; i < 21; ++i) {
+        models.push_back(Design());
+        files.Remember(std::to_string(i % 20), models.back()); // the first path holds the last design then
+    }
+    EXPECT_EQ(files.LastOf(models[0]), "");
+    EXPECT_EQ(files.LastOf(models[1]), "1");
+    EXPECT_EQ(files.LastOf(models[20]), "0");
+    files.Remember("20", models[20]);
+    EXPECT_EQ(files.LastOf(models[1]), "") << "the oldest is forgotten";
+    EXPECT_EQ(files.LastOf(models[2]), "2");
+    EXPECT_EQ(files.LastOf(models[20]), "20");
+}
+
 TEST(UnheldValues, AreUnknownUntilTheUserSetsThem) {
     const ComponentRef light{ComponentKind::CheckBox, 1};
     Document document;
@@ -72,6 +114,7 @@ TEST(UnheldValues, AreUnknownUntilTheUserSetsThem) {
     EXPECT_TRUE(isUnknown("hatZeilenbereich1", textAreaKind));
     EXPECT_TRUE(isUnknown("hatOptionsgruppe1", keys::click.key));
     EXPECT_FALSE(isUnknown("hatSchalter1", keys::name.key));
+    EXPECT_TRUE(UnheldValues(document).Now()("hatSchalter1", keys::checked.key)) << "it was there before one looked";
     document.Edit("", [&](ProjectModel& model) { model.EditElement(light).Left = 99; });
     EXPECT_TRUE(isUnknown("hatSchalter1")) << "moved only";
     set(true);
@@ -109,16 +152,28 @@ TEST_F(UpdateCommandsTest, TenVersionsStayAndNothingIsWrittenWithoutNeed) {
     EXPECT_FALSE(Prepared(10).Changes());
     EXPECT_TRUE(WriteUpdate(Prepared(10)));
     EXPECT_EQ(FilesIn(folder_ / "").size(), 1U);
+    fs::permissions(path_, fs::perms::owner_read | fs::perms::owner_write);
     std::vector<std::string> versions;
     for (int left = 11; left < 25; ++left) {
         versions.push_back(ReadFileBytes(path_));
         EXPECT_TRUE(WriteUpdate(Prepared(left)));
     }
     EXPECT_TRUE(ReadFileBytes(path_).starts_with("\xEF\xBB\xBFimport ")) << "the mark stays";
+    EXPECT_EQ(fs::status(PathOf(TextOf(path_) + ".bak")).permissions(), fs::perms::owner_read | fs::perms::owner_write);
     EXPECT_EQ(FilesIn(folder_ / "").size(), 11U);
     for (std::size_t age = 0; age < 10; ++age)
         EXPECT_EQ(ReadFileBytes(PathOf(TextOf(path_) + ".bak" + (age == 0 ? "" : std::to_string(age)))),
                   versions[versions.size() - 1 - age]);
+}
+
+TEST_F(UpdateCommandsTest, TheEncodingStays) {
+    for (const std::string umlaut : {"\xFC", "ü"}) {
+        ReplaceFileBytes(path_, "// f" + umlaut + "r\r\n" + GenerateCode(Design(), {}));
+        EXPECT_TRUE(WriteUpdate(Prepared(77)));
+        const std::string bytes = ReadFileBytes(path_);
+        EXPECT_TRUE(bytes.starts_with("// f" + umlaut + "r\r\n")) << bytes.substr(0, 9);
+        EXPECT_NE(bytes.find("(77,"), std::string::npos);
+    }
 }
 
 TEST_F(UpdateCommandsTest, AFileThatChangedOrWentIsLeftAlone) {

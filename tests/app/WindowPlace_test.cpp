@@ -20,7 +20,12 @@ TEST(WindowPlace, FallsBackWhereTheScreenIsGone) {
         {{2000, 50, 800, 600}, Rectangle{2000, 50, 800, 600}},
         {{-300, -20, 800, 600}, Rectangle{0, 0, 800, 600}},
         {{100, 50, 9000, 6000}, Rectangle{0, 0, 1920, 1080}},
-        {{3150, 50, 800, 600}, std::nullopt}, // only its edge would be seen
+        {{1860, 50, 60, 600}, Rectangle{1860, 50, 60, 600}},
+        {{3140, 50, 800, 600}, Rectangle{2400, 50, 800, 600}},
+        {{3141, 50, 800, 600}, std::nullopt}, // only its edge would be seen
+        {{100, 1020, 800, 600}, Rectangle{100, 480, 800, 600}},
+        {{100, 1021, 800, 600}, std::nullopt},
+        {{1900, 400, 2000, 2000}, Rectangle{1920, 0, 1280, 1024}},
         {{-2000, 50, 800, 600}, std::nullopt},
     };
     for (const auto& row : rows)
@@ -36,8 +41,14 @@ TEST(WindowPlace, IsKeptForTheScreens) {
     place.Save("one");
     EXPECT_EQ(WindowPlace::Load("one"), place);
     EXPECT_EQ(WindowPlace::Load("two"), std::nullopt);
-    for (const char* damaged :
-         {"", "x", "1 2 3", "0 0 10 10 0 0 0 0", "0 0 800 600 0 -5 0 0", "0 0 800 99999 0 0 0 0"}) {
+    WindowPlace{.box = {0, 0, 200, 200}}.Save("plain");
+    EXPECT_EQ(registry::ReadText("Software\\Pirol\\Window", "plain"), "0 0 200 200 0 0 0 0");
+    EXPECT_TRUE(WindowPlace::Load("plain"));
+    registry::WriteText("Software\\Pirol\\Window", "wide", "0 0 200 200 2 2000 2000 2000");
+    EXPECT_EQ(WindowPlace::Load("wide"), (WindowPlace{{0, 0, 200, 200}, true, 2000, 2000, 2000}));
+    for (const char* damaged : {"", "x", "1 2 3", "0 0 10 10 0 0 0 0", "0 0 800 600 0 -5 0 0", "0 0 800 99999 0 0 0 0",
+                                "0 0 199 200 0 0 0 0", "0 0 200 199 0 0 0 0", "0 0 800 600 0 2001 0 0",
+                                "0 0 800 600 0 0 2001 0", "0 0 800 600 0 0 0 -1", "0 0 800 600 0 0 0 0 0"}) {
         registry::WriteText("Software\\Pirol\\Window", "one", damaged);
         EXPECT_EQ(WindowPlace::Load("one"), std::nullopt) << damaged;
     }

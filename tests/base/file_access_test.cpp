@@ -1,3 +1,4 @@
+#include "base/FileLock.h"
 #include "Cases.h"
 #include "Tables.h"
 
@@ -58,6 +59,43 @@ TEST(FileAccess, ReplacingKeepsThePermissionsAndLinks) {
     EXPECT_EQ(fs::status(scratch / "real").permissions(), fs::perms::owner_read | fs::perms::owner_write);
 }
 
+TEST(FileAccess, ANewFileIsForWhomTheSystemSays) {
+    const test::ScratchFolder scratch;
+    for (const mode_t taken : {0U, 027U}) {
+        const mode_t before = umask(taken);
+        CreateFileBytes(scratch / "created", "");
+        ReplaceFileBytes(scratch / "replaced", "");
+        ReplaceFile(
+            scratch / "own", [](const ByteSink&) {}, Privacy::UserAlone);
+        umask(before);
+        for (const auto& [name, mode] :
+             {std::pair<const char*, mode_t>{"created", 0666}, {"replaced", 0666}, {"own", 0600}}) {
+            struct stat status = {};
+            stat((scratch / name).c_str(), &status);
+            EXPECT_EQ(status.st_mode & 0777U, mode & ~taken) << name;
+            fs::remove(scratch / name);
+        }
+    }
+}
+
+TEST(FileLock, MovesItsFileAlong) {
+    const test::ScratchFolder scratch;
+    std::optional<FileLock> kept = FileLock::TryLock(scratch / "a");
+    std::optional<FileLock> other = FileLock::TryLock(scratch / "b");
+    EXPECT_FALSE(FileLock::TryLock(scratch / "a"));
+    *kept = std::move(*other);
+    other.reset();
+    EXPECT_EQ(CountIn(scratch / ""), 1U);
+    EXPECT_TRUE(kept->IsInPlace());
+    EXPECT_TRUE(FileLock::TryLock(scratch / "a"));
+    fs::remove(scratch / "b");
+    EXPECT_FALSE(kept->IsInPlace());
+    CreateFileBytes(scratch / "b", "another one");
+    EXPECT_FALSE(kept->IsInPlace());
+    kept.reset();
+    EXPECT_EQ(ReadFileBytes(scratch / "b"), "another one");
+}
+
 TEST(FileAccess, PipesAndDevicesAreRefusedAtOnce) {
     const test::ScratchFolder scratch;
     ASSERT_EQ(mkfifo((scratch / "pipe").c_str(), 0600), 0);
@@ -115,6 +153,10 @@ TEST(FileAccess, AFolderThatForbidsReplacingDoesNotForbidSaving) {
         EXPECT_EQ(ReadFileBytes(folder / "a.prl"), bytes);
     }
     EXPECT_EQ(ErrorNumberOf([&] { ReplaceFileBytes(folder / "new.prl", "x"); }), 70);
+    fs::permissions(folder, fs::perms::owner_write | fs::perms::owner_exec);
+    ReplaceFileBytes(folder / "a.prl", "in a folder that nobody may read");
+    fs::permissions(folder, fs::perms::owner_all);
+    EXPECT_EQ(ReadFileBytes(folder / "a.prl"), "in a folder that nobody may read");
     EXPECT_EQ(CountIn(folder), 1U);
     EXPECT_EQ(CountIn(scratch / "state" / "pirol" / "saving"), 0U);
     unsetenv("XDG_STATE_HOME");

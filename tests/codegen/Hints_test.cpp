@@ -1,7 +1,10 @@
+#include "base/Conversions.h"
+#include "base/Text.h"
 #include "base/Windows1252.h"
 #include "Cases.h"
 #include "codegen/Hints.h"
 #include "project/ProjectFile.h"
+#include "Tables.h"
 
 #include <gtest/gtest.h>
 
@@ -86,13 +89,33 @@ TEST(Hints, SayWhatToSelect) {
     EXPECT_EQ(Lines(FindHints(model, {}, {})), "");
 }
 
+TEST(Hints, BeginExactlyWhereSomethingGoesWrong) {
+    const auto rule = [](const test::TableRow& row) {
+        ProjectModel model;
+        Control& control = model.EditElement(model.PlaceComponent(KindByKey(row[0]).value(), {0, 0, 50, 50}));
+        for (const std::string_view setting : Split(row[1], ';')) {
+            const std::size_t equals = setting.find('=');
+            if (equals != std::string_view::npos)
+                FindRow(control, Trim(setting.substr(0, equals)))
+                    ->set(control, ReplaceAll(setting.substr(equals + 1), ",", std::string(1, fieldSeparator)));
+        }
+        model.EditMenus().Append("Menü", "hatMenue");
+        model.EditSql() = {"s", "u", "p", "d", "t", {}};
+        std::string hints;
+        for (const Hint& hint : FindHints(model, {}, {row[2] == "menu", row[2] == "sql"}))
+            Append(hints, hints.empty() ? "" : " / ", hint.text.substr(hint.text.find("«") + 4));
+        return test::Answer(hints);
+    };
+    EXPECT_EQ(test::Deviations("hint-bounds", rule), "");
+}
+
 TEST(Hints, StayShortForAnyDesign) {
     ProjectModel model;
-    for (std::size_t i = 0; i < 3 * mostHints; ++i)
+    for (std::size_t i = 0; i < 3000; ++i)
         model.EditElement(model.PlaceComponent(ComponentKind::Button, {0, 0, 50, 50})).ObjectName =
             std::string(1000, i % 2 == 0 ? '\x01' : '"');
     const std::vector<Hint> hints = FindHints(model, {}, {});
-    EXPECT_EQ(hints.size(), mostHints);
+    EXPECT_EQ(hints.size(), 1000U);
     for (const Hint& hint : hints) {
         EXPECT_LT(hint.text.size(), 400U);
         EXPECT_EQ(hint.text.find_first_of("\x01\r\n"), std::string::npos);

@@ -1,19 +1,19 @@
 #include "base/Conversions.h"
+#include "base/FileAccess.h"
 #include "base/Text.h"
 #include "codegen/JavaUpdate.h"
+#include "codegen/LineDifferences.h"
 
 #include <gtest/gtest.h>
+
+#include <filesystem>
+#include <span>
+#include <stdexcept>
 
 namespace pirol {
 namespace {
 
-using Edit = void (*)(ProjectModel&, UpdateOptions&);
-
-Control& Element(ProjectModel& model, ComponentKind kind) {
-    return model.EditElement({kind, 1});
-}
-
-/// A button with a click, a switch that is on, a sound, a text area, and a database.
+/// Button with a click, switch that is on, radio buttons, sound, text area, menu bar and database.
 ProjectModel Design() {
     ProjectModel model;
     const auto place = [&model](ComponentKind kind) -> Control& {
@@ -21,200 +21,174 @@ ProjectModel Design() {
     };
     static_cast<dButton&>(place(ComponentKind::Button)).EventClick = true;
     static_cast<dSchalter&>(place(ComponentKind::CheckBox)).Checked = true;
+    static_cast<dOptionsgruppe&>(place(ComponentKind::OptionGroup)).OptionButtons = {
+        {"hatA", "A", 100, 20, 0, 0, false}, {"hatB", "B", 100, 20, 0, 20, false}};
     place(ComponentKind::Sound);
     place(ComponentKind::RowField);
+    cMenu& menu = model.EditMenus().Append("Datei", "hatMenueDatei");
+    menu.AddEntry("Neu", cMenu::Entry);
+    menu.AddEntry({}, cMenu::Separator);
+    menu.AddEntry("Als", cMenu::SubMenu)->AddEntry("Bild", cMenu::Entry);
     model.EditSql().Server = "localhost";
+    model.EditSql().Flags[1] = 1;
     return model;
 }
 
-void Nothing(ProjectModel&, UpdateOptions&) {}
-void NoClick(ProjectModel& model, UpdateOptions&) {
-    static_cast<dButton&>(Element(model, ComponentKind::Button)).EventClick = false;
-}
-void NoButton(ProjectModel& model, UpdateOptions&) {
-    model.DeleteComponent({ComponentKind::Button, 1});
-}
-void NoDatabase(ProjectModel& model, UpdateOptions& options) {
-    model.EditSql().Server.clear();
-    options.withoutDatabase = true;
-}
-void NewName(ProjectModel& model, UpdateOptions& options) {
-    Element(model, ComponentKind::Button).ObjectName = "hatStart";
-    Element(model, ComponentKind::Sound).ObjectName = "hatKnopf1"; // the old name goes to another one
-    options.renames = {{"hatKnopf1", "hatStart"}, {"hatTon1", "hatKnopf1"}};
-}
-void OddName(ProjectModel& model, UpdateOptions&) {
-    Element(model, ComponentKind::Button).ObjectName = "mein Knopf";
-}
-void OtherArea(ProjectModel& model, UpdateOptions& options) {
-    model.DeleteComponent({ComponentKind::RowField, 1});
-    Control& area = model.EditElement(model.PlaceComponent(ComponentKind::CharField, {10, 99, 80, 30}));
-    area.ObjectName = "hatZeilenbereich1";
-    options.isUnknown = [](std::string_view, std::string_view) { return false; };
-}
-void JustLoaded(ProjectModel& model, UpdateOptions& options) {
-    OtherArea(model, options);
-    auto& box = static_cast<dSchalter&>(Element(model, ComponentKind::CheckBox));
-    box.Checked = false;
-    box.Left = 11;
-    options.isUnknown = [](std::string_view, std::string_view) { return true; };
+Control& Element(ProjectModel& model, std::string_view name) {
+    for (const ComponentRef component : model.CreationOrder())
+        if (model.Element(component).Visible && model.Element(component).ObjectName == name)
+            return model.EditElement(component);
+    throw std::runtime_error(Concatenate("no component ", name));
 }
 
-/// What is put into the generated source in place of what, what becomes of the design, and what the update gives: texts
-/// that are there, one that is not, and a line of the report. "" for none, "=" for no change.
-struct Case {
-    std::string_view what, with;
-    Edit edit;
-    std::string_view there, alsoThere, notThere, report;
-};
+ComponentKind KindOf(std::string_view key) {
+    for (const KindRow& kind : KindRows())
+        if (kind.key == key)
+            return kind.kind;
+    throw std::runtime_error(Concatenate("no kind ", key));
+}
 
-constexpr std::string_view stub = "        //   Hier wird der Methodeninhalt eingefügt\r\n";
-
-const Case cases[] = {
-    // The pupil's layout, statements over several lines, comments and modifiers are no changes.
-    {"        ", "\t", Nothing, "=", "", "", ""},
-    {"\r\n", "\n", Nothing, "=", "", "", ""},
-    {"new Knopf(10, 20,", "new Knopf(10,\r\n   20,", Nothing, "=", "", "", ""},
-    {"    Knopf hatKnopf1;", "    private Knopf hatKnopf1; // meiner", Nothing, "=", "", "", ""},
-    {"Knopf hatKnopf1;", "Knopf hatKnopf1, zweiter;", Nothing, "=", "", "", ""},
-    {"super(640, 480)", "super(5, 6, 640, 480)", Nothing, "=", "", "", ""},
-    {"extends EBAnwendung", "extends sum.ereignis.EBAnwendung implements Runnable", Nothing, "=", "", "", ""},
-    {"//import sum.werkzeuge.*;", "import sum.werkzeuge.*;", Nothing, "=", "", "", ""},
-    {"//hatTon1.spieleTon();", "hatTon1.spieleTon();", Nothing, "=", "", "", ""},
-    {"}\r\n\r\n    public void",
-     "}\r\n/*\r\n    public void hatKnopf1Geklickt()\r\n    {\r\n    }\r\n*/\r\n    public void", Nothing, "=", "", "",
-     ""},
-    {"\r\n}", "\r\n    class Innen { Knopf hatKnopf1; public void hatKnopf1Geklickt() { tue(); } }\r\n}", Nothing, "=",
-     "", "", ""},
-    {"\r\n}", "\r\n    public void hatKnopf1Geklickt(int a) { }\r\n}\r\nclass Andere { }", Nothing, "=", "", "", ""},
-    {"        hatSchalter1 =",
-     "        new Thread(new Runnable() { public void run() { tue(); } });\r\n        hatSchalter1 =", Nothing, "=", "",
-     "", ""},
-    {"    Knopf hatKnopf1;", "    SuMAnwendung f = new\r\n        SuMAnwendung() { };\r\n    Knopf hatKnopf1;", Nothing,
-     "=", "", "", ""},
-    // What he changed of the design's values becomes the design's again, and both are named.
-    {"10, 20, 80, 30, \"Knopf\");", "11, 20, f(breite), 30, \"Knopf\"); // hier", Nothing,
-     "new Knopf(10, 20, 80, 30, \"Knopf\"); // hier\r\n", "", "breite",
-     "geändert: hatKnopf1: 11, 20, f(breite), 30, \"Knopf\" wird 10, 20, 80, 30, \"Knopf\""},
-    {"new Schalter(10", "new Schalter(12", Nothing, "new Schalter(10", "", "", "geändert: hatSchalter1: 12"},
-    // Handlers: an empty one goes with its event, a changed one stays.
-    {"", "", NoClick, "hatKnopf1 = new", "", "Geklickt", "entfernt: Methode hatKnopf1Geklickt()"},
-    {stub, "        tue();\r\n", NoClick, "hatKnopf1Geklickt()\r\n    {\r\n        tue();", "", "setzeBearbeiter",
-     "behalten: Methode hatKnopf1Geklickt() gehört zu keinem Ereignis mehr"},
-    {"\r\n}", "\r\n    void a() { tue(\"\\\" /*\"); hatKnopf1Geklickt(); }\r\n}", NoClick, stub,
-     "hatKnopf1Geklickt(); }", "", ""},
-    {"    public void hat", "    final public void hat", NoClick, "    final public void hatKnopf1Geklickt()", "", "",
-     "behalten: Methode hatKnopf1Geklickt() gehört zu keinem Ereignis mehr"},
-    {"    }\r\n\r\n    public void hat",
-     "    }\r\n\r\n    public void a()\r\n    {\r\n        "
-     "hatKnopf1.setzeBearbeiterGeklickt(\"hatKnopf1Geklickt\");\r\n"
-     "    }\r\n\r\n    public void hat",
-     NoClick, stub, "public void a()", "", "entfernt: hatKnopf1.setzeBearbeiterGeklickt"},
-    {"eingefügt\r\n    }", "eingefügt\r\n        }", NoClick, stub, "", "",
-     "behalten: Methode hatKnopf1Geklickt() gehört zu keinem Ereignis mehr"},
-    // What is half written is his.
-    {"schalteAn();", "schalteAn()", Nothing, "schalteAn()\r\n", "schalteAn();\r\n", "",
-     "neu: hatSchalter1.schalteAn();"},
-    {"Knopf hatKnopf1;", "Knopf hatKnopf1 = new Knopf(1, 2, 3, 4, \"K\");", Nothing, "=", "", "",
-     "gemeldet: hatKnopf1 wird schon bei der Deklaration erzeugt"},
-    // A component that is gone: its lines go, his stay and are named.
-    {"\r\n}", "\r\n    void a() { hatKnopf1.verstecke(); }\r\n}", NoButton, "void a() { hatKnopf1.verstecke(); }", "",
-     "new Knopf", "gemeldet: hatKnopf1 gibt es nicht mehr: void a() { hatKnopf1.verstecke(); }"},
-    {"        hat", "        /* auf */ /* offen\r\n        hat", NoButton,
-     "        /* auf */ /* offen\r\n        hatTon1", "", "new Knopf", "entfernt: Knopf hatKnopf1"},
-    {"Geklickt\");", "Geklickt\"); // Start", NoButton, "        // Start\r\n", "", "hatKnopf1",
-     "entfernt: Knopf hatKnopf1"},
-    {"Knopf hatKnopf1;", "Knopf hatKnopf1;\r\n    Knopf eigener;", NoButton, "    Knopf eigener;\r\n", "", "hatKnopf1",
-     ""},
-    {"", "", OddName, "        mein Knopf = new Knopf(10", "", "hatKnopf1", "neu: mein Knopf = new Knopf(10"},
-    {"\"Knopf\");",
-     "\""
-     "ßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßß"
-     "ßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßß"
-     "ßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßß"
-     "ßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßßß"
-     "\");",
-     Nothing, "\"Knopf\");", "", "ß", "ß ...\n"},
-    // Blocks and their import.
-    {"", "", NoDatabase, "", "", "sum.sql", "entfernt: Datenbank hatDatenbank"},
-    {"            hatErgebnisliste =", "            if (x) { tue(7); }\r\n            hatErgebnisliste =", NoDatabase,
-     "            if (x) { tue(7); }\r\n    }", "", "hatDatenbank", "entfernt: }"},
-    {"            hatDatenbank.sendeSQL(\"SELECT * FROM \");\r\n", "", Nothing, "=", "", "",
-     "behalten: Die Anweisungen für die Datenbank sind verändert"},
-    {"\r\n}", "\r\n    Datenbank meine;\r\n}", NoDatabase, "import sum.sql.*;", "", "hatDatenbank",
-     "behalten: import sum.sql.*; wird noch gebraucht"},
-    // New names reach his lines, but neither texts nor comments.
-    {stub,
-     "        hatKnopf1.a(\"hatKnopf1\"); // hatKnopf1\r\n        hatTon1.b();\r\n        "
-     "x.setzeBearbeiterGeklickt(\"hatKnopf1\");\r\n        "
-     "hatKnopf1.setzeBearbeiterGeklickt(\"hatKnopf1Geklickt\");\r\n",
-     NewName,
-     "public void hatStartGeklickt()\r\n    {\r\n        hatStart.a(\"hatKnopf1\"); // hatKnopf1\r\n        "
-     "hatKnopf1.b();\r\n        x.setzeBearbeiterGeklickt(\"hatKnopf1\");\r\n        "
-     "hatStart.setzeBearbeiterGeklickt(\"hatStartGeklickt\");",
-     "//hatKnopf1.spieleTon();", "hatTon1", "umbenannt: hatKnopf1 heißt jetzt hatStart"},
-    // What a project file does not hold stays as the source has it.
-    {"", "", OtherArea, "hatZeilenbereich1 = new Zeichenbereich(10, 99", "    Zeichenbereich hatZeilenbereich1;",
-     "new Zeilenbereich", ""},
-    {"", "", JustLoaded, "new Schalter(11, 20, 80, 30, \"Schalter 1\");\r\n        hatSchalter1.schalteAn();",
-     "    Zeilenbereich hatZeilenbereich1;", "Zeichenbereich", "geändert: hatZeilenbereich1: 10, 20"},
-};
-
-TEST(JavaUpdate, KeepsWhatIsThePupilsAndBringsTheRestUpToDate) {
-    for (const Case& test : cases) {
-        ProjectModel model = Design();
-        std::string source = GenerateCode(model, {.menu = false, .database = true});
-        source = test.what.empty() ? source : ReplaceAll(source, test.what, test.with);
-        UpdateOptions options;
-        test.edit(model, options);
-        const JavaUpdate update = UpdateJava(source, model, options);
-        std::string report;
-        for (const UpdateEntry& entry : update.entries)
-            Append(report, WordOf(entry.action), ": ", entry.text, "\n");
-        if (test.there == "=")
-            EXPECT_TRUE(update.source == source) << test.with << "\n" << update.source << report;
-        else
-            EXPECT_NE(update.source.find(test.there), std::string::npos) << test.there << update.source << report;
-        EXPECT_NE(update.source.find(test.alsoThere), std::string::npos) << test.alsoThere << update.source;
-        EXPECT_TRUE(test.notThere.empty() || update.source.find(test.notThere) == std::string::npos)
-            << test.notThere << update.source;
-        EXPECT_NE(report.find(test.report), std::string::npos) << test.report << "\n" << report;
-        options.renames.clear();
-        EXPECT_EQ(UpdateJava(update.source, model, options).source, update.source);
+/// One edit of a design, or one thing that the update is told, as it stands behind "!" in a file of cases.
+void Take(std::string_view step, ProjectModel& model, UpdateOptions& options) {
+    const auto next = [&step] {
+        const std::string_view word = step.substr(0, step.find(' '));
+        step.remove_prefix(std::min(word.size() + 1, step.size()));
+        return std::string(word);
+    };
+    const std::string what = next();
+    const std::string second = next();
+    const std::string third(step);
+    if (what == "place") {
+        model.EditElement(model.PlaceComponent(KindOf(second), {10, 99, 80, 30})).ObjectName = third;
+    } else if (what == "delete") {
+        for (const ComponentRef component : model.CreationOrder())
+            if (model.Element(component).ObjectName == second)
+                return model.DeleteComponent(component);
+    } else if (what == "rename") {
+        Element(model, second).ObjectName = third;
+        options.renames.push_back({second, third});
+    } else if (what == "renamed") {
+        options.renames.push_back({second, third});
+    } else if (what == "window") {
+        model.SetWindowSize(ToInt16(second), ToInt16(third));
+    } else if (what == "entry") {
+        model.EditMenus().Menus().begin()->AddEntry(second, cMenu::Entry);
+    } else if (what == "separator") {
+        model.EditMenus().Menus().begin()->AddEntry({}, cMenu::Separator);
+    } else if (what == "sql") {
+        model.EditSql().*sqlFields.at(std::stoul(second)).text = third;
+    } else if (what == "query") {
+        model.EditSql().Flags.at(std::stoul(second)) = ToInt16(third);
+    } else if (what == "without") {
+        (second == "menu" ? options.withoutMenu : options.withoutDatabase) = true;
+    } else if (what == "mark") {
+        (second == "menu" ? options.withoutMenu : options.withoutDatabase) = false;
+        (second == "menu" ? options.marks.menu : options.marks.database) = true;
+    } else if (what == "unknown") {
+        options.isUnknown = [second](std::string_view name, std::string_view) {
+            return second.empty() || name == second;
+        };
+    } else if (what == "windows-1252") {
+        options.windows1252 = true;
+    } else {
+        Control& element = Element(model, what);
+        FindRow(element, second)->set(element, ReplaceAll(third, "|", std::string_view("", 1)));
     }
 }
 
-struct RefusalRow {
-    std::string_view what, with, message;
+/// A case of tests/data/update: what a pupil makes of a generated source, what becomes of the design, and the update.
+/// "|" stands for the end of a line.
+struct Case {
+    std::string title;              ///< behind "="
+    std::vector<std::string> both;  ///< behind "?": steps for the design that the source is of, and the new one
+    std::vector<std::string> edits; ///< behind "!": steps for the new one only
+    std::vector<std::pair<std::string, std::string>> changes; ///< behind "~": a text, "~" and what comes in its place
+    std::string result; ///< all else: lines gone and come with the numbers of their places, and the report
 };
 
-constexpr RefusalRow refusals[] = {
-    {"extends EBAnwendung", "", "Zeile 1: Es gibt keine Klasse, die EBAnwendung erweitert."},
-    {"\r\n}", "\r\n}\r\nclass B extends EBAnwendung { }", "Mehr als eine Klasse erweitert EBAnwendung."},
-    {"public SuMAnwendung()", "public SuMAnwendung(int a)",
-     "Zeile 7: Die Klasse SuMAnwendung hat keinen Konstruktor ohne Parameter."},
-    {"    Knopf hatKnopf1;", "    Knopf hatKnopf1;\r\n    Knopf hatKnopf1;",
-     "Zeile 11: Das Feld hatKnopf1 ist zweimal deklariert, zuerst in Zeile 10."},
-    {"Knopf hatKnopf1;", "int hatKnopf1;",
-     "Zeile 10: Hier ist hatKnopf1 ein eigenes Feld der Klasse int; im Entwurf heißt so ein Objekt der Klasse Knopf."},
-    {"Knopf hatKnopf1;", "java.util.Map<String, java.util.List<Knopf>> hatKnopf1;",
-     "Hier ist hatKnopf1 ein eigenes Feld der Klasse Map;"},
-    {"Knopf hatKnopf1;", "int a = f(g(1), 2), b[] = {3, 4}, hatKnopf1;",
-     "Hier ist hatKnopf1 ein eigenes Feld der Klasse int;"},
-    {"\r\n}", "\r\n    void hatKnopf1Geklickt() { }\r\n}",
-     "Die Methode hatKnopf1Geklickt() steht zweimal da, zuerst in Zeile"},
-};
-
-TEST(JavaUpdate, RefusesWhatItCannotTellApart) {
-    for (const RefusalRow& row : refusals) {
-        const ProjectModel model = Design();
-        try {
-            UpdateJava(ReplaceAll(GenerateCode(model, {}), row.what, row.with), model, {});
-            ADD_FAILURE() << row.message;
-        } catch (const UpdateRefusal& refusal) {
-            EXPECT_NE(std::string_view(refusal.what()).find(row.message), std::string_view::npos) << refusal.what();
+std::vector<Case> CasesIn(const std::filesystem::path& file) {
+    std::vector<Case> cases;
+    const std::string text = ReadFileBytes(file);
+    for (const std::string_view line : Split(text, '\n')) {
+        if (line.empty() || line.starts_with('#'))
+            continue;
+        const auto addSteps = [rest = line.substr(1)](std::vector<std::string>& steps) {
+            for (const std::string_view step : Split(rest, ';'))
+                steps.emplace_back(Trim(step));
+        };
+        if (line.starts_with('=')) {
+            cases.push_back({std::string(Trim(line.substr(1))), {}, {}, {}, {}});
+        } else if (line.starts_with('?')) {
+            addSteps(cases.back().both);
+        } else if (line.starts_with('!')) {
+            addSteps(cases.back().edits);
+        } else if (line.starts_with('~')) {
+            const std::size_t middle = line.find('~', 1);
+            cases.back().changes.emplace_back(ReplaceAll(line.substr(1, middle - 1), "|", "\r\n"),
+                                              ReplaceAll(line.substr(middle + 1), "|", "\r\n"));
+        } else {
+            Append(cases.back().result, line, "\n");
         }
     }
+    return cases;
+}
+
+std::string Joined(const auto& lines) {
+    std::string text;
+    for (const std::string_view line : lines)
+        Append(text, line, "|");
+    return text.substr(0, text.size() - 1);
+}
+
+/// "12-gone|and gone" and "12+come": the lines of each difference, with the number of its first old one.
+std::string Difference(const std::string& before, const std::string& after) {
+    std::string shown;
+    const auto oldLines = LinesOf(before);
+    const auto newLines = LinesOf(after);
+    for (const auto& [oldBegin, oldEnd, newBegin, newEnd] : LineDifferences(oldLines, newLines)) {
+        if (oldBegin < oldEnd)
+            Append(shown, oldBegin + 1, "-", Joined(std::span(oldLines).subspan(oldBegin, oldEnd - oldBegin)), "\n");
+        if (newBegin < newEnd)
+            Append(shown, oldBegin + 1, "+", Joined(std::span(newLines).subspan(newBegin, newEnd - newBegin)), "\n");
+    }
+    return shown;
+}
+
+std::string ResultOf(const Case& test) {
+    ProjectModel model = Design();
+    UpdateOptions options;
+    for (const std::string& step : test.both)
+        Take(step, model, options);
+    std::string source = GenerateCode(model, {.menu = !options.withoutMenu, .database = !options.withoutDatabase});
+    for (const auto& [before, after] : test.changes) {
+        EXPECT_NE(source.find(before), std::string::npos) << test.title << ": " << before;
+        source = ReplaceAll(source, before, after);
+    }
+    for (const std::string& step : test.edits)
+        Take(step, model, options);
+    try {
+        const JavaUpdate update = UpdateJava(source, model, options);
+        for (const char* const lineEnd : {"\n", "\r"})
+            EXPECT_EQ(UpdateJava(ReplaceAll(source, "\r\n", lineEnd), model, options).source,
+                      ReplaceAll(update.source, "\r\n", lineEnd))
+                << test.title;
+        options.renames.clear();
+        EXPECT_EQ(UpdateJava(update.source, model, options).source, update.source) << test.title;
+        const std::string result = Difference(source, update.source);
+        std::vector<std::string> report;
+        for (const UpdateEntry& entry : update.entries)
+            report.push_back(LineOf(entry));
+        return report.empty() ? result : Concatenate(result, Joined(report), "\n");
+    } catch (const UpdateRefusal& refusal) {
+        return Concatenate(refusal.what(), "\n");
+    }
+}
+
+TEST(JavaUpdate, ChangesWhatIsPirolsAndKeepsWhatIsThePupils) {
+    for (const auto& file : std::filesystem::directory_iterator(std::filesystem::path(PIROL_TEST_DATA) / "update"))
+        for (const Case& test : CasesIn(file))
+            if (const std::string result = ResultOf(test); result != test.result)
+                ADD_FAILURE() << "= " << test.title << "\n" << result << "instead of\n" << test.result;
 }
 
 } // namespace

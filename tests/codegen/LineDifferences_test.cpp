@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <optional>
 #include <random>
 #include <string>
 
@@ -45,27 +47,69 @@ TEST(LineDifferences, AreFewAndLeaveUniqueLinesAlone) {
     EXPECT_EQ(LinesOf("a\nb\r\n\rc").size(), 4U);
 }
 
-/// Applying the differences gives the new text, rows hold each line once and in order, and equal lines stand together.
-TEST(LineDifferences, LeadFromOneTextToTheOtherWhateverTheyHold) {
+/// How many lines a comparison by the longest common subsequence keeps, if it is the one that must come out: where no
+/// line occurs twice in a text, or none occurs once in both when what is equal at both ends is left out.
+std::optional<std::size_t> MostKept(std::string_view before, std::string_view after) {
+    const auto equalEnds = [&] {
+        const auto [left, right] = std::mismatch(before.begin(), before.end(), after.begin(), after.end());
+        before.remove_prefix(static_cast<std::size_t>(left - before.begin()));
+        after.remove_prefix(static_cast<std::size_t>(right - after.begin()));
+        while (!before.empty() && !after.empty() && before.back() == after.back()) {
+            before.remove_suffix(1);
+            after.remove_suffix(1);
+        }
+    };
+    const std::size_t all = before.size();
+    const auto count = [](std::string_view text, char letter) { return std::count(text.begin(), text.end(), letter); };
+    const auto isTwice = [&](char letter) { return count(before, letter) > 1 || count(after, letter) > 1; };
+    const bool isOrder = std::none_of(before.begin(), before.end(), isTwice);
+    equalEnds();
+    const auto isOnce = [&](char letter) { return count(before, letter) == 1 && count(after, letter) == 1; };
+    if (!isOrder && std::any_of(before.begin(), before.end(), isOnce))
+        return std::nullopt;
+    std::vector<std::vector<std::size_t>> most(before.size() + 1, std::vector<std::size_t>(after.size() + 1));
+    for (std::size_t left = 1; left <= before.size(); ++left)
+        for (std::size_t right = 1; right <= after.size(); ++right)
+            most[left][right] = before[left - 1] == after[right - 1]
+                                    ? most[left - 1][right - 1] + 1
+                                    : std::max(most[left - 1][right], most[left][right - 1]);
+    return all - before.size() + most.back().back();
+}
+
+/// Applying the differences gives the new text, rows hold each line once and in order, equal lines stand together, and
+/// no more differs than must.
+TEST(LineDifferences, LeadFromOneTextToTheOtherByAsFewAsMust) {
     std::mt19937 random(7); // the same texts in every run
     for (int round = 0; round < 2000; ++round) {
         const auto letters = [&](std::size_t length) {
             std::string text(length, ' ');
             for (char& letter : text)
                 letter = static_cast<char>('a' + random() % (1 + static_cast<unsigned>(round) % 26));
+            if (round % 4 == 0) { // every letter once
+                std::sort(text.begin(), text.end());
+                text.erase(std::unique(text.begin(), text.end()), text.end());
+                std::shuffle(text.begin(), text.end(), random);
+            }
             return text;
         };
-        const std::string oldText = TextOf(letters(random() % 40));
-        const std::string newText = TextOf(letters(random() % 40));
+        const std::string oldLetters = letters(random() % 40);
+        const std::string newLetters = letters(random() % 40);
+        const std::string oldText = TextOf(oldLetters);
+        const std::string newText = TextOf(newLetters);
         const auto before = LinesOf(oldText);
         const auto after = LinesOf(newText);
         const SideBySide rows(LineDifferences(before, after), before.size());
         std::size_t oldLine = 0;
         std::size_t newLine = 0;
+        std::size_t kept = 0;
+        std::size_t begun = 0; // differences so far
         for (std::size_t row = 0; row < rows.RowCount(); ++row) {
             const SideBySide::Row shown = rows[row];
             ASSERT_TRUE(shown.oldLine || shown.newLine);
             ASSERT_TRUE(shown.differs || before.at(*shown.oldLine) == after.at(*shown.newLine));
+            begun += begun < rows.DifferenceCount() && rows.FirstRow(begun) == row ? 1 : 0;
+            ASSERT_EQ(rows.DifferenceAt(row), shown.differs ? std::optional(begun - 1) : std::nullopt);
+            kept += shown.differs ? 0 : 1;
             if (shown.oldLine) {
                 ASSERT_EQ(*shown.oldLine, oldLine);
                 ASSERT_EQ(rows.RowOfOldLine(oldLine++), row);
@@ -77,6 +121,8 @@ TEST(LineDifferences, LeadFromOneTextToTheOtherWhateverTheyHold) {
         }
         ASSERT_EQ(oldLine, before.size());
         ASSERT_EQ(newLine, after.size());
+        ASSERT_EQ(begun, rows.DifferenceCount());
+        ASSERT_EQ(MostKept(oldLetters, newLetters).value_or(kept), kept) << oldLetters << " " << newLetters;
     }
 }
 

@@ -8,10 +8,13 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 namespace pirol {
 namespace {
 
 using test::ErrorOf;
+using test::OutcomeOf;
 
 /// tests/data/import/*: SuMAnwendung.java gives expected.prl.
 TEST(JavaImport, Cases) {
@@ -22,18 +25,40 @@ TEST(JavaImport, Cases) {
     }
 }
 
-TEST(JavaImport, TheIndexFindsWhatAPlainSearchFinds) {
-    const std::string source = "a.f(1); aa.f(2); b.f(3); xb.f(4); .f(5); ba.f(6); a.fx(7); a.f(8);";
-    const std::vector<std::string_view> variables = {"a", "aa", "b", "c", "ba", ""};
-    CallIndex index(source, "f", variables);
-    for (const std::string_view variable : variables) {
-        EXPECT_EQ(index.GetValue(variable, "-"), GetValue(source, variable, "f", "-")) << variable;
-        std::vector<std::string> all;
-        const std::string call = std::string(variable) + ".f(";
-        for (std::size_t hit = source.find(call); hit != std::string::npos; hit = source.find(call, hit + 1))
-            all.push_back(source.substr(hit + call.size(), 1));
-        EXPECT_EQ(index.GetValues(variable), all) << variable;
+TEST(JavaImport, TheIndexFindsWhatAPlainSearchFindsInRandomSources) {
+    const std::string longName(1000, 'x'); // the longest that is taken
+    const std::string_view pieces[] = {"a", "b", "a", longName, ".f(", ".f(", ".g(", ");", "\"", "1", ", ", " "};
+    const std::vector<std::string_view> variables = {"a", "aa", "b", "c", "ba", "", longName};
+    std::mt19937 random(5);
+    for (int round = 0; round < 2000; ++round) {
+        std::string source;
+        for (auto count = random() % 40; count > 0; --count)
+            source += pieces[random() % std::size(pieces)];
+        CallIndex index(source, "f", variables);
+        for (const std::string_view variable : variables) {
+            EXPECT_EQ(OutcomeOf([&] { return index.GetValue(variable, "-"); }),
+                      OutcomeOf([&] { return GetValue(source, variable, "f", "-"); }))
+                << variable << " in " << source;
+            std::string all;
+            const std::string call = std::string(variable) + ".f(";
+            for (std::size_t hit = source.find(call); hit != std::string::npos; hit = source.find(call, hit + 1)) {
+                const std::size_t begin = hit + call.size();
+                const std::size_t end = source.find(");", begin);
+                all = end == std::string::npos || all == "Fehler 5"
+                          ? "Fehler 5"
+                          : all + WithoutQuotes(source.substr(begin, end - begin)) + "|";
+            }
+            EXPECT_EQ(OutcomeOf([&] {
+                          std::string found;
+                          for (const std::string& value : index.GetValues(variable))
+                              found += value + "|";
+                          return found;
+                      }),
+                      all)
+                << variable << " in " << source;
+        }
     }
+    EXPECT_EQ(test::ErrorNumberOf([&] { CallIndex("", "f", {std::string(1001, 'x')}); }), RuntimeError::InvalidCall);
 }
 
 TEST(JavaImport, AnErrorKeepsWhatWasRead) {

@@ -37,6 +37,26 @@ TEST(Arranging, FollowsItsTable) {
               "");
 }
 
+/// Which arrangements can do something with components of these kinds, the last one the leader, in their order.
+TEST(Arranging, NeedsEnoughAndForSizesOneThatHasAny) {
+    const std::pair<std::vector<ComponentKind>, const char*> cases[] = {
+        {{}, "0000000000000000"},
+        {{ComponentKind::Sound}, "0000000000000111"},
+        {{ComponentKind::Sound, ComponentKind::Movie}, "1111110000000111"},
+        {{ComponentKind::Button, ComponentKind::Sound}, "1111111110000111"},
+        {{ComponentKind::Movie, ComponentKind::Sound, ComponentKind::Picture}, "1111110001111111"},
+    };
+    for (const auto& [kinds, possible] : cases) {
+        std::vector<ComponentRef> components;
+        for (const ComponentKind kind : kinds)
+            components.push_back({kind, 1});
+        std::string can;
+        for (std::size_t i = 0; i < arrangementCount; ++i)
+            can += CanArrange(static_cast<Arrangement>(i), Selection(components)) ? '1' : '0';
+        EXPECT_EQ(can, possible) << kinds.size();
+    }
+}
+
 TEST(Arranging, IsOneStepOfAllOrNone) {
     Document document;
     std::vector<ComponentRef> placed;

@@ -104,6 +104,22 @@ TEST(Clipboard, MissingFilesAreReported) {
     Designer other;
     EXPECT_EQ(PasteComponents(other.document, designer.Copied()),
               "Hier fehlen Dateien eingefügter Komponenten: »gibt-es-nicht.bmp«.");
+    for (char name = 'a'; name <= 'k'; ++name)
+        designer.Place(Picture, {0, 0, 0, 0});
+    designer.Place(Sound, {0, 0, 0, 0});
+    designer.document.Edit("", [](ProjectModel& model) {
+        for (std::size_t i = 1; i <= 10; ++i)
+            static_cast<dBild&>(model.EditElement({Picture, i})).File = std::string(i, 'x');
+    });
+    designer.document.Select(AllComponents(designer.document.Model()));
+    const std::string ten = PasteComponents(other.document, designer.Copied());
+    EXPECT_TRUE(ten.ends_with(", »xxxxxxxxxx«.")) << ten;
+    designer.document.Edit("", [](ProjectModel& model) {
+        static_cast<dBild&>(model.EditElement({Picture, 11})).File = "y";
+        static_cast<dBild&>(model.EditElement({Picture, 12})).File = "z";
+    });
+    const std::string twelve = PasteComponents(other.document, designer.Copied());
+    EXPECT_TRUE(twelve.ends_with(", »xxxxxxxxxx« und 2 weitere.")) << twelve;
 }
 
 TEST(Clipboard, WhatIsBrokenChangesNothingOrObeysTheRules) {
@@ -135,6 +151,33 @@ TEST(Clipboard, ThereIsNoRoomBeyond16Bits) {
     designer.Place(Button, {32765, 10, 60, 30});
     DuplicateSelected(designer.document);
     EXPECT_EQ(designer.Selected(), "hatKnopf2 32765 10");
+    designer.Place(Label, {10, 32757, 60, 30});
+    DuplicateSelected(designer.document);
+    EXPECT_EQ(designer.Selected(), "hatEtikett2 20 32767") << "just enough";
+}
+
+TEST(Clipboard, ACopyTakesTheNextFreeName) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"hatX", "hatX2 hatX3"},
+        {"hatX9", "hatX10 hatX11"},
+        {"hatX007", "hatX8 hatX9"},
+        {"9", "10 11"},
+        {"x1y", "x1y2 x1y3"},
+        {"x99999999999999999999", "x2 x3"},
+        {" ", "   "},
+    };
+    for (const auto& [name, copies] : cases) {
+        Designer designer;
+        const ComponentRef first = designer.Place(Label, {10, 10, 60, 30});
+        designer.document.Edit("", [&](ProjectModel& model) { model.EditElement(first).ObjectName = name; });
+        EXPECT_EQ(JavaLines(SelectedPart(designer.document)).find("\r\n\r\n\r\n"), std::string::npos);
+        std::string names;
+        for (int i = 0; i < 2; ++i) {
+            DuplicateSelected(designer.document);
+            names += (i == 0 ? "" : " ") + designer.document.Model().Element(*designer.document.Selected()).ObjectName;
+        }
+        EXPECT_EQ(names, copies);
+    }
 }
 
 /// A renamed component may have the name that the next one would get.

@@ -53,6 +53,27 @@ TEST(ComponentList, ShowsAndFindsWhatIsThere) {
               "");
 }
 
+TEST(ComponentList, TellsTextsAndFindsCapitals) {
+    ProjectModel model = Design();
+    ComponentList list;
+    list.Rebuild(model);
+    std::string texts;
+    for (std::size_t node = 0; node < list.Nodes().size(); ++node)
+        texts += list.TextOf(model, node) + "/";
+    EXPECT_EQ(texts, "//////Etikett 1/Öffnen/Knopf/Rot////");
+    // The letters from À to ß and from à to ÿ are 32 apart; × and ÷ are none, and ß and ÿ no pair.
+    for (int code = 0x80; code <= 0x9F; ++code) {
+        const std::string large = {'\xC3', static_cast<char>(code)};
+        const std::string small = {'\xC3', static_cast<char>(code + 0x20)};
+        model.EditElement({ComponentKind::Label, 1}).ObjectName = "x" + large;
+        list.SetFilter("x" + small);
+        list.Rebuild(model);
+        EXPECT_EQ(list.BestMatch(model).has_value(), code != 0x97 && code != 0x9F) << code;
+    }
+    EXPECT_TRUE(list.IsOutdatedBy(model, {.components = {}, .menus = true}));
+    EXPECT_TRUE(list.IsOutdatedBy(model, {.components = {}, .allComponents = true}));
+}
+
 TEST(ComponentList, KnowsWhenItMustBeRebuilt) {
     const struct {
         const char* filter;

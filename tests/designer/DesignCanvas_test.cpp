@@ -71,7 +71,17 @@ class DesignCanvasTest : public ::testing::Test, private DocumentListener {
             {"all", [this](int, int) { canvas.SelectAll(); }},
             {"toggle", [this](int, int) { canvas.ToggleReached(); }},
             {"grow", [this](int x, int y) { canvas.ResizeSelected(x, y); }},
+            {"shrink", [this](int x, int y) { canvas.ResizeSelected(-x, -y, false, true); }},
             {"place", [this](int, int) { canvas.PlaceByKeyboard(); }},
+            {"alt", [this](int x, int y) { canvas.Press(x, y, MouseButton::Left, {.alt = true}); }},
+            {"guides", [this](int on, int) { canvas.SetAlignsToGuides(on == 1); }},
+            {"suspend", [this](int on, int) { canvas.SuspendGuides(on == 1); }},
+            {"handles", [this](int size, int) { canvas.SetHandleSize(size); }},
+            {"show", [this](int x, int y) { canvas.ShowPlacement(canvas.CurrentKind(), x, y); }},
+            {"hide", [this](int, int) { canvas.HidePlacement(); }},
+            {"usual", [this](int x, int y) { canvas.PlaceUsual(canvas.CurrentKind(), x, y); }},
+            {"leave", [this](int, int) { canvas.Leave(); }},
+            {"cancel", [this](int, int) { document.CancelGesture(); }},
         };
         std::istringstream words{std::string(step)};
         std::string command;
@@ -96,6 +106,22 @@ class DesignCanvasTest : public ::testing::Test, private DocumentListener {
                                                                      : "") +
                          Text(BoxOf(component));
         return boxes;
+    }
+
+    /// All that the view paints beside the components, and what it asks.
+    std::string Seen() {
+        std::string seen = canvas.StatusText();
+        if (canvas.IsFrameVisible())
+            Append(seen, " frame ", Text(canvas.Frame()));
+        if (canvas.DraggedX() != 0 || canvas.DraggedY() != 0)
+            Append(seen, " dragged ", canvas.DraggedX(), " ", canvas.DraggedY());
+        for (const GuideLine& line : canvas.GuideLines())
+            Append(seen, line.isUpright ? " x" : " y", line.position, "(", line.begin, "..", line.end, ")");
+        if (const auto reached = canvas.Reached(); reached && reached != canvas.Selected())
+            Append(seen, " reached ", Text(canvas.ShownBox(*reached)));
+        Append(seen, canvas.IsJustPlaced() ? " placed" : "", canvas.IsInGesture() ? " in gesture" : "",
+               canvas.IsPressed() ? " pressed" : "", document.IsInGesture() ? " one step" : "");
+        return std::string(Trim(seen));
     }
 
     std::string Gesture() {
@@ -159,6 +185,28 @@ TEST_F(DesignCanvasTest, SeveralComponents) {
         document.Redo();
         EXPECT_EQ(Boxes(), boxes);
     }
+}
+
+TEST_F(DesignCanvasTest, WhatIsSeen) {
+    EXPECT_EQ(test::Deviations("canvas-seen",
+                               [this](const test::TableRow& row) {
+                                   NewProject(document);
+                                   canvas.SetSnapsToGrid(false);
+                                   canvas.SetAlignsToGuides(false);
+                                   canvas.SuspendGuides(false);
+                                   canvas.SetHandleSize(8);
+                                   canvas.ChooseKind(1);
+                                   AddAll(row[0]);
+                                   int error = 0;
+                                   for (const std::string_view step : Split(row[1], ';'))
+                                       error += test::ErrorNumberOf([&] { Do(step); });
+                                   const test::Fields answer = {Boxes(), Seen() + (error == 6 ? "overflow" : "")};
+                                   canvas.Escape();
+                                   canvas.Release();
+                                   canvas.HidePlacement();
+                                   return answer;
+                               }),
+              "");
 }
 
 TEST_F(DesignCanvasTest, PlacesTheKindOfTheNumberOnTheGrid) {
@@ -256,6 +304,28 @@ TEST_F(DesignCanvasTest, FindsWhatLinearSearchFinds) {
     }
 }
 
+/// Of so many not all are looked up at the first question, but all are found.
+TEST_F(DesignCanvasTest, FindsWhatItHasNotTakenInYet) {
+    Edit([](ProjectModel& changed) {
+        for (int i = 0; i < 10'005; ++i)
+            changed.PlaceComponent(Button, {i, 10, 20, i == 10'002 ? 0 : 10});
+    });
+    EXPECT_EQ(canvas.HitTest(10'021, 12).component, (ComponentRef{Button, 10'005}));
+    NewProject(document);
+    Edit([](ProjectModel& changed) {
+        for (int i = 0; i < 10'005; ++i)
+            changed.PlaceComponent(Button, {i % 100 * 300, i / 100 * 300, 20, 10});
+        changed.DeleteComponent({Button, 10'004});
+    });
+    const Rectangle areas[] = {{-5, 30'000, 910, 10}, {600, 29'000, 10, 1200}, {0, 0, 0, 5}};
+    const std::vector<ComponentRef> expected = {{Button, 9'703},  {Button, 9'803},  {Button, 9'903},
+                                                {Button, 10'001}, {Button, 10'002}, {Button, 10'003}};
+    for (int question = 0; question < 2; ++question)
+        EXPECT_EQ(canvas.Intersecting(areas), expected) << question;
+    EXPECT_EQ(canvas.HitTest(1205, 30'005).component, (ComponentRef{Button, 10'005}));
+    EXPECT_EQ(canvas.HitTest(905, 30'005).area, CanvasHit::Area::Canvas) << "deleted";
+}
+
 TEST_F(DesignCanvasTest, OverflowEndsTheGestureAndLosesNothing) {
     const ComponentRef button = Add(Button, {32700, 0, 60, 30});
     const ProjectModel before = model;
@@ -322,6 +392,12 @@ TEST_F(DesignCanvasTest, TheKeyboardBeginsAtTheUpperLeftOfANewDesign) {
         EXPECT_EQ(BoxOf(document.Selected().value()).left, 30);
         NewProject(document);
     }
+}
+
+TEST_F(DesignCanvasTest, AfterAHundredPlacesOneLiesUponAnother) {
+    for (int i = 0; i < 102; ++i)
+        canvas.PlaceUsual(2, 300, 200);
+    EXPECT_EQ(BoxOf(*canvas.Selected()).left, 240 + 100 * 10);
 }
 
 TEST_F(DesignCanvasTest, AGestureIsOneStep) {

@@ -24,6 +24,47 @@ std::size_t UndoAll(Document& document) {
     return steps;
 }
 
+/// Sees that whatever is another than before was told of.
+class Watcher final : DocumentListener {
+  public:
+    explicit Watcher(Document& document) : document_(document), before_(document) { document_.AddListener(*this); }
+    ~Watcher() { document_.RemoveListener(*this); }
+    Watcher(const Watcher&) = delete;
+    Watcher& operator=(const Watcher&) = delete;
+
+  private:
+    struct Look {
+        explicit Look(const Document& document)
+            : model(document.Model()), selected(document.AllSelected()), isChanged(document.IsChanged()),
+              path(document.FilePath()), canUndo(document.CanUndo()), canRedo(document.CanRedo()),
+              inGesture(document.IsInGesture()) {}
+        ProjectModel model;
+        Selection selected;
+        bool isChanged;
+        std::string path;
+        bool canUndo;
+        bool canRedo;
+        bool inGesture;
+    };
+
+    void DocumentChanged(const DocumentChange& change) override {
+        const Look now(document_);
+        EXPECT_EQ(change.design.Any(), change.replaced || !(now.model == before_.model));
+        EXPECT_TRUE(change.selection || now.selected == before_.selected);
+        EXPECT_TRUE(change.replaced || change.selection == !(now.selected == before_.selected) ||
+                    now.selected.IsEmpty());
+        EXPECT_TRUE(change.file || (now.isChanged == before_.isChanged && now.path == before_.path));
+        EXPECT_TRUE(change.history || (now.canUndo == before_.canUndo && now.canRedo == before_.canRedo));
+        EXPECT_EQ(change.gestureEnded, before_.inGesture && !now.inGesture);
+        EXPECT_EQ(change.properties,
+                  change.selection || change.gestureEnded || (!now.inGesture && change.design.HasComponents()));
+        before_ = now;
+    }
+
+    Document& document_;
+    Look before_;
+};
+
 /// Does anything to a document, and says by itself what every step must lead back to.
 class Walk {
   public:
@@ -127,6 +168,7 @@ class Walk {
 
     std::mt19937 random_;
     Document document_;
+    Watcher watcher_{document_};
     std::size_t state_ = 1;
     std::size_t file_ = 0;
     std::vector<File> files_ = {{"", 1}};
@@ -166,6 +208,27 @@ TEST(Document, JoinsChangesOfOneKeyUntilSomethingElseHappens) {
         Widen(joined, 701, "key");
         EXPECT_EQ(UndoAll(joined), name == ends[1].first ? 3U : expected) << name;
         expected = 2;
+    }
+    {
+        // A gesture that changes nothing or is given up leaves what came before as it was; and it is told of its end.
+        const Watcher watcher(document);
+        Widen(document, 650);
+        for (const bool givesUp : {false, true}) {
+            document.BeginGesture();
+            EXPECT_FALSE(document.CanUndo());
+            Widen(document, 660);
+            Widen(document, givesUp ? 670 : 650);
+            givesUp ? document.CancelGesture() : document.EndGesture();
+            EXPECT_EQ(document.Model().WindowWidth(), 650);
+            EXPECT_FALSE(document.CanRedo());
+        }
+        document.BeginGesture();
+        document.Replace("", [](ProjectModel&) { return Document::Origin{"a.prl", true}; });
+        EXPECT_FALSE(document.IsInGesture());
+        document.BeginGesture();
+        document.CancelGesture();
+        EXPECT_EQ(document.FilePath(), "a.prl");
+        EXPECT_EQ(UndoAll(document), 2U);
     }
     // What comes back to where it began is no step, and what follows is one of its own.
     Widen(document, 700, "key");

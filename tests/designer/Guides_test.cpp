@@ -22,7 +22,8 @@ std::string Shown(const Guides::Found& found) {
     for (const GuideLine& line : found.lines) {
         text += (line.isUpright ? " x" : " y") + std::to_string(line.position) + "(" + std::to_string(line.begin) +
                 ".." + std::to_string(line.end) + ")";
-        text += line.distance != 0 ? "=" + std::to_string(line.distance) : "";
+        if (line.distance != 0)
+            text += "=" + std::to_string(line.distance) + "@" + std::to_string(line.numberAt);
     }
     return text;
 }

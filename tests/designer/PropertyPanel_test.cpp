@@ -124,6 +124,33 @@ TEST(PropertyPanel, EditsReachTheControlOrChangeNothing) {
     }
 }
 
+/// Of several components, the last one the leader, each a pixel farther to the right than the one before.
+TEST(PropertyPanel, SeveralShowAndTakeWhatTheyShare) {
+    EXPECT_EQ(test::Deviations("property-shared",
+                               [](const test::TableRow& row) {
+                                   Document document;
+                                   std::vector<ComponentRef> components;
+                                   for (const std::string_view kind : Split(row[0], ',')) {
+                                       const ComponentRef component = Place(document, Trim(kind));
+                                       document.Edit("", [&](ProjectModel& model) {
+                                           Control& control = model.EditElement(component);
+                                           control.Left = static_cast<std::int16_t>(30 + components.size());
+                                       });
+                                       components.push_back(component);
+                                   }
+                                   document.Select(Selection(components));
+                                   document.MarkSaved({});
+                                   const std::string outcome =
+                                       test::OutcomeOf([&] { return PropertyChanged(document, row[1], row[2]); });
+                                   const auto rows = LoadProperties(document.Model(), document.AllSelected());
+                                   for (const PropertyPanelRow& shown : rows)
+                                       EXPECT_EQ(shown.handler, "");
+                                   return test::Answer(document.IsChanged() ? document.UndoLabel() : outcome,
+                                                       Outline(rows));
+                               }),
+              "");
+}
+
 TEST(PropertyPanel, FlagsGoOnAndOff) {
     for (const KindRow& kind : KindRows()) {
         Document document;

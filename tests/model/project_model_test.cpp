@@ -65,6 +65,35 @@ TEST(ProjectModel, TextsCountAsBytes) {
     }
 }
 
+/// What two designs do not share counts, and nothing else.
+TEST(ProjectModel, WhatDiffersCountsAsBytes) {
+    static const std::string text(1000, 'x');
+    struct Case {
+        void (*change)(ProjectModel&);
+        std::size_t texts;
+    };
+    const Case cases[] = {
+        {[](ProjectModel& model) { model.SetAuthor(text); }, 1},
+        {[](ProjectModel& model) { model.EditMenus().Append(text, text).AddEntry(text, cMenu::SubMenu)->Name = text; },
+         4},
+        {[](ProjectModel& model) {
+             for (const SQLField& field : sqlFields)
+                 model.EditSql().*field.text = text;
+         },
+         5},
+    };
+    const ProjectModel empty;
+    const std::size_t least = empty.UnsharedBytes(empty);
+    for (const Case& row : cases) {
+        ProjectModel changed = empty;
+        row.change(changed);
+        EXPECT_GE(changed.UnsharedBytes(empty), least + row.texts * text.size());
+        EXPECT_LE(changed.UnsharedBytes(empty), least + row.texts * text.size() + 600);
+        ProjectModel next = changed;
+        EXPECT_EQ(next.UnsharedBytes(changed), least);
+    }
+}
+
 TEST(ProjectModel, ResetKeepsTheDatabase) {
     ProjectModel model;
     model.EditSql().Server = "localhost";
@@ -98,9 +127,12 @@ TEST(ProjectModel, DifferencesListWhatIsNotAlike) {
     EXPECT_EQ(change.components[2].before, Rectangle{});
     EXPECT_GT(after.UnsharedBytes(before), sizeof(dButton));
     EXPECT_LT(after.UnsharedBytes(before), std::size_t{100'000});
-    for (std::size_t index = 1; index <= 65; ++index)
+    for (std::size_t index = 1; index <= 61; ++index)
         after.EditElement({Label, index}).Top = 1;
+    EXPECT_EQ(Differences(before, after).components.size(), 64U);
+    after.EditElement({Label, 62}).Top = 1;
     EXPECT_TRUE(Differences(before, after).allComponents);
+    EXPECT_TRUE(Differences(before, after).components.empty());
 }
 
 TEST(ProjectModel, EqualityLooksAtEveryPart) {

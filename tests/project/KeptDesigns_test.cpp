@@ -1,7 +1,13 @@
 #include "Cases.h"
 #include "project/KeptDesigns.h"
+#include "project/Recovery.h"
+#include "project/Snapshot.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <ctime>
 
 namespace pirol {
 namespace {
@@ -41,18 +47,60 @@ TEST(KeptDesigns, StayWholeForTheUserAloneTheNewestFirst) {
 TEST(KeptDesigns, TheOldestGoBeyondTheLimits) {
     const test::ScratchFolder scratch;
     const fs::path folder = scratch / "kept";
-    for (std::size_t i = 0; i < mostKept + 3; ++i)
+    for (std::size_t i = 0; i < 53; ++i)
         KeepDesign(folder, Design(std::to_string(i)), "", static_cast<std::time_t>(i));
-    ASSERT_EQ(KeptDesigns(folder).size(), mostKept);
+    ASSERT_EQ(KeptDesigns(folder).size(), 50U);
     EXPECT_EQ(KeptDesigns(folder).back().kept, 3);
-    KeepDesign(folder, Design("later"), "", longestKept + 30);
+    KeepDesign(folder, Design("later"), "", 30 * day + 30);
     EXPECT_EQ(KeptDesigns(folder).back().kept, 30);
-    const fs::path large = folder / (std::to_string(longestKept + 29) + "-1.kept");
+    const std::uintmax_t size = fs::file_size(KeptDesigns(folder).front().file);
+    const fs::path large = folder / (std::to_string(30 * day + 29) + "-1.kept");
     CreateFileBytes(large, "");
-    fs::resize_file(large, mostKeptBytes);
-    KeepDesign(folder, Design("last"), "", longestKept + 30);
-    EXPECT_EQ(KeptDesigns(folder).size(), 2U) << "behind so large a one there is no room";
+    fs::resize_file(large, 100 * 1024 * 1024 - size);
+    KeepDesign(folder, Design("later"), "", 30 * day + 30);
+    EXPECT_TRUE(fs::exists(large)) << "both take 100 megabytes";
+    fs::resize_file(large, 100 * 1024 * 1024 - size + 1);
+    KeepDesign(folder, Design("later"), "", 30 * day + 30);
+    EXPECT_EQ(KeptDesigns(folder).size(), 1U) << "behind so large a one there is no room";
     EXPECT_FALSE(fs::exists(large));
+}
+
+TEST(KeptDesigns, WhatEndedProgramsHaveLeftIsKeptOnce) {
+    const test::ScratchFolder scratch;
+    const fs::path folder = scratch / "kept";
+    const fs::path recovery = scratch / "recovery";
+    const std::time_t now = std::time(nullptr);
+    const auto leave = [&](const std::string& author, int daysAgo) {
+        const std::vector<fs::path> before = FilesIn(recovery);
+        {
+            RecoveryFile file(recovery);
+            file.Write(SnapshotOf(Design(author)));
+            file.StayBehind(true);
+        }
+        for (const fs::path& path : FilesIn(recovery))
+            if (std::find(before.begin(), before.end(), path) == before.end())
+                fs::last_write_time(path, fs::file_time_type::clock::now() - std::chrono::hours(24 * daysAgo));
+    };
+    KeepLeftDesigns(folder, recovery, "beendet", now);
+    EXPECT_FALSE(fs::exists(folder));
+    leave("old", 31);
+    leave("damaged", 29);
+    for (const LeftDesign& left : LeftDesigns(recovery))
+        if (now - left.written < 30 * day)
+            ReplaceFileBytes(left.file, "x");
+    leave("known", 28);
+    leave("new", 27);
+    KeepDesign(folder, Design("known"), "other", now);
+    const std::size_t files = FilesIn(recovery).size();
+    for (int round = 0; round < 2; ++round) {
+        KeepLeftDesigns(folder, recovery, "beendet", now);
+        std::string kept;
+        for (const KeptDesign& design : KeptDesigns(folder))
+            kept += ReadDesign(design).model.Author() + " " + design.reason + " " +
+                    std::to_string((now - design.kept) / day) + "/";
+        EXPECT_EQ(kept, "known other 0/new beendet 27/");
+    }
+    EXPECT_EQ(FilesIn(recovery).size(), files) << "they stay to be offered";
 }
 
 } // namespace

@@ -138,6 +138,19 @@ TEST_F(Recovery, ALeftDesignIsNotOverwrittenByAProgramOfTheSameNumber) {
     EXPECT_EQ(AuthorsOf(LeftDesigns(folder_)), "left ");
 }
 
+TEST_F(Recovery, ALargeDesignIsWrittenWholeOrNotAtAll) {
+    const std::string author(3'000'000, 'x');
+    {
+        RecoveryFile file(folder_);
+        file.Write(SnapshotOf(Design(author)));
+        std::stop_source stop;
+        stop.request_stop();
+        file.Write(SnapshotOf(Design("later")), stop.get_token());
+        file.StayBehind(true);
+    }
+    EXPECT_TRUE(AuthorsOf(LeftDesigns(folder_)) == author + " ");
+}
+
 TEST_F(Recovery, DamagedFilesAreRefusedAndSetAside) {
     Leave("1-0", "Zoë");
     const std::string whole = ReadFileBytes(folder_ / "1-0.design");

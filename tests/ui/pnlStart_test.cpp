@@ -8,6 +8,7 @@
 #include "ui/main/RecentMenu.h"
 #include "ui/main/StartCard.h"
 #include "ui/MainWindow.h"
+#include "ui/parts/PackedPicture.h"
 
 #include <QMenu>
 #include <QScrollBar>
@@ -91,9 +92,8 @@ class PnlStartTest : public QObject {
                 ProjectModel model;
                 ReadPRLBytes(EmbeddedExample(std::string(name) + ".prl"), model);
                 const QImage design = DesignImage(model, size, PicturesOf(model));
-                const std::string picture = name + ("_" + std::to_string(size.width())) + ".png";
-                const std::string_view bytes = EmbeddedExample(picture);
-                const QImage shown = QImage::fromData(QByteArray::fromRawData(bytes.data(), qsizetype(bytes.size())));
+                const std::string picture = name + ("_" + std::to_string(size.width())) + ".packed";
+                const QImage shown = UnpackedPicture(EmbeddedExample(picture));
                 QCOMPARE(shown.size(), design.size());
                 double difference = 0;
                 for (int y = 0; y < design.height(); ++y)

@@ -60,10 +60,8 @@ void StartCard::paintEvent(QPaintEvent*) {
         const bool fits = own.boundedTo(pictureSize_) == own;
         QRect shown(QPoint(0, 0), fits ? own : own.scaled(pictureSize_, Qt::KeepAspectRatio));
         shown.moveCenter(place.center());
+        painter.fillRect(shown.adjusted(-1, -1, 1, 1), palette().color(roles::outline));
         painter.drawImage(shown, picture_);
-        painter.setBrush(Qt::NoBrush);
-        painter.setPen(palette().color(roles::outline));
-        painter.drawRect(QRectF(shown).adjusted(-0.5, -0.5, 0.5, 0.5));
     }
 
     place.moveTop(place.bottom() + 1 + margin);

@@ -20,11 +20,12 @@ cboZoom::cboZoom(QWidget* parent) : QComboBox(parent) {
     setObjectName("cboZoom");
     setAccessibleName("Zoom");
     setToolTip("Zoom (Strg+Plus, Strg+Minus, Strg+0)");
-    setEditable(true);
+    setLineEdit(new QLineEdit); // setEditable would make the list of the percents already, which few open
     setInsertPolicy(NoInsert);
     setCompleter(nullptr);
     setFrame(false);
     setFixedSize(fieldWidth, fontMetrics().height());
+    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon); // so that the percents are not measured
     for (const int percent : zoomSteps)
         addItem(TextOf(percent));
     ShowZoom(CanvasView::usualZoom);

@@ -11,7 +11,6 @@
 #include "ui/main/lstComponents.h"
 #include "ui/main/lstHints.h"
 #include "ui/main/PanelEdge.h"
-#include "ui/main/pnlOutput.h"
 #include "ui/main/tbComponents.h"
 #include "ui/parts/FormParts.h"
 #include "ui/parts/frmError.h"
@@ -112,10 +111,6 @@ void frmMain::BuildSurface() {
     rows->setSpacing(0);
     rows->addWidget(surface_, 1);
     rows->addWidget(lstHints_);
-    pnlOutput_ = new pnlOutput(std::make_unique<SystemProcessStarter>());
-    connect(pnlOutput_, &pnlOutput::TestWanted, this, [this] { Command("mnuCodeTest")->trigger(); });
-    connect(pnlOutput_, &pnlOutput::LineChosen, this, &frmMain::ShowCode);
-    rows->addWidget(pnlOutput_);
     setCentralWidget(middle);
 
     lblComponents_ = NewHeading("lblComponents", "Komponenten", surface_);

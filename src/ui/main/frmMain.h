@@ -10,6 +10,7 @@
 #include "designer/Document.h"
 #include "designer/MainLayout.h"
 
+#include <QHash>
 #include <QMainWindow>
 #include <QSize>
 #include <QTimer>
@@ -226,7 +227,8 @@ class frmMain : public QMainWindow, private DocumentListener {
     picContainer* picContainer_ = nullptr;
     plProperties* plProperties_ = nullptr;
     lstHints* lstHints_ = nullptr;
-    pnlOutput* pnlOutput_ = nullptr;
+    pnlOutput* pnlOutput_ = nullptr;    ///< made with the first test
+    QHash<QString, QAction*> commands_; ///< of the menus, by their names
     HintSearch* hintSearch_ = nullptr;
     cboZoom* cboZoom_ = nullptr;
     QDockWidget* dckComponents_ = nullptr; ///< made when it is shown first

@@ -19,6 +19,7 @@
 
 #include <QAction>
 #include <QGuiApplication>
+#include <QLayout>
 #include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
@@ -209,6 +210,7 @@ void frmMain::AddCommand(QMenu* menu, const CommandRow& row) {
     // NOLINTNEXTLINE(clang-analyzer-core.CallAndMessage): the first row is a menu
     QAction* action = menu->addAction(row.caption);
     action->setObjectName(row.name);
+    commands_.insert(row.name, action);
     action->setShortcuts(QKeySequence::listFromString(row.shortcut));
     action->setStatusTip(row.statusTip);
     action->setCheckable(row.type == CommandRow::CheckItem);
@@ -233,6 +235,7 @@ void frmMain::AddKindCommands(QMenu* menu) {
         const int entry = static_cast<int>(Position(row.kind));
         auto* action = new QAction(ToText(row.menuCaption), this);
         action->setObjectName(QString("mnuObjectsObject%1").arg(entry));
+        commands_.insert(action->objectName(), action);
         action->setStatusTip(ToText(row.menuLabel) + " als nächste Komponente wählen");
         action->setCheckable(true);
         connect(action, &QAction::triggered, this, [this, entry] { ChooseKindByMenu(entry); });
@@ -245,7 +248,7 @@ void frmMain::AddKindCommands(QMenu* menu) {
 }
 
 QAction* frmMain::Command(const QString& name) const {
-    return findChild<QAction*>(name);
+    return commands_.value(name);
 }
 
 // --- Choosing a kind --------------------------------------------------------------------------------------------
@@ -399,12 +402,20 @@ void frmMain::ShowHandler(const std::string& handler) {
 
 void frmMain::mnuCodeTest() {
     const std::string source = GenerateCode();
-    if (!source.empty())
-        pnlOutput_->Test({source, PathOf(document_.FilePath()).parent_path(), preferences_});
+    if (source.empty())
+        return;
+    if (pnlOutput_ == nullptr) {
+        pnlOutput_ = new pnlOutput(std::make_unique<SystemProcessStarter>());
+        connect(pnlOutput_, &pnlOutput::TestWanted, Command("mnuCodeTest"), &QAction::trigger);
+        connect(pnlOutput_, &pnlOutput::LineChosen, this, &frmMain::ShowCode);
+        centralWidget()->layout()->addWidget(pnlOutput_);
+    }
+    pnlOutput_->Test({source, PathOf(document_.FilePath()).parent_path(), preferences_});
 }
 
 void frmMain::mnuCodeStop() {
-    pnlOutput_->Stop();
+    if (pnlOutput_ != nullptr)
+        pnlOutput_->Stop();
 }
 
 void frmMain::RefreshCodeMenu() {

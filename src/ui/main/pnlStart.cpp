@@ -12,6 +12,7 @@
 #include "ui/main/frmMain.h"
 #include "ui/main/StartCard.h"
 #include "ui/parts/FormParts.h"
+#include "ui/parts/PackedPicture.h"
 #include "ui/parts/RunBeside.h"
 #include "ui/parts/Theme.h"
 
@@ -78,9 +79,7 @@ QImage WindowSketch(const NewWindowSize& size, const QSize& pixels, const QPalet
 /// Painted beforehand, for two scales of the screen: painting designs takes as long as the rest of the start.
 QImage ExamplePicture(std::string_view name, const QSize& pixels) {
     const bool isUsual = pixels == designPicture;
-    const std::string_view bytes = EmbeddedExample(Concatenate(name, isUsual ? "_128.png" : "_256.png"));
-    const QImage picture =
-        QImage::fromData(reinterpret_cast<const uchar*>(bytes.data()), static_cast<int>(bytes.size()), "PNG");
+    const QImage picture = UnpackedPicture(EmbeddedExample(Concatenate(name, isUsual ? "_128.packed" : "_256.packed")));
     return isUsual ? picture : picture.scaled(pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation);
 }
 
@@ -133,8 +132,9 @@ pnlStart::pnlStart(frmMain& window, std::filesystem::path keptFolder)
     setFocusPolicy(Qt::NoFocus);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     viewport()->setBackgroundRole(QPalette::Window);
-    viewport()->setAutoFillBackground(true);
+    setAutoFillBackground(true); // so that the canvas below is not painted
     page_->setObjectName("pnlStartPage");
+    page_->resize(0, 0); // a scroll bar that comes and goes would have the page painted twice
     setWidget(page_);
     painting_.setSingleShot(true);
     connect(&painting_, &QTimer::timeout, this, &pnlStart::PaintNext);
@@ -143,6 +143,7 @@ pnlStart::pnlStart(frmMain& window, std::filesystem::path keptFolder)
     window_.CurrentDocument().AddListener(*this);
     qApp->installEventFilter(this);
     PlaceOverCanvas();
+    Fill();
     show();
 }
 
@@ -172,18 +173,11 @@ void pnlStart::Leave() {
 
 // --- What it shows ----------------------------------------------------------------------------------------------
 
-void pnlStart::paintEvent(QPaintEvent* event) {
-    QScrollArea::paintEvent(event);
-    if (!std::exchange(isFilled_, true))
-        QTimer::singleShot(0, this, &pnlStart::Fill);
-}
-
 void pnlStart::Fill() {
     AddSizes();
     AddProjects();
     AddExamples();
     AddKept();
-    Arrange();
     QWidget* before = picFrame_->Canvas();
     for (const Section& section : sections_)
         for (StartCard* card : section.cards) {
@@ -195,7 +189,6 @@ void pnlStart::Fill() {
 pnlStart::Section& pnlStart::AddSection(const char* name, const QString& caption) {
     auto* const heading = Named(new QLabel(caption, page_), name, caption);
     SetOff(heading);
-    heading->show();
     sections_.push_back({heading, {}});
     return sections_.back();
 }
@@ -204,7 +197,6 @@ StartCard* pnlStart::AddCard(Section& section, const QSize& pictureSize, const Q
     const QString name = section.heading->objectName() + QString::number(section.cards.size());
     auto* const card = new StartCard(name, pictureSize, caption, note, page_);
     section.cards.push_back(card);
-    card->show();
     return card;
 }
 
@@ -293,6 +285,9 @@ void pnlStart::ShowKept(const std::vector<std::pair<KeptDesign, Found>>& kept) {
         Paint(card, found);
     }
     Arrange();
+    section.heading->show();
+    for (StartCard* const card : section.cards)
+        card->show();
 }
 
 void pnlStart::Paint(StartCard* card, const Found& found) {

@@ -27,8 +27,7 @@ class StartCard;
 
 /// What an empty start shows in the canvas's place: new windows, the last projects, templates and kept designs, each
 /// with its picture. It goes with the first use of anything else, and a press that meets no card does what it does on
-/// the canvas below; so does a drag that begins on a card. It fills itself once it has been painted, and no disk is
-/// waited for.
+/// the canvas below; so does a drag that begins on a card. No disk is waited for.
 class pnlStart : public QScrollArea, private DocumentListener {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(pnlStart)
@@ -47,7 +46,6 @@ class pnlStart : public QScrollArea, private DocumentListener {
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
   private:
@@ -87,7 +85,6 @@ class pnlStart : public QScrollArea, private DocumentListener {
     std::filesystem::path keptFolder_;
     QWidget* page_;
     std::deque<Section> sections_;
-    bool isFilled_ = false;
     Lookups lookups_{nullptr};
     std::deque<Painting> paintings_;
     QTimer painting_;

@@ -74,6 +74,7 @@ QToolButton* NewButton(const QString& key, const QString& label, const QString& 
     button->setAccessibleName(label);
     button->setStatusTip(statusTip);
     button->setIcon(icon);
+    button->setIconSize({tokens::kindIcon, tokens::kindIcon});
     button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     button->setCheckable(true);
     button->setAutoRaise(true);

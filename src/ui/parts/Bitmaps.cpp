@@ -1,5 +1,7 @@
 #include "ui/parts/Bitmaps.h"
 
+#include "base/Text.h"
+#include "ui/parts/PackedPicture.h"
 #include "ui/parts/Theme.h"
 
 #include <QGuiApplication>
@@ -22,13 +24,10 @@ constexpr QRgb transparent = qRgb(255, 0, 255);
 constexpr int iconSizes[] = {16, 20, 24, 32, 48};
 constexpr int programIconSizes[] = {16, 24, 32, 48, 64, 128, 256};
 
-QImage Decode(std::string_view bytes, const char* format) {
-    return QImage::fromData(reinterpret_cast<const uchar*>(bytes.data()), static_cast<int>(bytes.size()), format);
-}
-
 QImage DecodeBitmap(std::string_view name) {
-    QImage image =
-        Decode(EmbeddedBitmap(std::string(name) + ".bmp"), "BMP").convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    const std::string_view bytes = EmbeddedBitmap(std::string(name) + ".bmp");
+    QImage image = QImage::fromData(reinterpret_cast<const uchar*>(bytes.data()), static_cast<int>(bytes.size()), "BMP")
+                       .convertToFormat(QImage::Format_ARGB32_Premultiplied);
     for (int y = 0; y < image.height(); ++y)
         for (int x = 0; x < image.width(); ++x)
             if (image.pixel(x, y) == transparent)
@@ -36,8 +35,8 @@ QImage DecodeBitmap(std::string_view name) {
     return image;
 }
 
-QImage DecodeIcon(std::string_view fileName) {
-    return Decode(EmbeddedIcon(fileName), "PNG").convertToFormat(QImage::Format_ARGB32_Premultiplied);
+QImage DecodeIcon(std::string_view name) {
+    return UnpackedPicture(EmbeddedIcon(Concatenate(name, ".packed")));
 }
 
 /// Keeps what was decoded, by name.
@@ -55,15 +54,15 @@ class DecodedImages {
     std::map<std::string, QImage, std::less<>> images_;
 };
 
-const QImage& Icon(const std::string& fileName) {
+const QImage& Icon(const std::string& name) {
     static DecodedImages images(DecodeIcon);
-    return images[fileName];
+    return images[name];
 }
 
 /// What is dark on light ground becomes as light on dark ground; light colours stay.
-QImage DecodeForDarkGround(std::string_view fileName) {
+QImage DecodeForDarkGround(std::string_view name) {
     constexpr int half = 128;
-    QImage image = DecodeIcon(fileName).convertToFormat(QImage::Format_ARGB32);
+    QImage image = DecodeIcon(name).convertToFormat(QImage::Format_ARGB32);
     for (int y = 0; y < image.height(); ++y)
         for (int x = 0; x < image.width(); ++x) {
             const QColor colour = image.pixelColor(x, y).toHsl();
@@ -75,9 +74,9 @@ QImage DecodeForDarkGround(std::string_view fileName) {
     return image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 
-const QImage& IconOnDarkGround(const std::string& fileName) {
+const QImage& IconOnDarkGround(const std::string& name) {
     static DecodedImages images(DecodeForDarkGround);
-    return images[fileName];
+    return images[name];
 }
 
 /// A picture in several sizes. Each is decoded when it is first shown, as few of the many are needed at the start.
@@ -119,7 +118,7 @@ class EmbeddedIconEngine final : public QIconEngine {
         const auto found = std::find_if(sizes_.begin(), sizes_.end(), [length](int size) { return size >= length; });
         const int size = found != sizes_.end() ? *found : sizes_.back();
         if (isSign_ && IsDark(QGuiApplication::palette()))
-            return IconOnDarkGround(name_ + "_" + std::to_string(size) + ".png");
+            return IconOnDarkGround(name_ + "_" + std::to_string(size));
         return size == sizes_.front() && !smallest_.empty() ? Bitmap(smallest_) : IconImage(name_, size);
     }
 
@@ -130,7 +129,7 @@ class EmbeddedIconEngine final : public QIconEngine {
 };
 
 QIcon NewIcon(std::string_view name, std::span<const int> sizes, std::string smallest = {}) {
-    const std::string firstFile = std::string(name) + "_" + std::to_string(sizes.front()) + ".png";
+    const std::string firstFile = std::string(name) + "_" + std::to_string(sizes.front()) + ".packed";
     if (smallest.empty() && EmbeddedIcon(firstFile).empty())
         return {};
     const bool isSign = sizes.data() != std::data(programIconSizes);
@@ -145,11 +144,11 @@ const QImage& Bitmap(std::string_view name) {
 }
 
 const QImage& LargeBitmap(std::string_view name) {
-    return Icon(std::string(name) + "_3x.png");
+    return Icon(std::string(name) + "_3x");
 }
 
 const QImage& IconImage(std::string_view name, int size) {
-    return Icon(std::string(name) + "_" + std::to_string(size) + ".png");
+    return Icon(std::string(name) + "_" + std::to_string(size));
 }
 
 QIcon KindIcon(ComponentKind kind) {

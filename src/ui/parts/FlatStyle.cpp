@@ -1,5 +1,6 @@
 #include "ui/parts/FlatStyle.h"
 
+#include "ui/parts/Bitmaps.h"
 #include "ui/parts/Theme.h"
 
 #include <QAbstractItemView>
@@ -346,6 +347,12 @@ QRect FlatStyle::subControlRect(ComplexControl control, const QStyleOptionComple
         rect.setBottom(box->rect.bottom());
     }
     return rect;
+}
+
+QIcon FlatStyle::standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const {
+    if (icon == SP_ToolBarHorizontalExtensionButton)
+        return CommandIcon("right"); // menu bars ask for it at once, and Qt's own is a file that is read at once
+    return QProxyStyle::standardIcon(icon, option, widget);
 }
 
 int FlatStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
