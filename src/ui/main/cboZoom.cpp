@@ -1,7 +1,6 @@
 #include "ui/main/cboZoom.h"
 
 #include "designer/CanvasView.h"
-#include "designer/MainLayout.h"
 
 #include <QCompleter>
 #include <QKeyEvent>
@@ -11,7 +10,6 @@ namespace pirol {
 namespace {
 
 constexpr int fieldWidth = 84;
-constexpr int fieldHeight = rowHeight - 4; // the status bar keeps some pixels above and below what it holds
 
 QString TextOf(int percent) {
     return QString("%1 %").arg(percent);
@@ -29,7 +27,7 @@ cboZoom::cboZoom(QWidget* parent) : QComboBox(parent) {
     setInsertPolicy(NoInsert);
     setCompleter(nullptr);
     setFrame(false);
-    setFixedSize(fieldWidth, fieldHeight);
+    setFixedSize(fieldWidth, fontMetrics().height());
     for (const int percent : zoomSteps)
         addItem(TextOf(percent));
     ShowZoom(CanvasView::usualZoom);
@@ -45,7 +43,7 @@ void cboZoom::ShowZoom(int percent) {
 }
 
 QSize cboZoom::sizeHint() const {
-    return {fieldWidth, fieldHeight}; // the percents need not be measured
+    return maximumSize(); // which is fixed; the percents need not be measured
 }
 
 QSize cboZoom::minimumSizeHint() const {

@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyleOption>
+#include <QToolButton>
 
 #include <algorithm>
 
@@ -92,16 +93,6 @@ void PaintToolButton(QPainter& painter, const QStyleOption& option) {
     } else if (IsEnabled(option) && (Has(option, QStyle::State_MouseOver) || Has(option, QStyle::State_Sunken))) {
         PaintBox(painter, box, Face(option, roles::hover), nothing);
     }
-    if (Has(option, QStyle::State_HasFocus))
-        PaintFocus(painter, option, box);
-}
-
-void PaintTick(QPainter& painter, const QRectF& box, const QColor& colour) {
-    const double side = box.width();
-    QPainterPath tick(box.topLeft() + QPointF(side * 0.24, side * 0.52));
-    tick.lineTo(box.topLeft() + QPointF(side * 0.43, side * 0.71));
-    tick.lineTo(box.topLeft() + QPointF(side * 0.77, side * 0.30));
-    painter.strokePath(tick, QPen(colour, side / 7, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
 }
 
 void PaintMark(QPainter& painter, const QStyleOption& option, bool isRound) {
@@ -256,6 +247,14 @@ void PaintComboBox(QPainter& painter, const QStyle& style, const QStyleOptionCom
 
 } // namespace
 
+void PaintTick(QPainter& painter, const QRectF& box, const QColor& colour) {
+    const double side = box.width();
+    QPainterPath tick(box.topLeft() + QPointF(side * 0.24, side * 0.52));
+    tick.lineTo(box.topLeft() + QPointF(side * 0.43, side * 0.71));
+    tick.lineTo(box.topLeft() + QPointF(side * 0.77, side * 0.30));
+    painter.strokePath(tick, QPen(colour, side / 7, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+}
+
 FlatStyle::FlatStyle() : QProxyStyle("Fusion") {}
 
 void FlatStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
@@ -266,6 +265,9 @@ void FlatStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
     case PE_PanelButtonTool:
         return PaintToolButton(*painter, *option);
     case PE_FrameFocusRect: {
+        // Qt keeps three pixels off the edge of tool buttons, which would run through the text of low ones.
+        if (qobject_cast<const QToolButton*>(widget) != nullptr)
+            return PaintFocus(*painter, *option, widget->rect().adjusted(1, 0, -1, 0));
         const bool isRow = qobject_cast<const QAbstractItemView*>(widget) != nullptr;
         return PaintBox(*painter, option->rect, nothing, ColourOf(*option, roles::focus),
                         isRow ? 1 : tokens::focusWidth, isRow ? 0 : tokens::radius);
@@ -357,6 +359,18 @@ QRect FlatStyle::subElementRect(SubElement element, const QStyleOption* option, 
     if (element == SE_CheckBoxFocusRect || element == SE_RadioButtonFocusRect)
         return box.adjusted(-1, 0, tokens::unit, 0).intersected(option->rect);
     return box;
+}
+
+/// The field of a box without a frame is as high as the box, so that its text stands as high as a label's.
+QRect FlatStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                                const QWidget* widget) const {
+    QRect rect = QProxyStyle::subControlRect(control, option, part, widget);
+    const auto* const box = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+    if (part == SC_ComboBoxEditField && box != nullptr && !box->frame) {
+        rect.setTop(box->rect.top());
+        rect.setBottom(box->rect.bottom());
+    }
+    return rect;
 }
 
 QIcon FlatStyle::standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const {
