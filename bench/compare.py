@@ -8,6 +8,7 @@ A program that needs more processor time than the patience is stopped and not as
 import argparse
 import os
 import platform
+import shutil
 import subprocess
 import sys
 from pathlib import Path
@@ -56,6 +57,17 @@ def rows_of(task, size, names, results, patience):
     return rows
 
 
+def start_rows(pirol, bare_window, home, arguments):
+    """A start with the pictures of the projects opened before, and one of a user who has none."""
+    names = ["pirol", "bare QMainWindow", "QMainWindow with one word", "Qt Designer"]
+    commands = [[pirol], [bare_window], [bare_window, "Bereit"], [QT_DESIGNER]]
+    rows = rows_of("start with last projects", 0, names[:1],
+                   measure(Opening, commands[:1], arguments.runs, arguments.patience), arguments.patience)
+    shutil.rmtree(home / "Pirol", ignore_errors=True)
+    return rows + rows_of("start empty", 0, names, measure(Opening, commands, arguments.runs, arguments.patience),
+                          arguments.patience)
+
+
 def compare_programs(build, folder, arguments):
     """Generating and opening: Pirol beside the others."""
     cli, pirol = build / "src" / "pirol-cli", build / "src" / "pirol"
@@ -75,11 +87,7 @@ def compare_programs(build, folder, arguments):
             results = measure(kind, commands, arguments.runs, arguments.patience)
             too_slow.update(name for name, result in zip(names, results) if result is None)
             rows += rows_of(task, size, names, results, arguments.patience)
-    bare_window = build / "bench" / "bare-window"
-    names = ["pirol", "bare QMainWindow", "QMainWindow with one word", "Qt Designer"]
-    commands = [[pirol], [bare_window], [bare_window, "Bereit"], [QT_DESIGNER]]
-    rows += rows_of("start empty", 0, names, measure(Opening, commands, arguments.runs, arguments.patience),
-                    arguments.patience)
+    rows += start_rows(pirol, build / "bench" / "bare-window", folder / "home", arguments)
     print("### Equal designs in Pirol and in other designers\n")
     table(["task", "components", "program", "processor time", "per component", "peak memory", "painted after",
            "× processor", "× memory"], rows)
