@@ -11,6 +11,7 @@
 #include "ui/main/RecentMenu.h"
 #include "ui/parts/Bitmaps.h"
 #include "ui/parts/FlatStyle.h"
+#include "ui/parts/FontSearch.h"
 #include "ui/parts/LateModules.h"
 #include "ui/parts/Theme.h"
 
@@ -48,6 +49,7 @@ void WaitUntilShown(const QWidget& window) {
 } // namespace
 
 int main(int argumentCount, char* arguments[]) {
+    const std::future<void> fonts = pirol::BeginFontSearch();
     // The menus stand in the window on every system; looking for a desktop's own bar would delay the start.
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
     QApplication::setStyle(new pirol::FlatStyle); // the application owns it
@@ -63,6 +65,7 @@ int main(int argumentCount, char* arguments[]) {
     pirol::frmProgramStarter starter;
     const pirol::Preferences preferences = pirol::Preferences::Load();
     pirol::Theme theme(preferences.Look);
+    fonts.wait();
     pirol::frmMain mainWindow(dialogs, starter, preferences);
     QObject::connect(&mainWindow, &pirol::frmMain::AppearanceChosen, &theme, &pirol::Theme::Choose);
     pirol::DesignKeeper keeper(mainWindow, dialogs, pirol::RecoveryFolder());
