@@ -42,11 +42,11 @@ std::size_t FilesBeside(const fs::path& folder) {
     return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder), {}));
 }
 
-/// The file of the one design in the recovery folder; beside it lies its lock, which is empty.
+/// The file of the one design in the recovery folder; beside it lies its lock.
 fs::path LeftFile(const fs::path& folder) {
     EXPECT_LE(FilesBeside(folder), 2U);
     for (const auto& entry : fs::directory_iterator(folder))
-        if (entry.file_size() != 0)
+        if (entry.path().extension() == ".design")
             return entry.path();
     return {};
 }
