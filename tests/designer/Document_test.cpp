@@ -314,6 +314,14 @@ TEST(Document, TellsEveryListenerWhatChanged) {
     EXPECT_FALSE(second.changes.back().file) << "there were changes before";
     document.Undo();
     EXPECT_TRUE(second.changes.back().file && second.changes.back().selection);
+    document.Redo();
+    document.Select(std::nullopt);
+    const DocumentChange deselected = second.changes.back();
+    EXPECT_TRUE(deselected.selection && deselected.properties);
+    EXPECT_FALSE(deselected.replaced || deselected.file || deselected.history || deselected.gestureEnded);
+    document.MarkSaved("");
+    EXPECT_TRUE(second.changes.back().file);
+    EXPECT_FALSE(second.changes.back().selection || second.changes.back().properties);
 }
 
 } // namespace
