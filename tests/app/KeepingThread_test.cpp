@@ -4,6 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <future>
+#include <utility>
+
 namespace pirol {
 namespace {
 
@@ -42,11 +46,11 @@ std::size_t FilesBeside(const fs::path& folder) {
     return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder), {}));
 }
 
-/// The file of the one design in the recovery folder; beside it lies its lock, which is empty.
+/// The file of the one design in the recovery folder; beside it lies its lock.
 fs::path LeftFile(const fs::path& folder) {
     EXPECT_LE(FilesBeside(folder), 2U);
     for (const auto& entry : fs::directory_iterator(folder))
-        if (entry.file_size() != 0)
+        if (entry.path().extension() == ".design")
             return entry.path();
     return {};
 }
@@ -101,6 +105,29 @@ TEST(KeepingThread, TheDesignOnTheScreenHasItsFileAsLongAsItNeedsOne) {
     EXPECT_EQ(Left(folder), "b") << "it is offered";
     ASSERT_EQ(KeptDesigns(KeptFolder(folder)).size(), 1U) << "and kept";
     EXPECT_EQ(KeptDesigns(KeptFolder(folder))[0].reason, "Pirol wurde nicht richtig beendet");
+}
+
+TEST(KeepingThread, DoesByItselfWhateverIsAskedFor) {
+    void (*const requests[])(KeepingThread&) = {
+        [](KeepingThread& keeping) { keeping.KeepShown(Design("a")); },
+        [](KeepingThread& keeping) { keeping.ForgetShown(); },
+        [](KeepingThread& keeping) {
+            keeping.KeepFormer({Design("a"), "Neuer Entwurf", 5});
+        },
+        [](KeepingThread& keeping) { keeping.KeepLeft(); },
+        [](KeepingThread& keeping) { keeping.CheckFiles(); },
+    };
+    for (const auto request : requests) {
+        const test::ScratchFolder scratch;
+        std::promise<void> told;
+        KeepingThread keeping(scratch / "recovery", [&told, isTold = false](const std::string&) mutable {
+            if (!std::exchange(isTold, true))
+                told.set_value();
+        });
+        request(keeping);
+        EXPECT_EQ(told.get_future().wait_for(std::chrono::seconds(20)), std::future_status::ready)
+            << std::find(std::begin(requests), std::end(requests), request) - std::begin(requests);
+    }
 }
 
 TEST(KeepingThread, TellsWhatCannotBeWritten) {

@@ -5,7 +5,9 @@
 #include <gtest/gtest.h>
 
 #ifndef _WIN32
+#include <csignal>
 #include <cstdlib>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <tuple>
 #include <unistd.h>
@@ -151,6 +153,26 @@ class AsUser {
     ~AsUser() { seteuid(getuid()); }
 };
 
+/// No file can become larger, as on a full disk.
+class FullDisk {
+  public:
+    explicit FullDisk(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+        getrlimit(RLIMIT_FSIZE, &before_);
+        const rlimit limit = {bytes, before_.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+    ~FullDisk() {
+        setrlimit(RLIMIT_FSIZE, &before_);
+        std::signal(SIGXFSZ, handler_);
+    }
+
+  private:
+    void (*handler_)(int);
+    rlimit before_ = {};
+};
+
 TEST(FileAccess, AFolderThatForbidsReplacingDoesNotForbidSaving) {
     const AsUser user;
     const test::ScratchFolder scratch;
@@ -163,6 +185,17 @@ TEST(FileAccess, AFolderThatForbidsReplacingDoesNotForbidSaving) {
         ReplaceFileBytes(folder / "a.prl", bytes);
         EXPECT_EQ(ReadFileBytes(folder / "a.prl"), bytes);
     }
+    CreateFileBytes(scratch / "b.prl", "long again");
+    for (const fs::path& path : {folder / "a.prl", scratch / "b.prl"}) {
+        int error = 0;
+        {
+            const FullDisk disk(50);
+            error = ErrorNumberOf([&] { ReplaceFileBytes(path, std::string(100, 'x')); });
+        }
+        EXPECT_EQ(error, 61) << path;
+        EXPECT_EQ(ReadFileBytes(path), "long again");
+    }
+    EXPECT_EQ(CountIn(scratch / ""), 3U) << "the folder, the file and the folder of copies";
     EXPECT_EQ(ErrorNumberOf([&] { ReplaceFileBytes(folder / "new.prl", "x"); }), 70);
     fs::permissions(folder, fs::perms::owner_write | fs::perms::owner_exec);
     ReplaceFileBytes(folder / "a.prl", "in a folder that nobody may read");

@@ -273,6 +273,14 @@ TEST(Document, ForgetsTheOldestStepsButNeverTheLast) {
     for (const std::size_t size : {20, 21, 22, 23, 24, 25})
         write(size);
     EXPECT_EQ(UndoAll(document), 2U) << "23 and 24 megabytes behind it";
+
+    Document other;
+    other.Edit("", [](ProjectModel& model) { model.PlaceComponent(Label, {0, 0, 90, 30}); });
+    for (std::size_t size = 20; size <= 25; ++size)
+        other.Edit("", [size](ProjectModel& model) {
+            static_cast<dEtikett&>(model.EditElement({Label, 1})).Caption = std::string(size << 20U, 'x');
+        });
+    EXPECT_EQ(UndoAll(other), 2U) << "what components hold counts as well";
 }
 
 TEST(Document, TellsEveryListenerWhatChanged) {
@@ -314,6 +322,14 @@ TEST(Document, TellsEveryListenerWhatChanged) {
     EXPECT_FALSE(second.changes.back().file) << "there were changes before";
     document.Undo();
     EXPECT_TRUE(second.changes.back().file && second.changes.back().selection);
+    document.Redo();
+    document.Select(std::nullopt);
+    const DocumentChange deselected = second.changes.back();
+    EXPECT_TRUE(deselected.selection && deselected.properties);
+    EXPECT_FALSE(deselected.replaced || deselected.file || deselected.history || deselected.gestureEnded);
+    document.MarkSaved("");
+    EXPECT_TRUE(second.changes.back().file);
+    EXPECT_FALSE(second.changes.back().selection || second.changes.back().properties);
 }
 
 } // namespace
