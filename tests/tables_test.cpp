@@ -132,6 +132,8 @@ std::string Fitted(const TableRow& row) {
 Fields NewComponent(const TableRow& row) {
     ProjectModel model;
     const Control& placed = model.Element(model.PlaceComponent(KindByKey(row[0]).value(), {1, 2, 30, 40}));
+    ProjectModel added;
+    EXPECT_EQ(added.PlacementNumber(added.AddElement(placed.Kind())), 0) << row.line;
     std::string line = placed.CreatePRLString(3, 4);
     std::replace(line.begin(), line.end(), fieldSeparator, ' ');
     std::replace(line.begin(), line.end(), itemSeparator, '/');

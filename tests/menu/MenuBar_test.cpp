@@ -101,6 +101,9 @@ TEST(MenuBar, TagSearchSkipsWhatIsNoSubmenu) {
     menu->MoveItemPerTag("A", cMenu::up);
     menu->DeletePerTag("A");
     EXPECT_EQ(Order(std::as_const(bar).Menus()), "A[b[c]d[hidden]]");
+    menu->MoveItemPerTag("d", cMenu::up);
+    menu->DeletePerTag("c");
+    EXPECT_EQ(Order(std::as_const(bar).Menus()), "A[d[hidden]b]");
     EXPECT_EQ(bar.ReturnMenuPerTag("d")->ReturnMenuPerTag("d"), nullptr) << "an entry does not find itself";
 }
 
