@@ -290,12 +290,8 @@ void ClassFrame::SetRegions() {
     statements.end = LineStart(source_, positionOf(constructorEnd), statements.begin);
     Region& methods = regions[static_cast<std::size_t>(CodeSection::Methods)];
     methods.begin = statements.end;
-    if (constructorCloses) {
+    if (constructorCloses)
         methods.begin = BehindToken(constructorEnd);
-        const std::size_t behind = BehindLine(source_, methods.begin);
-        if (IsBlank(source_.substr(methods.begin, behind - methods.begin)))
-            methods.begin = behind;
-    }
     methods.end = LineStart(source_, positionOf(classEnd), methods.begin);
 }
 
