@@ -163,32 +163,23 @@ void ClassFrame::FindConstructorEnd() {
 void ClassFrame::FindBrokenConstructorEnd() {
     std::size_t lowest = constructorOpen;
     std::size_t limit = constructorOpen + 1;
-    std::size_t ownHead = 0;
-    std::size_t outerBrace = 0;
     std::size_t block = 0;                   // the database's "if" until it closes
     std::size_t lastBrace = tokens_.Count(); // behind the last statement of ours
     for (; limit < tokens_.Count() && !IsKnownHead(limit); ++limit) {
-        if (tokens_.Is(limit, "}") && tokens_.StartsLine(limit)) {
+        const bool isBrace = tokens_.Is(limit, "}") && tokens_.StartsLine(limit);
+        if (isBrace)
             lastBrace = limit;
-            if (StandsAsConstructor(limit))
-                outerBrace = limit;
-        }
         RememberHandler(limit);
         if (tokens_.Are(limit, "if", "(", connectMethod))
             block = limit;
-        const bool closesBlock = block != 0 && tokens_.Is(limit, "}") && tokens_.StartsLine(limit) &&
-                                 Indent(tokens_, limit) == Indent(tokens_, block);
+        const bool closesBlock = isBrace && block != 0 && Indent(tokens_, limit) == Indent(tokens_, block);
         if (closesBlock)
             block = 0;
         if (closesBlock || LooksLikeStatement(limit)) {
             lowest = limit;
             lastBrace = tokens_.Count();
-            ownHead = 0; // it stands in the constructor, where no method should
-        } else if (ownHead == 0 && outerBrace > lowest && IsMethodHead(tokens_, limit, className)) {
-            ownHead = limit;
         }
     }
-    limit = ownHead != 0 ? ownHead : limit;
     limit = limit < tokens_.Count() ? FirstOfHead(tokens_, limit) : lastBrace;
     constructorEnd = limit;
     constructorCloses = false;
@@ -299,12 +290,8 @@ void ClassFrame::SetRegions() {
     statements.end = LineStart(source_, positionOf(constructorEnd), statements.begin);
     Region& methods = regions[static_cast<std::size_t>(CodeSection::Methods)];
     methods.begin = statements.end;
-    if (constructorCloses) {
+    if (constructorCloses)
         methods.begin = BehindToken(constructorEnd);
-        const std::size_t behind = BehindLine(source_, methods.begin);
-        if (IsBlank(source_.substr(methods.begin, behind - methods.begin)))
-            methods.begin = behind;
-    }
     methods.end = LineStart(source_, positionOf(classEnd), methods.begin);
 }
 

@@ -319,11 +319,13 @@ void ExistingCode::DecideFields() {
 bool ExistingCode::IsOwned(std::string_view name, const ExistingField& field) const {
     const bool isWanted = field.wantedClass == field.javaClass ||
                           (Contains(textAreas, field.wantedClass) && Contains(textAreas, field.javaClass));
-    if (field.javaClass == databaseClass || field.javaClass == resultClass)
-        return blocks_.database && (isWanted || (field.alone && (name == database || name == resultList)));
-    if (field.javaClass == menuClass)
-        return blocks_.menu && (isWanted || (field.alone && (name == subMenu || field.createdAsForm)));
-    return isWanted || (field.alone && field.createdAsForm);
+    const bool isDatabase = field.javaClass == databaseClass || field.javaClass == resultClass;
+    const bool isMenu = field.javaClass == menuClass;
+    if ((isDatabase && !blocks_.database) || (isMenu && !blocks_.menu))
+        return false;
+    const bool isMade =
+        isDatabase ? name == database || name == resultList : field.createdAsForm || (isMenu && name == subMenu);
+    return isWanted || (field.alone && isMade);
 }
 
 void ExistingCode::KeepOwnedPieces() {
@@ -340,7 +342,7 @@ bool ExistingCode::IsOwned(const ExistingPiece& piece) {
     if (number == noField || !fields[number].value.owned)
         return false;
     if (member == members::field)
-        return fields[number].value.alone && fields[number].value.firstToken == piece.firstToken;
+        return fields[number].value.firstToken == piece.firstToken;
     if (piece.isKnown || piece.field == noField)
         return true;
     if (member == members::assignment || member == members::proposal)

@@ -45,6 +45,7 @@ TEST(LineDifferences, AreFewAndLeaveUniqueLinesAlone) {
         EXPECT_EQ(Shown(LineDifferences(LinesOf(TextOf(before)), LinesOf(TextOf(after)))), differences)
             << before << " " << after;
     EXPECT_EQ(LinesOf("a\nb\r\n\rc").size(), 4U);
+    EXPECT_EQ(SideBySide().RowCount(), 0U);
 }
 
 /// How many lines a comparison by the longest common subsequence keeps, if it is the one that must come out: where no

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <map>
 #include <random>
 #include <string>
@@ -15,9 +16,12 @@ TEST(SourceLines, AreWhatALookAtEachByteFinds) {
     std::mt19937 random(3);
     for (int round = 0; round < 3000; ++round) {
         const std::string_view bytes = round % 3 == 0 ? "a \t\r\n" : "abcdefgh \t\f\v\r\n";
-        std::string text(random() % (round % 5 == 0 ? 1200 : 12), 'x');
-        for (char& byte : text)
+        std::string source(random() % (round % 5 == 0 ? 1200 : 12), 'x');
+        for (char& byte : source)
             byte = round % 2 == 0 || random() % 300 == 0 ? bytes[random() % bytes.size()] : 'x';
+        // Something may follow a text.
+        const std::string_view text(source.data(),
+                                    source.size() - random() % std::min<std::size_t>(source.size() + 1, 4));
         const auto isEnd = [&](std::size_t at) { return text[at] == '\n' || text[at] == '\r'; };
         const std::size_t position = random() % (text.size() + 1);
         std::size_t end = position;
@@ -45,8 +49,8 @@ TEST(SourceLines, AreWhatALookAtEachByteFinds) {
 
         const std::size_t first = text.find_first_not_of(" \t\f\v\r\n");
         const std::size_t last = text.find_last_not_of(" \t\f\v\r\n");
-        ASSERT_EQ(IsBlank(text), first == std::string::npos);
-        ASSERT_EQ(Stripped(text), first == std::string::npos ? "" : text.substr(first, last + 1 - first));
+        ASSERT_EQ(IsBlank(text), first == text.npos);
+        ASSERT_EQ(Stripped(text), first == text.npos ? std::string_view() : text.substr(first, last + 1 - first));
     }
 }
 
