@@ -159,7 +159,9 @@ TEST_F(UpdateCommandsTest, TenVersionsStayAndNothingIsWrittenWithoutNeed) {
         EXPECT_TRUE(WriteUpdate(Prepared(left)));
     }
     EXPECT_TRUE(ReadFileBytes(path_).starts_with("\xEF\xBB\xBFimport ")) << "the mark stays";
+#ifndef _WIN32 // where a file has no permissions of its own
     EXPECT_EQ(fs::status(PathOf(TextOf(path_) + ".bak")).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+#endif
     EXPECT_EQ(FilesIn(folder_ / "").size(), 11U);
     for (std::size_t age = 0; age < 10; ++age)
         EXPECT_EQ(ReadFileBytes(PathOf(TextOf(path_) + ".bak" + (age == 0 ? "" : std::to_string(age)))),
