@@ -254,7 +254,7 @@ void ClassFrame::RememberHandler(std::size_t index) {
         return;
     if (tokens_.Text(index - 1).starts_with(registration))
         handlerTokens_.push_back(index + 1);
-    else if (tokens_.Is(index - 1, "haengeZeileAn") && tokens_.Is(index + 2, ","))
+    else if (tokens_.Is(index - 1, "haengeZeileAn"))
         handlerTokens_.push_back(index + 3);
 }
 
@@ -302,8 +302,7 @@ void ClassFrame::SetRegions() {
     if (constructorCloses) {
         methods.begin = BehindToken(constructorEnd);
         const std::size_t behind = BehindLine(source_, methods.begin);
-        if (behind <= positionOf(constructorEnd + 1) && behind < source_.size() &&
-            IsLineEnd(source_[methods.begin - 1]) && IsBlank(source_.substr(methods.begin, behind - methods.begin)))
+        if (IsBlank(source_.substr(methods.begin, behind - methods.begin)))
             methods.begin = behind;
     }
     methods.end = LineStart(source_, positionOf(classEnd), methods.begin);

@@ -144,14 +144,30 @@ void ExistingCode::ReadConstructor() {
 }
 
 void ExistingCode::AddKnown(std::size_t token, const GeneratedPiece& wanted) {
-    const std::uint32_t field = FindField(wanted.key.object);
+    const bool isCreation = wanted.key.member == members::assignment && wanted.key.detail.empty();
+    std::uint32_t field = FindField(wanted.key.object);
+    if (field == noField && isCreation)
+        field = AddUndeclared(wanted.key.object, token);
     if (field == noField)
         return;
-    if (wanted.key.member == members::assignment && wanted.key.detail.empty())
-        fields[field].value.createdAsForm = true;
+    fields[field].value.createdAsForm |= isCreation;
     ExistingPiece& piece = AddPiece(&wanted.key, CodeSection::Constructor, token, token + 1);
     piece.field = field;
     piece.isKnown = true;
+}
+
+/// A component whose declaration was taken out: its statements are Pirol's all the same, or it would be made twice.
+std::uint32_t ExistingCode::AddUndeclared(std::string_view name, std::size_t token) {
+    const std::string_view* const wanted = wanted_.fields.Find(name);
+    if (wanted == nullptr)
+        return noField;
+    ExistingField field;
+    field.javaClass = field.wantedClass = *wanted;
+    field.form = FormOf(*wanted);
+    field.alone = true;
+    field.firstToken = token;
+    fields.Add(name, field);
+    return FindField(name);
 }
 
 std::size_t ExistingCode::ReadConstructorStatement(std::size_t index) {
@@ -249,9 +265,7 @@ void ExistingCode::ReadDatabaseBlock(std::size_t first) {
         else if (step < 0 && result != 0 && (frame.inOrder ? level == 0 : isOurs(index)))
             close = index;
     }
-    if (open == 0 || open > query)
-        return;
-    if (query == 0 || result == 0 || close == 0)
+    if (open == 0 || open > query || close == 0)
         return;
     AddPiece(Keep({"if", members::block, {}}), CodeSection::Constructor, first, first + 6);
     AddPiece(Keep({"{", members::block, {}}), CodeSection::Constructor, open, open + 1);

@@ -88,6 +88,7 @@ class ExistingCode {
     bool IsOwned(const ExistingPiece& piece);
     bool IsOwnedCall(const ExistingPiece& piece) const;
     bool IsAsWanted(const ExistingPiece& piece);
+    std::uint32_t AddUndeclared(std::string_view name, std::size_t token);
     void AddKnown(std::size_t token, const GeneratedPiece& wanted);
     void CollectRegistered();
     void ReadMethods();

@@ -61,7 +61,7 @@ std::string Renamed(const SourceTokens& tokens, const NewNames& names) {
     std::size_t position = 0;
     const auto replace = [&](std::size_t begin, std::size_t end) {
         const auto name = names.find(source.substr(begin, end - begin));
-        if (name == names.end() || begin < position)
+        if (name == names.end())
             return;
         text += source.substr(position, begin - position);
         text += name->second;

@@ -122,7 +122,7 @@ void PieceMatch::SkipWhatIsThere() {
         const GeneratedPiece& piece = wanted_.pieces[index];
         skipped[index] = skipped[index] || piece.optional || IsThere(piece);
         // A radio button that stays without its registration needs no handler either, which comes later.
-        if (skipped[index] && piece.key.member == clickRegistration && groupOf_.contains(piece.key.object))
+        if (skipped[index] && piece.key.member == clickRegistration)
             if (const auto* const handler = wanted_.methods.Find(Concatenate(piece.key.object, suffixes::clicked)))
                 skipped[*handler] = true;
     }

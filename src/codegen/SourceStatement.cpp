@@ -183,7 +183,7 @@ std::size_t ClosingBracket(const SourceTokens& tokens, std::size_t open) {
 }
 
 bool IsMethodHead(const SourceTokens& tokens, std::size_t index, std::string_view className) {
-    if (!tokens.Is(index + 1, "(") || !IsName(tokens, index) || index == 0)
+    if (!tokens.Is(index + 1, "(") || !IsName(tokens, index))
         return false;
     const std::string_view before = tokens.Text(index - 1);
     const bool isConstructor =

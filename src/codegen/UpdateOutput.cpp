@@ -50,10 +50,9 @@ std::size_t UpdateOutput::AddLine(const GeneratedPiece& piece) {
     return place;
 }
 
-std::size_t UpdateOutput::AddText(std::string_view line) {
+void UpdateOutput::AddText(std::string_view line) {
     BeginLine();
     text_ += line;
-    return text_.size() - line.size();
 }
 
 const std::string& UpdateOutput::Text() {

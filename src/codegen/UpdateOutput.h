@@ -25,7 +25,7 @@ class UpdateOutput {
     /// Appends code in lines of its own.
     std::size_t AddLine(const GeneratedPiece& piece);
     /// Appends a text at the beginning of a line.
-    std::size_t AddText(std::string_view line);
+    void AddText(std::string_view line);
 
     /// A range of the source that stays untouched, and where it stands now.
     struct Own {

@@ -84,8 +84,7 @@ void UpdateRecord::Removed(const ExistingPiece& piece) {
 }
 
 bool UpdateRecord::IsGone(std::string_view field) const {
-    const ExistingField* const found = existing_.fields.Find(field);
-    return found != nullptr && found->owned && found->alone && !wanted_.fields.Contains(field);
+    return existing_.fields.Contains(field) && !wanted_.fields.Contains(field);
 }
 
 void UpdateRecord::Moved(CodeSection section) {
@@ -109,7 +108,7 @@ void UpdateRecord::KeptCode() {
             Add(UpdateAction::Kept, Concatenate("Methode ", name, "() gehört zu keinem Ereignis mehr"), position,
                 noPosition);
     for (const auto& [name, field] : existing_.fields)
-        if (field.hasValue && wanted_.fields.Contains(name))
+        if (field.hasValue)
             Add(UpdateAction::Reported,
                 Concatenate(name, " wird schon bei der Deklaration erzeugt, mit Werten, die bleiben"),
                 tokens_[field.firstToken].begin, noPosition);

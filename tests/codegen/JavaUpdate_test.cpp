@@ -103,8 +103,16 @@ struct Case {
     std::vector<std::string> both;  ///< behind "?": steps for the design that the source is of, and the new one
     std::vector<std::string> edits; ///< behind "!": steps for the new one only
     std::vector<std::pair<std::string, std::string>> changes; ///< behind "~": a text, "~" and what comes in its place
-    std::string result; ///< all else: lines gone and come with the numbers of their places, and the report
+    std::string result; ///< all else: what differs behind the number of its first old line, and the report
 };
+
+std::vector<std::string> StepsBehind(std::string_view line, std::string_view sign) {
+    std::vector<std::string> steps;
+    if (const std::size_t begin = line.find(sign); begin != std::string_view::npos)
+        for (const std::string_view step : Split(line.substr(begin + 3, line.find(" ! ", begin + 3) - begin - 3), ';'))
+            steps.emplace_back(Trim(step));
+    return steps;
+}
 
 std::vector<Case> CasesIn(const std::filesystem::path& file) {
     std::vector<Case> cases;
@@ -112,16 +120,8 @@ std::vector<Case> CasesIn(const std::filesystem::path& file) {
     for (const std::string_view line : Split(text, '\n')) {
         if (line.empty() || line.starts_with('#'))
             continue;
-        const auto addSteps = [rest = line.substr(1)](std::vector<std::string>& steps) {
-            for (const std::string_view step : Split(rest, ';'))
-                steps.emplace_back(Trim(step));
-        };
         if (line.starts_with('=')) {
-            cases.push_back({std::string(Trim(line.substr(1))), {}, {}, {}, {}});
-        } else if (line.starts_with('?')) {
-            addSteps(cases.back().both);
-        } else if (line.starts_with('!')) {
-            addSteps(cases.back().edits);
+            cases.push_back({std::string(line), StepsBehind(line, " ? "), StepsBehind(line, " ! "), {}, {}});
         } else if (line.starts_with('~')) {
             const std::size_t middle = line.find('~', 1);
             cases.back().changes.emplace_back(ReplaceAll(line.substr(1, middle - 1), "|", "\r\n"),
@@ -140,16 +140,15 @@ std::string Joined(const auto& lines) {
     return text.substr(0, text.size() - 1);
 }
 
-/// "12-gone|and gone" and "12+come": the lines of each difference, with the number of its first old one.
+/// "12: gone|and gone => come", "12: gone", "12: => come": the lines of each difference.
 std::string Difference(const std::string& before, const std::string& after) {
     std::string shown;
     const auto oldLines = LinesOf(before);
     const auto newLines = LinesOf(after);
     for (const auto& [oldBegin, oldEnd, newBegin, newEnd] : LineDifferences(oldLines, newLines)) {
-        if (oldBegin < oldEnd)
-            Append(shown, oldBegin + 1, "-", Joined(std::span(oldLines).subspan(oldBegin, oldEnd - oldBegin)), "\n");
-        if (newBegin < newEnd)
-            Append(shown, oldBegin + 1, "+", Joined(std::span(newLines).subspan(newBegin, newEnd - newBegin)), "\n");
+        Append(shown, oldBegin + 1, ":", oldBegin < oldEnd ? " " : "",
+               Joined(std::span(oldLines).subspan(oldBegin, oldEnd - oldBegin)), newBegin < newEnd ? " => " : "",
+               Joined(std::span(newLines).subspan(newBegin, newEnd - newBegin)), "\n");
     }
     return shown;
 }
@@ -188,7 +187,13 @@ TEST(JavaUpdate, ChangesWhatIsPirolsAndKeepsWhatIsThePupils) {
     for (const auto& file : std::filesystem::directory_iterator(std::filesystem::path(PIROL_TEST_DATA) / "update"))
         for (const Case& test : CasesIn(file))
             if (const std::string result = ResultOf(test); result != test.result)
-                ADD_FAILURE() << "= " << test.title << "\n" << result << "instead of\n" << test.result;
+                ADD_FAILURE() << test.title << "\n" << result << "instead of\n" << test.result;
+}
+
+TEST(UpdateReport, CountsWhatWasDone) {
+    EXPECT_EQ(SummaryOf({}), "");
+    EXPECT_EQ(SummaryOf({{UpdateAction::Reported, ""}, {UpdateAction::New, ""}, {UpdateAction::Reported, ""}}),
+              "1 neu, 2 gemeldet");
 }
 
 } // namespace

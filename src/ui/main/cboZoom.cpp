@@ -2,6 +2,7 @@
 
 #include "designer/CanvasView.h"
 
+#include <QCompleter>
 #include <QKeyEvent>
 #include <QLineEdit>
 
@@ -20,12 +21,13 @@ cboZoom::cboZoom(QWidget* parent) : QComboBox(parent) {
     setObjectName("cboZoom");
     setAccessibleName("Zoom");
     setToolTip("Zoom (Strg+Plus, Strg+Minus, Strg+0)");
-    setLineEdit(new QLineEdit); // setEditable would make the list of the percents already, which few open
+    auto* const field = new QLineEdit;
+    field->setCompleter(new QCompleter(field)); // or the box would make one of all its lines
+    setLineEdit(field);                         // setEditable would make the list, too, which few open
     setInsertPolicy(NoInsert);
     setCompleter(nullptr);
     setFrame(false);
     setFixedSize(fieldWidth, fontMetrics().height());
-    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon); // so that the percents are not measured
     for (const int percent : zoomSteps)
         addItem(TextOf(percent));
     ShowZoom(CanvasView::usualZoom);
@@ -38,6 +40,14 @@ void cboZoom::ShowZoom(int percent) {
     shown_ = percent;
     setCurrentIndex(findText(TextOf(percent)));
     setEditText(TextOf(percent));
+}
+
+QSize cboZoom::sizeHint() const {
+    return maximumSize(); // which is fixed; the percents need not be measured
+}
+
+QSize cboZoom::minimumSizeHint() const {
+    return sizeHint();
 }
 
 void cboZoom::Choose(const QString& text) {

@@ -1,9 +1,10 @@
 #include "ui/parts/FlatStyle.h"
 
-#include "ui/parts/Bitmaps.h"
 #include "ui/parts/Theme.h"
 
 #include <QAbstractItemView>
+#include <QGuiApplication>
+#include <QIconEngine>
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyleOption>
@@ -139,6 +140,29 @@ void PaintArrow(QPainter& painter, const QRect& box, Qt::ArrowType direction, co
     painter.strokePath(arrow, QPen(colour, 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.restore();
 }
+
+/// Where a menu bar or a tool bar has more than it can show.
+class MoreSign final : public QIconEngine {
+  public:
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode, QIcon::State) override {
+        constexpr int side = tokens::smallIcon;
+        painter->save();
+        painter->translate(rect.topLeft());
+        painter->scale(1.0 * rect.width() / side, 1.0 * rect.height() / side);
+        for (const int left : {-3, 3})
+            PaintArrow(*painter, QRect(left, 0, side, side), Qt::RightArrow,
+                       QGuiApplication::palette().color(QPalette::ButtonText));
+        painter->restore();
+    }
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        QPixmap picture(size);
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        paint(&painter, picture.rect(), mode, state);
+        return picture;
+    }
+    QIconEngine* clone() const override { return new MoreSign; }
+};
 
 void PaintHeaderSection(QPainter& painter, const QStyleOption& option) {
     painter.fillRect(option.rect, ColourOf(option, QPalette::Window));
@@ -351,7 +375,7 @@ QRect FlatStyle::subControlRect(ComplexControl control, const QStyleOptionComple
 
 QIcon FlatStyle::standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const {
     if (icon == SP_ToolBarHorizontalExtensionButton)
-        return CommandIcon("right"); // menu bars ask for it at once, and Qt's own is a file that is read at once
+        return QIcon(new MoreSign); // menu bars ask for it at once, and Qt would read a file
     return QProxyStyle::standardIcon(icon, option, widget);
 }
 

@@ -138,7 +138,7 @@ void NetworkTransport::Finish(QNetworkReply* reply, TransportListener& listener)
 
 } // namespace pirol
 
-#ifdef PIROL_NETWORK_MODULE
+#ifdef PIROL_MODULE
 /// What the designer looks for in the module.
 extern "C" Q_DECL_EXPORT pirol::Transport* PirolNetworkTransport(const std::string* authority) {
     return new pirol::NetworkTransport(*authority);
