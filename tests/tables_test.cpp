@@ -135,8 +135,8 @@ Fields NewComponent(const TableRow& row) {
     std::string line = placed.CreatePRLString(3, 4);
     std::replace(line.begin(), line.end(), fieldSeparator, ' ');
     std::replace(line.begin(), line.end(), itemSeparator, '/');
-    return Answer(model.VisibleBox({placed.Kind(), 1}), Trim(ReplaceAll(line, lineEnd, "")),
-                  Trim(ReplaceAll(placed.CreateInitText(5, 6), "\r\n", "")));
+    return Answer(model.VisibleBox({placed.Kind(), 1}), model.PlacementNumber({placed.Kind(), 1}),
+                  Trim(ReplaceAll(line, lineEnd, "")), Trim(ReplaceAll(placed.CreateInitText(5, 6), "\r\n", "")));
 }
 
 std::string ImportError(const std::string& java) {

@@ -4,20 +4,24 @@ with the same program on this machine.
 
 Usage: windows_test.py PIROL_CLI_OF_THIS_MACHINE [unittest's options]
 """
+import os
 import pathlib
 import re
 import shutil
 import subprocess
 import sys
+import tempfile
 import time
 import unittest
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
-sys.path.insert(0, str(ROOT / "tests" / "e2e"))
+BUILD = ROOT / "build" / "windows"
+sys.path += [str(ROOT / "tests" / "e2e"), str(ROOT / "tests" / "update")]
+os.environ.update(line.split("=", 1) for line in (BUILD / "tests" / "update" / "environment").read_text().splitlines())
 from designer import Designer, Display  # noqa: E402
+from servers import KEYS, Apache  # noqa: E402
 from wine import Wine  # noqa: E402
 
-BUILD = ROOT / "build" / "windows"
 CLI = BUILD / "Pirol" / "pirol-cli.exe"
 PIROL = BUILD / "Pirol" / "Pirol.exe"
 HOST_CLI = pathlib.Path(sys.argv[1]).resolve()
@@ -43,6 +47,14 @@ def setUpModule():
 
 def host(*words):
     return subprocess.run([HOST_CLI, *words], capture_output=True, check=False)
+
+
+def uninstall(home):
+    """The uninstaller goes on by itself when it has copied itself out of the way."""
+    wine.run(home / "Deinstallieren.exe", "/S")
+    end = time.monotonic() + 20
+    while home.exists() and time.monotonic() < end:
+        time.sleep(0.1)
 
 
 def content(folder):
@@ -257,10 +269,7 @@ class InstallerTest(WindowsTest):
             designer.key("ctrl+q")
             designer.wait_for_end()
 
-        wine.run(home / "Deinstallieren.exe", "/S")
-        end = time.monotonic() + 20
-        while home.exists() and time.monotonic() < end:
-            time.sleep(0.1)
+        uninstall(home)
         self.assertEqual(self.files(), before)
         left = wine.registry("HKEY_CURRENT_USER") | wine.registry(r"HKEY_LOCAL_MACHINE\Software")
         self.assertEqual({place: value for place, value in left.items() if "pirol" in str((place, value)).lower()}, {})
@@ -268,6 +277,16 @@ class InstallerTest(WindowsTest):
 
 
 class UpdateTest(WindowsTest):
+    HOME = pathlib.Path("AppData", "Local", "Programs", "Pirol")
+    LOADED = pathlib.Path("AppData", "Local", "Pirol", "update")
+
+    def setUp(self):
+        super().setUp()
+        self.home, self.loaded = wine.user_folder / self.HOME, wine.user_folder / self.LOADED
+        self.assertEqual(wine.run(BUILD / "Pirol-Setup.exe", "/S").returncode, 0)
+        self.addCleanup(uninstall, self.home)
+        wine.run("reg", "add", KEY, "/v", "GridStyle", "/t", "REG_DWORD", "/d", "2", "/f")
+
     def newer_setup(self):
         """The same program with another license text, as version 99."""
         files = self.folder / "files"
@@ -279,31 +298,93 @@ class UpdateTest(WindowsTest):
                        check=True)
         return setup
 
+    def turn_to(self, designer, title):
+        """Of the newer Pirol, which the setup has started."""
+        def find():
+            return next((number for number, name in designer.windows().items() if name == title), None)
+        end = time.monotonic() + 60
+        while not (window := find()):
+            self.assertLess(time.monotonic(), end, f"{title} does not come: {designer.windows()}")
+            time.sleep(0.2)
+        designer.window = window
+        designer.xdotool("windowfocus", window)
+
+    def assert_newer_comes(self, designer, title):
+        """It is installed, keeps the preferences, and shows a window of that title."""
+        self.turn_to(designer, title)
+        self.assertEqual((self.home / "Lizenz.txt").read_text(), "newer")
+        self.assertEqual(wine.registry(KEY)[KEY, "GridStyle"], ("REG_DWORD", "0x2"))
+
+    def end_newer(self, designer):
+        designer.key("ctrl+q")
+        end = time.monotonic() + 20
+        while any(name.endswith("Pirol") for name in designer.windows().values()) and time.monotonic() < end:
+            time.sleep(0.2)
+
     def test_setup_replaces_a_running_pirol_and_starts_it_again(self):
         work = self.folder / "Mein Quiz.prl"
         shutil.copy(QUIZ, work)
-        self.assertEqual(wine.run(BUILD / "Pirol-Setup.exe", "/S").returncode, 0)
-        home = wine.user_folder / "AppData" / "Local" / "Programs" / "Pirol"
-        wine.run("reg", "add", KEY, "/v", "GridStyle", "/t", "REG_DWORD", "/d", "2", "/f")
-        with Designer(home / "Pirol.exe", display, self.folder, work, wine=wine) as designer:
+        with Designer(self.home / "Pirol.exe", display, self.folder, work, wine=wine) as designer:
             designer.use(r"^Mein Quiz\.prl - Pirol$")
             setup = subprocess.Popen(["wine", self.newer_setup(), "/UPDATE=" + wine.path(work)], env=wine.environment)
             time.sleep(3)
-            self.assertNotEqual((home / "Lizenz.txt").read_text(), "newer", "it waits for the end of Pirol")
+            self.assertNotEqual((self.home / "Lizenz.txt").read_text(), "newer", "it waits for the end of Pirol")
             designer.click(1100, 500)  # the setup's window has the keyboard
             designer.key("ctrl+q")
             designer.wait_for_end()
             self.assertEqual(setup.wait(60), 0)
-            end = time.monotonic() + 30
-            while "Mein Quiz.prl - Pirol" not in designer.windows().values():
-                self.assertLess(time.monotonic(), end, "Pirol does not come back")
-                time.sleep(0.2)
-            self.assertEqual((home / "Lizenz.txt").read_text(), "newer")
-            self.assertEqual(wine.registry(KEY)[KEY, "GridStyle"], ("REG_DWORD", "0x2"))
-            designer.window = next(number for number, name in designer.windows().items() if name.startswith("Mein Quiz"))
-            designer.xdotool("windowfocus", designer.window)
-            designer.key("ctrl+q")
-        wine.run(home / "Deinstallieren.exe", "/S")
+            self.assert_newer_comes(designer, "Mein Quiz.prl - Pirol")
+            self.end_newer(designer)
+
+    def serve(self, **options):
+        """A real web server with the newer setup as its release."""
+        work = pathlib.Path(self.enterContext(tempfile.TemporaryDirectory()))
+        release = work / "www" / "pirol"
+        (work / "apache").mkdir()
+        subprocess.run([ROOT / "packaging" / "release" / "make", "--key", KEYS / "update.pem", "--serial", "5", "--version", "99.0.0",
+                        "--note", "Größer", "--windows", self.newer_setup(), "--no-debian", "--out", release], check=True,
+                       stdout=subprocess.DEVNULL)
+        for path in work, release.parent, release:
+            path.chmod(0o755)  # the server is another user
+        return Apache(release.parent, work / "apache", **options)
+
+    def test_a_server_of_an_unknown_authority_is_refused(self):
+        wine.trust(KEYS / "authority.crt")
+        program = BUILD / "src" / "pirol-https.exe"
+        with self.serve(certificate="impostor"), Designer(program, display, self.folder, wine=wine) as designer:
+            answer = wine.run(BUILD / "src" / "cli-https.exe", "update-check")
+            self.assertEqual(answer.returncode, 1)
+            self.assertIn("Der Server weist sich nicht richtig aus", answer.stderr.decode())
+            designer.choose("alt+h", "n")
+            designer.use("Neue Version")
+            time.sleep(3)
+            designer.key("Return")  # would load what was found
+            time.sleep(3)
+        self.assertFalse(self.loaded.exists())
+
+    def test_the_whole_way_over_https(self):
+        """Found, loaded and installed over the program that runs; the unsaved design is offered by the newer one."""
+        wine.trust(KEYS / "authority.crt")
+        shutil.copy(BUILD / "src" / "pirol-https.exe", self.home / "Pirol.exe")
+        with self.serve(), Designer(self.home / "Pirol.exe", display, self.folder, wine=wine) as designer:
+            answer = wine.run(BUILD / "src" / "cli-https.exe", "update-check")
+            self.assertEqual(answer.returncode, 0, answer.stderr.decode())
+            self.assertIn("99.0.0", answer.stdout.decode())
+            designer.key("Insert")
+            designer.choose("alt+h", "n")
+            designer.use("Neue Version")
+            time.sleep(3)
+            self.assertEqual(sum(path.stat().st_size for path in self.loaded.glob("*")), 0, "nothing is loaded unasked")
+            designer.key("Return")
+            designer.wait_for((self.loaded / "Pirol-Setup-99.0.0.exe").exists, "the whole file")
+            time.sleep(1)
+            designer.key("Return")
+            self.assertEqual(designer.wait_for_end(), 0)
+            self.assert_newer_comes(designer, "Pirol - Wiederherstellung")
+            self.assertEqual((self.home / "Pirol.exe").read_bytes(), PIROL.read_bytes())
+            designer.key("Return")
+            self.turn_to(designer, "Neues Projekt* - Pirol")
+            self.end_newer(designer)
 
 
 if __name__ == "__main__":

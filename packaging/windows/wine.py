@@ -1,16 +1,19 @@
 """A Windows of its own under Wine, for the programs that the cross compiler makes."""
 
+import hashlib
 import os
 import pathlib
 import re
 import shutil
+import ssl
+import struct
 import subprocess
 import tempfile
 
 
 # Wine has none of the fonts that Windows and Java take for windows; these here have the same or nearly the same widths.
 # Windows smooths letters unless told otherwise; unsmoothed, Wine loses the thin capital I.
-FONTS = r"""Windows Registry Editor Version 5.00
+SCREEN = r"""Windows Registry Editor Version 5.00
 
 [HKEY_CURRENT_USER\Software\Wine\Fonts\Replacements]
 "Arial"="Liberation Sans"
@@ -24,17 +27,18 @@ FONTS = r"""Windows Registry Editor Version 5.00
 "FontSmoothingType"=dword:00000002
 "FontSmoothingGamma"=dword:00000578
 "FontSmoothingOrientation"=dword:00000001
+"LogPixels"=dword:{:08x}
 """
 
 
 class Wine:
-    """A fresh Windows with one German user, below a folder that is removed at the end."""
+    """A fresh Windows with one German user, below a folder that is removed at the end. It enlarges all it shows by `scale`."""
 
     USER = "Änne Groß"
 
-    def __init__(self, display):
+    def __init__(self, display, scale=1):
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="pirol-wine-"))
-        locales = self.folder / "locales"
+        locales = self.folder / ".locales"  # hidden: the folder is the desktop that file dialogs show
         locales.mkdir()
         subprocess.run(["localedef", "-i", "de_DE", "-f", "UTF-8", locales / "de_DE.UTF-8"], check=True)
         self.settings = {
@@ -47,9 +51,9 @@ class Wine:
         # Signs that the keyboard lacks would not arrive.
         subprocess.run(["setxkbmap", "de"], env=self.environment, check=True, stderr=subprocess.DEVNULL)
         subprocess.run(["wineboot", "-i"], env=self.environment, check=True, capture_output=True)
-        fonts = self.folder / "fonts.reg"
-        fonts.write_text(FONTS)
-        subprocess.run(["wine", "regedit", "/S", fonts], env=self.environment, check=True, capture_output=True)
+        screen = self.folder / "screen.reg"
+        screen.write_text(SCREEN.format(round(96 * scale)))
+        subprocess.run(["wine", "regedit", "/S", screen], env=self.environment, check=True, capture_output=True)
         self.end_windows()
         # While a program runs, Windows stays up, and its own services' complaints go here instead of to our programs.
         self.shell = subprocess.Popen(["wine", "cmd"], env=self.environment, stdin=subprocess.PIPE,
@@ -98,3 +102,15 @@ class Wine:
             elif found := re.fullmatch(r"    (.+?)    (REG_\w+)    ?(.*)", line):
                 values[current, found[1]] = found[2], found[3]
         return values
+
+    def trust(self, authority):
+        """Has this Windows believe servers for which the authority vouches, given by its certificate (PEM).
+
+        Wine needs that also for an authority that a program brings: Qt hands it over as a PKCS #12 store, and Wine
+        reads none that holds no key.
+        """
+        certificate = ssl.PEM_cert_to_DER_cert(authority.read_text())
+        # A certificate is property 32 of itself.
+        blob = struct.pack("<III", 32, 1, len(certificate)) + certificate
+        key = "HKLM\\Software\\Microsoft\\SystemCertificates\\Root\\Certificates\\" + hashlib.sha1(certificate).hexdigest().upper()
+        self.run("reg", "add", key, "/v", "Blob", "/t", "REG_BINARY", "/d", blob.hex(), "/f")

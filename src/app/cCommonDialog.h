@@ -78,6 +78,7 @@ class cCommonDialog {
     /// The choice, or nothing when the user cancelled. Colours have red in the low byte.
     virtual std::optional<std::uint32_t> ShowColor(std::uint32_t current) = 0;
     virtual std::optional<FontChoice> ShowFont(const FontChoice& current) = 0;
+    /// Raises RuntimeError::FileNotFound where the program's part for printing is missing.
     virtual std::optional<PrintJob> ShowPrinter() = 0;
 
     /// A message with one OK button and the information icon, or the icon of a serious fault.

@@ -211,7 +211,7 @@ void cDownload::Change(State state) {
 }
 
 double cDownload::BytesPerSecond() const {
-    if (state_ != State::Loading || samples_.size() < 2)
+    if (state_ != State::Loading || samples_.size() < 2 || clock_() - samples_.back().time > speedSpan)
         return 0;
     const std::chrono::duration<double> time = samples_.back().time - samples_.front().time;
     return static_cast<double>(samples_.back().loaded - samples_.front().loaded) / time.count();

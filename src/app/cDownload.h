@@ -67,7 +67,7 @@ class cDownload : private TransportListener {
     std::uint64_t Size() const { return file_.size; }
     /// The bytes there are.
     std::uint64_t Loaded() const { return loaded_; }
-    /// Over the last seconds; 0 when it is not known.
+    /// Over the last seconds; 0 when nothing has come in them.
     double BytesPerSecond() const;
     /// Why it failed.
     UpdateFault Fault() const { return fault_; }

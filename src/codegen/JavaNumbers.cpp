@@ -52,7 +52,7 @@ std::optional<JavaNumber> ReadNumber(std::string_view literal) {
         return digits.starts_with(lower) || digits.starts_with(upper);
     };
     const int base = startsWith("0x", "0X") ? 16 : startsWith("0b", "0B") ? 2 : 10;
-    if (digits.size() > 1 && (digits.back() == 'l' || digits.back() == 'L'))
+    if (digits.back() == 'l' || digits.back() == 'L')
         digits.pop_back();
     if (base != 10)
         return Parse<std::int64_t>(std::string_view(digits).substr(2), true, base);

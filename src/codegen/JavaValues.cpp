@@ -107,7 +107,7 @@ std::vector<JavaCreation> CreationsIn(const JavaStatement& statement, const Java
         if (!statement[index].IsWord("new"))
             continue;
         std::size_t name = index + 1;
-        while (statement.HasSign(name + 1, ".") && name + 2 < statement.Size())
+        while (statement.HasSign(name + 1, "."))
             name += 2;
         if (!statement.HasSign(name + 1, "(") || !statement[name].IsWord())
             continue;

@@ -21,6 +21,7 @@ constexpr ErrorRow errors[] = {
     {ERROR_WINHTTP_CANNOT_CONNECT, UpdateFault::NoConnection},
     {ERROR_WINHTTP_TIMEOUT, UpdateFault::TimedOut},
     {ERROR_WINHTTP_SECURE_FAILURE, UpdateFault::UntrustedServer},
+    {ERROR_WINHTTP_SECURE_CHANNEL_ERROR, UpdateFault::UntrustedServer},
     {ERROR_WINHTTP_INVALID_SERVER_RESPONSE, UpdateFault::BadAnswer},
 };
 

@@ -11,7 +11,7 @@
 #include "ui/main/RecentMenu.h"
 #include "ui/parts/Bitmaps.h"
 #include "ui/parts/FlatStyle.h"
-#include "ui/parts/NetworkModule.h"
+#include "ui/parts/LateModules.h"
 #include "ui/parts/Theme.h"
 
 #include <QApplication>

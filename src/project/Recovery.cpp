@@ -87,14 +87,13 @@ RecoveryFile::~RecoveryFile() {
         Remove();
 }
 
-bool RecoveryFile::TryName(const std::string& name) {
+void RecoveryFile::TryName(const std::string& name) {
     std::optional<FileLock> lock = FileLock::TryLock(WithExtension(folder_, name, lockExtension));
     fs::path file = WithExtension(folder_, name, designExtension);
     if (std::error_code ignored; !lock || fs::exists(file, ignored))
-        return false;
+        return;
     file_ = std::move(file);
     lock_.emplace(std::move(*lock));
-    return true;
 }
 
 void RecoveryFile::ReserveName() {

@@ -42,7 +42,7 @@ class RecoveryFile {
 
   private:
     void ReserveName();
-    bool TryName(const std::string& name);
+    void TryName(const std::string& name);
 
     std::filesystem::path folder_;
     std::filesystem::path file_; ///< empty until a name is reserved

@@ -126,16 +126,16 @@ TEST(Signature, HasOneFormOnly) {
                       static_cast<unsigned char>(other[at]) < static_cast<unsigned char>(order[at]))
                 << at;
         }
+    const std::string good = Author().Signature(text);
+    EXPECT_FALSE(IsSignedBy(Author().PublicKey() + "x", text, good));
+    EXPECT_FALSE(IsSignedBy(Author().PublicKey().substr(1), text, good));
+    EXPECT_FALSE(IsSignedBy(Author().PublicKey(), text, good + "x"));
     for (const char* const key : {"", "\0", "\1", "\xEC\xFF"}) { // for which the library would end the program
         std::string point(publicKeySize, key[0] == '\xEC' ? '\xFF' : '\0');
         point[0] = key[0];
         EXPECT_FALSE(IsSignedBy(point, text, signature));
     }
     EXPECT_EQ(HashOf("abc"), "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad");
-    for (std::size_t size = 0; size < Content().size(); size += 1 + size * size / 2) {
-        const std::string bytes = FromBase64(ToBase64(Content().substr(0, size))).value();
-        EXPECT_EQ(bytes, Content().substr(0, size));
-    }
     std::string all;
     for (int i = 0; i < 256; ++i)
         all += static_cast<char>(i * 7);
@@ -326,6 +326,8 @@ TEST(Download, IsPausedAndGoesOn) {
     Loading loading("200 bytes=100000 hangs tag=\"a\"; 206 tag=\"a\"");
     loading.download.Start();
     EXPECT_GT(loading.download.BytesPerSecond(), 0);
+    loading.now += std::chrono::hours(3); // the server is silent, or the machine was asleep
+    EXPECT_EQ(loading.download.BytesPerSecond(), 0);
     loading.download.Pause();
     EXPECT_EQ(loading.download.BytesPerSecond(), 0);
     EXPECT_EQ(loading.download.Loaded(), 100'000U);
@@ -489,6 +491,13 @@ TEST(DownloadFolder, KeepsAPartFromOneRunToTheNext) {
     EXPECT_EQ(again.Mark() + std::to_string(again.Size()), "0");
 
 #ifndef _WIN32 // where a folder stays as long as a file in it is open
+    ReplaceFileBytes(whole, "abcd");
+    fs::remove(folder / "lock");
+    again.Hold();
+    EXPECT_EQ(again.Size(), 4U) << "what was whole is looked at again";
+    again.SetMark("x");
+    again.SetMark("");
+    EXPECT_EQ(again.Mark(), "");
     fs::remove_all(folder);
     again.Hold();
     EXPECT_EQ(again.Size(), 0U) << "the folder may vanish";
@@ -612,10 +621,10 @@ TEST(VersionLookup, EndsAtItsLimitsAndWhenItIsStopped) {
                 server.told->Received(std::string(bytes, '#'));
             return lookup.CurrentState() == State::Looking ? "" : MessageOf(lookup.Fault());
         };
-        EXPECT_EQ(outcome(longestList, longestList, std::chrono::seconds(60)), "");
-        EXPECT_EQ(outcome(longestList + 1, 1, {}), MessageOf(UpdateFault::ListTooLong));
+        EXPECT_EQ(outcome(65536, 65536, std::chrono::seconds(60)), "");
+        EXPECT_EQ(outcome(65537, 1, {}), MessageOf(UpdateFault::ListTooLong));
         EXPECT_EQ(server.told, nullptr);
-        EXPECT_EQ(outcome({}, longestList + 1, {}), MessageOf(UpdateFault::ListTooLong));
+        EXPECT_EQ(outcome({}, 65537, {}), MessageOf(UpdateFault::ListTooLong));
         EXPECT_EQ(outcome({}, 1, std::chrono::milliseconds(60'001)), MessageOf(UpdateFault::TimedOut));
         for (const auto& [text, state] : {std::pair{ListText(), State::UpToDate},
                                           {ReplaceAll(ListText(), "serial: 7", "serial: 9"), State::UpToDate},
@@ -629,6 +638,27 @@ TEST(VersionLookup, EndsAtItsLimitsAndWhenItIsStopped) {
         lookup.Start();
     }
     EXPECT_EQ(server.told, nullptr) << "the end stops it";
+}
+
+/// Each letter is what the statuses from there on mean, "-" for those that bring what was asked for.
+TEST(UpdateFaults, BelongToTheirStatuses) {
+    const auto letter = [](int status) {
+        const std::optional<UpdateFault> fault = FaultOfStatus(status);
+        return !fault                                     ? '-'
+               : fault == UpdateFault::Redirected         ? 'r'
+               : fault == UpdateFault::ProxyWantsPassword ? 'p'
+               : fault == UpdateFault::NotOnServer        ? 'n'
+               : fault == UpdateFault::WebPage            ? 'w'
+               : fault == UpdateFault::ServerBusy         ? 'b'
+               : fault == UpdateFault::BadAnswer          ? '?'
+                                                          : '!';
+    };
+    std::string changes;
+    for (int status = 0; status < 1000; ++status)
+        if (status == 0 || letter(status) != letter(status - 1))
+            Append(changes, status, std::string(1, letter(status)), " ");
+    EXPECT_EQ(changes, "0? 200- 201? 206- 207? 300r 400? 404n 405? 407p 408? 410n 411? 416- 417? 429b 430? 500b 511w "
+                       "512b 600? ");
 }
 
 TEST(UpdateSource, IsWholeOrNone) {
@@ -654,6 +684,7 @@ TEST(UpdateRecord, RemembersTheHighestSerialAndTheWeek) {
     constexpr std::time_t day = 86400;
     EXPECT_TRUE(updaterecord::IsLookDue(in2026));
     updaterecord::AddLook(in2026);
+    EXPECT_FALSE(updaterecord::IsLookDue(in2026));
     EXPECT_FALSE(updaterecord::IsLookDue(in2026 + 6 * day));
     EXPECT_TRUE(updaterecord::IsLookDue(in2026 + 7 * day));
     EXPECT_TRUE(updaterecord::IsLookDue(in2026 - day)) << "a clock that was set back";

@@ -81,7 +81,8 @@ TEST_F(Store, FailsSilently) {
 }
 
 TEST_F(PreferencesStore, AreStoredUnderTheirNames) {
-    EXPECT_EQ(Preferences::Load(), Preferences{}) << "a new account";
+    EXPECT_EQ(Preferences::Load(), (Preferences{"", 0, 0, "", "", false, Appearance::System})) << "a new account";
+    EXPECT_EQ(Preferences(), Preferences::Load());
     const Preferences preferences = {"/opt/Blue J/bluej", 2, 0x00C08040};
     preferences.Save();
     EXPECT_EQ(Preferences::Load(), preferences);

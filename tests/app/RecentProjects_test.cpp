@@ -28,7 +28,7 @@ TEST_F(RecentProjects, AreTheLastTenEachOnce) {
     recentprojects::Add("/schule/../schule/7.prl");
     recentprojects::Add("/schule/zwei\nZeilen.prl");
     const Paths paths = recentprojects::Load();
-    ASSERT_EQ(paths.size(), recentprojects::mostProjects);
+    ASSERT_EQ(paths.size(), 10U);
     EXPECT_EQ(Paths(paths.begin(), paths.begin() + 3), (Paths{"/schule/7.prl", "/schule/11.prl", "/schule/10.prl"}));
     recentprojects::Forget("/schule/11.prl");
     EXPECT_EQ(recentprojects::Load()[1], "/schule/10.prl");

@@ -186,6 +186,24 @@ TEST_F(TestRunTest, ARejectedSourceLeavesJavaWaiting) {
               "*1\n*0\n*1\n" + substitute + "*2\n:Das Programm ist beendet.\n*0\n");
 }
 
+TEST_F(TestRunTest, AWaitingJavaIsForTheSameProgramOnly) {
+    for (const bool keepsReady : {false, true}) {
+        const std::string shown = "\1R17\tcompiler\n\1S\n\1W\n";
+        starter_.scripts = {shown, keepsReady ? "~" : shown, shown, "~"};
+        starter_.calls.clear();
+        std::string told;
+        TestRun run(
+            starter_, surroundings_, [&told](const RunEvent& event) { told += Text(event); }, keepsReady);
+        for (const char* const folder : {"jdk", "jdk/bin"}) {
+            run.Start({"class", folder_ / folder, {}});
+            run.Wait();
+        }
+        EXPECT_EQ(starter_.calls, keepsReady ? (std::vector<std::string>{"cold", "warm", "cold", "warm"})
+                                             : (std::vector<std::string>{"cold", "cold"}));
+        EXPECT_EQ(std::count(told.begin(), told.end(), '3'), 2) << told;
+    }
+}
+
 TEST_F(TestRunTest, SaysWhyAProgramCannotRun) {
     EXPECT_EQ(Told({"\1R17\t\n~"}), "*1\nE:Dieses Java (17) hat keinen Compiler. Zum Testen braucht Pirol ein JDK.\n"
                                     "E:Java hat sich beendet, bevor das Programm laufen konnte.\n*0\n");
@@ -481,6 +499,11 @@ TEST(ChildProcess, IsARealOne) {
     EXPECT_EQ(Printed("pwd; for w; do echo \"<$w>\"; done; echo wrong >&2; exit 3", {"a b", "\"ü'\\", ""}),
               "/\n<a b>\n<\"ü'\\>\n<>\nwrong\n|3");
     EXPECT_EQ(Printed("read line; echo got $line", {}, "it\n"), "got it\n|0");
+    // One that takes its time before it reads, and one that never does, whose input a stranger holds.
+    EXPECT_EQ(Printed("sleep 0.15; head -c 1000000 | wc -c", {}, std::string(1'000'000, 'x')), "1000000\n|0");
+    const std::unique_ptr<ChildProcess> gone =
+        SystemProcessStarter().Start({"/bin/sh", {"-c", "setsid sleep 1 &"}, {}});
+    EXPECT_FALSE(gone->Write(std::string(10'000'000, 'x')));
     // What it leaves behind goes with it, though that holds its output open.
     const std::string left = Printed("sleep 1000 & echo $!", {});
     const int leftProcess = std::stoi(left);

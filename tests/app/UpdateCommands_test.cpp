@@ -159,7 +159,9 @@ TEST_F(UpdateCommandsTest, TenVersionsStayAndNothingIsWrittenWithoutNeed) {
         EXPECT_TRUE(WriteUpdate(Prepared(left)));
     }
     EXPECT_TRUE(ReadFileBytes(path_).starts_with("\xEF\xBB\xBFimport ")) << "the mark stays";
+#ifndef _WIN32 // which knows no such permissions
     EXPECT_EQ(fs::status(PathOf(TextOf(path_) + ".bak")).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+#endif
     EXPECT_EQ(FilesIn(folder_ / "").size(), 11U);
     for (std::size_t age = 0; age < 10; ++age)
         EXPECT_EQ(ReadFileBytes(PathOf(TextOf(path_) + ".bak" + (age == 0 ? "" : std::to_string(age)))),
@@ -174,6 +176,17 @@ TEST_F(UpdateCommandsTest, TheEncodingStays) {
         EXPECT_TRUE(bytes.starts_with("// f" + umlaut + "r\r\n")) << bytes.substr(0, 9);
         EXPECT_NE(bytes.find("(77,"), std::string::npos);
     }
+}
+
+TEST_F(UpdateCommandsTest, NothingIsWrittenWhenAVersionCannotBeKept) {
+    const std::string before = ReadFileBytes(path_);
+    fs::create_directories(PathOf(TextOf(path_) + ".bak9/x"));
+    CreateFileBytes(PathOf(TextOf(path_) + ".bak8"), "old");
+    EXPECT_NE(test::ErrorOf([&] { EXPECT_TRUE(WriteUpdate(Prepared(50))); }), "");
+    EXPECT_EQ(ReadFileBytes(path_), before);
+    EXPECT_EQ(FilesIn(folder_ / "").size(), 3U) << "no copy is left half-way";
+    test::FakeDialogs dialogs;
+    EXPECT_EQ(ChooseJavaFile({}, dialogs), "") << "cancelled";
 }
 
 TEST_F(UpdateCommandsTest, AFileThatChangedOrWentIsLeftAlone) {

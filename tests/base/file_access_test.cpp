@@ -29,6 +29,14 @@ TEST(FileAccess, ReplacingLeavesNoRemainderAndNoOtherFile) {
     ReplaceFileBytes(file, std::string_view("x\0y", 3));
     EXPECT_EQ(ReadFileBytes(file), std::string("x\0y", 3));
     EXPECT_EQ(CountIn(file.parent_path()), 1U);
+    std::string all;
+    ReplaceFile(file, [&all](const ByteSink& write) {
+        for (char piece = 'a'; piece <= 'g'; ++piece) {
+            write(std::string(90'000, piece));
+            all.append(90'000, piece);
+        }
+    });
+    EXPECT_EQ(ReadFileBytes(file), all);
 }
 
 TEST(FileAccess, WhatFailsHalfWayLeavesTheOldFile) {
@@ -82,7 +90,9 @@ TEST(FileLock, MovesItsFileAlong) {
     const test::ScratchFolder scratch;
     std::optional<FileLock> kept = FileLock::TryLock(scratch / "a");
     std::optional<FileLock> other = FileLock::TryLock(scratch / "b");
+    const std::size_t open = CountIn("/proc/self/fd");
     EXPECT_FALSE(FileLock::TryLock(scratch / "a"));
+    EXPECT_EQ(CountIn("/proc/self/fd"), open);
     *kept = std::move(*other);
     other.reset();
     EXPECT_EQ(CountIn(scratch / ""), 1U);
@@ -94,6 +104,7 @@ TEST(FileLock, MovesItsFileAlong) {
     EXPECT_FALSE(kept->IsInPlace());
     kept.reset();
     EXPECT_EQ(ReadFileBytes(scratch / "b"), "another one");
+    EXPECT_EQ(ErrorNumberOf([&] { FileLock::TryLock(scratch / "nowhere/a"); }), 53);
 }
 
 TEST(FileAccess, PipesAndDevicesAreRefusedAtOnce) {

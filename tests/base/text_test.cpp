@@ -6,8 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <iterator>
 #include <numeric>
 
 namespace pirol {
@@ -18,45 +16,6 @@ TEST(Windows1252, EveryByteSurvivesBothWays) {
     std::iota(all.begin(), all.end(), '\0');
     EXPECT_EQ(ToWindows1252(FromWindows1252(all)), all);
     EXPECT_EQ(HashFunction(FromWindows1252(all)), "139E448D54BDF35E28D87FB6DAF7565FC094A1CD") << "Python's cp1252";
-}
-
-/// The table of well-formed byte sequences in the Unicode standard.
-bool IsWellFormed(const std::string& bytes) {
-    struct Row {
-        unsigned char first, last, secondFrom, secondTo;
-        std::size_t length;
-    };
-    constexpr Row rows[] = {{0x00, 0x7F, 0x80, 0xBF, 1}, {0xC2, 0xDF, 0x80, 0xBF, 2}, {0xE0, 0xE0, 0xA0, 0xBF, 3},
-                            {0xE1, 0xEC, 0x80, 0xBF, 3}, {0xED, 0xED, 0x80, 0x9F, 3}, {0xEE, 0xEF, 0x80, 0xBF, 3},
-                            {0xF0, 0xF0, 0x90, 0xBF, 4}, {0xF1, 0xF3, 0x80, 0xBF, 4}, {0xF4, 0xF4, 0x80, 0x8F, 4}};
-    const auto code = [&bytes](std::size_t at) {
-        return at < bytes.size() ? static_cast<unsigned char>(bytes[at]) : 0;
-    };
-    std::size_t at = 0;
-    while (at < bytes.size()) {
-        const auto* row = std::find_if(std::begin(rows), std::end(rows), [&](const Row& candidate) {
-            return code(at) >= candidate.first && code(at) <= candidate.last;
-        });
-        if (row == std::end(rows) ||
-            (row->length > 1 && (code(at + 1) < row->secondFrom || code(at + 1) > row->secondTo)))
-            return false;
-        for (std::size_t next = 2; next < row->length; ++next)
-            if (code(at + next) < 0x80 || code(at + next) > 0xBF)
-                return false;
-        at += row->length;
-    }
-    return true;
-}
-
-TEST(Utf8, IsWhatTheStandardSays) {
-    const std::string_view ends(
-        "\0\x7F\x80\x8F\x90\x9F\xA0\xBF\xC0\xC1\xC2\xDF\xE0\xE1\xEC\xED\xEE\xEF\xF0\xF1\xF3\xF4\xF5\xFF", 24);
-    for (const char a : ends)
-        for (const char b : ends)
-            for (const char c : ends)
-                for (const char d : {'\x7F', '\x80', '\xBF', '\xC0', '\xC2'})
-                    for (const std::string& bytes : {std::string{a}, std::string{a, b, c}, std::string{a, b, c, d}})
-                        ASSERT_EQ(IsUtf8(bytes), IsWellFormed(bytes)) << testing::PrintToString(bytes);
 }
 
 TEST(Windows1252, OtherCharactersAreFoundAtEveryPlace) {

@@ -109,6 +109,28 @@ TEST(Hints, BeginExactlyWhereSomethingGoesWrong) {
     EXPECT_EQ(test::Deviations("hint-bounds", rule), "");
 }
 
+TEST(Hints, WhatFollowsFromAnotherHintIsNone) {
+    const std::string entry = "?"; // no name of a method
+    ProjectModel model;
+    cMenu& unnamed = model.EditMenus().Append("A", "1");
+    unnamed.AddEntry(entry, cMenu::Entry);
+    unnamed.AddEntry("B", cMenu::SubMenu)->AddEntry(entry, cMenu::Entry);
+    cMenu* sub = model.EditMenus().Append("C", "c").AddEntry("D\"", cMenu::SubMenu);
+    sub->AddEntry("E", cMenu::SubMenu)->AddEntry(entry, cMenu::Entry);
+    std::string keys;
+    for (const Hint& hint : FindHints(model, {}, {.menu = true}))
+        Append(keys, hint.rule->key, " ");
+    EXPECT_EQ(keys, "invalid-name unescaped-quote nested-submenu ");
+}
+
+TEST(Hints, AWindowNeedsAPixel) {
+    for (const auto& [width, height] : {std::pair(0, 1), {1, 0}, {1, 1}}) {
+        ProjectModel model;
+        model.SetWindowSize(static_cast<std::int16_t>(width), static_cast<std::int16_t>(height));
+        EXPECT_EQ(FindHints(model, {}, {}).empty(), width == 1 && height == 1);
+    }
+}
+
 TEST(Hints, StayShortForAnyDesign) {
     ProjectModel model;
     for (std::size_t i = 0; i < 3000; ++i)
@@ -136,6 +158,24 @@ TEST(Hints, TextsMayBeAsLongAsTheCompilerTakesThem) {
         EXPECT_FALSE(isTooLong(kind, property, longest)) << property.key;
         EXPECT_TRUE(isTooLong(kind, property, longest + 1)) << property.key;
     }
+}
+
+TEST(Hints, MenusMayBeAsLongAsTheCompilerTakesThem) {
+    const auto keysOf = [](std::size_t name, std::size_t caption, int entries) {
+        ProjectModel model;
+        cMenu& menu = model.EditMenus().Append("M", std::string(name, 'm'));
+        menu.AddEntry(std::string(caption, 'x'), cMenu::Entry);
+        for (int entry = 0; entry < entries; ++entry)
+            menu.AddEntry(std::to_string(entry), cMenu::Entry);
+        std::string keys;
+        for (const Hint& hint : FindHints(model, {}, {.menu = true}))
+            Append(keys, hint.rule->key, " ");
+        return keys;
+    };
+    EXPECT_EQ(keysOf(60000, 5535, 0), "");
+    EXPECT_EQ(keysOf(60000, 5536, 0), "text-too-long ");
+    EXPECT_EQ(keysOf(1, 1, 3000), "");
+    EXPECT_EQ(keysOf(1, 1, 8000), "program-too-large ");
 }
 
 /// Every line of a menu repeats the menu's name, so a small file can ask for more text than any memory holds.

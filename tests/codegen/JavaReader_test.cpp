@@ -224,7 +224,8 @@ TEST(JavaReader, WhatIsTooLargeKeepsTheRest) {
         return ReplaceAll(std::string(count, '#'), "#", text);
     };
     const std::string text = times(65535, "t");
-    const std::string longName = times(1500, "n");
+    const std::string longName = times(1001, "n");
+    const std::string longest = times(1000, "m");
     const std::string shortName = times(500, "n");
     const std::string button = "new Knopf(1, 2, 3, 4, \"x\");";
     const struct {
@@ -247,10 +248,13 @@ TEST(JavaReader, WhatIsTooLargeKeepsTheRest) {
         EXPECT_EQ(static_cast<const dTabelle&>(tables.Element({ComponentKind::Table, index})).Columns.size(), columns);
     const std::vector<ReadRemark> remarks = ReadJava(SourceOf("k = " + button + times(1500, "k.f(); "))).remarks;
     EXPECT_EQ(remarks.size(), 1000U);
+    EXPECT_NE(remarks[998].text, remarks.back().text);
     EXPECT_EQ(remarks.back().text, "Weitere Bemerkungen werden nicht gezeigt.");
-    const ProjectModel named = ReadJava(longName + " = " + button + shortName + " = " + button).model;
+    const ProjectModel named =
+        ReadJava(longName + " = " + button + shortName + " = " + button + longest + " = " + button).model;
     EXPECT_EQ(named.Element({ComponentKind::Button, 1}).ObjectName, shortName + "2");
     EXPECT_EQ(named.Element({ComponentKind::Button, 2}).ObjectName, shortName);
+    EXPECT_EQ(named.Element({ComponentKind::Button, 3}).ObjectName, longest);
 }
 
 TEST(JavaReader, CalculatesNumbers) {
@@ -265,8 +269,7 @@ TEST(JavaReader, CalculatesNumbers) {
 
 TEST(JavaReader, TheQuestionCountsWhatTheSimpleImportLacks) {
     for (const test::TableRow& row : test::Table("import-questions")) {
-        const std::string source =
-            "class SuMAnwendung extends EBAnwendung { SuMAnwendung() { super(1, 2); " + row[0] + "}}";
+        const std::string source = SourceOf(row[0]);
         ProjectModel simple;
         AnalyseCode(source, simple);
         EXPECT_EQ(QuestionForAll(simple, ReadJava(source).model), row[1]) << row.line;

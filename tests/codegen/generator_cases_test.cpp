@@ -67,15 +67,22 @@ TEST(JavaGenerator, WritesWhatTheProjectFileDoesNotHoldAndNothingThatIsDeleted) 
 }
 
 TEST(JavaGenerator, ARadioButtonOutsideSixteenBitsIsAnError) {
-    ProjectModel model;
-    Control& group = model.EditElement(model.PlaceComponent(ComponentKind::OptionGroup, {32000, 0, 100, 100}));
-    static_cast<dOptionsgruppe&>(group).OptionButtons.emplace_back().Left = 1000;
-    std::string written;
-    EXPECT_EQ(test::ErrorOf([&] { WriteCode(model, {}, [&](std::string_view piece) { written += piece; }); }),
-              "Fehler 6: Überlauf (Main.File.Java.GenerateCode)");
-    EXPECT_EQ(written, "") << "nobody may be left with half a source";
-    model.DeleteComponent({ComponentKind::OptionGroup, 1});
-    EXPECT_EQ(test::ErrorOf([&] { GenerateCode(model, {}); }), "");
+    ProjectModel large; // than what is written at once
+    for (int placed = 0; placed < 3000; ++placed)
+        large.PlaceComponent(ComponentKind::Button, {0, 0, 50, 50});
+    for (const std::size_t bad : {1U, 2U}) {
+        ProjectModel model = large;
+        for (int placed = 0; placed < 2; ++placed)
+            model.PlaceComponent(ComponentKind::OptionGroup, {32000, 0, 100, 100});
+        Control& group = model.EditElement({ComponentKind::OptionGroup, bad});
+        static_cast<dOptionsgruppe&>(group).OptionButtons.emplace_back().Left = 1000;
+        std::string written;
+        EXPECT_EQ(test::ErrorOf([&] { WriteCode(model, {}, [&](std::string_view piece) { written += piece; }); }),
+                  "Fehler 6: Überlauf (Main.File.Java.GenerateCode)");
+        EXPECT_EQ(written, "") << "nobody may be left with half a source";
+        model.DeleteComponent({ComponentKind::OptionGroup, bad});
+        EXPECT_EQ(test::ErrorOf([&] { GenerateCode(model, {}); }), "");
+    }
 }
 
 TEST(JavaGenerator, PiecesMakeUpTheSource) {

@@ -3,6 +3,7 @@
 #include "base/Windows1252.h"
 #include "Cases.h"
 #include "codegen/CallIndex.h"
+#include "codegen/JavaGenerator.h"
 #include "codegen/JavaImport.h"
 #include "project/ProjectFile.h"
 
@@ -22,6 +23,7 @@ TEST(JavaImport, Cases) {
         ProjectModel model;
         AnalyseCode(FromWindows1252(ReadFileBytes(folder / "SuMAnwendung.java")), model);
         EXPECT_EQ(GeneratePRLCode(model), ReadFileBytes(folder / "expected.prl")) << folder;
+        EXPECT_EQ(GenerateCode(model, {}).find("setzeBearbeiter"), std::string::npos) << "events are not read";
     }
 }
 
@@ -73,7 +75,7 @@ TEST(JavaImport, SourcesMadeToEatMemoryAreRefused) {
     for (int count = 0; count < 20000; ++count)
         overlapping += "x = new Knopf( ";
     std::string wide;
-    for (int count = 0; count < 100; ++count)
+    for (int count = 0; count < 31; ++count)
         wide += "t = new Tabelle(0, 0, 0, 0, 1, 32767);";
     std::string groups;
     for (int count = 0; count < 10000; ++count)

@@ -30,7 +30,14 @@ TEST(CanvasView, PixelsBelongTogether) {
             ASSERT_LE(std::abs(view.ToDesign(scrolled + 50) - (design + 50)), 100 / percent + 1) << percent;
         }
     }
-    EXPECT_EQ(At(200).ToScreen(Rectangle{10, 20, 0, 5}), Rectangle{});
+    EXPECT_EQ(At(200).ToScreen(Rectangle{10, 20, 0, 5}), (Rectangle{0, 0, 0, 0}));
+    EXPECT_EQ(At(200).ToScreen(Rectangle{10, 20, 5, 0}), (Rectangle{0, 0, 0, 0}));
+    EXPECT_EQ(At(25).ToScreen(Rectangle{10, 20, 1, 1}), (Rectangle{3, 5, 1, 1})) << "never nothing";
+    EXPECT_EQ(At(200).ToScreen(Rectangle{10, 20, 1, 1}), (Rectangle{20, 40, 2, 2}));
+    EXPECT_EQ(At(24).Zoom() + At(401).Zoom() + CanvasView().Zoom(), 25 + 400 + 100);
+    EXPECT_EQ(At(33).ToScreen(53), 17) << "17.49";
+    EXPECT_EQ(At(25).ToScreen(2), 1) << "0.5";
+    EXPECT_EQ(At(150).Factor(), 1.5);
 }
 
 TEST(CanvasView, StepsAndTypedZooms) {

@@ -61,6 +61,16 @@ TEST(ComponentList, TellsTextsAndFindsCapitals) {
     for (std::size_t node = 0; node < list.Nodes().size(); ++node)
         texts += list.TextOf(model, node) + "/";
     EXPECT_EQ(texts, "//////Etikett 1/Öffnen/Knopf/Rot////");
+    ProjectModel plain;
+    for (const ComponentKind kind : {ComponentKind::Slider, ComponentKind::Picture, ComponentKind::Table})
+        plain.PlaceComponent(kind, {0, 0, 90, 30});
+    static_cast<dBild&>(plain.EditElement({ComponentKind::Picture, 1})).File = "a.bmp";
+    list.SetOrder(ComponentList::Order::Creation);
+    list.Rebuild(plain);
+    EXPECT_EQ(Shown(list, plain), "(Fenster 640 x 480(hatRegler1, hatBild1, hatTabelle1))");
+    EXPECT_EQ(list.TextOf(plain, 2) + "/" + list.TextOf(plain, 3), "/a.bmp");
+    plain.EditElement({ComponentKind::Table, 1}).ObjectName = std::string(1001, 'x');
+    EXPECT_EQ(list.NameOf(plain, 4), std::string(1000, 'x') + "…");
     // The letters from À to ß and from à to ÿ are 32 apart; × and ÷ are none, and ß and ÿ no pair.
     for (int code = 0x80; code <= 0x9F; ++code) {
         const std::string large = {'\xC3', static_cast<char>(code)};

@@ -114,7 +114,8 @@ class DesignCanvasTest : public ::testing::Test, private DocumentListener {
         if (canvas.IsFrameVisible())
             Append(seen, " frame ", Text(canvas.Frame()));
         if (canvas.DraggedX() != 0 || canvas.DraggedY() != 0)
-            Append(seen, " dragged ", canvas.DraggedX(), " ", canvas.DraggedY());
+            Append(seen, " dragged ", canvas.DraggedX(), " ", canvas.DraggedY(), " to ",
+                   Text(canvas.ShownBox(*canvas.Selected())));
         for (const GuideLine& line : canvas.GuideLines())
             Append(seen, line.isUpright ? " x" : " y", line.position, "(", line.begin, "..", line.end, ")");
         if (const auto reached = canvas.Reached(); reached && reached != canvas.Selected())
@@ -185,6 +186,14 @@ TEST_F(DesignCanvasTest, SeveralComponents) {
         document.Redo();
         EXPECT_EQ(Boxes(), boxes);
     }
+}
+
+TEST_F(DesignCanvasTest, BeginsWithALabelAndTheGrid) {
+    EXPECT_EQ(canvas.CurrentKind(), 1);
+    EXPECT_TRUE(canvas.SnapsToGrid() && canvas.ShowsGrid());
+    EXPECT_FALSE(canvas.AlignsToGuides() || canvas.IsFrameVisible());
+    canvas.SetShowsGrid(false);
+    EXPECT_FALSE(canvas.ShowsGrid());
 }
 
 TEST_F(DesignCanvasTest, WhatIsSeen) {

@@ -82,7 +82,7 @@ TEST(PropertyPanel, ATextThatIsTooLongIsRefused) {
     Document document;
     Place(document, "combobox");
     std::string text;
-    for (std::size_t i = 0; i < mostTextCharacters; ++i)
+    for (std::size_t i = 0; i < 65'535; ++i)
         text += "ä";
     for (const char* key : {"name", "combovalues"}) {
         EXPECT_EQ(PropertyChanged(document, key, text), "") << key;
@@ -201,6 +201,7 @@ TEST(PropertyPanel, AGoneComponentIsAnError) {
 TEST(PropertyPanel, ShownTextIsShort) {
     for (const test::TableRow& row : test::Table("property-shown"))
         EXPECT_EQ(ShownText({"key", "caption", false, row[2], EditorNamed(row[0]), row[1]}, 8), row[3]) << row.line;
+    EXPECT_EQ(ShownText({"k", "c", false, std::string(257, 'x'), EditorKind::Text, {}}), std::string(256, 'x') + "…");
     const std::string many(1000000, '\0');
     EXPECT_LE(ShownText({"k", "c", false, many, EditorKind::List, "Spalte|Beschriftung|tString|"}).size(), 260U);
 }

@@ -57,7 +57,7 @@ class Designer:
         # A desktop's own dialogs would differ from one machine to the next.
         hidden = ("XDG_CURRENT_DESKTOP", "QT_QPA_PLATFORMTHEME", "QT_QPA_PLATFORM", "WAYLAND_DISPLAY")
         self.environment = {key: value for key, value in os.environ.items() if key not in hidden}
-        self.environment |= {"DISPLAY": display.name, "XDG_CONFIG_HOME": str(home / "config"),
+        self.environment |= {"DISPLAY": display.name, "XDG_CONFIG_HOME": str(home / ".config"),
                              "XDG_STATE_HOME": str(state or self.forgotten.name), "HOME": str(home),
                              "XDG_RUNTIME_DIR": str(home), "LANG": "C.UTF-8", "QT_SCALE_FACTOR": scale}
         self.path = wine.path if wine else str

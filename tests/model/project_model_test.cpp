@@ -48,6 +48,7 @@ TEST(ProjectModel, APlaceOutsideSixteenBitsChangesNothing) {
 
 /// The history's limit is one of memory, and texts are what makes a design large.
 TEST(ProjectModel, TextsCountAsBytes) {
+    EXPECT_EQ(HeapBytesOf(dEtikett()), 0U) << "short texts take no memory of their own";
     const std::string text(1000, 'x');
     for (const KindRow& row : KindRows()) {
         ProjectModel model;

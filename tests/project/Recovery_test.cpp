@@ -132,9 +132,10 @@ TEST_F(Recovery, ALeftDesignIsNotOverwrittenByAProgramOfTheSameNumber) {
     const std::string own = TextOf(FilesIn(folder_)[0].filename());
     const std::string number = own.substr(0, own.find('-'));
     Leave(number + "-1", "left");
+    fs::create_directory(folder_ / (number + "-2.lock"));
     RecoveryFile second(folder_);
     second.Write(SnapshotOf(Design("second")));
-    EXPECT_TRUE(fs::exists(folder_ / (number + "-2.design")));
+    EXPECT_TRUE(fs::exists(folder_ / (number + "-3.design")));
     EXPECT_EQ(AuthorsOf(LeftDesigns(folder_)), "left ");
 }
 

@@ -78,6 +78,7 @@ class LstHintsTest : public QObject {
             QCOMPARE(main.Selected(), hint.component.value());
             QCOMPARE(main.CurrentProperty(), std::string(hint.property));
         }
+        QCOMPARE(main.list->viewport()->height() % main.list->sizeHintForRow(0), 0);
     }
 
     void FollowTheMarksOfTheCodeMenu() {

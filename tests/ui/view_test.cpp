@@ -336,8 +336,9 @@ class ViewTest : public QObject {
         QVERIFY(!FindRow(*rows, "hatEtikett7").isValid() && FindRow(*rows, "hatEtikett8").isValid());
         Do(main.window, "Ctrl+Z");
         QVERIFY(FindRow(*rows, "hatEtikett7").isValid());
+        rows->setFocus();
         Do(main.window, "Ctrl+L");
-        QVERIFY(!rows->isVisible());
+        QVERIFY(!rows->isVisible() && main.canvas->hasFocus());
     }
 };
 

@@ -5,7 +5,7 @@
 #include "app/DownloadFolder.h"
 #include "app/UpdateRecord.h"
 #include "base/FileAccess.h"
-#include "ui/parts/NetworkModule.h"
+#include "ui/parts/LateModules.h"
 
 #include <QCoreApplication>
 

@@ -4,6 +4,7 @@
 #include "base/RuntimeError.h"
 #include "ui/parts/FormParts.h"
 #include "ui/parts/frmError.h"
+#include "ui/parts/LateModules.h"
 
 #include <QBuffer>
 #include <QFontDatabase>
@@ -12,7 +13,6 @@
 #include <QLabel>
 #include <QPageSize>
 #include <QPdfWriter>
-#include <QPrinter>
 #include <QPushButton>
 #include <QTextBlock>
 #include <QTextDocument>
@@ -79,17 +79,11 @@ void WriteFile(const QTextDocument& text, const PrintJob& job) {
 }
 
 void WritePages(const QTextDocument& text, const PrintJob& job) {
-    QPrinter printer(QPrinter::HighResolution);
-    // Qt ignores an unknown name, and the pages would come out of another printer.
-    const QString name = ToText(job.Printer);
-    printer.setPrinterName(name);
-    if (!printer.isValid() || printer.printerName() != name)
-        throw RuntimeError(RuntimeError::DeviceError);
-    printer.setDocName(documentName);
-    printer.setCopyCount(job.Copies);
-    Prepare(printer, job);
-    text.print(&printer);
-    if (printer.printerState() == QPrinter::Error)
+    const bool isPrinted = NewSystemPrinters()->Print(job, documentName, [&](QPagedPaintDevice& printer) {
+        Prepare(printer, job);
+        text.print(&printer);
+    });
+    if (!isPrinted)
         throw RuntimeError(RuntimeError::DeviceError);
 }
 
@@ -141,7 +135,9 @@ void frmPrint::ChooseFont() {
 }
 
 void frmPrint::PrintOnPrinter() {
-    if (const std::optional<PrintJob> job = dialogs_.ShowPrinter())
+    std::optional<PrintJob> job;
+    ReportErrors(this, [&] { UnderLabel("Main.Code.Print", [&] { job = dialogs_.ShowPrinter(); }); });
+    if (job)
         Print(*job);
 }
 

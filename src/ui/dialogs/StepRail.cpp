@@ -1,5 +1,6 @@
 #include "ui/dialogs/StepRail.h"
 
+#include "ui/parts/FlatStyle.h"
 #include "ui/parts/Theme.h"
 
 #include <QPainter>
@@ -9,6 +10,7 @@ namespace {
 
 constexpr int side = 6 * tokens::unit; ///< of the circle with a step's number
 constexpr int distance = 12 * tokens::unit;
+constexpr int inset = tokens::unit; ///< of the tick in the circle of a step that is done
 
 QFont Bold(QFont font) {
     font.setBold(true);
@@ -48,7 +50,10 @@ void StepRail::paintEvent(QPaintEvent*) {
         const QColor quiet = palette().color(QPalette::PlaceholderText);
         painter.setFont(isPresent ? Bold(font()) : font());
         painter.setPen(isPresent ? AccentText(palette()) : quiet);
-        painter.drawText(circle, Qt::AlignCenter, step < present_ ? QString(u'\u2713') : QString::number(step + 1));
+        if (step < present_)
+            PaintTick(painter, QRectF(circle).adjusted(inset, inset, -inset, -inset), quiet);
+        else
+            painter.drawText(circle, Qt::AlignCenter, QString::number(step + 1));
         painter.setPen(isPresent ? palette().color(QPalette::WindowText) : quiet);
         painter.drawText(QRect(side + tokens::gap, circle.top(), width(), circle.height()), Qt::AlignVCenter,
                          steps_[step]);

@@ -3,6 +3,7 @@
 #include "app/UpdateCommands.h"
 #include "base/FileAccess.h"
 #include "ui/parts/FormParts.h"
+#include "ui/parts/LateModules.h"
 #include "ui/parts/RunBeside.h"
 
 #include <QApplication>
@@ -14,8 +15,6 @@
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QMessageBox>
-#include <QPrintDialog>
-#include <QPrinter>
 #include <QPushButton>
 #include <QTranslator>
 #include <QTreeView>
@@ -129,20 +128,6 @@ void ShowMessage(QMessageBox::Icon icon, const QString& title, std::string_view 
     message.exec();
 }
 
-PrintJob JobOf(const QPrinter& printer) {
-    PrintJob job;
-    if (printer.outputFormat() == QPrinter::PdfFormat)
-        job.PdfFile = printer.outputFileName().toStdString();
-    else
-        job.Printer = printer.printerName().toStdString();
-    job.Paper = printer.pageLayout().pageSize().key().toStdString();
-    job.Landscape = printer.pageLayout().orientation() == QPageLayout::Landscape;
-    job.Copies = printer.copyCount();
-    job.FirstPage = printer.fromPage();
-    job.LastPage = printer.toPage();
-    return job;
-}
-
 } // namespace
 
 void SpeakGerman(QCoreApplication& application) {
@@ -200,13 +185,7 @@ std::optional<FontChoice> frmCommonDialog::ShowFont(const FontChoice& current) {
 }
 
 std::optional<PrintJob> frmCommonDialog::ShowPrinter() {
-    QPrinter printer(QPrinter::HighResolution);
-    QPrintDialog dialog(&printer, Owner());
-    dialog.setObjectName("printDialog");
-    dialog.setWindowTitle("Drucken");
-    if (dialog.exec() != QDialog::Accepted)
-        return std::nullopt;
-    return JobOf(printer);
+    return NewSystemPrinters()->Ask(Owner());
 }
 
 void frmCommonDialog::Information(std::string_view text) {

@@ -93,9 +93,8 @@ class ColorBox : public QAbstractButton {
   protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        painter.setPen(palette().color(QPalette::Mid));
-        painter.setBrush(ToColor(color_));
-        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+        painter.fillRect(rect(), palette().color(QPalette::Mid));
+        painter.fillRect(rect().adjusted(1, 1, -1, -1), ToColor(color_));
         if (!hasFocus())
             return;
         QStyleOptionFocusRect focus;

@@ -12,7 +12,6 @@
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QTimer>
 #include <QVBoxLayout>
 
 #include <chrono>
@@ -27,6 +26,7 @@ constexpr int linesOfNotes = 7;
 constexpr int linesOfText = 3;
 constexpr double bytesPerMegabyte = 1e6;
 constexpr int progressSteps = 1000;
+constexpr std::chrono::seconds progressSpan{1};
 
 constexpr const char* failedHeading = "Das hat nicht geklappt";
 
@@ -82,6 +82,8 @@ frmUpdate::frmUpdate(Transport& transport, const UpdateSource& source, const Ins
     connect(cmdDiscard_, &QPushButton::clicked, this, [this] { download_->Cancel(); });
     connect(cmdInstall_, &QPushButton::clicked, this, &QDialog::accept);
     connect(cmdClose, &QPushButton::clicked, this, &QDialog::reject);
+    // A server that falls silent tells nobody.
+    connect(&progressTimer_, &QTimer::timeout, this, [this] { ShowProgress(); });
     ShowLookup();
     QTimer::singleShot(0, this, &frmUpdate::Look);
 }
@@ -170,6 +172,10 @@ void frmUpdate::ShowDownload() {
     using State = cDownload::State;
     const State state = download_->CurrentState();
     ShowProgress();
+    if (state == State::Loading)
+        progressTimer_.start(progressSpan); // anew with all that comes
+    else
+        progressTimer_.stop();
     cmdLoad_->setText(state == State::Loading    ? "An&halten"
                       : state == State::Failed   ? "&Noch einmal"
                       : download_->Loaded() == 0 ? "&Herunterladen"
@@ -205,6 +211,8 @@ void frmUpdate::ShowProgress() {
         text += QString(", %1 MB/s, %2").arg(Megabytes(speed), TimeText((size - loaded) / speed));
     else if (download_->CurrentState() == cDownload::State::Idle && loaded > 0)
         text += ", angehalten";
+    else if (download_->CurrentState() == cDownload::State::Loading)
+        text += ", wartet auf den Server …";
     lblProgress_->setText(text);
 }
 

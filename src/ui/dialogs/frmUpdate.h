@@ -5,6 +5,7 @@
 #include "app/VersionLookup.h"
 
 #include <QDialog>
+#include <QTimer>
 
 #include <memory>
 
@@ -56,6 +57,7 @@ class frmUpdate : public QDialog {
     QPushButton* cmdLoad_;
     QPushButton* cmdDiscard_;
     QPushButton* cmdInstall_;
+    QTimer progressTimer_;
 };
 
 } // namespace pirol

@@ -45,7 +45,7 @@ QSize StartCard::sizeHint() const {
 
 void StartCard::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    painter.setRenderHint(QPainter::Antialiasing);
     const double thickness = hasFocus() ? tokens::focusWidth : tokens::hairline;
     painter.setPen(QPen(palette().color(hasFocus() ? roles::focus : roles::line), thickness));
     painter.setBrush(palette().color(isDown() ? roles::pressed : underMouse() ? roles::hover : QPalette::Base));
@@ -61,6 +61,9 @@ void StartCard::paintEvent(QPaintEvent*) {
         QRect shown(QPoint(0, 0), fits ? own : own.scaled(pictureSize_, Qt::KeepAspectRatio));
         shown.moveCenter(place.center());
         painter.fillRect(shown.adjusted(-1, -1, 1, 1), palette().color(roles::outline));
+        // What Qt smooths it paints in threads of its own, and making these would take longer than painting.
+        painter.setRenderHint(QPainter::Antialiasing, false);
+        painter.setRenderHint(QPainter::SmoothPixmapTransform, !fits);
         painter.drawImage(shown, picture_);
     }
 

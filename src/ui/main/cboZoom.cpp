@@ -1,8 +1,8 @@
 #include "ui/main/cboZoom.h"
 
 #include "designer/CanvasView.h"
-#include "designer/MainLayout.h"
 
+#include <QCompleter>
 #include <QKeyEvent>
 #include <QLineEdit>
 
@@ -10,7 +10,6 @@ namespace pirol {
 namespace {
 
 constexpr int fieldWidth = 84;
-constexpr int fieldHeight = rowHeight - 4; // the status bar keeps some pixels above and below what it holds
 
 QString TextOf(int percent) {
     return QString("%1 %").arg(percent);
@@ -22,12 +21,13 @@ cboZoom::cboZoom(QWidget* parent) : QComboBox(parent) {
     setObjectName("cboZoom");
     setAccessibleName("Zoom");
     setToolTip("Zoom (Strg+Plus, Strg+Minus, Strg+0)");
-    setLineEdit(new QLineEdit); // setEditable would make the list of the percents already, which few open
+    auto* const field = new QLineEdit;
+    field->setCompleter(new QCompleter(field)); // or the box would make one of all its lines
+    setLineEdit(field);                         // setEditable would make the list, too, which few open
     setInsertPolicy(NoInsert);
     setCompleter(nullptr);
     setFrame(false);
-    setFixedSize(fieldWidth, fieldHeight);
-    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon); // so that the percents are not measured
+    setFixedSize(fieldWidth, fontMetrics().height());
     for (const int percent : zoomSteps)
         addItem(TextOf(percent));
     ShowZoom(CanvasView::usualZoom);
@@ -40,6 +40,14 @@ void cboZoom::ShowZoom(int percent) {
     shown_ = percent;
     setCurrentIndex(findText(TextOf(percent)));
     setEditText(TextOf(percent));
+}
+
+QSize cboZoom::sizeHint() const {
+    return maximumSize(); // which is fixed; the percents need not be measured
+}
+
+QSize cboZoom::minimumSizeHint() const {
+    return sizeHint();
 }
 
 void cboZoom::Choose(const QString& text) {

@@ -15,6 +15,9 @@ class cboZoom : public QComboBox {
     /// In percent.
     void ShowZoom(int percent);
 
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
   signals:
     /// In percent, as it was typed.
     void ZoomChosen(int percent);

@@ -157,6 +157,7 @@ void frmMain::BuildStatusBar() {
     for (int i = 0; i < 3; ++i) {
         panels_[i] = new QLabel;
         panels_[i]->setObjectName(QString("sbPanel%1").arg(i + 1));
+        panels_[i]->setFixedHeight(fontMetrics().height()); // as all here, so that their texts stand level
         if (widths[i] != 0)
             panels_[i]->setFixedWidth(widths[i]);
     }
@@ -168,7 +169,7 @@ void frmMain::BuildStatusBar() {
     statusBar()->addPermanentWidget(panels_[2]);
     lblPosition_ = Named(new QLabel, "lblPosition", "Position und Größe");
     lblPosition_->setToolTip("Links / Oben und Breite x Höhe dessen, was gewählt ist oder gezeichnet wird");
-    lblPosition_->setFixedWidth(positionWidth);
+    lblPosition_->setFixedSize(positionWidth, fontMetrics().height());
     statusBar()->addPermanentWidget(lblPosition_);
     cboZoom_ = new cboZoom;
     statusBar()->addPermanentWidget(cboZoom_);

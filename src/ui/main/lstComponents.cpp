@@ -4,6 +4,7 @@
 #include "ui/parts/FormParts.h"
 #include "ui/parts/Tokens.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -83,6 +84,13 @@ void lstComponents::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     if (isOutdated_)
         Rebuild();
+}
+
+/// Who works in the list while it goes works on in the design.
+void lstComponents::hideEvent(QHideEvent* event) {
+    QWidget::hideEvent(event);
+    if (!event->spontaneous() && isAncestorOf(QApplication::focusWidget()))
+        emit Left();
 }
 
 /// What a drag changes is no row's, so the list waits until it is over.

@@ -77,7 +77,7 @@ lstHints::lstHints(QWidget* parent)
     rows->addWidget(heading_);
     rows->addWidget(list_);
     // As high for no lines as for many.
-    list_->addItem(" ");
+    list_->addItem(new QListWidgetItem(QIcon(QPixmap(iconSize, iconSize)), " "));
     list_->setFixedHeight(linesShown * list_->sizeHintForRow(0) + 2 * list_->frameWidth());
     list_->clear();
     ShowCount();

@@ -1,12 +1,14 @@
 #include "ui/parts/FlatStyle.h"
 
-#include "ui/parts/Bitmaps.h"
 #include "ui/parts/Theme.h"
 
 #include <QAbstractItemView>
+#include <QGuiApplication>
+#include <QIconEngine>
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyleOption>
+#include <QToolButton>
 
 #include <algorithm>
 
@@ -91,16 +93,6 @@ void PaintToolButton(QPainter& painter, const QStyleOption& option) {
     } else if (IsEnabled(option) && (Has(option, QStyle::State_MouseOver) || Has(option, QStyle::State_Sunken))) {
         PaintBox(painter, box, Face(option, roles::hover), nothing);
     }
-    if (Has(option, QStyle::State_HasFocus))
-        PaintFocus(painter, option, box);
-}
-
-void PaintTick(QPainter& painter, const QRectF& box, const QColor& colour) {
-    const double side = box.width();
-    QPainterPath tick(box.topLeft() + QPointF(side * 0.24, side * 0.52));
-    tick.lineTo(box.topLeft() + QPointF(side * 0.43, side * 0.71));
-    tick.lineTo(box.topLeft() + QPointF(side * 0.77, side * 0.30));
-    painter.strokePath(tick, QPen(colour, side / 7, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
 }
 
 void PaintMark(QPainter& painter, const QStyleOption& option, bool isRound) {
@@ -148,6 +140,29 @@ void PaintArrow(QPainter& painter, const QRect& box, Qt::ArrowType direction, co
     painter.strokePath(arrow, QPen(colour, 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.restore();
 }
+
+/// Where a menu bar or a tool bar has more than it can show.
+class MoreSign final : public QIconEngine {
+  public:
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode, QIcon::State) override {
+        constexpr int side = tokens::smallIcon;
+        painter->save();
+        painter->translate(rect.topLeft());
+        painter->scale(1.0 * rect.width() / side, 1.0 * rect.height() / side);
+        for (const int left : {-3, 3})
+            PaintArrow(*painter, QRect(left, 0, side, side), Qt::RightArrow,
+                       QGuiApplication::palette().color(QPalette::ButtonText));
+        painter->restore();
+    }
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        QPixmap picture(size);
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        paint(&painter, picture.rect(), mode, state);
+        return picture;
+    }
+    QIconEngine* clone() const override { return new MoreSign; }
+};
 
 void PaintHeaderSection(QPainter& painter, const QStyleOption& option) {
     painter.fillRect(option.rect, ColourOf(option, QPalette::Window));
@@ -232,6 +247,14 @@ void PaintComboBox(QPainter& painter, const QStyle& style, const QStyleOptionCom
 
 } // namespace
 
+void PaintTick(QPainter& painter, const QRectF& box, const QColor& colour) {
+    const double side = box.width();
+    QPainterPath tick(box.topLeft() + QPointF(side * 0.24, side * 0.52));
+    tick.lineTo(box.topLeft() + QPointF(side * 0.43, side * 0.71));
+    tick.lineTo(box.topLeft() + QPointF(side * 0.77, side * 0.30));
+    painter.strokePath(tick, QPen(colour, side / 7, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+}
+
 FlatStyle::FlatStyle() : QProxyStyle("Fusion") {}
 
 void FlatStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
@@ -242,6 +265,9 @@ void FlatStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
     case PE_PanelButtonTool:
         return PaintToolButton(*painter, *option);
     case PE_FrameFocusRect: {
+        // Qt keeps three pixels off the edge of tool buttons, which would run through the text of low ones.
+        if (qobject_cast<const QToolButton*>(widget) != nullptr)
+            return PaintFocus(*painter, *option, widget->rect().adjusted(1, 0, -1, 0));
         const bool isRow = qobject_cast<const QAbstractItemView*>(widget) != nullptr;
         return PaintBox(*painter, option->rect, nothing, ColourOf(*option, roles::focus),
                         isRow ? 1 : tokens::focusWidth, isRow ? 0 : tokens::radius);
@@ -335,9 +361,21 @@ QRect FlatStyle::subElementRect(SubElement element, const QStyleOption* option, 
     return box;
 }
 
+/// The field of a box without a frame is as high as the box, so that its text stands as high as a label's.
+QRect FlatStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                                const QWidget* widget) const {
+    QRect rect = QProxyStyle::subControlRect(control, option, part, widget);
+    const auto* const box = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+    if (part == SC_ComboBoxEditField && box != nullptr && !box->frame) {
+        rect.setTop(box->rect.top());
+        rect.setBottom(box->rect.bottom());
+    }
+    return rect;
+}
+
 QIcon FlatStyle::standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const {
     if (icon == SP_ToolBarHorizontalExtensionButton)
-        return CommandIcon("right"); // menu bars ask for it at once, and Qt's own is a file that is read at once
+        return QIcon(new MoreSign); // menu bars ask for it at once, and Qt would read a file
     return QProxyStyle::standardIcon(icon, option, widget);
 }
 

@@ -119,7 +119,7 @@ bool NetworkTransport::Tell(QNetworkReply* reply, TransportListener& listener) {
 void NetworkTransport::Read(QNetworkReply* reply, TransportListener& listener) {
     if (!Tell(reply, listener))
         return;
-    const QByteArray bytes = reply->readAll();
+    const QByteArray bytes = reply->isOpen() ? reply->readAll() : QByteArray(); // closed when it took too long
     if (!bytes.isEmpty())
         listener.Received({bytes.data(), static_cast<std::size_t>(bytes.size())});
 }
@@ -138,7 +138,7 @@ void NetworkTransport::Finish(QNetworkReply* reply, TransportListener& listener)
 
 } // namespace pirol
 
-#ifdef PIROL_NETWORK_MODULE
+#ifdef PIROL_MODULE
 /// What the designer looks for in the module.
 extern "C" Q_DECL_EXPORT pirol::Transport* PirolNetworkTransport(const std::string* authority) {
     return new pirol::NetworkTransport(*authority);

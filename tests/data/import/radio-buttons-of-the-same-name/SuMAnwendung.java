@@ -4,3 +4,5 @@
         hatG2 = new Radiogruppe();
         hatRadioKnopf = new Radioknopf(0, 50, 20, 10, "b");
         hatG2.fuegeEin(hatRadioKnopf);
+        hatG3 = new Radiogruppe();
+        hatG3.fuegeEin( hatRadioKnopf );
