@@ -79,7 +79,7 @@ class Copy:
             if path.is_file() and str(path.relative_to(self.tree)) not in names:
                 path.unlink()
         subprocess.run(["cmake", "-S", self.tree, "-B", self.build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=None",
-                        "-DCMAKE_CXX_FLAGS=-O0 -g0 -w", "-DPIROL_DESIGNER=OFF", "-DBUILD_TESTING=ON"], check=True,
+                        "-DCMAKE_CXX_FLAGS=-O0 -g0 -w -D_GLIBCXX_ASSERTIONS", "-DPIROL_DESIGNER=OFF", "-DBUILD_TESTING=ON"], check=True,
                        stdout=subprocess.DEVNULL)
 
     def put(self, name, content):
