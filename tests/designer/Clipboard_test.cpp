@@ -49,6 +49,9 @@ TEST(Clipboard, PastesWithFreeNamesBesideWhatIsThere) {
     EXPECT_EQ(PasteComponents(designer.document, bytes), "");
     EXPECT_EQ(designer.Selected(), "hatKnopf3 20 20, hatKnopf4 110 20");
     EXPECT_EQ(designer.document.UndoLabel(), "2 Komponenten einfügen");
+    EXPECT_EQ(PasteComponents(designer.document, bytes), "");
+    EXPECT_EQ(designer.Selected(), "hatKnopf5 30 30, hatKnopf6 120 30") << "those of before lie on the first step";
+    designer.document.Undo();
     DuplicateSelected(designer.document);
     EXPECT_EQ(designer.Selected(), "hatKnopf5 30 30, hatKnopf6 120 30");
     designer.document.Undo();
