@@ -688,6 +688,9 @@ TEST(UpdateRecord, RemembersTheHighestSerialAndTheWeek) {
     EXPECT_FALSE(updaterecord::IsLookDue(in2026 + 6 * day));
     EXPECT_TRUE(updaterecord::IsLookDue(in2026 + 7 * day));
     EXPECT_TRUE(updaterecord::IsLookDue(in2026 - day)) << "a clock that was set back";
+    updaterecord::AddLook(20'455 * day - 1); // in the last second of a day
+    EXPECT_FALSE(updaterecord::IsLookDue(20'461 * day - 1));
+    EXPECT_TRUE(updaterecord::IsLookDue(20'461 * day));
     unsetenv("XDG_CONFIG_HOME");
 }
 #endif

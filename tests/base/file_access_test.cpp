@@ -123,13 +123,20 @@ TEST(FileAccess, WhateverCanBeNamedCanBeSaved) {
     const test::ScratchFolder scratch;
     fs::create_symlink("far/real", scratch / "link");
     fs::create_directory(scratch / "far");
-    for (const std::string& name : {std::string(255, 'x'), std::string("f\xfcr Zo\xeb.prl"), std::string("link")})
+    const auto link = [](int number) { return "link" + std::to_string(number); };
+    for (int number = 1; number < 39; ++number)
+        fs::create_symlink(link(number + 1), scratch / link(number).c_str());
+    fs::create_symlink("end", scratch / link(39).c_str());
+    fs::create_symlink(link(1), scratch / "first"); // 40 links, as many as the system follows
+    for (const std::string& name :
+         {std::string(255, 'x'), std::string("f\xfcr Zo\xeb.prl"), std::string("link"), std::string("first")})
         for (const std::string bytes : {"first", "then"}) {
             ReplaceFileBytes(scratch / name.c_str(), bytes);
             EXPECT_EQ(ReadFileBytes(scratch / name.c_str()), bytes);
         }
     EXPECT_TRUE(fs::is_symlink(scratch / "link"));
     EXPECT_EQ(ReadFileBytes(scratch / "far" / "real"), "then");
+    EXPECT_EQ(ReadFileBytes(scratch / "end"), "then");
 }
 
 TEST(FileAccess, HalfWrittenFilesOfKilledProgramsAreClearedAway) {

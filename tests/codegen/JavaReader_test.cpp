@@ -246,6 +246,14 @@ TEST(JavaReader, WhatIsTooLargeKeepsTheRest) {
     const ProjectModel tables = ReadJava(times(31, "t = new Tabelle(1, 2, 3, 4, 5, 32767); ")).model;
     for (const auto& [index, columns] : {std::pair(30U, 32767U), {31U, 3U}})
         EXPECT_EQ(static_cast<const dTabelle&>(tables.Element({ComponentKind::Table, index})).Columns.size(), columns);
+    for (const int count : {15, 16}) { // classes, each on the next one
+        std::string classes;
+        for (int i = 1; i <= count; ++i)
+            classes += "class K" + std::to_string(i) + " extends " +
+                       (i == count ? "Knopf" : "K" + std::to_string(i + 1)) + " { } ";
+        const std::string own = Summary("class SuMAnwendung extends EBAnwendung { K1 k = new K1(1); } " + classes);
+        EXPECT_EQ(own.find("K1 »k«: nicht gelesen") != std::string::npos, count == 15) << own;
+    }
     const std::vector<ReadRemark> remarks = ReadJava(SourceOf("k = " + button + times(1500, "k.f(); "))).remarks;
     EXPECT_EQ(remarks.size(), 1000U);
     EXPECT_NE(remarks[998].text, remarks.back().text);
