@@ -79,7 +79,7 @@ TEST(KeptDesigns, WhatEndedProgramsHaveLeftIsKeptOnce) {
         }
         for (const fs::path& path : FilesIn(recovery))
             if (std::find(before.begin(), before.end(), path) == before.end())
-                fs::last_write_time(path, fs::file_time_type::clock::now() - std::chrono::hours(24 * daysAgo));
+                fs::last_write_time(path, fs::file_time_type::clock::now() - std::chrono::hours(24 * daysAgo + 1));
     };
     KeepLeftDesigns(folder, recovery, "beendet", now);
     EXPECT_FALSE(fs::exists(folder));
