@@ -17,6 +17,7 @@ constexpr const char* licence =
 
 QString Libraries() {
     return QString("Qt %1 (GNU Lesser General Public License, Version 3)\n"
+                   "libgcrypt und libgpg-error (GNU Lesser General Public License, Version 2.1)\n"
                    "C++-Standardbibliothek\n\n"
                    "Die erzeugten Programme benutzen die Java-Bibliothek SuM; sie gehört nicht zu Pirol.")
         .arg(qVersion());
