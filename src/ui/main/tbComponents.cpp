@@ -62,13 +62,19 @@ class GroupLine final : public QWidget {
     }
 };
 
+/// As large as its place allows; its caption is not measured for that.
+class KindButton final : public QToolButton {
+  public:
+    QSize sizeHint() const override { return {0, mostButtonHeight}; }
+};
+
 /// Markup, so that long tips are broken.
 QString Tip(const QString& heading, const QString& text) {
     return "<qt><b>" + heading + "</b><br>" + text + "</qt>";
 }
 
 QToolButton* NewButton(const QString& key, const QString& label, const QString& statusTip, const QIcon& icon) {
-    auto* button = new QToolButton;
+    auto* button = new KindButton;
     button->setObjectName("tbComponents_" + key);
     button->setText(label);
     button->setAccessibleName(label);
